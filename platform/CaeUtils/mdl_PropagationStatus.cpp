@@ -1,0 +1,3 @@
+#include "platform/CaeUtils/mdl_PropagationStatus.h"
+
+template class omu_PrimEnum<mdl_PropagationStatusEnm, 1>;

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "platform/BasicUtils/nex_Exception.h"
+
+/// Nothing of the given name exists in the repository that was asked.
+class DDB_API omu_KeyErrorException final : public nex_Refusal<omu_KeyErrorException> {
+public:
+  explicit omu_KeyErrorException(std::string_view text, nex_Origin origin = {}) : nex_Refusal(text, origin) {}
+};
