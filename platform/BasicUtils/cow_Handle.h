@@ -71,9 +71,16 @@ public:
   friend bool operator==(cow_Handle const& left, cow_Handle const& right) noexcept { return left.Same(right); }
   friend bool operator==(cow_Handle const& left, std::nullptr_t) noexcept { return left.object_ == nullptr; }
 
+  /// A handle to the same object as a \p To, null when it is none.
+  template <class To> [[nodiscard]] cow_Handle<To> As() const noexcept {
+    cow_Handle<To> result;
+    result.object_ = dynamic_cast<To*>(object_);
+    result.Retain();
+    return result;
+  }
+
 private:
   template <class Other> friend class cow_Handle;
-  template <class To, class From> friend cow_Handle<To> cow_Cast(cow_Handle<From> const& handle) noexcept;
 
   void Retain() const noexcept {
     if (object_ != nullptr) { object_->Retain(); }
@@ -90,11 +97,3 @@ private:
 
   T* object_ = nullptr;  // one share of it is ours
 };
-
-/// A handle to the same object as a \p To, null when it is none.
-template <class To, class From> [[nodiscard]] cow_Handle<To> cow_Cast(cow_Handle<From> const& handle) noexcept {
-  cow_Handle<To> result;
-  result.object_ = dynamic_cast<To*>(handle.object_);
-  result.Retain();
-  return result;
-}
