@@ -1,0 +1,159 @@
+#include "platform/BasicUtils/cow_1DArrayList.h"
+#include "platform/BasicUtils/cow_2DArray.h"
+#include "platform/BasicUtils/cow_ArrayCOW.h"
+#include "platform/BasicUtils/cow_List.h"
+#include "platform/BasicUtils/cow_String.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <compare>
+#include <cstddef>
+#include <random>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+namespace {
+
+template <class List> class Sequences : public testing::Test {};
+using AllSequences = testing::Types<cow_List<cow_String>, cow_1DArrayList<cow_String>, cow_ArrayCOW<cow_String>>;
+TYPED_TEST_SUITE(Sequences, AllSequences);
+
+template <class List> void ExpectHolds(List const& list, std::vector<std::string> const& expected) {
+  ASSERT_EQ(list.Size(), expected.size());
+  ASSERT_EQ(list.IsEmpty(), expected.empty());
+  std::size_t i = 0;
+  for (cow_String const& text : list) { ASSERT_EQ(text, expected[i++]); }
+}
+
+TYPED_TEST(Sequences, BehaveLikeAVectorWhileSnapshotsStayAsTheyWere) {
+  std::mt19937 random(11);
+  std::vector<std::pair<TypeParam, std::vector<std::string>>> snapshots;
+  TypeParam list;
+  std::vector<std::string> vector;
+  for (int edit = 0; edit < 3000; ++edit) {
+    std::string const text = "text " + std::to_string(edit);
+    auto const at = static_cast<std::ptrdiff_t>(random() % (vector.size() + 1));
+    auto const index = static_cast<std::size_t>(at);
+    bool const exists = index < vector.size();
+    switch (random() % 12) {
+      case 0:
+        snapshots.emplace_back(list, vector);
+        break;
+      case 1:
+        list.TruncateTo(index + 2);
+        vector.resize(std::min(vector.size(), index + 2));
+        break;
+      case 2:
+      case 3:
+        if (exists) {
+          list.Remove(index);
+          vector.erase(vector.begin() + at);
+        }
+        break;
+      case 4:
+      case 5:
+        list.Insert(index, text);
+        vector.insert(vector.begin() + at, text);
+        break;
+      case 6:
+      case 7:
+        if (exists) { list.Get(index) = vector[index] = text; }
+        break;
+      default:
+        list.Append(text);
+        vector.push_back(text);
+    }
+    ExpectHolds(list, vector);
+  }
+  for (auto const& [snapshot, content] : snapshots) { ExpectHolds(snapshot, content); }
+}
+
+TYPED_TEST(Sequences, ShareTheirValuesUntilOneChanges) {
+  TypeParam first{"a", "b"};
+  TypeParam second = first;
+  EXPECT_TRUE(first.Same(second));
+  second.Get(1) = "c";
+  EXPECT_FALSE(first.Same(second));
+  EXPECT_NE(first, second);
+  second.Get(1) = "b";
+  EXPECT_EQ(first, second);
+  EXPECT_EQ(sizeof(first), sizeof(void*));
+}
+
+TYPED_TEST(Sequences, AreTheSameWhenEmptyHoweverTheyBecameEmpty) {
+  TypeParam list{"a"};
+  list.Remove(0);
+  EXPECT_EQ(list, TypeParam());
+  list.Append("b");
+  list.Clear();
+  EXPECT_TRUE(list.Same(TypeParam()));
+}
+
+TEST(Table, KeepsRowsAndColumnsApart) {
+  cow_2DArray<int> table(2, 3, 7);
+  cow_2DArray<int> const before = table;
+  table.Get(1, 0) = 1;
+  table.Get(0, 2) = 2;
+  EXPECT_EQ(std::vector<int>(table.begin(), table.end()), (std::vector<int>{7, 7, 2, 1, 7, 7}));
+  EXPECT_EQ(before.ConstGet(1, 0), 7);
+  EXPECT_NE(table, before);
+  EXPECT_NE(cow_2DArray<int>(2, 3), cow_2DArray<int>(3, 2));
+}
+
+TEST(Table, GrowsByRowsAndTakesItsWidthFromTheFirst) {
+  cow_2DArray<cow_String> pairs;
+  pairs.AppendRow({"Surf-1", "Surf-2"});
+  pairs.AppendRow({"Surf-3", "Surf-4"});
+  EXPECT_EQ(pairs.Rows(), 2u);
+  EXPECT_EQ(pairs.Columns(), 2u);
+  EXPECT_EQ(pairs.ConstGet(1, 0), "Surf-3");
+}
+
+TEST(String, IsOnePointerWideAndSharesItsCharacters) {
+  cow_String const first = "Step-1";
+  cow_String const second = first;
+  EXPECT_EQ(sizeof(first), sizeof(void*));
+  EXPECT_EQ(first.c_str(), second.c_str());
+}
+
+TEST(String, TakesTheSameTextFromEverySource) {
+  using namespace std::string_view_literals;
+  char const* const nothing = nullptr;
+  EXPECT_EQ(cow_String("Set-1"), cow_String(std::string("Set-1")));
+  EXPECT_EQ(cow_String("Set-1"), cow_String("Set-1, rest"sv.substr(0, 5)));
+  EXPECT_STREQ(cow_String("Set-1, rest"sv.substr(0, 5)).c_str(), "Set-1");
+  EXPECT_EQ(cow_String(nothing), cow_String(""));
+  EXPECT_STREQ(cow_String().c_str(), "");
+  EXPECT_EQ(cow_String("a\0b"sv).Size(), 3u);
+}
+
+TEST(String, OrdersLikeItsCharacters) {
+  std::vector<std::string> const texts = {"", "A", "AB", "B", "a", "\xc3\xa4"};
+  for (std::string const& left : texts) {
+    for (std::string const& right : texts) {
+      EXPECT_EQ(cow_String(left) <=> cow_String(right), left <=> right) << left << " and " << right;
+      EXPECT_EQ(cow_String(left) <=> std::string_view(right), left <=> right) << left << " and " << right;
+      EXPECT_EQ(cow_String(left) == cow_String(right), left == right) << left << " and " << right;
+    }
+  }
+}
+
+TEST(String, SurvivesAssignmentToItself) {
+  cow_String text = "Step-1";
+  cow_String& same = text;
+  text = same;
+  EXPECT_EQ(text, "Step-1");
+  text = std::move(same);
+  EXPECT_EQ(text, "Step-1");
+}
+
+TEST(String, HashesByContent) {
+  std::unordered_set<cow_String> const names = {"Set-1", "Set-2"};
+  EXPECT_TRUE(names.contains(std::string("Set-") + "2"));
+}
+
+}  // namespace

@@ -1,0 +1,227 @@
+#include "platform/BasicUtils/cow_Map.h"
+#include "platform/BasicUtils/cow_String.h"
+#include "platform/CoreUtils/omn_FixedString.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <compare>
+#include <map>
+#include <random>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// Counts its comparisons: they show how deep a tree is.
+struct Key {
+  int number;
+  static inline int comparisons = 0;
+  friend std::strong_ordering operator<=>(Key const& left, Key const& right) {
+    ++comparisons;
+    return left.number <=> right.number;
+  }
+  friend bool operator==(Key const&, Key const&) = default;
+};
+
+/// Counts its copies: they show which nodes were copied.
+struct Value {
+  explicit Value(int initial) : number(initial) {}
+  Value(Value const& other) : number(other.number) { ++copies; }
+  Value(Value&&) = default;
+  Value& operator=(Value const&) = default;
+  Value& operator=(Value&&) = default;
+  ~Value() = default;
+  friend bool operator==(Value const&, Value const&) = default;
+
+  int number;
+  static inline int copies = 0;
+};
+
+using Map = cow_Map<Key, Value>;
+using Reference = std::map<int, int>;
+
+void ExpectHolds(Map const& map, Reference const& reference) {
+  ASSERT_EQ(map.Size(), reference.size());
+  auto expected = reference.begin();
+  for (auto const& [key, value] : map) {
+    ASSERT_NE(expected, reference.end());
+    ASSERT_EQ(key.number, expected->first);
+    ASSERT_EQ(value.number, expected->second);
+    ++expected;
+  }
+  ASSERT_EQ(expected, reference.end());
+}
+
+/// The most comparisons that finding a key may take in an AVL tree of that size.
+int DepthLimit(std::size_t size) {
+  return static_cast<int>(1.4405 * std::log2(static_cast<double>(size) + 2.0));
+}
+
+void ExpectBalanced(Map const& map, int greatestKey) {
+  for (int key = 0; key <= greatestKey; ++key) {
+    Key::comparisons = 0;
+    map.ConstFind(Key{key});
+    ASSERT_LE(Key::comparisons, DepthLimit(map.Size()));
+  }
+}
+
+Map Filled(int size) {
+  Map map;
+  for (int key = 0; key < size; ++key) { map.Insert(Key{key}, Value(key)); }
+  return map;
+}
+
+struct Script {
+  unsigned seed;
+  int greatestKey;
+  unsigned insertShare;  ///< of ten edits
+};
+
+class MapScripts : public testing::TestWithParam<Script> {};
+
+// Edits like std::map; snapshots taken on the way, and maps edited further from a snapshot, never see each other.
+TEST_P(MapScripts, BehaveLikeAStandardMapWhileSnapshotsStayAsTheyWere) {
+  auto const [seed, greatestKey, insertShare] = GetParam();
+  std::mt19937 random(seed);
+  auto const below = [&random](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
+  std::vector<std::pair<Map, Reference>> snapshots;
+  Map map;
+  Reference reference;
+  for (int edit = 0; edit < 4000; ++edit) {
+    int const key = below(greatestKey + 1);
+    if (below(50) == 0) {
+      if (snapshots.size() < 8) {
+        snapshots.emplace_back(map, reference);
+      } else {
+        std::swap(snapshots[static_cast<std::size_t>(below(8))], snapshots.back());
+        std::tie(map, reference) = snapshots.back();
+      }
+    } else if (random() % 10 < insertShare) {
+      ASSERT_EQ(map.Insert(Key{key}, Value(edit)), !reference.contains(key));
+      reference[key] = edit;
+    } else if (below(2) == 0) {
+      ASSERT_EQ(map.Remove(Key{key}), reference.erase(key) == 1);
+    } else {
+      Value* const value = map.Get(Key{key});
+      ASSERT_EQ(value != nullptr, reference.contains(key));
+      if (value != nullptr) { value->number = reference[key] = -edit; }
+    }
+    Value const* const found = map.ConstFind(Key{key});
+    ASSERT_EQ(found != nullptr, reference.contains(key));
+    if (edit % 100 == 0) {
+      ExpectHolds(map, reference);
+      ExpectBalanced(map, greatestKey);
+      for (auto const& [snapshot, content] : snapshots) { ExpectHolds(snapshot, content); }
+    }
+  }
+  for (auto const& [snapshot, content] : snapshots) { ExpectHolds(snapshot, content); }
+}
+
+INSTANTIATE_TEST_SUITE_P(Map, MapScripts,
+                         testing::Values(Script{1, 6, 4}, Script{2, 50, 5}, Script{3, 300, 6}, Script{4, 300, 3},
+                                         Script{5, 2000, 8}));
+
+TEST(Map, StaysBalancedWhateverTheOrderOfTheKeys) {
+  constexpr int kSize = 1000;
+  Map rising = Filled(kSize);
+  ExpectBalanced(rising, kSize);
+  Map falling;
+  for (int key = kSize - 1; key >= 0; --key) { falling.Insert(Key{key}, Value(key)); }
+  ExpectBalanced(falling, kSize);
+  EXPECT_EQ(rising, falling);
+  for (int key = 0; key < kSize - 10; ++key) { rising.Remove(Key{key}); }
+  ExpectBalanced(rising, kSize);
+}
+
+TEST(Map, ChangesInPlaceWhatNoOtherMapHolds) {
+  Map map = Filled(1000);
+  Value::copies = 0;
+  map.Get(Key{500})->number = -1;
+  map.Insert(Key{2000}, Value(1));
+  map.Insert(Key{3}, Value(1));
+  map.Remove(Key{250});
+  EXPECT_EQ(Value::copies, 0);
+}
+
+TEST(Map, CopiesOnlyThePathToAChangeAndThatOnlyOnce) {
+  Map map = Filled(1000);
+  int const depth = DepthLimit(map.Size());
+  struct Edit {
+    char const* name;
+    void (*apply)(Map&);
+  };
+  for (Edit const& edit : {Edit{"get", [](Map& m) { m.Get(Key{500})->number = -1; }},
+                           Edit{"insert", [](Map& m) { m.Insert(Key{2000}, Value(1)); }},
+                           Edit{"replace", [](Map& m) { m.Insert(Key{3}, Value(1)); }},
+                           Edit{"remove", [](Map& m) { m.Remove(Key{511}); }}}) {
+    SCOPED_TRACE(edit.name);
+    Map const snapshot = map;
+    Value::copies = 0;
+    edit.apply(map);
+    EXPECT_GT(Value::copies, 0);
+    EXPECT_LE(Value::copies, 3 * depth);  // a removal may turn two neighbours at every level
+    Value::copies = 0;
+    map.Get(map.begin()->first)->number = 5;
+    map.Get(map.begin()->first)->number = 6;
+    EXPECT_LE(Value::copies, depth);
+  }
+}
+
+TEST(Map, SeparatesNothingForAKeyThatIsAbsent) {
+  Map map = Filled(100);
+  Map const snapshot = map;
+  EXPECT_EQ(map.Get(Key{100}), nullptr);
+  EXPECT_FALSE(map.Remove(Key{-1}));
+  EXPECT_TRUE(map.Same(snapshot));
+}
+
+TEST(Map, ReplacesTheValueOfAKeyThatIsThere) {
+  cow_Map<cow_String, int> map;
+  EXPECT_TRUE(map.Insert("Step-1", 1));
+  EXPECT_FALSE(map.Insert("Step-1", 2));
+  EXPECT_EQ(map.Size(), 1u);
+  EXPECT_EQ(*map.ConstFind("Step-1"), 2);
+}
+
+TEST(Map, FindsNamesByEveryKindOfText) {
+  cow_Map<cow_String, int> map;
+  map.Insert("Step-1", 1);
+  map.Insert("Initial", 0);
+  using namespace std::string_view_literals;
+  EXPECT_TRUE(map.Contains("Step-1"));
+  EXPECT_TRUE(map.Contains("Step-1"sv));
+  EXPECT_TRUE(map.Contains(std::string("Step-1")));
+  EXPECT_TRUE(map.Contains(cow_String("Step-1")));
+  EXPECT_TRUE(map.Contains(omn_FixedString("Step-1")));
+  EXPECT_FALSE(map.Contains("Step-"));
+  *map.Get("Step-1"sv) = 5;
+  EXPECT_EQ(*map.ConstFind("Step-1"), 5);
+  EXPECT_TRUE(map.Remove("Initial"));
+  EXPECT_EQ(map.begin()->first, "Step-1");
+}
+
+TEST(Map, ComparesByContent) {
+  Map const left = Filled(20);
+  Map right = Filled(20);
+  EXPECT_EQ(left, right);
+  right.Get(Key{7})->number = -7;
+  EXPECT_NE(left, right);
+  right.Get(Key{7})->number = 7;
+  right.Remove(Key{19});
+  EXPECT_NE(left, right);
+}
+
+TEST(Map, IsEmptyAfterItWasMovedOrCleared) {
+  Map map = Filled(20);
+  Map moved = std::move(map);
+  EXPECT_TRUE(map.IsEmpty());  // NOLINT(bugprone-use-after-move): a moved map is empty
+  EXPECT_TRUE(map.begin() == map.end());
+  moved.Clear();
+  EXPECT_EQ(moved, map);
+}
+
+}  // namespace
