@@ -1,0 +1,52 @@
+# The day's work in short words; CMakePresets.json has the rest.
+PREFIX ?= /usr/local
+JOBS ?= $(shell nproc)
+BUILD := build/release
+QUIET := --log-level=NOTICE
+
+.DEFAULT_GOAL := help
+.PHONY: help setup build test asan demo bench format format-check lint install clean
+
+help: ## this list
+	@awk -F ':.*## ' '/^[a-z-]+:.*## / {printf "make %-13s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
+
+setup: ## install the Debian packages that are missing
+	@cmake/setup.sh
+
+build: setup ## library, tools and tests, in build/release
+	@cmake --preset release $(QUIET)
+	@cmake --build --preset release -j $(JOBS)
+
+test: build ## build and run all tests
+	@ctest --preset release -j $(JOBS)
+
+asan: setup ## the same under the address and undefined-behaviour sanitizers
+	@cmake --preset asan $(QUIET)
+	@cmake --build --preset asan -j $(JOBS)
+	@ctest --preset asan -j $(JOBS)
+
+demo: build ## replay an example, print its histories, leave a model file
+	@PATH="$(CURDIR)/$(BUILD)/bin:$$PATH" examples/demo.sh
+
+bench: setup ## build and run the benchmarks; BENCH_ARGS goes to each
+	@cmake --preset bench $(QUIET)
+	@cmake --build --preset bench -j $(JOBS)
+	@for program in build/bench/bin/bench_*; do echo "$${program##*/}"; "$$program" $(BENCH_ARGS) || exit 1; done
+
+format: setup ## write all sources in the house's format
+	@cmake/sources.sh | xargs clang-format -i
+
+format-check: setup ## refuse what `make format` would change
+	@cmake/sources.sh | xargs clang-format --dry-run -Werror && echo "format: clean"
+
+lint: setup ## clang-tidy, include directions, headers that compile alone
+	@cmake/layers.sh
+	@cmake --preset release $(QUIET)
+	@cmake --build --preset release -j $(JOBS) --target all_verify_interface_header_sets
+	@JOBS=$(JOBS) cmake/tidy.sh $(BUILD)
+
+install: build ## install under PREFIX (/usr/local)
+	@cmake --install $(BUILD) --prefix $(PREFIX)
+
+clean: ## remove build/
+	@rm -rf build

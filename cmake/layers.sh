@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# Refuses an include that points up, or across from one attribute family to another. Includes are written from the root.
+set -eu
+cd "$(dirname "$0")/.."
+
+base="platform/CoreUtils platform/BasicUtils"
+library="platform framework"
+# Room: the rooms that it may include beside itself. The longest room that a file lies in counts.
+rooms="
+platform/CoreUtils:
+platform/BasicUtils: platform/CoreUtils
+platform/CaeUtils: $base
+platform/CoreGeometry: $base platform/CaeUtils
+platform/NonGeometricAttributes: $base platform/CaeUtils
+platform/ModelServices: $base
+framework: platform
+module: $library module
+module/kpr: $library
+module/kbc: $library module/kpr
+module/klo: $library module/kpr
+module/kin: $library module/kpr
+module/kor: $library module/kpr
+module/kpf: $library module/kpr
+module/kse: $library
+module/pto: $library
+module/kco: $library
+module/kef: $library
+module/kad: $library
+module/kar: $library
+module/kfd: $library
+module/kcn: $library
+module/utf: $library
+store: $library
+command: $library module store
+report: command
+cli: command report
+"
+
+cmake/sources.sh platform framework module store command report cli | xargs grep -nH '^ *# *include *"' | awk -v rooms="$rooms" '
+  function inside(path, room) { return index(path, room "/") == 1 }
+  function room_of(path,  room, best) {
+    for (room in allowed) { if (inside(path, room) && length(room) > length(best)) { best = room } }
+    return best
+  }
+  BEGIN {
+    count = split(rooms, lines, "\n")
+    for (i = 1; i <= count; ++i) { if (split(lines[i], part, ":") > 1) { allowed[part[1]] = part[1] part[2] } }
+  }
+  {
+    split($0, place, ":")
+    split($0, quoted, "\"")
+    room = room_of(place[1])
+    ok = 0
+    size = split(allowed[room], may, " ")
+    for (i = 1; i <= size; ++i) { ok = ok || inside(quoted[2], may[i]) }
+    if (!ok) { printf "%s:%s: %s may not include \"%s\"\n", place[1], place[2], room, quoted[2]; bad = 1 }
+  }
+  END { exit bad }'
+echo "layers: all includes point down"

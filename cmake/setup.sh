@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that the build, its tests and its checks need. Silent where nothing is missing.
+set -eu
+packages=(g++ cmake ninja-build pkg-config git ccache clang-format clang-tidy
+  libgtest-dev libbenchmark-dev librapidcheck-dev
+  libsqlite3-dev nlohmann-json3-dev libcli11-dev libfmt-dev)
+
+if ! command -v dpkg-query >/dev/null; then
+  echo "setup: not a Debian system; provide what these packages hold: ${packages[*]}" >&2
+  exit 0
+fi
+missing=()
+for package in "${packages[@]}"; do
+  state=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) || state=none
+  [ "$state" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  if ! sudo -n true 2>/dev/null; then
+    echo "setup: these packages are missing, and there is no permission to install them. As root, run:" >&2
+    echo "  apt-get install ${missing[*]}" >&2
+    exit 1
+  fi
+  as_root=(sudo -n)
+fi
+echo "setup: installing ${missing[*]}"
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

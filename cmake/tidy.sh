@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Runs clang-tidy over the layers, with the compile commands of the build tree $1, JOBS files at a time. A file found clean is
+# left alone until its preprocessed text, with the headers that it includes, or .clang-tidy changes.
+set -eu
+cd "$(dirname "$0")/.."
+export build=$1
+mkdir -p "$build/tidy"
+
+tidy_one() {
+  local key
+  key=$({ cat .clang-tidy && g++ -std=c++20 -I. -E -C "$1"; } | sha256sum | cut -d' ' -f1)
+  [ ! -e "$build/tidy/$key" ] || return 0
+  if clang-tidy -p "$build" --quiet "$1" 2>/dev/null; then touch "$build/tidy/$key"; else echo "lint: $1 is not clean"; return 1; fi
+}
+export -f tidy_one
+
+files=$(cmake/sources.sh platform framework module store command report cli | grep '\.cpp$')
+echo "$files" | xargs -P "${JOBS:-2}" -I{} bash -c 'tidy_one {}'
+echo "lint: $(echo "$files" | wc -l) files clean"
