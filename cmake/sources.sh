@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# Lists the C++ files of the project, tracked or new, each once; folders as arguments narrow it.
+# Lists the C++ files of the folders given, by default of all that hold code of ours.
 set -eu
 cd "$(dirname "$0")/.."
-git ls-files --cached --others --exclude-standard -- "$@" | sort -u | while read -r file; do
-  case "$file" in *.h | *.cpp) [ ! -f "$file" ] || echo "$file" ;; esac
-done
+[ $# -gt 0 ] || set -- platform framework module store command report cli python tests benchmarks examples
+find $(ls -d "$@" 2>/dev/null) -name '*.h' -o -name '*.cpp' | LC_ALL=C sort
