@@ -3,4 +3,4 @@
 set -eu
 cd "$(dirname "$0")/.."
 [ $# -gt 0 ] || set -- platform framework module store command report cli python tests benchmarks examples
-find $(ls -d "$@" 2>/dev/null) -name '*.h' -o -name '*.cpp' | LC_ALL=C sort
+find "$@" \( -name '*.h' -o -name '*.cpp' \) 2>/dev/null | LC_ALL=C sort
