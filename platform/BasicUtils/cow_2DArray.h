@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/BasicUtils/cow_List.h"
-
 #include <cassert>
 #include <cstddef>
+
+#include "platform/BasicUtils/cow_List.h"
 
 /// A copy-on-write table of \p T with a fixed number of columns, kept row by row. Copying costs one count, the first
 /// change after a copy a copy of all values. Rows and columns count from 0 and must exist.

@@ -1,13 +1,17 @@
 #pragma once
 
-#include "platform/BasicUtils/mem_Counted.h"
-
 #include <cassert>
 #include <concepts>
 #include <cstddef>
 #include <memory>
 #include <type_traits>
 #include <utility>
+
+#include "platform/BasicUtils/mem_Counted.h"
+
+/// A class whose handles convert to handles of its base. The class itself is left out first, as it may still be incomplete.
+template <class Derived, class Base>
+concept cow_DerivedFrom = !std::same_as<Derived, Base> && std::derived_from<Derived, Base>;
 
 /// A shared handle to a \p T that is copied only when it is to be changed: reading goes through * and ->, which are
 /// const; Get() is the one way to change, and first makes the object the handle's own. Copying a handle is therefore
@@ -26,12 +30,8 @@ public:
 
   cow_Handle(cow_Handle const& other) noexcept : object_(other.object_) { Retain(); }
   cow_Handle(cow_Handle&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
-  template <class Derived>
-    requires(!std::same_as<Derived, T> && std::derived_from<Derived, T>)
-  cow_Handle(cow_Handle<Derived> const& other) noexcept : cow_Handle(cow_Handle<Derived>(other)) {}
-  template <class Derived>
-    requires(!std::same_as<Derived, T> && std::derived_from<Derived, T>)
-  cow_Handle(cow_Handle<Derived>&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {
+  template <cow_DerivedFrom<T> Derived> cow_Handle(cow_Handle<Derived> const& other) noexcept : cow_Handle(cow_Handle<Derived>(other)) {}
+  template <cow_DerivedFrom<T> Derived> cow_Handle(cow_Handle<Derived>&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {
     static_assert(std::has_virtual_destructor_v<T>, "the handle to the base destroys the object");
   }
   // By value: right for a handle to itself, and for one that lives inside the object that is let go.

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/BasicUtils/cow_Handle.h"
-
 #include <cassert>
 #include <cstddef>
 #include <initializer_list>
 #include <type_traits>
 #include <utility>
 #include <vector>
+
+#include "platform/BasicUtils/cow_Handle.h"
 
 /// What the copy-on-write sequences have in common: values in order, contiguous, in one body that copies share until
 /// one of them is changed. One pointer wide; the empty sequence owns nothing. Copying costs one count; the first
@@ -68,9 +68,7 @@ public:
 
   /// Whether both share one body, so that they are equal without looking; two empty sequences do.
   bool Same(cow_Sequence const& other) const noexcept { return body_.Same(other.body_); }
-  friend bool operator==(cow_Sequence const& left, cow_Sequence const& right)
-    requires requires(T const& value) { static_cast<bool>(value == value); }
-  {
+  friend bool operator==(cow_Sequence const& left, cow_Sequence const& right) {
     if (left.Same(right)) { return true; }
     if (left.Size() != right.Size()) { return false; }
     for (std::size_t i = 0; i < left.Size(); ++i) {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/BasicUtils/cow_Handle.h"
-
 #include <algorithm>
 #include <array>
 #include <cassert>
@@ -10,6 +8,8 @@
 #include <cstddef>
 #include <iterator>
 #include <utility>
+
+#include "platform/BasicUtils/cow_Handle.h"
 
 /// Keys in rising order, each with a value, in a tree whose nodes are shared between copies of the map. Copying costs
 /// one count; finding, inserting, removing and Get() cost O(log n), also right after a copy: a change copies the nodes
@@ -86,9 +86,7 @@ public:
 
   /// Whether both are the same tree, so that they are equal without looking; two empty maps are.
   bool Same(cow_Map const& other) const noexcept { return root_.Same(other.root_); }
-  friend bool operator==(cow_Map const& left, cow_Map const& right)
-    requires requires(value_type const& entry) { static_cast<bool>(entry == entry); }
-  {
+  friend bool operator==(cow_Map const& left, cow_Map const& right) {
     return left.Same(right) || (left.Size() == right.Size() && std::equal(left.begin(), left.end(), right.begin()));
   }
 
@@ -110,8 +108,8 @@ private:
     if constexpr (requires { left <=> right; }) {
       return left <=> right;
     } else {
-      return left < right ? std::weak_ordering::less
-                          : (right < left ? std::weak_ordering::greater : std::weak_ordering::equivalent);
+      if (left < right) { return std::weak_ordering::less; }
+      return right < left ? std::weak_ordering::greater : std::weak_ordering::equivalent;
     }
   }
 
@@ -215,7 +213,7 @@ public:
   using pointer = value_type const*;
   using reference = value_type const&;
 
-  const_iterator() noexcept {}
+  const_iterator() noexcept = default;
   const_iterator(const_iterator const& other) noexcept : depth_(other.depth_) { CopyPath(other); }
   const_iterator& operator=(const_iterator const& other) noexcept {
     depth_ = other.depth_;
@@ -237,9 +235,7 @@ public:
     ++*this;
     return before;
   }
-  friend bool operator==(const_iterator const& left, const_iterator const& right) noexcept {
-    return left.Top() == right.Top();
-  }
+  friend bool operator==(const_iterator const& left, const_iterator const& right) noexcept { return left.Top() == right.Top(); }
 
 private:
   friend class cow_Map;
@@ -252,9 +248,7 @@ private:
       path_[depth_++] = node;
     }
   }
-  void CopyPath(const_iterator const& other) noexcept {
-    std::copy_n(other.path_.begin(), other.depth_, path_.begin());
-  }
+  void CopyPath(const_iterator const& other) noexcept { std::copy_n(other.path_.begin(), other.depth_, path_.begin()); }
 
   std::size_t depth_ = 0;
   std::array<Node const*, kMaxHeight> path_;  // the nodes still to visit before their right subtrees; filled to depth_

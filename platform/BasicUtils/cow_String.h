@@ -1,8 +1,5 @@
 #pragma once
 
-#include "platform/BasicUtils/mem_Counted.h"
-#include "platform/CoreUtils/ddb_Export.h"
-
 #include <compare>
 #include <concepts>
 #include <cstddef>
@@ -10,6 +7,9 @@
 #include <string>
 #include <string_view>
 #include <utility>
+
+#include "platform/BasicUtils/mem_Counted.h"
+#include "platform/CoreUtils/ddb_Export.h"
 
 /// An immutable text whose characters are shared by all its copies: names of steps, sets and attributes, which many
 /// records hold. One pointer wide; the empty text owns nothing. Copying costs one count, making one allocation.
@@ -46,8 +46,7 @@ public:
   friend std::strong_ordering operator<=>(cow_String const& left, cow_String const& right) noexcept {
     return left.body_ == right.body_ ? std::strong_ordering::equal : left.View() <=> right.View();
   }
-  template <std::convertible_to<std::string_view> Text>
-  friend bool operator==(cow_String const& left, Text const& right) noexcept {
+  template <std::convertible_to<std::string_view> Text> friend bool operator==(cow_String const& left, Text const& right) noexcept {
     return left.View() == std::string_view(right);
   }
   template <std::convertible_to<std::string_view> Text>

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/CoreUtils/ddb_Export.h"
-
 #include <cstddef>
 #include <mutex>
 #include <span>
 #include <string_view>
 #include <vector>
+
+#include "platform/CoreUtils/ddb_Export.h"
 
 /// One refusal of a module. Codes and texts are interface and never change, typing mistakes included.
 struct nex_ErrorRow {

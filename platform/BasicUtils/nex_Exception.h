@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/BasicUtils/cow_String.h"
-#include "platform/CoreUtils/ddb_Export.h"
-
 #include <exception>
 #include <string_view>
 #include <utility>
+
+#include "platform/BasicUtils/cow_String.h"
+#include "platform/CoreUtils/ddb_Export.h"
 
 /// Where a refusal is listed: the prefix of the module ("kbc") and its code in the module's table.
 struct nex_Origin {

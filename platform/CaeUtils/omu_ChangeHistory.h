@@ -1,11 +1,11 @@
 #pragma once
 
+#include <cstddef>
+#include <utility>
+
 #include "platform/BasicUtils/cow_List.h"
 #include "platform/CaeUtils/omu_PrimTuple.h"
 #include "platform/CoreUtils/ddb_Export.h"
-
-#include <cstddef>
-#include <utility>
 
 /// The changes made to a model's repositories, oldest first, one tuple each. Edits write to the history of their
 /// thread, thr_ThreadSingleton<omu_ChangeHistory>::Instance(); whoever edits several models in one thread swaps each

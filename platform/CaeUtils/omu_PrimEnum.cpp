@@ -1,9 +1,9 @@
 #include "platform/CaeUtils/omu_PrimEnum.h"
 
+#include <initializer_list>
+
 #include "platform/BasicUtils/cls_Visitor.h"
 #include "platform/CaeUtils/omu_ValueErrorException.h"
-
-#include <initializer_list>
 
 namespace {
 
@@ -44,9 +44,7 @@ struct Refusal {
 }
 
 /// Enumerators are 32-bit integers: a message shows the number that was given, with its sign.
-std::string NumberText(unsigned value) {
-  return std::to_string(static_cast<int>(value));
-}
+std::string NumberText(unsigned value) { return std::to_string(static_cast<int>(value)); }
 
 // In the order of omu_PrimEnumBase::Source.
 constexpr Refusal kRefusals[] = {
@@ -62,8 +60,7 @@ omu_PrimEnumBase::omu_PrimEnumBase(PrimEnumTableEl const* table, unsigned value)
   if (row_ == nullptr) { Refuse(kRefusals[static_cast<int>(Source::Number)], NumberText(value), table); }
 }
 
-omu_PrimEnumBase::omu_PrimEnumBase(PrimEnumTableEl const* table, std::string_view text, Source source)
-    : row_(FindRow(table, text)) {
+omu_PrimEnumBase::omu_PrimEnumBase(PrimEnumTableEl const* table, std::string_view text, Source source) : row_(FindRow(table, text)) {
   if (row_ == nullptr) { Refuse(kRefusals[static_cast<int>(source)], text, table); }
 }
 
@@ -87,13 +84,9 @@ cow_Map<cow_String, unsigned int> omu_PrimEnumBase::PermissibleValues() const {
   return values;
 }
 
-atr_String omu_PrimEnumBase::PermissibleValuesAsString() const {
-  return JoinTexts(Table());
-}
+atr_String omu_PrimEnumBase::PermissibleValuesAsString() const { return JoinTexts(Table()); }
 
-std::string omu_PrimEnumBase::ReadText(cls_ReadVisitor const& in, std::string_view member) {
-  return in.ReadText(member);
-}
+std::string omu_PrimEnumBase::ReadText(cls_ReadVisitor const& in, std::string_view member) { return in.ReadText(member); }
 
 bool omu_PrimEnumBase::IsEqual(omu_Primitive const& other) const {
   auto const* const value = dynamic_cast<omu_PrimEnumBase const*>(&other);

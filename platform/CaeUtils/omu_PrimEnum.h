@@ -1,13 +1,13 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "platform/BasicUtils/cow_Map.h"
 #include "platform/BasicUtils/cow_String.h"
 #include "platform/CaeUtils/omu_Primitive.h"
 #include "platform/CoreUtils/atr_String.h"
 #include "platform/CoreUtils/ddb_Export.h"
-
-#include <string>
-#include <string_view>
 
 class cls_ReadVisitor;
 
@@ -66,6 +66,8 @@ template <class E, int Dimension = 1> class omu_PrimEnum;
 
 template <class E> class DDB_API omu_PrimEnum<E, 1> final : public omu_PrimEnumBase {
 public:
+  /// The first row of the table.
+  omu_PrimEnum() : omu_PrimEnum(Value(0)) {}
   omu_PrimEnum(E value) : omu_PrimEnumBase(table, static_cast<unsigned>(value)) {}
   /// Takes the other's text, so that values of different enumerations convert where their texts agree.
   explicit omu_PrimEnum(omu_PrimEnumBase const& other) : omu_PrimEnumBase(table, other.View(), Source::Base) {}
@@ -92,9 +94,7 @@ private:
 DDB_API atr_String omu_EnumText(omu_PrimEnumBase::PrimEnumTableEl const* table, unsigned value);
 
 /// The text of an enumerator.
-template <class E> atr_String atr(E value) {
-  return omu_EnumText(omu_EnumTable<E>::rows, static_cast<unsigned>(value));
-}
+template <class E> atr_String atr(E value) { return omu_EnumText(omu_EnumTable<E>::rows, static_cast<unsigned>(value)); }
 
 /// The message \p format in the user's language with \p value, as its text, in the place of the first placeholder and
 /// \p text in that of the second.

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/BasicUtils/cow_List.h"
-#include "platform/BasicUtils/cow_String.h"
-
 #include <cstddef>
 #include <initializer_list>
 #include <variant>
+
+#include "platform/BasicUtils/cow_List.h"
+#include "platform/BasicUtils/cow_String.h"
 
 /// A text or an integer.
 using omu_PrimValue = std::variant<cow_String, int>;

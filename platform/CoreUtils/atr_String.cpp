@@ -7,17 +7,13 @@
 
 namespace {
 
-constexpr bool IsConversion(char c) {
-  return c == 's' || c == 'd';
-}
+constexpr bool IsConversion(char c) { return c == 's' || c == 'd'; }
 
-constexpr bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// What a "%" begins: how many characters it takes, and the number of the argument that a positional one asks for.
 struct Placeholder {
-  std::size_t size = 0;                  ///< 0: no placeholder
+  std::size_t size = 0;                 ///< 0: no placeholder
   std::optional<std::size_t> position;  ///< counted from 1
 };
 
@@ -37,9 +33,7 @@ Placeholder ParsePlaceholder(std::string_view text) {
 
 }  // namespace
 
-atr_String atr_translate(char const* text) {
-  return {text};
-}
+atr_String atr_translate(char const* text) { return {text}; }
 
 atr_String atr_SubstituteFormat(atr_String const& format, std::initializer_list<std::string_view> arguments) {
   std::span const values(arguments.begin(), arguments.size());

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/CoreUtils/ddb_Export.h"
-
 #include <concepts>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
+
+#include "platform/CoreUtils/ddb_Export.h"
 
 /// The text of a message, ready to be shown to a person. Names and other data are held as cow_String instead.
 class DDB_API atr_String {
@@ -22,8 +22,7 @@ public:
   operator std::string_view() const noexcept { return text_; }
   bool IsEmpty() const noexcept { return text_.empty(); }
 
-  template <std::convertible_to<std::string_view> Text>
-  friend bool operator==(atr_String const& left, Text const& right) noexcept {
+  template <std::convertible_to<std::string_view> Text> friend bool operator==(atr_String const& left, Text const& right) noexcept {
     return left.View() == std::string_view(right);
   }
 

@@ -9,16 +9,14 @@
 class omn_FixedString {
 public:
   constexpr omn_FixedString() noexcept = default;
-  template <std::size_t N>
-  consteval omn_FixedString(char const (&literal)[N]) noexcept : text_(literal), size_(N - 1) {}
+  template <std::size_t N> consteval omn_FixedString(char const (&literal)[N]) noexcept : text_(literal), size_(N - 1) {}
 
   constexpr char const* c_str() const noexcept { return text_; }
   constexpr std::size_t Size() const noexcept { return size_; }
   constexpr std::string_view View() const noexcept { return {text_, size_}; }
   constexpr operator std::string_view() const noexcept { return View(); }
 
-  template <std::convertible_to<std::string_view> Text>
-  friend constexpr bool operator==(omn_FixedString left, Text const& right) noexcept {
+  template <std::convertible_to<std::string_view> Text> friend constexpr bool operator==(omn_FixedString left, Text const& right) noexcept {
     return left.View() == std::string_view(right);
   }
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/CoreUtils/ddb_Export.h"
-
 #include <atomic>
 #include <memory>
 #include <mutex>
+
+#include "platform/CoreUtils/ddb_Export.h"
 
 /// The one \p T of the process, made when first asked for. \p T must be exported (DDB_API): then every shared library
 /// gets the same object.

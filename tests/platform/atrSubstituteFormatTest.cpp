@@ -1,7 +1,3 @@
-#include "platform/CoreUtils/atr_String.h"
-#include "platform/CoreUtils/omi_TimeCounter.h"
-#include "platform/CoreUtils/omn_FixedString.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,6 +6,10 @@
 #include <string_view>
 #include <thread>
 #include <vector>
+
+#include "platform/CoreUtils/atr_String.h"
+#include "platform/CoreUtils/omi_TimeCounter.h"
+#include "platform/CoreUtils/omn_FixedString.h"
 
 namespace {
 
@@ -28,8 +28,7 @@ TEST(Substitution, PutsEachArgumentInItsPlace) {
       {"not allowed: %d  Permissible: %s", {"3", "A, B"}, "not allowed: 3  Permissible: A, B"},
       {"%s%d%s", {"a", "b", "c"}, "abc"},
       // by number: any order, any number of times, and without moving the turn on
-      {"The boundary condition is %1$s in step: %2$s.", {"created", "Step-1"},
-       "The boundary condition is created in step: Step-1."},
+      {"The boundary condition is %1$s in step: %2$s.", {"created", "Step-1"}, "The boundary condition is created in step: Step-1."},
       {"%2$s %1$s %2$s", {"a", "b"}, "b a b"},
       {"%2$s %s %s", {"a", "b"}, "b a b"},
       {"%12$s", {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12"}, "12"},
@@ -48,9 +47,7 @@ TEST(Substitution, PutsEachArgumentInItsPlace) {
       {"%s, %s", {"%s", "%1$s"}, "%s, %1$s"},
       {"%s|%s", {"", "b"}, "|b"},
   };
-  for (Substitution const& row : kRows) {
-    EXPECT_EQ(atr_SubstituteFormat(row.format, row.arguments), row.result) << row.format;
-  }
+  for (Substitution const& row : kRows) { EXPECT_EQ(atr_SubstituteFormat(row.format, row.arguments), row.result) << row.format; }
 }
 
 TEST(MessageText, IsEmptyForANullPointer) {
@@ -74,6 +71,7 @@ TEST(TimeCounter, RisesWithEachCallInEveryThread) {
   std::vector<std::vector<unsigned long long>> taken(4, std::vector<unsigned long long>(kCalls));
   unsigned long long const before = omi_gettimecounter();
   std::vector<std::thread> threads;
+  threads.reserve(taken.size());
   for (auto& mine : taken) {
     threads.emplace_back([&mine] { std::generate(mine.begin(), mine.end(), omi_gettimecounter); });
   }

@@ -1,11 +1,11 @@
-#include "platform/BasicUtils/cow_Handle.h"
-
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <memory>
 #include <thread>
 #include <vector>
+
+#include "platform/BasicUtils/cow_Handle.h"
 
 namespace {
 
@@ -35,9 +35,7 @@ struct Chain : mem_Counted {
   cow_Handle<Chain> next;
 };
 
-TEST(Handle, IsOnePointerWide) {
-  EXPECT_EQ(sizeof(cow_Handle<Shape>), sizeof(void*));
-}
+TEST(Handle, IsOnePointerWide) { EXPECT_EQ(sizeof(cow_Handle<Shape>), sizeof(void*)); }
 
 TEST(Handle, SharesUntilOneOfThemChanges) {
   auto first = cow_Handle<Plain>::Make(1);
@@ -56,7 +54,8 @@ TEST(Handle, SharesUntilOneOfThemChanges) {
 TEST(Handle, ChangesInPlaceWhatItHoldsAlone) {
   auto handle = cow_Handle<Plain>::Make(1);
   Plain const* const object = handle.ConstGet();
-  { cow_Handle<Plain> const passing = handle; }
+  cow_Handle<Plain> passing = handle;
+  passing.Reset();
   EXPECT_EQ(&handle.Get(), object);
 }
 
@@ -125,12 +124,14 @@ TEST(Handle, ComparesByObjectNotByValue) {
 
 TEST(Handle, CopyingAnObjectDoesNotCopyItsCount) {
   auto handle = cow_Handle<Plain>::Make(1);
-  cow_Handle<Plain> const other = handle;
+  cow_Handle<Plain> other = handle;
   Plain copy = *handle;
   EXPECT_EQ(copy.ShareCount(), 0u);
   copy = *handle;
   EXPECT_EQ(copy.ShareCount(), 0u);
   EXPECT_EQ(handle->ShareCount(), 2u);
+  other.Reset();
+  EXPECT_EQ(handle->ShareCount(), 1u);
 }
 
 TEST(Handle, CountsRightWhenThreadsCopyDropAndChangeAtOnce) {
@@ -140,6 +141,7 @@ TEST(Handle, CountsRightWhenThreadsCopyDropAndChangeAtOnce) {
     shared.Get().area = 1.0;
     std::atomic<int> wrong{0};
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int t = 0; t < 4; ++t) {
       threads.emplace_back([own = shared, &wrong] {
         for (int i = 0; i < 5000; ++i) {

@@ -1,9 +1,3 @@
-#include "platform/BasicUtils/cow_1DArrayList.h"
-#include "platform/BasicUtils/cow_2DArray.h"
-#include "platform/BasicUtils/cow_ArrayCOW.h"
-#include "platform/BasicUtils/cow_List.h"
-#include "platform/BasicUtils/cow_String.h"
-
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,6 +9,12 @@
 #include <unordered_set>
 #include <utility>
 #include <vector>
+
+#include "platform/BasicUtils/cow_1DArrayList.h"
+#include "platform/BasicUtils/cow_2DArray.h"
+#include "platform/BasicUtils/cow_ArrayCOW.h"
+#include "platform/BasicUtils/cow_List.h"
+#include "platform/BasicUtils/cow_String.h"
 
 namespace {
 
@@ -40,9 +40,7 @@ TYPED_TEST(Sequences, BehaveLikeAVectorWhileSnapshotsStayAsTheyWere) {
     auto const index = static_cast<std::size_t>(at);
     bool const exists = index < vector.size();
     switch (random() % 12) {
-      case 0:
-        snapshots.emplace_back(list, vector);
-        break;
+      case 0: snapshots.emplace_back(list, vector); break;
       case 1:
         list.TruncateTo(index + 2);
         vector.resize(std::min(vector.size(), index + 2));
@@ -63,9 +61,7 @@ TYPED_TEST(Sequences, BehaveLikeAVectorWhileSnapshotsStayAsTheyWere) {
       case 7:
         if (exists) { list.Get(index) = vector[index] = text; }
         break;
-      default:
-        list.Append(text);
-        vector.push_back(text);
+      default: list.Append(text); vector.push_back(text);
     }
     ExpectHolds(list, vector);
   }
@@ -82,6 +78,13 @@ TYPED_TEST(Sequences, ShareTheirValuesUntilOneChanges) {
   second.Get(1) = "b";
   EXPECT_EQ(first, second);
   EXPECT_EQ(sizeof(first), sizeof(void*));
+}
+
+TYPED_TEST(Sequences, StayAsTheyAreWhenThereIsNothingToTruncate) {
+  TypeParam list{"a", "b"};
+  TypeParam const before = list;
+  list.TruncateTo(2);
+  EXPECT_TRUE(list.Same(before));
 }
 
 TYPED_TEST(Sequences, AreTheSameWhenEmptyHoweverTheyBecameEmpty) {

@@ -1,14 +1,14 @@
-#include "platform/BasicUtils/nex_ErrorTable.h"
-#include "platform/BasicUtils/nex_Exception.h"
-#include "platform/CaeUtils/omu_KeyErrorException.h"
-#include "platform/CaeUtils/omu_ValueErrorException.h"
-#include "platform/CoreUtils/thr_Singleton.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <type_traits>
 #include <vector>
+
+#include "platform/BasicUtils/nex_ErrorTable.h"
+#include "platform/BasicUtils/nex_Exception.h"
+#include "platform/CaeUtils/omu_KeyErrorException.h"
+#include "platform/CaeUtils/omu_ValueErrorException.h"
+#include "platform/CoreUtils/thr_Singleton.h"
 
 namespace {
 
@@ -37,16 +37,12 @@ TYPED_TEST(Exceptions, HaveNoModuleAndNoCodeUnlessTheyAreNumbered) {
   EXPECT_EQ(refusal.Code(), -1);
 }
 
-TYPED_TEST(Exceptions, CanBeCopiedWithoutThrowing) {
-  EXPECT_TRUE(std::is_nothrow_copy_constructible_v<TypeParam>);
-}
+TYPED_TEST(Exceptions, CanBeCopiedWithoutThrowing) { EXPECT_TRUE(std::is_nothrow_copy_constructible_v<TypeParam>); }
 
 TYPED_TEST(Exceptions, AreNotCaughtAsOneAnother) {
   EXPECT_EQ((std::is_convertible_v<TypeParam*, nex_TextException*>), (std::is_same_v<TypeParam, nex_TextException>));
-  EXPECT_EQ((std::is_convertible_v<TypeParam*, omu_ValueErrorException*>),
-            (std::is_same_v<TypeParam, omu_ValueErrorException>));
-  EXPECT_EQ((std::is_convertible_v<TypeParam*, omu_KeyErrorException*>),
-            (std::is_same_v<TypeParam, omu_KeyErrorException>));
+  EXPECT_EQ((std::is_convertible_v<TypeParam*, omu_ValueErrorException*>), (std::is_same_v<TypeParam, omu_ValueErrorException>));
+  EXPECT_EQ((std::is_convertible_v<TypeParam*, omu_KeyErrorException*>), (std::is_same_v<TypeParam, omu_KeyErrorException>));
 }
 
 TEST(ErrorTable, IsDenseOnlyInCodeOrderWithNothingMissingOrEmpty) {
@@ -73,9 +69,7 @@ TEST(Catalogues, ListTheStartedModulesInTheOrderOfTheirStart) {
   nex_Catalogues catalogues;
   auto const modules = [&catalogues] {
     std::vector<std::string> names;
-    for (nex_Catalogue const& one : catalogues.All()) {
-      names.push_back(one.module + std::string(" ") + std::to_string(one.rows.size()));
-    }
+    for (nex_Catalogue const& one : catalogues.All()) { names.push_back(one.module + std::string(" ") + std::to_string(one.rows.size())); }
     return names;
   };
   catalogues.Register({"kpr", {kRows, 1}});

@@ -1,10 +1,10 @@
-#include "platform/CaeUtils/omu_ChangeHistory.h"
-#include "platform/CoreUtils/thr_Singleton.h"
-
 #include <gtest/gtest.h>
 
 #include <cstddef>
 #include <thread>
+
+#include "platform/CaeUtils/omu_ChangeHistory.h"
+#include "platform/CoreUtils/thr_Singleton.h"
 
 namespace {
 

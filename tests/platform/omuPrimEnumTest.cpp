@@ -1,9 +1,3 @@
-#include "platform/BasicUtils/cls_Object.h"
-#include "platform/BasicUtils/cls_Visitor.h"
-#include "platform/CaeUtils/mdl_PropagationStatus.h"
-#include "platform/CaeUtils/omu_PrimEnum.h"
-#include "platform/CaeUtils/omu_ValueErrorException.h"
-
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -15,6 +9,12 @@
 #include <utility>
 #include <vector>
 
+#include "platform/BasicUtils/cls_Object.h"
+#include "platform/BasicUtils/cls_Visitor.h"
+#include "platform/CaeUtils/mdl_PropagationStatus.h"
+#include "platform/CaeUtils/omu_PrimEnum.h"
+#include "platform/CaeUtils/omu_ValueErrorException.h"
+
 namespace {
 
 enum class DistribTypeEnum : int { Uniform = 0, UserDefined = 1, Field = 2 };
@@ -25,8 +25,7 @@ enum class TwiceEnm : int { First = 4, Second = 5, Third = -1 };
 }  // namespace
 
 template <> struct omu_EnumTable<DistribTypeEnum> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {
-      {"UNIFORM", 0}, {"USER_DEFINED", 1}, {"FIELD", 2}, {nullptr, 0}};
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNIFORM", 0}, {"USER_DEFINED", 1}, {"FIELD", 2}, {nullptr, 0}};
 };
 template <> struct omu_EnumTable<CategoryEnm> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"MECHANICAL", 0}, {"UNIFORM", 1}, {nullptr, 0}};
@@ -49,10 +48,10 @@ struct TextRow {
 };
 
 constexpr TextRow kTexts[] = {
-    {"UNIFORM", true, DistribTypeEnum::Uniform},     {"USER_DEFINED", true, DistribTypeEnum::UserDefined},
-    {"FIELD", true, DistribTypeEnum::Field},         {"uniform", false, DistribTypeEnum::UserDefined},
+    {"UNIFORM", true, DistribTypeEnum::Uniform},       {"USER_DEFINED", true, DistribTypeEnum::UserDefined},
+    {"FIELD", true, DistribTypeEnum::Field},           {"uniform", false, DistribTypeEnum::UserDefined},
     {"UNIFORM ", false, DistribTypeEnum::UserDefined}, {"UNIFOR", false, DistribTypeEnum::UserDefined},
-    {"", false, DistribTypeEnum::UserDefined},       {nullptr, false, DistribTypeEnum::UserDefined},
+    {"", false, DistribTypeEnum::UserDefined},         {nullptr, false, DistribTypeEnum::UserDefined},
 };
 
 TEST(EnumValue, TakesATextOfItsTableAndKeepsItsValueOtherwise) {
@@ -130,8 +129,7 @@ private:
 TEST(EnumValue, IsReadFromTheTextThatIsStored) {
   EXPECT_TRUE(DistribType(StoredText("FIELD"), "distributionType") == DistribTypeEnum::Field);
   ExpectRefusal([] { DistribType(StoredText("FIELDS"), "distributionType"); },
-                "omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: FIELDS  Permissible: UNIFORM, USER_DEFINED, FIELD",
-                95);
+                "omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: FIELDS  Permissible: UNIFORM, USER_DEFINED, FIELD", 95);
 }
 
 TEST(EnumValue, RefusesWhatItsTableDoesNotHoldNamingItAndThePermissibleTexts) {
@@ -142,8 +140,7 @@ TEST(EnumValue, RefusesWhatItsTableDoesNotHoldNamingItAndThePermissibleTexts) {
   ExpectRefusal([] { DistribType{Category(CategoryEnm::Mechanical)}; },
                 "omu_PrimEnum(const omu_PrimEnumBase&) - str not allowed: MECHANICAL", 67);
   ExpectRefusal([] { DistribType(cow_String("field")); },
-                "omu_PrimEnum(const cow_String&) - str not allowed: field  Permissible: UNIFORM, USER_DEFINED, FIELD",
-                81);
+                "omu_PrimEnum(const cow_String&) - str not allowed: field  Permissible: UNIFORM, USER_DEFINED, FIELD", 81);
   ExpectRefusal([] { DistribType(cow_String("%s")); },
                 "omu_PrimEnum(const cow_String&) - str not allowed: %s  Permissible: UNIFORM, USER_DEFINED, FIELD", 81);
 }
@@ -196,8 +193,7 @@ TEST(EnumValue, CopiesToAnIndependentValue) {
 TEST(EnumText, GivesTheTextOrTheNumberOfAnEnumerator) {
   EXPECT_EQ(atr(DistribTypeEnum::Field), "FIELD");
   EXPECT_EQ(atr(static_cast<DistribTypeEnum>(7)), "7");
-  EXPECT_EQ((atr<DistribTypeEnum, char const*>("%1$s is not for %2$s.", DistribTypeEnum::Field, "Step-1")),
-            "FIELD is not for Step-1.");
+  EXPECT_EQ((atr<DistribTypeEnum, char const*>("%1$s is not for %2$s.", DistribTypeEnum::Field, "Step-1")), "FIELD is not for Step-1.");
   EXPECT_EQ((atr<DistribTypeEnum, char const*>("%s, %s", DistribTypeEnum::Field, "Step-1")), "FIELD, Step-1");
 }
 
