@@ -1,0 +1,57 @@
+#pragma once
+
+#include "framework/mdl_Extension.h"
+#include "framework/mdl_ExtensionSubject.h"
+#include "framework/mdl_MapString2ObjCow.h"
+#include "platform/CoreUtils/omn_FixedString.h"
+
+class ddr_Model;
+template <> struct cls_TypeIdOf<ddr_Model> {
+  static constexpr unsigned value = 0x02130002;
+  static constexpr char const* kName = "ddr_Model";
+};
+
+/// One analysis model: its extensions by member name. It starts with those that the modules have registered: the steps,
+/// one repository per family of step-dependent attributes, regions, amplitudes and fields.
+///
+/// A value: a copy is a snapshot that shares everything, and an edit of either separates only what it changes. That is
+/// how transactions and undo keep a model.
+class DDB_API ddr_Model final : public cls_Persistent<ddr_Model, cls_Object> {
+public:
+  /// A model with an empty copy of every registered extension.
+  ddr_Model();
+  explicit ddr_Model(cls_ReadVisitor const& in);
+
+  static constexpr omn_FixedString stepsCmd() { return "steps"; }
+  static constexpr omn_FixedString bcCmd() { return "boundaryConditions"; }
+  static constexpr omn_FixedString regionsCmd() { return "regions"; }
+  static constexpr omn_FixedString amplitudesCmd() { return "amplitudes"; }
+  static constexpr omn_FixedString fieldsCmd() { return "fields"; }
+
+  cow_String const& Name() const { return name_; }
+  void SetName(cow_String name) { name_ = std::move(name); }
+
+  /// The extension under \p member, or null.
+  mdl_Extension const* ConstExtension(std::string_view member) const;
+  /// The same for change, separated from all who share it.
+  mdl_Extension* Extension(std::string_view member);
+  /// The extension under \p member as a \p T; must exist.
+  template <class T> T const& ConstGet(std::string_view member) const { return dynamic_cast<T const&>(*ConstExtension(member)); }
+  template <class T> T& Get(std::string_view member) { return dynamic_cast<T&>(*Extension(member)); }
+  /// Puts an extension in the place of the one under \p member.
+  void SetExtension(std::string_view member, cow_Handle<mdl_Extension> extension);
+
+  cow_Map<cow_String, cow_Handle<mdl_Extension>> const& Extensions() const { return extensions_; }
+
+  template <class V> static constexpr void VisitMembers(V&& visit) {
+    visit("name", &ddr_Model::name_, cls_MemberText{"the model's name"});
+    visit("extensions", &ddr_Model::extensions_, cls_MemberText{"what the model holds, by member name"});
+  }
+
+private:
+  cow_String name_;
+  cow_Map<cow_String, cow_Handle<mdl_Extension>> extensions_;
+};
+
+/// The models of a program by name.
+using ddr_ModelContainer = mdl_MapString2ObjCow<ddr_Model>;

@@ -1,0 +1,315 @@
+#pragma once
+
+#include <array>
+
+#include "framework/kprC_ProcedureSet.h"
+#include "framework/kprC_Propagator.h"
+#include "framework/kprC_StepDependent.h"
+
+/// How a family classifies a status; 0 for one that it does not know.
+enum kprC_StatusTrait : std::uint8_t {
+  kprC_Known = 1,
+  kprC_Active = 2,
+  kprC_Propagated = 4,
+  kprC_BuiltIn = 8,
+  kprC_IllegalMove = 16,
+  kprC_Changed = 32,
+  kprC_NoReset = 64,
+};
+using kprC_StatusTable = std::array<std::uint8_t, 16>;
+
+/// A family's refusals of the per-step operations; \p Error is the family's enumeration of codes.
+template <class Error> struct kprC_StepRefusals {
+  Error unknownStep;
+  Error unknownStatus;
+  Error notActive;            ///< deactivate
+  Error resetInCreateStep;    ///< reset, and replacing the create step's procedure
+  Error resetNotDeactivated;  ///< reset
+  Error moveAcrossChange;
+  Error moveOntoChange;
+  Error moveInactive;
+  Error movePropagated;
+  Error moveFromPerturbation;
+  Error moveNotAdmitted;
+  Error createNotAdmitted;    ///< update of the states, and the check of every record
+  Error setToPropagated;      ///< a caller sets a member to "PROPAGATED"
+};
+
+/// Procedures that nothing may be moved into, and the refusal.
+template <class Error> struct kprC_MoveTarget {
+  kprC_ProcedureSet procedures;
+  Error refusal;
+};
+
+/// The per-step operations of a family. \p Rules is the family's page of tables:
+///   State, Error; kStatuses, kPass, kNeverOff, kRefusals, kMoveTargets, kEditRefusals;
+///   Kind(procedureType), IsFrequency(procedureType), Perturbation(procedureType), Assert(bool, Error).
+/// Operations test before they change, except Move, and do not roll back. Each ends with the whole history formed anew.
+template <class Rules> class kprC_StepAttribute : public kprC_StepDependent {
+public:
+  using State = typename Rules::State;
+  using StateHandle = cow_Handle<State>;
+  using Record = kprC_PropagatingState<State>;
+  using Status_ = mdl_PropagationStatusEnm;
+  using Error = typename Rules::Error;
+
+  // classification of a status; each refuses a status that the family does not know
+  static bool IsActive(Status_ status) { return Is(status, kprC_Active); }
+  static bool IsPropagated(Status_ status) { return Is(status, kprC_Propagated); }
+  static bool IsBuiltIn(Status_ status) { return Is(status, kprC_BuiltIn); }
+  static bool IsIllegalMove(Status_ status) { return Is(status, kprC_IllegalMove); }
+  static bool ChangedInStep(Status_ status) { return Is(status, kprC_Changed); }
+
+  bool IsSuppressed() const override { return suppress_; }
+  void Suppress() override { suppress_ = true; }
+  void Resume() override {
+    suppress_ = false;
+    Sync();
+  }
+
+  kprC_StepTable const& Steps() const override { return states_.Steps(); }
+  /// Raises the unknown-step refusal.
+  Status_ Status(cow_String const& step) const override { return states_.Status(Known(step)); }
+  Status_ StatusAt(std::size_t index) const override { return states_.Status(index); }
+  cls_Object const* StateAt(std::size_t index) const override { return states_.State(index).ConstGet(); }
+  cow_List<Status_> History() const override {
+    cow_List<Status_> statuses;
+    for (std::size_t i = 0; i < states_.Size(); ++i) { statuses.Append(states_.Status(i)); }
+    return statuses;
+  }
+  /// The record of a step, which must be one of the attribute's. GetStateQuad separates its state from all others.
+  Record ConstGetStateQuad(cow_String const& step) const { return states_.At(Known(step)); }
+  Record GetStateQuad(cow_String const& step) {
+    std::size_t const index = Known(step);
+    if (StateHandle state = states_.State(index)) {
+      state.Get().NewUid();
+      states_.SetState(index, state);
+    }
+    return states_.At(index);
+  }
+  cow_String CreateStepName() const override {
+    std::size_t const index = states_.CreateStep();
+    return index == kprC_StepTable::npos ? cow_String() : Steps().Name(index);
+  }
+  bool IsMember(cow_String const& step) const override { return states_.Find(step.View()) != kprC_StepTable::npos; }
+  bool IsEditable(cow_String const& step) const override { return IsActive(Status(step)); }
+  cow_String GetEditableStepName(cow_String const& step) const override { return IsEditable(step) ? step : CreateStepName(); }
+
+  /// Puts a copy of \p state into the record of \p step. Without records one is begun; false when there are records but
+  /// none of that step.
+  virtual bool Insert(cow_String const& step, State const& state) {
+    StateHandle copy(std::unique_ptr<State>(static_cast<State*>(state.Copy().release())));
+    copy.Get().NewUid();
+    if (states_.Size() == 0) {
+      states_.StartWith(step, std::move(copy));
+      return true;
+    }
+    std::size_t const index = states_.Find(step.View());
+    if (index == kprC_StepTable::npos) { return false; }
+    states_.SetState(index, std::move(copy));
+    if (HasProcedure()) { Sync(); }
+    return true;
+  }
+
+  bool SetInStep(cow_String const& step, kprC_Arguments const& members, std::string* unknown) override {
+    std::size_t const index = states_.Size() == 0 ? kprC_StepTable::npos : Known(step);
+    StateHandle const present = index == kprC_StepTable::npos ? nullptr : states_.State(index);
+    std::unique_ptr<State> state = present ? Duplicate(*present) : NewState();
+    state->SetSwitchedOff(false);
+    for (auto const& [name, value] : members) {
+      if (auto const* text = value.template As<std::string>()) {
+        Rules::Assert(*text != "PROPAGATED", Rules::kRefusals.setToPropagated);
+        AssertMemberState(index, name, *text);
+      }
+      if (!state->SetMember(name, value)) {
+        *unknown = name;
+        return false;
+      }
+    }
+    return Insert(step, *state);
+  }
+
+  bool Remove(cow_String const& step) override {
+    if (!IsMember(step)) { return false; }
+    states_.SetState(Known(step), nullptr);
+    Sync();
+    return true;
+  }
+
+  /// Refuses an unknown step; then, where the state is on, a step in which the attribute is not active. Nothing where
+  /// there is no state or it is off already.
+  void Deactivate(cow_String const& step) override {
+    std::size_t const index = Known(step);
+    StateHandle state = states_.State(index);
+    if (!state || state->SwitchedOff()) { return; }
+    Rules::Assert(IsActive(states_.Status(index)), Rules::kRefusals.notActive);
+    State& off = state.Get();
+    off.SetSwitchedOff(true);
+    off.NewUid();
+    states_.SetState(index, std::move(state));
+    Sync();
+  }
+
+  /// Takes back what \p step says, which must be neither the create step nor of a status that cannot be reset.
+  void Reset(cow_String const& step) override {
+    Rules::Assert(step != CreateStepName(), Rules::kRefusals.resetInCreateStep);
+    std::size_t const index = Known(step);
+    bool const refused = Rules::kStatuses[static_cast<std::size_t>(states_.Status(index))] & kprC_NoReset;
+    Rules::Assert(!refused, Rules::kRefusals.resetNotDeactivated);
+    states_.SetState(index, nullptr);
+    Sync();
+  }
+
+  /// Moves what \p fromStep defines to \p toStep. Equal names: nothing. Refuses an unknown name; what AssertMove refuses;
+  /// a change at the destination or between, in the order in which the records are met; then, with the records between
+  /// emptied already, a source that is not active, propagated or of a perturbation procedure, and a destination whose
+  /// procedure takes nothing or not this type.
+  void Move(cow_String const& fromStep, cow_String const& toStep) override {
+    if (fromStep == toStep) { return; }
+    std::size_t const from = Known(fromStep), to = Known(toStep);
+    AssertMove(from, to);
+    auto const ontoChange = [&] { Rules::Assert(!IsIllegalMove(states_.Status(to)), Rules::kRefusals.moveOntoChange); };
+    if (to < from) { ontoChange(); }
+    std::size_t const first = std::min(from, to) + 1, last = std::max(from, to);
+    AssertNoneChanged(first, last);
+    if (from < to) { ontoChange(); }
+    states_.ClearStates(first, last);
+    states_.NewUid();
+
+    Status_ const status = states_.Status(from);
+    Rules::Assert(IsActive(status), Rules::kRefusals.moveInactive);
+    Rules::Assert(!IsPropagated(status), Rules::kRefusals.movePropagated);
+    auto const& source = Steps()[from].procedure;
+    Rules::Assert(!source || !source->Perturbation(), Rules::kRefusals.moveFromPerturbation);
+    if (auto const& procedure = Steps()[to].procedure) {
+      unsigned const type = kprC_ProcedureTypeOf(procedure.ConstGet());
+      for (auto const& target : Rules::kMoveTargets) { Rules::Assert(!target.procedures.Has(type), target.refusal); }
+      Rules::Assert(Admits(type, false), Rules::kRefusals.moveNotAdmitted);
+    }
+    StateHandle moved = states_.State(from);
+    if (moved) {
+      moved.Get().ChangeProcedureType(Steps().ProcedureType(to));
+      moved.Get().NewUid();
+    }
+    states_.Set(to, status, std::move(moved));
+    states_.SetState(from, nullptr);
+    Sync();
+  }
+
+  void UpdateStates() override {
+    std::size_t const index = states_.CreateStep();
+    if (index != kprC_StepTable::npos && Steps()[index].procedure) {
+      Rules::Assert(Admits(Steps().ProcedureType(index), false), Rules::kRefusals.createNotAdmitted);
+    }
+    Sync();
+  }
+
+  /// Empties the record of a step whose procedure is being replaced: no state, no procedure, status 0. Refused for the
+  /// create step. The history is formed when the new sequence is handed over.
+  void ReplaceStep(cow_String const& step) {
+    std::size_t const index = Known(step);
+    ReplaceStep(index, Steps().WithReplaced(index, kprC_StepNameProcedurePair(Steps().Name(index), nullptr)));
+  }
+
+  /// A default state of the type.
+  virtual std::unique_ptr<State> NewState() const = 0;
+  /// Whether the type may stand in a step of \p procedureType: created or moved there, or \p carried into it.
+  virtual bool Admits(unsigned procedureType, bool carried) const = 0;
+
+protected:
+  kprC_History<State> const& States() const { return states_; }
+
+  /// Forms the history: statuses and carried states of all records, and then the check of every record.
+  virtual void Sync() {
+    auto const admits = [this](unsigned procedureType) { return Admits(procedureType, true); };
+    states_.ReplaceRecords(kprC_Propagator<Rules, decltype(admits)>(states_.Steps(), admits).Run(states_.Records()));
+    AssertValid();
+  }
+
+  /// What the type refuses of a move before anything changes.
+  virtual void AssertMove(std::size_t /*from*/, std::size_t /*to*/) const {}
+  /// Refuses a word ("UNSET", "FREED", "PROPAGATED") where a member may not take that state in that step.
+  /// \p index is npos while the attribute is being created.
+  virtual void AssertMemberState(std::size_t /*index*/, std::string_view /*member*/, std::string_view /*word*/) const {}
+
+  /// Calls fn(first step, one past the last, status, state, procedure type) for every stretch of steps that share all three.
+  template <class Fn> void ForEachStretch(Fn&& fn) const {
+    auto const& records = states_.Records();
+    for (std::size_t run = 0, begin = 0; run < records.Runs(); ++run) {
+      auto const& now = records.RunAt(run);
+      for (std::size_t end; begin < now.end; begin = end) {
+        end = std::min<std::size_t>(now.end, Steps().SegmentEnd(begin));
+        fn(begin, end, now.status, now.state, Steps().ProcedureType(begin));
+      }
+    }
+  }
+
+  bool suppress_ = false;
+  kprC_History<State> states_;
+
+private:
+  static bool Is(Status_ status, unsigned trait) {
+    auto const number = static_cast<std::size_t>(status);
+    unsigned const traits = number < Rules::kStatuses.size() ? Rules::kStatuses[number] : 0U;
+    Rules::Assert((traits & kprC_Known) != 0, Rules::kRefusals.unknownStatus);
+    return (traits & trait) != 0;
+  }
+  static std::unique_ptr<State> Duplicate(State const& state) {
+    return std::unique_ptr<State>(static_cast<State*>(state.Copy().release()));
+  }
+
+  std::size_t Known(cow_String const& step) const {
+    std::size_t const index = states_.Find(step.View());
+    Rules::Assert(index != kprC_StepTable::npos, Rules::kRefusals.unknownStep);
+    return index;
+  }
+  bool HasProcedure() const {
+    for (std::size_t i = 0; i < Steps().Size(); i = Steps().SegmentEnd(i)) {
+      if (Steps()[i].procedure) { return true; }
+    }
+    return false;
+  }
+  void AssertNoneChanged(std::size_t begin, std::size_t end) const {
+    auto const& records = states_.Records();
+    while (begin < end) {
+      auto const& run = records.RunAt(records.RunOf(begin));
+      Rules::Assert(!IsIllegalMove(run.status), Rules::kRefusals.moveAcrossChange);
+      begin = run.end;
+    }
+  }
+
+  void Initialize(kprC_StepTable const& steps) override {
+    if (steps.Size() == 0) { return; }
+    MatchTo(steps);
+    Sync();
+  }
+  /// As Initialize, without the check of the records.
+  void InitializeStateValues(kprC_StepTable const& steps) override {
+    if (steps.Size() == 0) { return; }
+    MatchTo(steps);
+    bool const suppressed = std::exchange(suppress_, true);  // a suppressed attribute is not checked
+    Sync();
+    suppress_ = suppressed;
+  }
+  void MatchTo(kprC_StepTable const& steps) {
+    std::size_t const create = states_.CreateStep();
+    bool const known = create == kprC_StepTable::npos || steps.Find(Steps().Name(create).View()) != kprC_StepTable::npos;
+    Rules::Assert(known, Rules::kRefusals.unknownStep);
+    states_.MatchTo(steps);
+  }
+  void InsertStep(std::size_t index, kprC_StepTable const& steps) override {
+    states_.InsertAt(index, steps);
+    Sync();
+  }
+  void RemoveStep(std::size_t index, kprC_StepTable const& steps) override {
+    states_.EraseAt(index, steps);
+    Sync();
+  }
+  void RenameStep(kprC_StepTable const& steps) override { states_.Attach(steps); }
+  void AttachSteps(kprC_StepTable const& steps) override { states_.Attach(steps); }
+  void ReplaceStep(std::size_t index, kprC_StepTable const& bare) override {
+    Rules::Assert(index != states_.CreateStep(), Rules::kRefusals.resetInCreateStep);
+    states_.Set(index, Status_::NotYetCreated, nullptr);
+    states_.Attach(bare);
+  }
+};

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "framework/mdl_Extension.h"
+#include "platform/BasicUtils/cow_List.h"
+#include "platform/BasicUtils/cow_Map.h"
+#include "platform/BasicUtils/cow_String.h"
+
+/// A map from name to a shared object: written as named members.
+template <class T> struct cls_MemberTraits<cow_Map<cow_String, cow_Handle<T>>> {
+  using Map = cow_Map<cow_String, cow_Handle<T>>;
+
+  static void Describe(cls_MemberInfo& info) {
+    info.typeId = T::TypeId();
+    info.many = true;
+  }
+  static void Write(cls_WriteVisitor const& out, std::string_view name, Map const& map) {
+    out.StartMap(name, map.Size());
+    for (auto const& [key, object] : map) { out.WriteObject(key.View(), *object); }
+    out.EndMap();
+  }
+  static void Read(cls_ReadVisitor const& in, std::string_view name, Map& map) {
+    Map read;
+    for (std::string const& key : in.StartMap(name)) {
+      cow_Handle<T> object = in.ReadObject(key).template As<T>();
+      if (!object) { in.Refuse(key, "an object of another class"); }
+      read.Insert(cow_String(key), std::move(object));
+    }
+    in.EndMap();
+    map = std::move(read);
+  }
+  static void NewUid(Map&) {}
+  static bool Equal(Map const& a, Map const& b) {
+    if (a.Size() != b.Size()) { return false; }
+    auto other = b.begin();
+    for (auto const& [key, object] : a) {
+      auto const& [otherKey, otherObject] = *other;
+      if (key != otherKey || !cls_MemberTraits<cow_Handle<T>>::Equal(object, otherObject)) { return false; }
+      ++other;
+    }
+    return true;
+  }
+  static cls_Value ToValue(Map const& map) {
+    cls_Value::List names;
+    for (auto const& [key, object] : map) { names.emplace_back(std::string(key.View())); }
+    return names;
+  }
+  static std::string_view FromValue(Map&, cls_Value const&) { return "nothing: this member cannot be set"; }
+};
+
+/// A plain map from name to object as an extension of the model: regions, amplitudes, fields.
+template <class T> class mdl_MapString2ObjCow final : public cls_Persistent<mdl_MapString2ObjCow<T>, mdl_Repository> {
+public:
+  using Handle = cow_Handle<T>;
+
+  mdl_MapString2ObjCow() = default;
+  explicit mdl_MapString2ObjCow(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
+
+  /// Puts \p object under \p name, in the place of what stood there. True when the name is new.
+  bool Insert(cow_String const& name, Handle object) { return map_.Insert(name, std::move(object)); }
+  bool Remove(cow_String const& name) { return map_.Remove(name); }
+  /// The object of that name, or null.
+  T const* ConstGet(std::string_view name) const {
+    Handle const* found = map_.ConstFind(name);
+    return found == nullptr ? nullptr : found->ConstGet();
+  }
+  /// The same for change, separated from all who share it.
+  T* Get(std::string_view name) {
+    Handle* found = map_.Get(cow_String(name));
+    return found == nullptr ? nullptr : &found->Get();
+  }
+  bool IsMember(std::string_view name) const { return map_.ConstFind(name) != nullptr; }
+  std::size_t Size() const { return map_.Size(); }
+  cow_List<cow_String> Keys() const {
+    cow_List<cow_String> names;
+    for (auto const& [name, object] : map_) { names.Append(name); }
+    return names;
+  }
+  cow_Map<cow_String, Handle> const& Map() const { return map_; }
+
+  template <class V> static constexpr void VisitMembers(V&& visit) {
+    visit("map", &mdl_MapString2ObjCow::map_, cls_MemberText{"the objects by name"});
+  }
+
+private:
+  cow_Map<cow_String, Handle> map_;
+};

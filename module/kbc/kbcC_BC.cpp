@@ -1,0 +1,94 @@
+#include "module/kbc/kbcC_BC.h"
+
+#include "module/kpr/kprC_ProcedureTable.h"
+#include "module/kpr/kprC_Step.h"
+
+cow_1DArrayList<cow_String> kbcC_BC::Amplitudes() const {
+  cow_Map<cow_String, bool> seen;
+  cow_1DArrayList<cow_String> names;
+  ForEachStretch([&](auto, auto, auto, StateHandle const& state, auto) {
+    if (!state || !state->amplitude.HasValue()) { return; }
+    cow_String const& name = state->amplitude.ConstGet();
+    if (!name.IsEmpty() && seen.Insert(name, true)) { names.Append(name); }
+  });
+  return names;
+}
+
+cls_xoList<rgnC_Region> kbcC_BC::Regions(rgnC_RegionType type) const {
+  cls_xoList<rgnC_Region> regions;
+  if (region_ && region_.Type() == type) { regions.Append(region_); }
+  return regions;
+}
+
+bool kbcC_BC::ValidInALoadCase(cow_String const& step, bool raise) const {
+  auto const holds = [raise](bool condition, kbcC_ErrorEnm code) {
+    if (raise) { kbcC_Assert(condition, code); }
+    return condition;
+  };
+  return holds(!suppress_ && IsMember(step) && IsActive(Status(step)), kbcC_ErrorEnm::LoadCaseNotActive) &&
+         holds(AllowedInALoadCase() || NYIForLoadCase(), kbcC_ErrorEnm::LoadCaseType) &&
+         holds(!NYIForLoadCase(), kbcC_ErrorEnm::LoadCaseNotSupported);
+}
+
+bool kbcC_BC::ValidInStep(unsigned procedureType, bool carried, bool /*isInitial*/, bool /*isExplicit*/) const {
+  return kbcC_isValidBCTypeforStep(DynTypeId(), procedureType) || ValidByOwnRule(procedureType, carried);
+}
+
+bool kbcC_BC::ValidInStep(kprC_Step const& step, bool carried, bool isInitial, bool isExplicit) const {
+  return ValidInStep(kprC_ProcedureTypeOf(&step), carried, isInitial, isExplicit);
+}
+
+bool kbcC_BC::ValidInStepButRelaxCheckOnInitial(unsigned procedureType, bool carried) const {
+  return ValidInStep(procedureType, carried, procedureType == 0, procedureType != 0 && kprC_IsExplicit(procedureType));
+}
+
+bool kbcC_BC::Insert(cow_String const& step, kbcC_BCState const& state) {
+  std::size_t const index = States().Find(step.View());
+  if (index != kprC_StepTable::npos || States().Size() == 0) { AssertComponentState(index, state.IsConditionModified(), false); }
+  return kprC_StepAttribute::Insert(step, state);
+}
+
+void kbcC_BC::AssertComponentState(std::size_t index, bool freed, bool unset) const {
+  bool const creation = index == kprC_StepTable::npos || StatusAt(index) == mdl_PropagationStatusEnm::Created;
+  if (creation) { return kbcC_Assert(!freed, kbcC_ErrorEnm::CreateStepComponent); }
+  bool const active = IsActive(StatusAt(index));
+  kbcC_Assert(active || !(freed || unset), kbcC_ErrorEnm::ComponentFreedOrUnset);
+  kbcC_Assert(!unset, kbcC_ErrorEnm::ComponentUnset);
+}
+
+void kbcC_BC::AssertMemberState(std::size_t index, std::string_view /*member*/, std::string_view word) const {
+  AssertComponentState(index, word == "FREED", word == "UNSET");
+}
+
+void kbcC_BC::AssertValid() const {
+  if (suppress_) { return; }
+  kbcC_Assert(!UsesField() || !fieldName_.IsEmpty(), kbcC_ErrorEnm::FieldNameMissing);
+  ForEachStretch([&](auto, auto, auto status, auto const&, unsigned procedure) {
+    kbcC_Assert(procedure != kprC_ANNEAL || !IsActive(status), kbcC_ErrorEnm::AnnealStep);
+  });
+  ForEachStretch([&](auto, auto, auto status, auto const&, unsigned procedure) {
+    bool const carried = status != mdl_PropagationStatusEnm::Created;
+    kbcC_Assert(!IsActive(status) || Admits(procedure, carried), kbcC_ErrorEnm::InvalidStep);
+  });
+  ForEachStretch([&](auto, auto, auto status, StateHandle const& state, unsigned procedure) {
+    if (state && IsActive(status)) { AssertState(*state, procedure == 0); }
+  });
+}
+
+bool kbcC_BC::SetMember(std::string_view name, cls_Value const& value) {
+  if (name == csysCmd()) {
+    auto const* text = value.As<std::string>();
+    return cls_Persistent::SetMember("csys", text != nullptr && globalCsysName() == *text ? cls_Value("") : value);
+  }
+  return cls_Persistent::SetMember(name == distributionTypeCmd() ? distributionCmd().View() : name, value);
+}
+
+void kbcC_BC::Refuse(kprC_EditRefusal refusal) {
+  kbcC_Assert(false, kbcC_StepRules::Edit(refusal));
+  std::abort();  // not reached: the refusal is raised above
+}
+
+void kbcC_BC::RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const {
+  if (text.refusal >= 0) { kbcC_Assert(false, static_cast<kbcC_ErrorEnm>(text.refusal)); }
+  kprC_StepAttribute::RefuseValue(name, text, expected);
+}

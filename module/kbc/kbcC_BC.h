@@ -1,0 +1,131 @@
+#pragma once
+
+#include "framework/kprC_StepAttribute.h"
+#include "module/kbc/kbcC_BCState.h"
+#include "module/kbc/kbcC_StepRules.h"
+#include "platform/CoreGeometry/dtmC_DatumRef.h"
+
+class kprC_Step;
+
+enum class kbcC_CategoryEnm { MECHANICAL = 0, THERMAL = 1, FLUID = 2, ELECTRICAL = 3, MASS_DIFFUSION = 4, ACOUSTIC = 5, OTHER_BC = 6 };
+enum class kbcC_DistribTypeEnum { UNIFORM = 0, USER_DEFINED = 1, FIELD = 2 };
+
+template <> struct omu_EnumTable<kbcC_CategoryEnm> {
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"MECHANICAL", 0}, {"THERMAL", 1},        {"FLUID", 2},
+                                                               {"ELECTRICAL", 3}, {"MASS_DIFFUSION", 4}, {"ACOUSTIC", 5},
+                                                               {"OTHER_BC", 6},   {nullptr, 0}};
+};
+template <> struct omu_EnumTable<kbcC_DistribTypeEnum> {
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNIFORM", 0}, {"USER_DEFINED", 1}, {"FIELD", 2}, {nullptr, 0}};
+};
+
+/// Base of every boundary condition. The per-step operations, with their refusals, are those of kprC_StepAttribute under
+/// the family's rules (kbcC_StepRules.h); a type adds its state, its category and what it alone refuses.
+class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_StepAttribute<kbcC_StepRules>> {
+public:
+  using CategoryEnm = kbcC_CategoryEnm;
+  using enum kbcC_CategoryEnm;
+  using DistribTypeEnum = kbcC_DistribTypeEnum;
+  using enum kbcC_DistribTypeEnum;
+
+  static constexpr char const* kModule = "kbc";
+
+  static constexpr omn_FixedString bcCmd() { return "boundaryCondition"; }
+  static constexpr omn_FixedString itemCmd() { return bcCmd(); }
+  static constexpr omn_FixedString bcRepositoryCmd() { return "boundaryConditions"; }
+  static constexpr omn_FixedString copyConstructorCmd() { return "BoundaryCondition"; }
+  static constexpr omn_FixedString nameCmd() { return "name"; }
+  static constexpr omn_FixedString categoryCmd() { return "category"; }
+  static constexpr omn_FixedString regionCmd() { return "region"; }
+  static constexpr omn_FixedString csysCmd() { return "localCsys"; }
+  static constexpr omn_FixedString globalCsysName() { return "(Global)"; }
+  static constexpr omn_FixedString amplitudeCmd() { return kbcC_BCState::amplitudeCmd(); }
+  static constexpr omn_FixedString amplitudeStateCmd() { return "amplitudeState"; }
+  static constexpr omn_FixedString statusCmd() { return "status"; }
+  static constexpr omn_FixedString setParametersCmd() { return "setValues"; }
+  static constexpr omn_FixedString modifyParametersCmd() { return "setValuesInStep"; }
+  static constexpr omn_FixedString deactivateCmd() { return "deactivate"; }
+  static constexpr omn_FixedString createStepNameCmd() { return "createStepName"; }
+  static constexpr omn_FixedString stepNameCmd() { return "stepName"; }
+  static constexpr omn_FixedString fromStepNameCmd() { return "fromStepName"; }
+  static constexpr omn_FixedString toStepNameCmd() { return "toStepName"; }
+  static constexpr omn_FixedString moveCmd() { return "move"; }
+  static constexpr omn_FixedString resetCmd() { return "reset"; }
+  static constexpr omn_FixedString suppressCmd() { return "suppress"; }
+  static constexpr omn_FixedString suppressedCmd() { return "suppressed"; }
+  static constexpr omn_FixedString resumeCmd() { return "resume"; }
+  static constexpr omn_FixedString distributionCmd() { return "distribution"; }
+  static constexpr omn_FixedString distributionTypeCmd() { return "distributionType"; }
+  static constexpr omn_FixedString fieldNameCmd() { return "fieldName"; }
+  static constexpr omn_FixedString upgradeBCMDBCmd() { return "_upgradeBcMdb"; }
+
+  rgnC_Region const& Region() const { return region_; }
+  dtmC_DatumRef const& Csys() const { return csys_; }
+  DistribTypeEnum DistributionType() const { return distribution_; }
+  bool UsesField() const { return distribution_ == FIELD; }
+  cow_String FieldName() const override { return fieldName_; }
+  virtual CategoryEnm Category() const = 0;
+
+  /// Amplitude names in use, each once, in step order.
+  cow_1DArrayList<cow_String> Amplitudes() const override;
+  cls_xoList<rgnC_Region> Regions(rgnC_RegionType type) const override;
+
+  /// Whether a load case may use conditions of this type.
+  virtual bool AllowedInALoadCase() const { return false; }
+  /// Whether load cases do not yet support this type.
+  virtual bool NYIForLoadCase() const { return false; }
+  /// Whether a load case of \p step may use this condition. With \p raise a no is refused: 48 not active there, 49 not of
+  /// an accepted type, 50 of a type that load cases do not yet support.
+  bool ValidInALoadCase(cow_String const& step, bool raise) const;
+
+  /// Whether the type may stand in a step of \p procedureType: the table of types by procedure grants it, or the type's
+  /// own rule, which is told with \p carried whether the condition is carried into the step.
+  bool ValidInStep(unsigned procedureType, bool carried, bool isInitial, bool isExplicit) const;
+  bool ValidInStep(kprC_Step const& step, bool carried, bool isInitial, bool isExplicit) const;
+  /// The same with what follows from the procedure type worked out; 0 is the initial step.
+  bool ValidInStepButRelaxCheckOnInitial(unsigned procedureType, bool carried) const;
+  bool Admits(unsigned procedureType, bool carried) const override {
+    return ValidInStepButRelaxCheckOnInitial(procedureType, carried);
+  }
+
+  /// Refuses 20 where the create step frees a component, 21 where a step frees one in which the condition is not active.
+  /// Then as kprC_StepAttribute.
+  bool Insert(cow_String const& step, kbcC_BCState const& state) override;
+
+  /// Refuses, in this order: 59 no field name with the distribution FIELD, 24 active in an anneal step, 45 active where
+  /// the type is not admitted; then what the type refuses of its states.
+  void AssertValid() const override;
+
+  /// Also takes the members' command names "localCsys" and "distributionType".
+  bool SetMember(std::string_view name, cls_Value const& value) override;
+
+  [[noreturn]] static void Refuse(kprC_EditRefusal refusal);
+
+  template <class V> static constexpr void VisitMembers(V&& visit) {
+    visit(suppressCmd(), &kbcC_BC::suppress_, cls_MemberText{"whether the condition is suppressed as a whole"});
+    visit(regionCmd(), &kbcC_BC::region_, cls_MemberText{"the set or surface that it acts on"});
+    visit("csys", &kbcC_BC::csys_, cls_MemberText{"local coordinate system; empty for the global one"});
+    visit(distributionCmd(), &kbcC_BC::distribution_, cls_MemberText{"how the values vary over the region"});
+    visit("states", &kbcC_BC::states_, cls_MemberText{"the per-step records"});
+    visit(fieldNameCmd(), &kbcC_BC::fieldName_, cls_MemberText{"the field that the distribution FIELD takes"});
+  }
+
+protected:
+  void AssertMemberState(std::size_t index, std::string_view member, std::string_view word) const override;
+  [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override;
+
+  /// The type's own rule for steps that the table does not grant.
+  virtual bool ValidByOwnRule(unsigned procedureType, bool carried) const = 0;
+  /// What the type refuses of a state in force; \p initial tells the initial step.
+  virtual void AssertState(kbcC_BCState const& state, bool initial) const = 0;
+
+private:
+  /// Refuses 20 for a component freed in the create step (\p index npos: being created); elsewhere 21 for one freed or
+  /// unset where the condition is not active, 22 for one unset where it is.
+  void AssertComponentState(std::size_t index, bool freed, bool unset) const;
+
+  rgnC_Region region_;
+  dtmC_DatumRef csys_;
+  omu_PrimEnum<DistribTypeEnum, 1> distribution_;
+  cow_String fieldName_;
+};

@@ -1,0 +1,130 @@
+#pragma once
+
+#include "framework/kprC_StepAttribute.h"
+#include "module/kbc/kbcC_BCState.h"
+#include "module/kpr/kprC_ProcedureTable.h"
+
+/// What sets boundary conditions apart from the other families: statuses, procedures and refusals, as tables.
+struct DDB_API kbcC_StepRules {
+  using State = kbcC_BCState;
+  using Error = kbcC_ErrorEnm;
+  using Status = mdl_PropagationStatusEnm;
+
+  /// How a status is classified; one without a row is refused.
+  static constexpr kprC_StatusTable kStatuses = {
+      /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
+      /*  1 Created                   */ kprC_Known | kprC_Active | kprC_IllegalMove | kprC_Changed,
+      /*  2 Propagated                */ kprC_Known | kprC_Active | kprC_Propagated,
+      /*  3 Modified                  */ kprC_Known | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
+      /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
+      /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
+      /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
+      /*  7 not carried here          */ kprC_Known | kprC_NoReset,
+      /*  8                           */ 0,
+      /*  9 PropagatedFromBaseState   */ kprC_Known | kprC_Active | kprC_Propagated,
+      /* 10 ModifiedFromBaseState     */ kprC_Known | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
+      /* 11 off for this step only    */ kprC_Known | kprC_Changed,
+      /* 12 BuiltIn                   */ kprC_Known | kprC_BuiltIn,
+      /* 13                           */ kprC_NoReset,
+      /* 14                           */ 0,
+      /* 15                           */ 0,
+  };
+
+  /// What the propagator gives.
+  static constexpr kprC_PassTable kPass = {
+      .createdOff = Status::Deactivated,
+      .carried = Status::Propagated,
+      .carriedFromInitial = Status::PropagatedFromBaseState,
+      .changed = Status::Modified,
+      .changedFromInitial = Status::ModifiedFromBaseState,
+      .off = Status::Deactivated,
+      .afterOff = Status::InactiveAfterDeactivation,
+      .notAdmitted = Status::Inactive6,
+      .perturbation = Status::PropagatedFromBaseState,
+      .perturbationChanged = Status::ModifiedFromBaseState,
+      .perturbationOff = Status::Inactive11,
+      .held = Status::BuiltIn,
+      .notCarried = Status::Inactive7,
+      .keepsPerturbationChange = true,
+      .asksAdmissionInPerturbation = true,
+  };
+  /// Statuses in which the switched-off flag is not the step's own doing.
+  static constexpr unsigned kNeverOff = 1U << 0 | 1U << 5 | 1U << 6 | 1U << 7 | 1U << 8 | 1U << 12 | 1U << 13;
+
+  static constexpr kprC_StepRefusals<Error> kRefusals = {
+      .unknownStep = Error::UnknownStepType,
+      .unknownStatus = Error::UnknownPropagationStatus,
+      .notActive = Error::NotActiveInStep,
+      .resetInCreateStep = Error::ResetInCreateStep,
+      .resetNotDeactivated = Error::ResetNotDeactivated,
+      .moveAcrossChange = Error::MoveAcrossChange,
+      .moveOntoChange = Error::MoveOntoChange,
+      .moveInactive = Error::MoveInactive,
+      .movePropagated = Error::MoveNothing,
+      .moveFromPerturbation = Error::MoveFromPerturbation,
+      .moveNotAdmitted = Error::MoveToInvalidStep,
+      .createNotAdmitted = Error::InvalidStep,
+      .setToPropagated = Error::StateSetToPropagated,
+  };
+  /// Procedures that nothing is moved into, in the order in which they are asked.
+  static constexpr kprC_MoveTarget<Error> kMoveTargets[] = {
+      {kprC_kPerturbation, Error::MoveToPerturbation},
+      {{kprC_ANNEAL}, Error::MoveToAnneal},
+      {{kprC_MODAL_DYNAMICS}, Error::MoveToModalDynamics},
+      {{kprC_RANDOM_RESPONSE}, Error::MoveToRandomResponse},
+      {{kprC_RESPONSE_SPECTRUM}, Error::MoveToResponseSpectrum},
+      {{kprC_STEADY_STATE_MODAL}, Error::MoveToSteadyStateModal},
+  };
+  /// What the editing layers refuse.
+  static constexpr Error Edit(kprC_EditRefusal refusal) {
+    switch (refusal) {
+      case kprC_EditRefusal::NoSuchAttribute: return Error::NotInStepOrInactive;
+      case kprC_EditRefusal::NoSteps: return Error::NoSteps;
+      case kprC_EditRefusal::NoAttributes: return Error::NoBoundaryConditions;
+      case kprC_EditRefusal::NameInUse: return Error::NameInUse;
+      case kprC_EditRefusal::UnknownStep: return Error::StepUnknown;
+      case kprC_EditRefusal::Suppressed: return Error::Suppressed;
+      case kprC_EditRefusal::AmplitudeName: return Error::AmplitudeName;
+      case kprC_EditRefusal::AmplitudeValue: return Error::AmplitudeValue;
+      case kprC_EditRefusal::FieldUnknown: return Error::FieldUnknown;
+    }
+    return Error::UnknownStatus;
+  }
+
+  /// Modal-based procedures hold every condition by the modes of an earlier frequency step.
+  static constexpr kprC_ProcedureSet kModal = {kprC_MODAL_DYNAMICS,     kprC_RANDOM_RESPONSE,   kprC_RESPONSE_SPECTRUM,
+                                               kprC_STEADY_STATE_MODAL, kprC_DYNAMIC_SUBSPACE, kprC_COMPLEX_FREQUENCY};
+
+  static constexpr kprC_StepKind Kind(unsigned procedureType) {
+    if (kModal.Has(procedureType)) { return kprC_StepKind::Modal; }
+    return kprC_kPerturbation.Has(procedureType) ? kprC_StepKind::Perturbation : kprC_StepKind::General;
+  }
+  static constexpr bool IsFrequency(unsigned procedureType) { return procedureType == kprC_FREQUENCY; }
+  static void Assert(bool condition, Error code) { kbcC_Assert(condition, code); }
+};
+
+// procedures in whose steps an amplitude, a complex value or a magnitude means nothing or something
+inline constexpr kprC_ProcedureSet kbcC_kNoAmplitude = {kprC_BUCKLE, kprC_FREQUENCY, kprC_STATIC_RIKS,
+                                                        kprC_STATIC_LINEAR_PERTURBATION, kprC_COMPLEX_FREQUENCY};
+inline constexpr kprC_ProcedureSet kbcC_kComplex = {kprC_STEADY_STATE_DIRECT};
+inline constexpr kprC_ProcedureSet kbcC_kNoMagnitude = {kprC_FREQUENCY, kprC_COMPLEX_FREQUENCY};
+
+/// The own rule of a type whose degrees of freedom, once constrained, stay so: carried, it stands in every perturbation
+/// procedure that solves for them and in the modal-based ones; nothing is added for a creation.
+inline constexpr kprC_ProcedureSet kbcC_kStaysConstrained =
+    kbcC_StepRules::kModal | kprC_ProcedureSet{kprC_BUCKLE, kprC_FREQUENCY, kprC_STATIC_LINEAR_PERTURBATION, kprC_STEADY_STATE_DIRECT,
+                                               kprC_STEADY_STATE_SUBSPACE};
+inline constexpr bool kbcC_StaysConstrained(unsigned procedureType, bool carried) {
+  return carried && kbcC_kStaysConstrained.Has(procedureType);
+}
+
+/// One row of the table of types by procedure: a type and the procedures in whose steps it may be created.
+struct kbcC_AdmissionRow {
+  std::string_view type;  ///< the class's name
+  bool mechanical;        ///< in the mechanical list of its procedures, else in the other list
+  kprC_ProcedureSet procedures;
+};
+/// The table of types by procedure.
+DDB_API std::span<kbcC_AdmissionRow const> kbcC_Admission();
+/// Whether the table grants the type of that identity a step of \p procedureType (0: the initial step).
+DDB_API bool kbcC_isValidBCTypeforStep(unsigned typeId, unsigned procedureType);

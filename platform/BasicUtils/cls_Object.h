@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "platform/BasicUtils/cls_Uid.h"
+#include "platform/BasicUtils/cls_Value.h"
+#include "platform/BasicUtils/mem_Counted.h"
+#include "platform/CoreUtils/ddb_Export.h"
+
+class cls_WriteVisitor;
+struct cls_MemberText;
+
+/// Root of every persistent class. The overrides come from cls_Persistent and the class's list of members.
+class DDB_API cls_Object : public mem_Counted {
+public:
+  using Root = cls_Object;
+
+  cls_Object() : uid_(cls_Uid::AllocateUid()) {}
+  cls_Object(cls_Object const&) = default;
+  cls_Object& operator=(cls_Object const&) = default;
+  virtual ~cls_Object();
+
+  /// Type identity of the object's own class: module number in the upper 16 bits, class number in the lower.
+  virtual unsigned DynTypeId() const = 0;
+  virtual void DBWrite(cls_WriteVisitor const& out) const = 0;
+  /// A copy of the object's own class, with the same identity.
+  virtual std::unique_ptr<cls_Object> Copy() const = 0;
+  /// Gives the object, and the members that have one, a fresh identity. A copy that is changed must get one, or a
+  /// writer would take it for its source.
+  virtual void NewUid() = 0;
+  /// Same class and equal members; identities do not count.
+  virtual bool Equals(cls_Object const& other) const = 0;
+  /// The listed member called \p name; nothing when the class has none.
+  virtual cls_Value Member(std::string_view name) const = 0;
+  /// Sets the listed member called \p name. False when there is none; a value that does not fit is refused (RefuseValue).
+  virtual bool SetMember(std::string_view name, cls_Value const& value) = 0;
+
+  cls_Uid const& Uid() const { return uid_; }
+
+protected:
+  /// Refuses a value for the member \p name; \p expected says what fits. Raises nex_TextException unless the class has a
+  /// numbered refusal of its own.
+  [[noreturn]] virtual void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const;
+
+  cls_Uid uid_;
+};

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/BasicUtils/cls_Uid.h"
+#include "platform/BasicUtils/cow_Handle.h"
+#include "platform/CoreUtils/ddb_Export.h"
+
+class cls_Object;
+
+/// Sink of persistent objects. An object opens itself with StartWrite and then writes its members in the order of its
+/// list, each under its fixed name. The elements of a list have the empty name.
+class DDB_API cls_WriteVisitor {
+public:
+  virtual ~cls_WriteVisitor();
+
+  /// Opens an object of type \p typeId. False when the object \p uid stands written already; then nothing more is written.
+  virtual bool StartWrite(unsigned typeId, cls_Uid const& uid) const = 0;
+
+  virtual void WriteBool(std::string_view member, bool value) const = 0;
+  /// The largest 32-bit signed integer stands for "not specified".
+  virtual void WriteInteger(std::string_view member, long long value) const = 0;
+  /// The largest finite double stands for "not specified".
+  virtual void WriteReal(std::string_view member, double value) const = 0;
+  virtual void WriteText(std::string_view member, std::string_view value) const = 0;
+  virtual void WriteNull(std::string_view member) const = 0;
+  /// Writes a shared object, of whatever class, as a member; reads back with ReadObject. An object that stands written
+  /// already becomes a reference to it.
+  virtual void WriteObject(std::string_view member, cls_Object const& object) const = 0;
+  /// Writes an object that the owner holds by value and whose class it knows; reads back with ReadNested.
+  virtual void WriteNested(std::string_view member, cls_Object const& object) const = 0;
+  virtual void StartList(std::string_view member, std::size_t count) const = 0;
+  virtual void EndList() const = 0;
+  /// Opens a set of named members, written between here and EndMap under their keys.
+  virtual void StartMap(std::string_view member, std::size_t count) const = 0;
+  virtual void EndMap() const = 0;
+
+  /// Whether neighbouring elements of a list that differ in nothing but their place may be written as one with a count.
+  virtual bool WritesRuns() const { return false; }
+};
+
+/// Source of persistent objects; reads what a write visitor wrote, under the same names and in the same order.
+/// Content that does not fit is refused with a message that names the object and the member.
+class DDB_API cls_ReadVisitor {
+public:
+  virtual ~cls_ReadVisitor();
+
+  /// Type of the object that is open.
+  virtual unsigned TypeId() const = 0;
+  virtual bool Has(std::string_view member) const = 0;
+  virtual bool IsNull(std::string_view member) const = 0;
+  virtual bool ReadBool(std::string_view member) const = 0;
+  virtual long long ReadInteger(std::string_view member) const = 0;
+  virtual double ReadReal(std::string_view member) const = 0;
+  virtual std::string ReadText(std::string_view member) const = 0;
+  /// The object member, made by its class; null for a null member. What was written once comes back as one object.
+  virtual cow_Handle<cls_Object> ReadObject(std::string_view member) const = 0;
+  /// Opens an object member and hands it to \p read.
+  virtual void ReadNested(std::string_view member, std::function<void(cls_ReadVisitor const&)> const& read) const = 0;
+  /// Opens a list; its elements follow in turn under the empty name. Returns their number.
+  virtual std::size_t StartList(std::string_view member) const = 0;
+  virtual void EndList() const = 0;
+  /// Opens a set of named members; returns the keys in the order of writing.
+  virtual std::vector<std::string> StartMap(std::string_view member) const = 0;
+  virtual void EndMap() const = 0;
+
+  /// Whether the source was written by a visitor that writes runs.
+  virtual bool ReadsRuns() const { return false; }
+
+  /// Refuses the content of \p member: \p expected says what should have stood there.
+  [[noreturn]] virtual void Refuse(std::string_view member, std::string_view expected) const = 0;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/BasicUtils/cls_Persistent.h"
+#include "platform/BasicUtils/cow_String.h"
+
+class dtmC_DatumRef;
+template <> struct cls_TypeIdOf<dtmC_DatumRef> {
+  static constexpr unsigned value = 0x02110001;
+  static constexpr char const* kName = "dtmC_DatumRef";
+};
+
+/// A reference to a datum, such as a local coordinate system, by its name. An empty name is the global system.
+class DDB_API dtmC_DatumRef final : public cls_Persistent<dtmC_DatumRef, cls_Object> {
+public:
+  dtmC_DatumRef();
+  explicit dtmC_DatumRef(cow_String name);
+  explicit dtmC_DatumRef(cls_ReadVisitor const& in);
+
+  cow_String const& Name() const { return name_; }
+  bool IsGlobal() const { return name_.IsEmpty(); }
+
+  friend bool operator==(dtmC_DatumRef const& a, dtmC_DatumRef const& b) { return a.name_ == b.name_; }
+
+  template <class V> static constexpr void VisitMembers(V&& visit) {
+    visit("name", &dtmC_DatumRef::name_, cls_MemberText{"name of the datum; empty for the global system"});
+  }
+
+private:
+  cow_String name_;
+};
+
+/// Scripted by its name.
+template <> struct cls_MemberTraits<dtmC_DatumRef> : cls_ObjectTraits<dtmC_DatumRef> {
+  static cls_Value ToValue(dtmC_DatumRef const& datum) { return std::string(datum.Name().View()); }
+  static std::string_view FromValue(dtmC_DatumRef& datum, cls_Value const& from) {
+    auto const* name = from.As<std::string>();
+    if (name == nullptr) { return "the name of a datum"; }
+    return datum = dtmC_DatumRef(cow_String(*name)), "";
+  }
+};
