@@ -1,0 +1,123 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "framework/ddr_Model.h"
+#include "platform/CaeUtils/omu_ChangeHistory.h"
+
+namespace gattr {
+
+/// Commands and their outcomes keep the order in which they were written.
+using Json = nlohmann::ordered_json;
+
+/// A refusal of the library or of the editing layer.
+struct Refusal {
+  std::string module;     ///< prefix of the module whose table lists it; empty when none does
+  int code = -1;          ///< its number there; -1 when it has none
+  std::string exception;  ///< "nex_TextException", "omu_ValueErrorException", "omu_KeyErrorException"
+  std::string message;    ///< the exact text of the table
+};
+
+/// The statuses of one attribute by number, in step order.
+using NamedHistory = std::pair<std::string, std::vector<int>>;
+
+/// What became of a command.
+struct Outcome {
+  bool ok = false;
+  Refusal refused;           ///< of a command that is not ok
+  bool badInput = false;     ///< the command itself is at fault: an unknown command, argument, object, step or value
+  std::string message;       ///< one line for a person, naming object, step and member; empty when ok
+  std::vector<NamedHistory> history;  ///< see Session::SetTrace
+};
+
+/// One argument of a command.
+struct ArgumentInfo {
+  std::string name;
+  std::string meaning;
+  std::string unit;                  ///< "" where there is none
+  std::vector<std::string> permissible;  ///< texts that it takes; empty when any value of its type does
+  bool required = false;
+};
+
+/// One command, for help.
+struct CommandInfo {
+  std::string name;
+  std::string group;    ///< "steps", "boundary conditions", "references", "attributes and steps", "session"
+  std::string meaning;  ///< one line
+  std::vector<ArgumentInfo> arguments;
+};
+
+/// A model under edit. Commands are the only way to change it: each either succeeds whole or leaves the model, its change
+/// history and the undo stack as they were, also where a call of the library would leave a partial change. The library
+/// must have been started (DDB_GeometricAttributes_initialize).
+///
+/// Snapshots are handle copies, so a command costs what its edit costs, and undoing it no more, whatever the model weighs.
+/// Not for use by two threads at once; several sessions may live in one thread.
+class Session {
+public:
+  /// Begins with an empty model.
+  Session();
+  explicit Session(ddr_Model model);
+
+  /// Runs one command: {"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Step-2"}. Refusals come back in
+  /// the outcome; only running out of memory throws. With "dryRun": true the outcome is the same and nothing changes.
+  Outcome Execute(Json const& command);
+
+  ddr_Model const& Model() const { return model_; }
+
+  bool CanUndo() const { return !undo_.empty(); }
+  bool CanRedo() const { return !redo_.empty(); }
+  /// What Undo would take back, "deactivate Fix"; empty when there is nothing.
+  std::string UndoLabel() const;
+  std::string RedoLabel() const;
+  /// Puts back the model before the last command; false when there is none. Also a command, "undo".
+  bool Undo();
+  bool Redo();
+
+  /// The commands that succeeded, undo and redo among them; running them on the model that the session began with gives
+  /// the present one.
+  std::vector<Json> const& Journal() const { return journal_; }
+  /// What the commands recorded: one tuple for each change in a repository.
+  omu_ChangeHistory const& Changes() const { return changes_; }
+
+  /// Whether outcomes tell histories: of the attribute that a command names, of all attributes after a command on a step.
+  /// Off at first, as the latter costs as much as the whole model; always told of a dry run.
+  void SetTrace(bool on) { trace_ = on; }
+
+  /// All commands with their arguments, grouped.
+  static std::vector<CommandInfo> Commands();
+
+private:
+  /// Whose histories a command touches.
+  struct Scope {
+    bool all = false;
+    std::string extension;           ///< member name of the repository
+    std::vector<std::string> names;  ///< of the attribute, before and after
+  };
+  /// One undoable edit: the model on its other side, and what it added to the change history.
+  struct Edit {
+    ddr_Model model;
+    Json command;
+    std::string label;
+    Scope scope;
+    std::size_t changes;  ///< length of the change history before the edit
+    std::vector<omu_PrimTuple> records;  ///< while undone
+  };
+
+  struct Result;
+  Outcome Step(bool forward);
+  std::vector<NamedHistory> Histories(Scope const& scope) const;
+
+  ddr_Model model_;
+  omu_ChangeHistory changes_;
+  std::vector<Edit> undo_, redo_;
+  std::vector<Json> journal_;
+  bool trace_ = false;
+};
+
+}  // namespace gattr
