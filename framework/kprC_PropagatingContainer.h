@@ -27,14 +27,14 @@ public:
   /// Raises what the attribute refuses; the map is then unchanged.
   bool Insert(cow_String const& name, T const& item) {
     Handle copy = CopyOf(name, item);
-    copy.Get().Initialize(table_);
+    Own(copy.Get()).Initialize(table_);
     copy->AssertValid();
     return Take(name, std::move(copy));
   }
   /// The same without any check of validity.
   bool ForcedInsert(cow_String const& name, T const& item) {
     Handle copy = CopyOf(name, item);
-    copy.Get().InitializeStateValues(table_);
+    Own(copy.Get()).InitializeStateValues(table_);
     return Take(name, std::move(copy));
   }
   bool Remove(cow_String const& name) override {
@@ -108,7 +108,7 @@ public:
     ReplaceSteps(steps);
     SetSteps(steps);
     for (cow_String const& name : Keys()) {
-      Get(name).Initialize(table_);
+      Own(Get(name)).Initialize(table_);
       RecordModify(name);
     }
   }
@@ -149,6 +149,9 @@ public:
   }
 
 private:
+  /// The face with the calls that are the repository's alone.
+  static kprC_StepDependent& Own(T& item) { return item; }
+
   static constexpr int kInsertMark = -99;  // stands in every insertion record
 
   Handle CopyOf(cow_String const& name, T const& item) const {
@@ -179,7 +182,7 @@ private:
     if (map_.Size() == 0) { return SetSteps(steps); }  // nobody to tell step by step
     kprC_StepTable const longer = OrWanted(table_.WithInserted(index, steps[index]), steps);
     for (cow_String const& name : Keys()) {
-      Get(name).InsertStep(index, longer);
+      Own(Get(name)).InsertStep(index, longer);
       RecordModify(name);
     }
     SetSteps(longer);
@@ -201,7 +204,7 @@ private:
         }
         Remove(name);
       } else {
-        Get(name).RemoveStep(index, shorter);
+        Own(Get(name)).RemoveStep(index, shorter);
         RecordModify(name);
       }
     }
@@ -219,7 +222,7 @@ private:
     }
     if (!renamed) { return; }
     SetSteps(OrWanted(kprC_StepTable(std::move(sequence)), steps));
-    for (cow_String const& name : Keys()) { Get(name).RenameStep(table_); }
+    for (cow_String const& name : Keys()) { Own(Get(name)).RenameStep(table_); }
   }
   void ReplaceSteps(kprC_StepTable const& steps) {
     for (std::size_t i = 0; i < steps.Size(); ++i) {
@@ -227,7 +230,7 @@ private:
       auto const& then = steps[i].procedure;
       if (!now || !then || now->DynTypeId() == then->DynTypeId()) { continue; }
       kprC_StepTable const bare = table_.WithReplaced(i, kprC_StepNameProcedurePair(table_.Name(i), nullptr));
-      for (cow_String const& name : Keys()) { Get(name).ReplaceStep(i, bare); }
+      for (cow_String const& name : Keys()) { Own(Get(name)).ReplaceStep(i, bare); }
       SetSteps(bare);
     }
   }
@@ -243,7 +246,7 @@ private:
         fits = own.Name(i) == table_.Name(i) || (in.ReadsRuns() && i > 0 && own.Name(i) == own.Name(i - 1));
       }
       if (!fits) { in.Refuse("map", "one record for each step of the sequence, in step order, in \"" + std::string(name.View()) + "\""); }
-      item.AttachSteps(table_);
+      Own(item).AttachSteps(table_);
     }
   }
 

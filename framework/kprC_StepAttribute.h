@@ -2,7 +2,6 @@
 
 #include <array>
 
-#include "framework/kprC_ProcedureSet.h"
 #include "framework/kprC_Propagator.h"
 #include "framework/kprC_StepDependent.h"
 
@@ -35,9 +34,9 @@ template <class Error> struct kprC_StepRefusals {
   Error setToPropagated;      ///< a caller sets a member to "PROPAGATED"
 };
 
-/// Procedures that nothing may be moved into, and the refusal.
-template <class Error> struct kprC_MoveTarget {
-  kprC_ProcedureSet procedures;
+/// Procedures that nothing may be moved into, and the refusal. \p Set answers Contains(procedureType).
+template <class Set, class Error> struct kprC_MoveTarget {
+  Set procedures;
   Error refusal;
 };
 
@@ -183,7 +182,7 @@ public:
     Rules::Assert(!source || !source->Perturbation(), Rules::kRefusals.moveFromPerturbation);
     if (auto const& procedure = Steps()[to].procedure) {
       unsigned const type = kprC_ProcedureTypeOf(procedure.ConstGet());
-      for (auto const& target : Rules::kMoveTargets) { Rules::Assert(!target.procedures.Has(type), target.refusal); }
+      for (auto const& target : Rules::kMoveTargets) { Rules::Assert(!target.procedures.Contains(type), target.refusal); }
       Rules::Assert(Admits(type, false), Rules::kRefusals.moveNotAdmitted);
     }
     StateHandle moved = states_.State(from);

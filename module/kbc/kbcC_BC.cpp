@@ -1,6 +1,6 @@
 #include "module/kbc/kbcC_BC.h"
 
-#include "module/kpr/kprC_ProcedureTable.h"
+#include "module/kpr/kprC_Procedures.h"
 #include "module/kpr/kprC_Step.h"
 
 cow_1DArrayList<cow_String> kbcC_BC::Amplitudes() const {
@@ -64,7 +64,7 @@ void kbcC_BC::AssertValid() const {
   if (suppress_) { return; }
   kbcC_Assert(!UsesField() || !fieldName_.IsEmpty(), kbcC_ErrorEnm::FieldNameMissing);
   ForEachStretch([&](auto, auto, auto status, auto const&, unsigned procedure) {
-    kbcC_Assert(procedure != kprC_ANNEAL || !IsActive(status), kbcC_ErrorEnm::AnnealStep);
+    kbcC_Assert(procedure != kprC_ProcedureType::Anneal || !IsActive(status), kbcC_ErrorEnm::AnnealStep);
   });
   ForEachStretch([&](auto, auto, auto status, auto const&, unsigned procedure) {
     bool const carried = status != mdl_PropagationStatusEnm::Created;

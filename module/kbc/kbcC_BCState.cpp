@@ -2,9 +2,12 @@
 
 #include "module/kbc/kbcC_StepRules.h"
 
-bool kbcC_BCState::UseAmplitude(unsigned procedureType) const { return procedureType != 0 && !kbcC_kNoAmplitude.Has(procedureType); }
-bool kbcC_BCState::UseComplex(unsigned procedureType) const { return kbcC_kComplex.Has(procedureType); }
-bool kbcC_BCState::UseMagnitude(unsigned procedureType) const { return !kbcC_kNoMagnitude.Has(procedureType); }
+kbcC_BCState::kbcC_BCState() = default;
+kbcC_BCState::kbcC_BCState(cls_ReadVisitor const& in) : kbcC_BCState() { cls_ReadMembers(*this, in); }
+
+bool kbcC_BCState::UseAmplitude(unsigned procedureType) const { return procedureType != 0 && !kbcC_kNoAmplitude.Contains(procedureType); }
+bool kbcC_BCState::UseComplex(unsigned procedureType) const { return kbcC_kComplex.Contains(procedureType); }
+bool kbcC_BCState::UseMagnitude(unsigned procedureType) const { return !kbcC_kNoMagnitude.Contains(procedureType); }
 
 void kbcC_BCState::ChangeProcedureType(unsigned procedureType) {
   if (!UseAmplitude(procedureType)) { amplitude = mdl_Unset; }

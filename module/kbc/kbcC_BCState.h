@@ -14,6 +14,9 @@ public:
   static constexpr omn_FixedString deactivateCmd() { return "deactivate"; }
   static constexpr omn_FixedString amplitudeCmd() { return "amplitude"; }
 
+  kbcC_BCState();
+  explicit kbcC_BCState(cls_ReadVisitor const& in);
+
   mdl_PropAttr<cow_String> amplitude;  ///< name of the amplitude that varies the values over the step
 
   /// False for the initial step and for buckle, frequency, static Riks, static linear perturbation and complex frequency.

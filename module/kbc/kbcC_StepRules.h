@@ -1,8 +1,11 @@
 #pragma once
 
+#include <span>
+#include <string_view>
+
 #include "framework/kprC_StepAttribute.h"
 #include "module/kbc/kbcC_BCState.h"
-#include "module/kpr/kprC_ProcedureTable.h"
+#include "module/kpr/kprC_Procedures.h"
 
 /// What sets boundary conditions apart from the other families: statuses, procedures and refusals, as tables.
 struct DDB_API kbcC_StepRules {
@@ -67,13 +70,13 @@ struct DDB_API kbcC_StepRules {
       .setToPropagated = Error::StateSetToPropagated,
   };
   /// Procedures that nothing is moved into, in the order in which they are asked.
-  static constexpr kprC_MoveTarget<Error> kMoveTargets[] = {
-      {kprC_kPerturbation, Error::MoveToPerturbation},
-      {{kprC_ANNEAL}, Error::MoveToAnneal},
-      {{kprC_MODAL_DYNAMICS}, Error::MoveToModalDynamics},
-      {{kprC_RANDOM_RESPONSE}, Error::MoveToRandomResponse},
-      {{kprC_RESPONSE_SPECTRUM}, Error::MoveToResponseSpectrum},
-      {{kprC_STEADY_STATE_MODAL}, Error::MoveToSteadyStateModal},
+  static constexpr kprC_MoveTarget<kprC_ProcedureSet, Error> kMoveTargets[] = {
+      {kprC_perturbationProcedures, Error::MoveToPerturbation},
+      {{kprC_ProcedureType::Anneal}, Error::MoveToAnneal},
+      {{kprC_ProcedureType::ModalDynamics}, Error::MoveToModalDynamics},
+      {{kprC_ProcedureType::RandomResponse}, Error::MoveToRandomResponse},
+      {{kprC_ProcedureType::ResponseSpectrum}, Error::MoveToResponseSpectrum},
+      {{kprC_ProcedureType::SteadyStateModal}, Error::MoveToSteadyStateModal},
   };
   /// What the editing layers refuse.
   static constexpr Error Edit(kprC_EditRefusal refusal) {
@@ -92,34 +95,35 @@ struct DDB_API kbcC_StepRules {
   }
 
   /// Modal-based procedures hold every condition by the modes of an earlier frequency step.
-  static constexpr kprC_ProcedureSet kModal = {kprC_MODAL_DYNAMICS,     kprC_RANDOM_RESPONSE,   kprC_RESPONSE_SPECTRUM,
-                                               kprC_STEADY_STATE_MODAL, kprC_DYNAMIC_SUBSPACE, kprC_COMPLEX_FREQUENCY};
+  static constexpr kprC_ProcedureSet kModal = {kprC_ProcedureType::ModalDynamics,     kprC_ProcedureType::RandomResponse,   kprC_ProcedureType::ResponseSpectrum,
+                                               kprC_ProcedureType::SteadyStateModal, kprC_ProcedureType::SubspaceDynamics, kprC_ProcedureType::ComplexFrequency};
 
   static constexpr kprC_StepKind Kind(unsigned procedureType) {
-    if (kModal.Has(procedureType)) { return kprC_StepKind::Modal; }
-    return kprC_kPerturbation.Has(procedureType) ? kprC_StepKind::Perturbation : kprC_StepKind::General;
+    if (kModal.Contains(procedureType)) { return kprC_StepKind::Modal; }
+    return kprC_perturbationProcedures.Contains(procedureType) ? kprC_StepKind::Perturbation : kprC_StepKind::General;
   }
-  static constexpr bool IsFrequency(unsigned procedureType) { return procedureType == kprC_FREQUENCY; }
+  static constexpr bool IsFrequency(unsigned procedureType) { return procedureType == kprC_ProcedureType::Frequency; }
   static void Assert(bool condition, Error code) { kbcC_Assert(condition, code); }
 };
 
 // procedures in whose steps an amplitude, a complex value or a magnitude means nothing or something
-inline constexpr kprC_ProcedureSet kbcC_kNoAmplitude = {kprC_BUCKLE, kprC_FREQUENCY, kprC_STATIC_RIKS,
-                                                        kprC_STATIC_LINEAR_PERTURBATION, kprC_COMPLEX_FREQUENCY};
-inline constexpr kprC_ProcedureSet kbcC_kComplex = {kprC_STEADY_STATE_DIRECT};
-inline constexpr kprC_ProcedureSet kbcC_kNoMagnitude = {kprC_FREQUENCY, kprC_COMPLEX_FREQUENCY};
+inline constexpr kprC_ProcedureSet kbcC_kNoAmplitude = {kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency, kprC_ProcedureType::StaticRiks,
+                                                        kprC_ProcedureType::StaticLinearPerturbation, kprC_ProcedureType::ComplexFrequency};
+inline constexpr kprC_ProcedureSet kbcC_kComplex = {kprC_ProcedureType::SteadyStateDirect};
+inline constexpr kprC_ProcedureSet kbcC_kNoMagnitude = {kprC_ProcedureType::Frequency, kprC_ProcedureType::ComplexFrequency};
 
 /// The own rule of a type whose degrees of freedom, once constrained, stay so: carried, it stands in every perturbation
 /// procedure that solves for them and in the modal-based ones; nothing is added for a creation.
 inline constexpr kprC_ProcedureSet kbcC_kStaysConstrained =
-    kbcC_StepRules::kModal | kprC_ProcedureSet{kprC_BUCKLE, kprC_FREQUENCY, kprC_STATIC_LINEAR_PERTURBATION, kprC_STEADY_STATE_DIRECT,
-                                               kprC_STEADY_STATE_SUBSPACE};
+    kbcC_StepRules::kModal | kprC_ProcedureSet{kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency, kprC_ProcedureType::StaticLinearPerturbation, kprC_ProcedureType::SteadyStateDirect,
+                                               kprC_ProcedureType::SteadyStateSubspace};
 inline constexpr bool kbcC_StaysConstrained(unsigned procedureType, bool carried) {
-  return carried && kbcC_kStaysConstrained.Has(procedureType);
+  return carried && kbcC_kStaysConstrained.Contains(procedureType);
 }
 
 /// One row of the table of types by procedure: a type and the procedures in whose steps it may be created.
 struct kbcC_AdmissionRow {
+  unsigned typeId;
   std::string_view type;  ///< the class's name
   bool mechanical;        ///< in the mechanical list of its procedures, else in the other list
   kprC_ProcedureSet procedures;

@@ -127,7 +127,9 @@ struct cls_MemberTraits<M> : cls_ObjectTraits<M> {};
 template <class T>
   requires std::derived_from<T, cls_Object>
 struct cls_MemberTraits<cow_Handle<T>> {
-  static void Describe(cls_MemberInfo& info) { info.typeId = T::TypeId(); }
+  static void Describe(cls_MemberInfo& info) {
+    if constexpr (requires { T::TypeId(); }) { info.typeId = T::TypeId(); }  // an interface has none
+  }
   static void Write(cls_WriteVisitor const& out, std::string_view name, cow_Handle<T> const& value) {
     value ? out.WriteObject(name, *value) : out.WriteNull(name);
   }

@@ -24,7 +24,7 @@ public:
   static constexpr unsigned TypeId() { return cls_TypeIdOf<Derived>::value; }
 
   static void InitializeMetadata(cls_ClassRegistrar& registrar) {
-    if constexpr (requires { cls_ListOf<Base>; }) {
+    if constexpr (requires { &Base::template VisitMembers<cls_NullVisitor const&>; }) {
       static_assert(cls_ListOf<Derived> != cls_ListOf<Base>, "declare VisitMembers in this class too, even with no member of its own");
     }
     cls_ClassMetadata& info = registrar.AddClass(cls_TypeIdOf<Derived>::kName, TypeId());
