@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "framework/ddb_CallCounter.h"
+#include "platform/CoreUtils/ddb_CallCounter.h"
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 
 /// Flag with which a module hands over its metadata functions: describe, make and destroy.

@@ -106,8 +106,10 @@ public:
     }
     RenameSteps(steps);
     ReplaceSteps(steps);
+    bool const sameNames = table_.SameNames(steps);  // asked once, not by every attribute
     SetSteps(steps);
     for (cow_String const& name : Keys()) {
+      if (sameNames) { Own(Get(name)).AttachSteps(table_); }
       Own(Get(name)).Initialize(table_);
       RecordModify(name);
     }

@@ -10,7 +10,7 @@ template <class T> struct cls_MemberTraits<cow_Map<cow_String, cow_Handle<T>>> {
   using Map = cow_Map<cow_String, cow_Handle<T>>;
 
   static void Describe(cls_MemberInfo& info) {
-    info.typeId = T::TypeId();
+    if constexpr (requires { T::TypeId(); }) { info.typeId = T::TypeId(); }  // an interface has none
     info.many = true;
   }
   static void Write(cls_WriteVisitor const& out, std::string_view name, Map const& map) {

@@ -1,0 +1,16 @@
+#include "module/ddb_BareModules.h"
+
+#include "framework/ddb_Module.h"
+
+namespace {
+template <unsigned Number> ddb_CallCounter& Calls() {
+  static ddb_CallCounter calls;
+  return calls;
+}
+}  // namespace
+
+#define DDB_BARE_MODULE(prefix, name, number)                                                                            \
+  void name##_initialize(int& count) { ddb_EnterModule(Calls<number>(), count, number, #prefix, [] {}); } \
+  void name##_finalize(int& count) { ddb_LeaveModule(Calls<number>(), count, number, [] {}); }
+#include "module/ddb_BareModules.def"
+#undef DDB_BARE_MODULE

@@ -1,0 +1,26 @@
+#include "module/kfd/kfdC_Field.h"
+
+#include "framework/ddb_Module.h"
+#include "framework/ddr_Model.h"
+
+kfdC_Field::kfdC_Field() = default;
+kfdC_Field::kfdC_Field(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
+
+namespace {
+ddb_CallCounter& Calls() {
+  static ddb_CallCounter calls;
+  return calls;
+}
+}  // namespace
+
+void kfdC_initialize(int& count) {
+  ddb_EnterModule(Calls(), count, kfdC_moduleNumber, "kfd", [] {
+    mdl_ExtensionSubject::RegisterExtension(ddr_Model::fieldsCmd(), cow_Handle<kfdC_FieldMap>::Make());
+    cls_MetadataRegistrar::initClassMetadata(&kfdC_Field::InitializeMetadata, ddb_metadataFlag);
+    cls_MetadataRegistrar::initClassMetadata(&kfdC_FieldMap::InitializeMetadata, ddb_metadataFlag);
+  });
+}
+
+void kfdC_finalize(int& count) {
+  ddb_LeaveModule(Calls(), count, kfdC_moduleNumber, [] { mdl_ExtensionSubject::UnregisterExtension(ddr_Model::fieldsCmd()); });
+}
