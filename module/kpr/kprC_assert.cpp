@@ -21,8 +21,7 @@ void kprC_Assert(bool condition, kprC_ErrorEnm code) {
   if (condition) { return; }
   nex_ErrorRow const* const row = nex_FindRow(kRows, static_cast<int>(code));
   atr_String const text = row != nullptr ? atr_translate(row->text) : atr_String();
-  nex_Exception::Throw(nex_TextException(text, {"kpr", static_cast<int>(code)}), "generated/module/kpr/com/impl/kprC_assert",
-                       __LINE__);
+  nex_Exception::Throw(nex_TextException(text, {"kpr", static_cast<int>(code)}), "generated/module/kpr/com/impl/kprC_assert", __LINE__);
 }
 
 std::span<nex_ErrorRow const> kprC_Errors() { return kRows; }

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "module/kpr/kprC_ProcedureStep.h"
+
+/// Sets stresses and strains to those of a body that has been annealed. Takes no time of the analysis.
+class DDB_API kprC_AnnealStep final : public kprC_ProcedureStep<kprC_AnnealStep> {
+public:
+  kprC_AnnealStep();
+  explicit kprC_AnnealStep(cls_ReadVisitor const& in);
+};

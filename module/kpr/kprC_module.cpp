@@ -1,0 +1,38 @@
+#include "module/kpr/kprC_module.h"
+
+#include "framework/ddb_Module.h"
+#include "framework/ddr_Model.h"
+#include "module/kpr/kprC_ProcedureTypeLabelMap.h"
+#include "module/kpr/kprC_StepContainer.h"
+#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/kprC_assert.h"
+
+namespace {
+
+constexpr char const* kModule = "kpr";
+
+ddb_CallCounter& Calls() {
+  static ddb_CallCounter calls;
+  return calls;
+}
+
+}  // namespace
+
+void kprC_initialize(int& count) {
+  ddb_EnterModule(Calls(), count, kprC_moduleNumber, kModule, [] {
+    mdl_ExtensionSubject::RegisterExtension(ddr_Model::stepsCmd(), cow_Handle<kprC_StepContainer>::Make());
+    thr_GlobalSingleton<nex_Catalogues>::Instance().Register({kModule, kprC_Errors()});
+#define KPR_TYPE(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
+#include "module/kpr/kprC_TypeTable.def"
+#undef KPR_TYPE
+  });
+}
+
+void kprC_finalize(int& count) {
+  ddb_LeaveModule(Calls(), count, kprC_moduleNumber, [] {
+    thr_ThreadSingleton<kprC_LabelsBitMap>::Finalize();
+    thr_GlobalSingleton<kprC_ProcedureTypeLabelMap>::Finalize();
+    thr_GlobalSingleton<nex_Catalogues>::Instance().Withdraw(kModule);
+    mdl_ExtensionSubject::UnregisterExtension(ddr_Model::stepsCmd());
+  });
+}
