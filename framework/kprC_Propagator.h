@@ -148,10 +148,7 @@ private:
   Handle const& Carried(bool off, Handle const& now) {
     Handle& carried = carried_[off];
     if (!carried) {
-      auto made = Duplicate(*source_);
-      made->Propagate();
-      made->SetSwitchedOff(off);
-      carried = Settle(std::move(made), now, carried_[!off]);
+      carried = Settle(Propagated(off), now, carried_[!off]);
     }
     return carried;
   }
@@ -160,12 +157,18 @@ private:
   Handle Merged(State const& own, bool off, Handle const& now) {
     auto clear = Duplicate(own);
     clear->SetSwitchedOff(false);
-    auto made = Duplicate(*Carried(false, nullptr));
+    auto made = Propagated(false);
     made->Modify(*clear);
     made->SetSwitchedOff(off);
     return Settle(std::move(made), now, nullptr);
   }
 
+  std::unique_ptr<State> Propagated(bool off) const {
+    auto made = Duplicate(*source_);
+    made->Propagate();
+    made->SetSwitchedOff(off);
+    return made;
+  }
   static std::unique_ptr<State> Duplicate(State const& state) {
     return std::unique_ptr<State>(static_cast<State*>(state.Copy().release()));
   }

@@ -1,0 +1,268 @@
+#include <random>
+#include <sstream>
+
+#include "framework/kprC_PropagatingContainer.h"
+#include "module/kbc/kbcC_DisplacementBC.h"
+#include "platform/BasicUtils/nex_Exception.h"
+#include "platform/CaeUtils/omu_ValueErrorException.h"
+#include "tests/framework/PlainHistory.h"
+#include "tests/support/Library.h"
+#include "tests/support/StepLetters.h"
+
+namespace {
+
+using Repository = kprC_PropagatingContainer<kbcC_BC>;
+using Member = mdl_PropAttr<double>;
+
+/// A repository with one displacement condition "B", edited by words.
+class Script {
+public:
+  Script(std::string_view steps, std::string const& createStep) {
+    repository.UpdateSteps(kprC_StepTable(test::StepsOf(steps)));
+    kbcC_DisplacementBC condition;
+    kbcC_DisplacementBCState state;
+    state.u1 = 0.0;
+    condition.Insert(cow_String(createStep), state);
+    repository.Insert("B", condition);
+  }
+
+  /// "modify S3", "insert S1" (values with a clear flag), "deactivate S4", "reset S4", "remove S3", "move S1 S3",
+  /// "insertStep P S1" (behind S1), "removeStep S2". Answers "refused CODE" where the operation is refused.
+  std::string Do(std::string const& edit) {
+    std::istringstream words(edit);
+    std::string what, one, two;
+    words >> what >> one >> two;
+    Repository const before = repository;
+    try {
+      if (what == "insertStep") {
+        InsertStep(one[0], two);
+      } else if (what == "removeStep") {
+        kprC_StepTable const& steps = repository.Steps();
+        repository.UpdateSteps(steps.WithRemoved(steps.Find(one)));
+      } else {
+        kbcC_BC& condition = repository.Get("B");
+        if (what == "modify" || what == "insert") {
+          kbcC_DisplacementBCState state;
+          state.u2 = what == "modify" ? 0.5 : 0.0;
+          condition.Insert(cow_String(one), state);
+        } else if (what == "deactivate") {
+          condition.Deactivate(cow_String(one));
+        } else if (what == "reset") {
+          condition.Reset(cow_String(one));
+        } else if (what == "remove") {
+          condition.Remove(cow_String(one));
+        } else if (what == "move") {
+          condition.Move(cow_String(one), cow_String(two));
+        } else {
+          throw std::invalid_argument(edit);
+        }
+      }
+    } catch (nex_TextException const& refusal) {
+      repository = before;
+      return "refused " + std::to_string(refusal.Code());
+    } catch (omu_ValueErrorException const& refusal) {
+      repository = before;
+      return "refused " + std::to_string(refusal.Code());
+    }
+    return History();
+  }
+  std::string History() const {
+    std::string statuses;
+    if (!repository.IsMember("B")) { return "gone"; }
+    for (auto const status : repository.ConstGet("B").History()) {
+      statuses += (statuses.empty() ? "" : " ") + std::to_string(static_cast<int>(status));
+    }
+    return statuses;
+  }
+
+  Repository repository;
+
+private:
+  void InsertStep(char letter, std::string const& after) {
+    kprC_StepTable const& steps = repository.Steps();
+    std::string const name = "N" + std::to_string(++inserted_);
+    repository.UpdateSteps(steps.WithInserted(steps.Find(after) + 1, kprC_StepNameProcedurePair(cow_String(name), test::StepOf(letter))));
+  }
+  int inserted_ = 0;
+};
+
+class History : public test::WithLibrary {};
+
+struct Row {
+  char const* steps;
+  char const* created;
+  std::vector<std::pair<char const*, char const*>> edits;  // edit: history after it; the first edit "" is the creation
+};
+
+TEST_F(History, FollowsTheEditsOfADisplacementCondition) {
+  std::vector<Row> const rows = {
+      {"IGGGG", "S2", {{"", "0 0 1 2 2"}, {"modify S3", "0 0 1 3 2"}, {"deactivate S4", "0 0 1 3 4"}, {"reset S4", "0 0 1 3 2"},
+                       {"reset S3", "refused 57"}, {"remove S3", "0 0 1 2 2"}}},
+      {"IGGGG", "Initial", {{"", "1 9 9 9 9"}, {"modify S2", "1 9 10 2 2"}, {"deactivate S3", "1 9 10 4 5"}, {"reset S3", "1 9 10 2 2"}}},
+      {"IGGGG", "S1", {{"modify S3", "0 1 2 3 2"}, {"deactivate S2", "0 1 4 5 5"}, {"reset S2", "0 1 2 3 2"}}},
+      {"IGPGP", "S1", {{"", "0 1 9 2 9"}, {"modify S2", "0 1 10 2 9"}, {"deactivate S2", "0 1 11 2 9"}, {"reset S2", "0 1 9 2 9"},
+                       {"deactivate S1", "0 4 5 5 5"}}},
+      {"IGFMCG", "S1", {{"", "0 1 9 12 12 2"}, {"deactivate S2", "0 1 11 5 5 2"}, {"deactivate S3", "refused 9"}}},
+      {"IGFMCG", "S1", {{"deactivate S3", "refused 9"}, {"reset S3", "0 1 9 12 12 2"}, {"modify S3", "0 1 9 12 12 2"}}},
+      {"IGFMG", "S2", {{"", "0 0 1 12 7"}}},
+      {"IESG", "S1", {{"", "0 1 12 2"}}},
+      {"IGPPG", "S2", {{"", "0 0 1 7 7"}, {"deactivate S3", "refused 9"}}},
+      {"IXXAX", "S1", {{"", "0 1 2 6 2"}, {"deactivate S2", "0 1 4 6 5"}}},
+      {"IXXAX", "S1", {{"modify S3", "refused 24"}}},
+      {"IGPGG", "S1", {{"move S1 S3", "0 0 0 1 2"}}},
+      {"IGGGG", "S1", {{"modify S3", "0 1 2 3 2"}, {"move S1 S4", "refused 27"}, {"move S1 S3", "refused 28"}, {"move S3 S4", "0 1 2 2 3"}}},
+      {"IGG", "S1", {{"deactivate S1", "0 4 5"}, {"reset S1", "refused 19"}, {"insert S1", "0 1 2"}}},
+      {"IGGG", "S1", {{"deactivate S2", "0 1 4 5"}, {"insertStep P S1", "0 1 9 4 5"}, {"removeStep N1", "0 1 4 5"}, {"removeStep S2", "0 1 2"}}},
+      {"IGGGG", "S2", {{"modify S4", "0 0 1 2 3"}, {"move S4 S1", "refused 27"}, {"move S2 S1", "0 1 2 2 3"}, {"move S1 S1", "0 1 2 2 3"},
+                       {"move S1 S9", "refused 3"}, {"move S9 S1", "refused 3"}, {"move S3 S2", "refused 18"}, {"deactivate S9", "refused 3"}}},
+      {"IGGGG", "S3", {{"modify S4", "0 0 0 1 3"}, {"move S4 S2", "refused 27"}, {"move S4 S3", "refused 28"}}},
+      {"IGGG", "S1", {{"removeStep S1", "gone"}}},
+      {"IGGG", "S2", {{"modify S3", "0 0 1 3"}, {"remove S2", "0 0 0 1"}, {"remove S3", "0 0 0 0"}}},
+      {"IGHG", "S1", {{"", "0 1 6 2"}, {"modify S2", "refused 45"}}},
+      {"IGPG", "S1", {{"move S1 S2", "refused 39"}, {"modify S2", "0 1 10 2"}, {"move S2 S3", "refused 38"}}},
+      {"IGAG", "S1", {{"move S1 S2", "refused 29"}, {"move S1 S3", "0 0 0 1"}}},
+      {"IGHG", "S1", {{"move S1 S2", "refused 44"}}},
+  };
+  for (Row const& row : rows) {
+    Script script(row.steps, row.created);
+    std::string told = std::string(row.steps) + " [" + row.created + "]";
+    for (auto const& [edit, history] : row.edits) {
+      told += std::string("; ") + edit;
+      EXPECT_EQ(*edit == '\0' ? script.History() : script.Do(edit), history) << told;
+    }
+  }
+}
+
+/// The records of the engine, told plainly.
+std::vector<plain::Record> Told(kbcC_BC const& condition, std::string const& letters) {
+  std::vector<plain::Record> records(letters.size());
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    records[i].step = letters[i];
+    records[i].status = static_cast<int>(condition.StatusAt(i));
+    if (auto const* state = dynamic_cast<kbcC_DisplacementBCState const*>(condition.StateAt(i))) {
+      auto const member = [](Member const& m) { return plain::Member{m.ConstGet(), m.State()}; };
+      records[i].state = plain::State{state->SwitchedOff(), {member(state->u1), member(state->u2), member(state->u3)}};
+    }
+  }
+  return records;
+}
+
+std::string Text(std::vector<plain::Record> const& records) {
+  std::ostringstream out;
+  for (plain::Record const& r : records) {
+    out << r.step << r.status;
+    if (r.state) {
+      out << (r.state->off ? "!" : ":");
+      for (plain::Member const& m : r.state->u) { out << m.state << (m.state == 1 || m.state == 2 ? "=" + std::to_string(int(m.value)) : ""); }
+    }
+    out << ' ';
+  }
+  return out.str();
+}
+
+TEST_F(History, IsTheOneThatAWalkOverEveryRecordGives) {
+  std::string const letters = "GGGPFMCSUXAHT";
+  kbcC_DisplacementBC const type;
+  auto const admits = [&](char letter) { return type.Admits(kprC_ProcedureTypeOf(test::StepOf(letter).ConstGet()), true); };
+  for (unsigned seed = 0; seed < 300; ++seed) {
+    std::mt19937 random(seed);
+    auto const upTo = [&](std::size_t n) { return std::uniform_int_distribution<std::size_t>(0, n)(random); };
+    std::string sequence = "I";
+    for (std::size_t n = 2 + upTo(8); n > 0; --n) { sequence += letters[upTo(letters.size() - 1)]; }
+
+    kprC_StepTable steps(test::StepsOf(sequence));
+    Repository repository;
+    repository.UpdateSteps(steps);
+    kbcC_DisplacementBC condition;
+    kbcC_DisplacementBCState first;
+    first.u1 = 0.0;
+    condition.Insert(steps.Name(upTo(sequence.size() - 1)), first);
+    repository.ForcedInsert("B", condition);
+    repository.Get("B").Suppress();  // no edit is refused for what AssertValid alone finds
+    std::string done;
+    for (int edit = 0; edit < 25 && repository.IsMember("B"); ++edit) {
+      std::vector<plain::Record> expected = Told(repository.ConstGet("B"), sequence);
+      std::size_t const at = upTo(sequence.size() - 1), to = upTo(sequence.size() - 1);
+      cow_String const name = repository.Steps().Name(at);
+      plain::Record& record = expected[at];
+      Repository const before = repository;
+      try {
+        switch (upTo(6)) {
+          case 0: {  // set or free some members
+            kbcC_DisplacementBCState state;
+            plain::State own;
+            Member* const members[] = {&state.u1, &state.u2, &state.u3};
+            for (std::size_t i = 0; i < 3; ++i) {
+              std::size_t const choice = upTo(2);
+              if (choice == 1) { *members[i] = double(edit), own.u[i] = {double(edit), 1}; }
+              if (choice == 2 && record.status == 2) { *members[i] = mdl_Freed, own.u[i] = {0.0, 3}; }
+            }
+            record.state = own;
+            done += " insert " + std::to_string(at);
+            repository.Get("B").Insert(name, state);
+            break;
+          }
+          case 1:
+            if (record.state) { record.state->off = true; }
+            done += " deactivate " + std::to_string(at);
+            repository.Get("B").Deactivate(name);
+            break;
+          case 2:
+            record.state.reset();
+            done += " reset " + std::to_string(at);
+            repository.Get("B").Reset(name);
+            break;
+          case 3:
+            record.state.reset();
+            done += " remove " + std::to_string(at);
+            repository.Get("B").Remove(name);
+            break;
+          case 4: {
+            if (at == to) { continue; }
+            for (std::size_t i = std::min(at, to) + 1; i < std::max(at, to); ++i) { expected[i].state.reset(); }
+            expected[to].status = expected[at].status;
+            expected[to].state = expected[at].state;
+            expected[at].state.reset();
+            done += " move " + std::to_string(at) + ">" + std::to_string(to);
+            repository.Get("B").Move(name, repository.Steps().Name(to));
+            break;
+          }
+          case 5: {
+            char const letter = letters[upTo(letters.size() - 1)];
+            sequence.insert(sequence.begin() + static_cast<std::ptrdiff_t>(at) + 1, letter);
+            expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(at) + 1, plain::Record{letter, 0, {}});
+            cow_String const added("N" + std::to_string(edit));
+            done += std::string(" insertStep ") + letter + std::to_string(at);
+            repository.UpdateSteps(repository.Steps().WithInserted(at + 1, kprC_StepNameProcedurePair(added, test::StepOf(letter))));
+            break;
+          }
+          default:
+            if (at == 0) { continue; }
+            if (repository.ConstGet("B").CreateStepName() == name) { continue; }
+            sequence.erase(at, 1);
+            expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(at));
+            done += " removeStep " + std::to_string(at);
+            repository.UpdateSteps(repository.Steps().WithRemoved(at));
+            break;
+        }
+      } catch (nex_TextException const&) {
+        repository = before;
+        done += " (refused)";
+        continue;
+      }
+      plain::Pass(expected, admits);
+      std::vector<plain::Record> const got = Told(repository.ConstGet("B"), sequence);
+      ASSERT_EQ(Text(got), Text(expected)) << "seed " << seed << ":" << done;
+
+      // a second pass changes nothing, and no state gets another object
+      kbcC_BC const& now = repository.ConstGet("B");
+      std::vector<cls_Object const*> objects;
+      for (std::size_t i = 0; i < sequence.size(); ++i) { objects.push_back(now.StateAt(i)); }
+      repository.UpdateSteps(repository.Steps());
+      ASSERT_EQ(Text(Told(repository.ConstGet("B"), sequence)), Text(expected)) << "second pass, seed " << seed << ":" << done;
+      for (std::size_t i = 0; i < sequence.size(); ++i) { ASSERT_EQ(repository.ConstGet("B").StateAt(i), objects[i]) << i; }
+    }
+  }
+}
+
+}  // namespace
