@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+
+#include "framework/ddr_Model.h"
+
+namespace gattr {
+
+/// A model file (`.gadb`): a database of the embedded engine, described in README.md.
+///
+/// The object stands for one path and remembers, as a snapshot, the model that it last opened or saved there, so that
+/// saving again writes only what differs: an edit of one attribute costs one row, whatever the number of attributes. The
+/// file is open only during a call. Where somebody else has written it meanwhile, everything is written.
+///
+/// Both calls raise a StoreError. The library must have been started (DDB_GeometricAttributes_initialize).
+class ModelFile {
+public:
+  explicit ModelFile(std::filesystem::path path);
+  ModelFile(ModelFile&&) noexcept;
+  ModelFile& operator=(ModelFile&&) noexcept;
+  ~ModelFile();
+
+  std::filesystem::path const& Path() const { return path_; }
+
+  /// The model in the file. Linear in the steps, the attributes and the changes that they make.
+  ddr_Model Open();
+  /// Puts \p model in the place of what the file holds, in one transaction: after a crash at any moment the file holds
+  /// the old model or the new one. A file that is there and is no model file is refused, not overwritten.
+  void Save(ddr_Model const& model);
+
+private:
+  struct Saved;  // what the file held when this object last touched it
+
+  std::filesystem::path path_;
+  std::unique_ptr<Saved> saved_;
+};
+
+}  // namespace gattr
