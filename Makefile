@@ -2,7 +2,6 @@
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
 BUILD := build/release
-QUIET := --log-level=NOTICE
 
 .DEFAULT_GOAL := help
 .PHONY: help setup build test asan demo bench format format-check lint install clean
@@ -14,14 +13,14 @@ setup: ## install the Debian packages that are missing
 	@cmake/setup.sh
 
 build: setup ## library, tools and tests, in build/release
-	@cmake --preset release $(QUIET)
+	@cmake --preset release >/dev/null
 	@cmake --build --preset release -j $(JOBS)
 
 test: build ## build and run all tests
 	@ctest --preset release -j $(JOBS)
 
 asan: setup ## the same under the address and undefined-behaviour sanitizers
-	@cmake --preset asan $(QUIET)
+	@cmake --preset asan >/dev/null
 	@cmake --build --preset asan -j $(JOBS)
 	@ctest --preset asan -j $(JOBS)
 
@@ -29,7 +28,7 @@ demo: build ## replay an example, print its histories, leave a model file
 	@PATH="$(CURDIR)/$(BUILD)/bin:$$PATH" examples/demo.sh
 
 bench: setup ## build and run the benchmarks; BENCH_ARGS goes to each
-	@cmake --preset bench $(QUIET)
+	@cmake --preset bench >/dev/null
 	@cmake --build --preset bench -j $(JOBS)
 	@for program in build/bench/bin/bench_*; do echo "$${program##*/}"; "$$program" $(BENCH_ARGS) || exit 1; done
 
@@ -41,7 +40,7 @@ format-check: setup ## refuse what `make format` would change
 
 lint: setup ## clang-tidy, include directions, headers that compile alone
 	@cmake/layers.sh
-	@cmake --preset release $(QUIET)
+	@cmake --preset release >/dev/null
 	@cmake --build --preset release -j $(JOBS) --target all_verify_interface_header_sets
 	@JOBS=$(JOBS) cmake/tidy.sh $(BUILD)
 
