@@ -31,7 +31,9 @@ public:
 class DDB_API kprC_LabelsBitMap {
 public:
   /// 0 for what is no procedure type.
-  unsigned Value(unsigned procedureType) const { return kprC_ProcedureSet::BitOf(procedureType); }
+  unsigned Value(unsigned procedureType) const {
+    return kprC_FindProcedure(procedureType) != nullptr ? kprC_ProcedureSet::BitOf(procedureType) : 0;
+  }
   /// 0 for a text that is no procedure's label.
   unsigned Value(std::string_view label) const;
 };

@@ -22,6 +22,7 @@ void kprC_initialize(int& count) {
   ddb_EnterModule(Calls(), count, kprC_moduleNumber, kModule, [] {
     mdl_ExtensionSubject::RegisterExtension(ddr_Model::stepsCmd(), cow_Handle<kprC_StepContainer>::Make());
     thr_GlobalSingleton<nex_Catalogues>::Instance().Register({kModule, kprC_Errors()});
+    cls_MetadataRegistrar::initClassMetadata(&kprC_StepNameProcedurePair::InitializeMetadata, ddb_metadataFlag);
 #define KPR_TYPE(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
 #include "module/kpr/kprC_TypeTable.def"
 #undef KPR_TYPE

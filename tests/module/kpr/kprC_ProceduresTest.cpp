@@ -1,0 +1,136 @@
+#include "module/kpr/kprC_Procedures.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "module/kpr/kprC_Steps.h"
+#include "tests/module/kpr/kprTestSteps.h"
+
+namespace {
+
+using Query = std::function<bool(kprC_Step const&)>;
+
+// The table row by row is the code; here it is read column by column.
+TEST(Procedures, AnswerTheQueriesOfTheirSteps) {
+  struct Column {
+    char const* query;
+    Query answer;
+    char const* yes;
+  };
+  constexpr char const* kNlgeom =
+      "COUPLED_TEMP_DISPLACEMENT DYNAMIC_EXPLICIT GEOSTATIC DYNAMIC_IMPLICIT SOILS STATIC_GENERAL STATIC_RIKS DYNAMIC_SUBSPACE VISCO "
+      "DYNAMIC_TEMP_DISPLACEMENT";
+  constexpr char const* kResponse = "COUPLED_TEMP_DISPLACEMENT COUPLED_THERMAL_ELECTRIC HEAT_TRANSFER MASS_DIFFUSION SOILS";
+  constexpr char const* kPerturbation =
+      "BUCKLE FREQUENCY MODAL_DYNAMICS RANDOM_RESPONSE RESPONSE_SPECTRUM STATIC_LINEAR_PERTURBATION STEADY_STATE_DIRECT "
+      "STEADY_STATE_MODAL COMPLEX_FREQUENCY STEADY_STATE_SUBSPACE";
+  constexpr char const* kExplicit = "ANNEAL DYNAMIC_EXPLICIT DYNAMIC_TEMP_DISPLACEMENT";
+  Column const columns[] = {
+      {"Perturbation", [](auto& step) { return step.Perturbation(); }, kPerturbation},
+      {"Perturbation(type)", [](auto& step) { return kprC_Step::Perturbation(step.ProcedureType()); }, kPerturbation},
+      {"Explicit", [](auto& step) { return step.Explicit(); }, kExplicit},
+      {"kprC_IsExplicit", [](auto& step) { return kprC_IsExplicit(step.ProcedureType()); }, kExplicit},
+      {"Nonmechanical", [](auto& step) { return step.Nonmechanical(); }, "COUPLED_THERMAL_ELECTRIC HEAT_TRANSFER MASS_DIFFUSION "},
+      {"AllowLoadCases", [](auto& step) { return step.AllowLoadCases(); },
+       "SOILS STATIC_LINEAR_PERTURBATION STEADY_STATE_DIRECT STEADY_STATE_SUBSPACE"},
+      {"AllowAdaptiveMeshDomains", [](auto& step) { return step.AllowAdaptiveMeshDomains(); },
+       "COUPLED_TEMP_DISPLACEMENT DYNAMIC_EXPLICIT SOILS STATIC_GENERAL DYNAMIC_TEMP_DISPLACEMENT"},
+      {"Nlgeom", [](auto& step) { return step.Nlgeom() != kprC_Step::NlgeomEnm::NOT_AVAILABLE; }, kNlgeom},
+      {"Response", [](auto& step) { return step.Response() != kprC_Step::ResponseEnm::NOT_APPLICABLE; }, kResponse},
+  };
+  for (Column const& column : columns) {
+    std::vector<unsigned> const expected = Procedures(column.yes);
+    for (kprC_ProcedureRow const& row : kprC_procedures) {
+      bool const substructure = row.type == 0x023C007C && std::string_view(column.query) == "Nonmechanical";
+      bool const yes = substructure || std::ranges::count(expected, row.type) == 1;
+      EXPECT_EQ(column.answer(*kprC_MakeStep(row.type)), yes) << column.query << " of " << row.command.View();
+    }
+  }
+}
+
+TEST(Procedures, ReturnWhatTheirStepsStore) {
+  struct Stored {
+    char const* member;
+    cls_Value value;
+    Query answer;
+    char const* classes;  ///< with this member
+  };
+  Stored const rows[] = {
+      {"nlgeom", "ON", [](auto& step) { return step.Nlgeom() == kprC_Step::NlgeomEnm::ON; },
+       "COUPLED_TEMP_DISPLACEMENT DYNAMIC_EXPLICIT GEOSTATIC DYNAMIC_IMPLICIT SOILS STATIC_GENERAL STATIC_RIKS DYNAMIC_SUBSPACE VISCO "
+       "DYNAMIC_TEMP_DISPLACEMENT"},
+      {"adiabatic", true, [](auto& step) { return step.IsAdiabatic(); }, "DYNAMIC_EXPLICIT DYNAMIC_IMPLICIT STATIC_GENERAL STATIC_RIKS"},
+      {"response", "STEADY_STATE", [](auto& step) { return step.Response() == kprC_Step::ResponseEnm::STEADY_STATE; },
+       "COUPLED_TEMP_DISPLACEMENT COUPLED_THERMAL_ELECTRIC HEAT_TRANSFER MASS_DIFFUSION SOILS"},
+      {"timePeriod", 2.5, [](auto& step) { return step.TimePeriod() == 2.5; },
+       "COUPLED_TEMP_DISPLACEMENT COUPLED_THERMAL_ELECTRIC DYNAMIC_EXPLICIT HEAT_TRANSFER DYNAMIC_IMPLICIT MASS_DIFFUSION "
+       "MODAL_DYNAMICS SOILS STATIC_GENERAL DYNAMIC_SUBSPACE VISCO DYNAMIC_TEMP_DISPLACEMENT"},
+  };
+  for (Stored const& row : rows) {
+    std::vector<unsigned> const classes = Procedures(row.classes);
+    for (kprC_ProcedureRow const& procedure : kprC_procedures) {
+      kprC_StepHandle step = kprC_MakeStep(procedure.type);
+      EXPECT_FALSE(row.answer(*step));
+      bool const stored = step.Get().SetMember(row.member, row.value);
+      EXPECT_EQ(stored, std::ranges::count(classes, procedure.type) == 1) << row.member << " of " << procedure.command.View();
+      EXPECT_EQ(row.answer(*step), stored) << row.member << " of " << procedure.command.View();
+    }
+  }
+}
+
+TEST(Procedures, AreNumberedWithoutAGap) {
+  EXPECT_EQ(kprC_ProcedureType::Anneal, 0x023C0065U);
+  EXPECT_EQ(kprC_StaticStep::TypeId(), 0x023C0073U);
+  EXPECT_EQ(kprC_ProcedureType::SteadyStateSubspace, 0x023C007EU);
+  for (unsigned const none : {0U, 1U, 0x023C002DU, 0x023C0064U, 0x023C007FU, ~0U}) {
+    EXPECT_EQ(kprC_FindProcedure(none), nullptr);
+    EXPECT_FALSE(kprC_Step::Perturbation(none) || kprC_IsExplicit(none));
+    EXPECT_EQ(kprC_LabelsBitMap().Value(none), 0U);
+  }
+}
+
+TEST(Procedures, HaveOneBitEach) {
+  kprC_LabelsBitMap const bits;
+  unsigned all = 0;
+  for (kprC_ProcedureRow const& row : kprC_procedures) {
+    unsigned const bit = bits.Value(row.type);
+    EXPECT_EQ(bit & (bit - 1), 0U);
+    EXPECT_EQ(all & bit, 0U);
+    if (row.label.Size() != 0) { EXPECT_EQ(bits.Value(row.label.View()), bit); }
+    all |= bit;
+  }
+  EXPECT_EQ(all, (1U << 26) - 1);
+}
+
+TEST(ProcedureLabels, StandInTheOrderInWhichTheyAreOffered) {
+  kprC_ProcedureTypeLabelMap const map;
+  std::string labels;
+  for (auto const& [label, type] : map.Entries()) {
+    labels += std::string(label.View()) + " ";
+    EXPECT_EQ(map.Type(label), type);
+    EXPECT_EQ(map.Label(type), type == 1 ? "" : label.View());
+  }
+  EXPECT_EQ(labels,
+            "NONE ANNEAL BUCKLE COUPLED_TEMP_DISPLACEMENT COUPLED_THERMAL_ELECTRIC DYNAMIC_IMPLICIT DYNAMIC_EXPLICIT DYNAMIC_SUBSPACE "
+            "DYNAMIC_TEMP_DISPLACEMENT COMPLEX_FREQUENCY FREQUENCY GEOSTATIC HEAT_TRANSFER MASS_DIFFUSION MODAL_DYNAMICS RANDOM_RESPONSE "
+            "RESPONSE_SPECTRUM SOILS STATIC_GENERAL STATIC_LINEAR_PERTURBATION STATIC_RIKS STEADY_STATE_DIRECT STEADY_STATE_SUBSPACE "
+            "STEADY_STATE_MODAL USA_ADDED_MASS_GENERATION VISCO ");
+}
+
+TEST(StepCommands, MakeStepsOfTheirClasses) {
+  for (kprC_ProcedureRow const& row : kprC_procedures) {
+    kprC_StepHandle const made = kprC_ConstructStep(row.command);
+    EXPECT_EQ(made ? made->DynTypeId() : 0, row.label.Size() != 0 ? row.type : 0);
+  }
+  EXPECT_EQ(kprC_UsaAddedMassGenerationStep::constructorCmd(), "UsaAddedMassGenerationStep");
+  EXPECT_FALSE(kprC_ConstructStep("staticStep"));
+}
+
+TEST(InitialStep, AnswersNoToEverything) {
+  kprC_InitialStep const step;
+  EXPECT_FALSE(step.Perturbation() || step.Explicit() || step.Nonmechanical() || step.IsAdiabatic());
+  EXPECT_FALSE(step.AllowLoadCases() || step.AllowAdaptiveMeshDomains());
+  EXPECT_EQ(step.DynTypeId(), 0x023C002DU);
+}
+
+}  // namespace
