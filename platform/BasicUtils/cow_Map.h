@@ -84,6 +84,10 @@ public:
   const_iterator begin() const { return const_iterator(root_.ConstGet()); }
   const_iterator end() const noexcept { return const_iterator(nullptr); }
 
+  /// Calls fn(key, was, is) in key order for every key whose value is not equal in both maps; was or is is null where the
+  /// map has no such key. Looks past what the maps share: between a map and its edited copy the cost is that of the edits.
+  template <class Fn> static void ForEachDifference(cow_Map const& before, cow_Map const& after, Fn&& fn);
+
   /// Whether both are the same tree, so that they are equal without looking; two empty maps are.
   bool Same(cow_Map const& other) const noexcept { return root_.Same(other.root_); }
   friend bool operator==(cow_Map const& left, cow_Map const& right) {
@@ -199,9 +203,78 @@ private:
     return least;
   }
 
+  class Parts;
+
   Link root_;
   std::size_t size_ = 0;
 };
+
+/// What a comparison has still to see of a map, in key order: subtrees, and single entries whose subtrees come apart.
+template <class K, class V> class cow_Map<K, V>::Parts {
+public:
+  explicit Parts(Node const* root) { Push(root, false); }
+
+  bool IsEmpty() const noexcept { return size_ == 0; }
+  Node const* First() const noexcept { return parts_[size_ - 1].node; }
+  bool FirstIsEntry() const noexcept { return parts_[size_ - 1].single; }
+  void Pop() noexcept { --size_; }
+  /// Takes the first subtree apart.
+  void Split() noexcept {
+    Node const* const node = First();
+    Pop();
+    Push(node->right.ConstGet(), false);
+    Push(node, true);
+    Push(node->left.ConstGet(), false);
+  }
+
+private:
+  struct Part {
+    Node const* node;
+    bool single;
+  };
+
+  void Push(Node const* node, bool single) noexcept {
+    if (node == nullptr) { return; }
+    assert(size_ < parts_.size());
+    parts_[size_++] = {node, single};
+  }
+
+  std::size_t size_ = 0;
+  std::array<Part, 2 * kMaxHeight + 1> parts_;  // each level leaves an entry and a subtree behind; filled to size_
+};
+
+template <class K, class V> template <class Fn> void cow_Map<K, V>::ForEachDifference(cow_Map const& before, cow_Map const& after, Fn&& fn) {
+  Parts old(before.root_.ConstGet());
+  Parts now(after.root_.ConstGet());
+  V const* const none = nullptr;
+  while (!old.IsEmpty() || !now.IsEmpty()) {
+    Node const* const was = old.IsEmpty() ? nullptr : old.First();
+    Node const* const is = now.IsEmpty() ? nullptr : now.First();
+    bool const splitOld = was != nullptr && !old.FirstIsEntry();
+    bool const splitNow = is != nullptr && !now.FirstIsEntry();
+    if (was == is && splitOld == splitNow) {  // shared
+      old.Pop();
+      now.Pop();
+    } else if (splitOld && (!splitNow || was->height >= is->height)) {
+      old.Split();  // the taller one, so that what is shared comes to face itself
+    } else if (splitNow) {
+      now.Split();
+    } else {
+      auto const order = was == nullptr  ? std::partial_ordering::greater
+                         : is == nullptr ? std::partial_ordering::less
+                                         : std::partial_ordering(Compare(was->Key(), is->Key()));
+      if (order <= 0) { old.Pop(); }
+      if (order >= 0) { now.Pop(); }
+      if (order < 0) {
+        fn(was->Key(), &was->entry.second, none);
+      } else if (order > 0) {
+        fn(is->Key(), none, &is->entry.second);
+      } else if (!(was->entry.second == is->entry.second)) {
+        fn(is->Key(), &was->entry.second, &is->entry.second);
+      }
+    }
+  }
+}
 
 /// Visits the entries in key order, each step in O(1) on average. Holds the way down to its entry, so it is cheap to
 /// move along and dearer to copy.

@@ -194,6 +194,72 @@ TEST(Map, SeparatesNothingForAKeyThatIsAbsent) {
   EXPECT_TRUE(map.Same(snapshot));
 }
 
+using Differences = std::map<int, std::pair<int, int>>;  // key: value before and after, -1 for none
+
+Differences DifferencesBetween(Map const& before, Map const& after) {
+  Differences found;
+  int last = -1;
+  Map::ForEachDifference(before, after, [&](Key const& key, Value const* was, Value const* is) {
+    EXPECT_LT(last, key.number);
+    last = key.number;
+    found[key.number] = {was == nullptr ? -1 : was->number, is == nullptr ? -1 : is->number};
+  });
+  return found;
+}
+
+Differences DifferencesBetween(Reference const& before, Reference const& after) {
+  Differences found;
+  for (auto const& [key, value] : before) { found[key] = {value, -1}; }
+  for (auto const& [key, value] : after) {
+    auto& [was, is] = found.try_emplace(key, -1, -1).first->second;
+    is = value;
+  }
+  std::erase_if(found, [](auto const& difference) { return difference.second.first == difference.second.second; });
+  return found;
+}
+
+TEST_P(MapScripts, TellWhatTwoOfTheirSnapshotsDifferIn) {
+  auto const [seed, greatestKey, insertShare] = GetParam();
+  std::mt19937 random(seed);
+  std::vector<std::pair<Map, Reference>> snapshots(1);
+  for (int round = 0; round < 60; ++round) {
+    auto [map, reference] = snapshots[random() % snapshots.size()];
+    for (auto edits = random() % 40; edits > 0; --edits) {
+      int const key = static_cast<int>(random() % static_cast<unsigned>(greatestKey + 1));
+      if (random() % 10 < insertShare) {
+        map.Insert(Key{key}, Value(reference[key] = static_cast<int>(random() % 3)));
+      } else {
+        map.Remove(Key{key});
+        reference.erase(key);
+      }
+    }
+    snapshots.emplace_back(map, reference);
+  }
+  for (auto const& [before, referenceBefore] : snapshots) {
+    for (auto const& [after, referenceAfter] : snapshots) {
+      ASSERT_EQ(DifferencesBetween(before, after), DifferencesBetween(referenceBefore, referenceAfter));
+    }
+  }
+}
+
+TEST(Map, FindsTheDifferencesOfAnEditedCopyInTheTimeOfTheEdits) {
+  constexpr int kSize = 100000;
+  Map const before = Filled(kSize);
+  std::mt19937 random(1);
+  for (int edits : {1, 10, 100}) {
+    Map after = before;
+    for (int edit = 0; edit < edits; ++edit) {
+      after.Insert(Key{kSize + edit}, Value(1));
+      after.Remove(Key{static_cast<int>(random() % kSize)});
+      after.Get(after.begin()->first)->number = -2;
+    }
+    Key::comparisons = 0;
+    Differences const found = DifferencesBetween(before, after);
+    EXPECT_GE(found.size(), static_cast<std::size_t>(2 * edits));
+    EXPECT_LE(Key::comparisons, 3 * edits * 3 * DepthLimit(kSize));
+  }
+}
+
 TEST(Map, ReplacesTheValueOfAKeyThatIsThere) {
   cow_Map<cow_String, int> map;
   EXPECT_TRUE(map.Insert("Step-1", 1));
