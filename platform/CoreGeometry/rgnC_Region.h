@@ -62,10 +62,15 @@ private:
   omu_PrimEnum<rgnC_InstanceKind, 1> instanceKind_{rgnC_Unknown};
 };
 
-/// A region is stored whole and scripted by its name; who holds the model's regions looks up the rest.
+/// A region is stored whole and scripted by its name; who holds the model's regions looks up the rest and gives it as named
+/// members.
 template <> struct cls_MemberTraits<rgnC_Region> : cls_ObjectTraits<rgnC_Region> {
   static cls_Value ToValue(rgnC_Region const& region) { return std::string(region.Name().View()); }
   static std::string_view FromValue(rgnC_Region& region, cls_Value const& from) {
+    if (from.As<cls_Value::Fields>() != nullptr) {
+      region = rgnC_Region();
+      return cls_ObjectTraits<rgnC_Region>::FromValue(region, from);
+    }
     auto const* name = from.As<std::string>();
     if (name == nullptr) { return "the name of a region"; }
     return region = rgnC_Region(cow_String(*name)), "";
