@@ -1,12 +1,12 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
+#include "command/Refusal.h"
 #include "framework/ddr_Model.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
 
@@ -14,14 +14,6 @@ namespace gattr {
 
 /// Commands and their outcomes keep the order in which they were written.
 using Json = nlohmann::ordered_json;
-
-/// A refusal of the library or of the editing layer.
-struct Refusal {
-  std::string module;     ///< prefix of the module whose table lists it; empty when none does
-  int code = -1;          ///< its number there; -1 when it has none
-  std::string exception;  ///< "nex_TextException", "omu_ValueErrorException", "omu_KeyErrorException"
-  std::string message;    ///< the exact text of the table
-};
 
 /// The statuses of one attribute by number, in step order.
 using NamedHistory = std::pair<std::string, std::vector<int>>;
@@ -47,9 +39,19 @@ struct ArgumentInfo {
 /// One command, for help.
 struct CommandInfo {
   std::string name;
-  std::string group;    ///< "steps", "boundary conditions", "references", "attributes and steps", "session"
+  std::string group;    ///< "steps", "boundary conditions" and other families, "references", "objects", "session"
   std::string meaning;  ///< one line
   std::vector<ArgumentInfo> arguments;
+};
+
+class Arguments;
+struct Subject;
+
+/// Whose histories a command touches.
+struct Touched {
+  bool all = false;                ///< a command on a step: every attribute
+  std::string extension;           ///< member name of the attribute's repository; empty when no attribute is named
+  std::vector<cow_String> names;   ///< of the attribute, before and after
 };
 
 /// A model under edit. Commands are the only way to change it: each either succeeds whole or leaves the model, its change
@@ -93,25 +95,19 @@ public:
   static std::vector<CommandInfo> Commands();
 
 private:
-  /// Whose histories a command touches.
-  struct Scope {
-    bool all = false;
-    std::string extension;           ///< member name of the repository
-    std::vector<std::string> names;  ///< of the attribute, before and after
-  };
   /// One undoable edit: the model on its other side, and what it added to the change history.
   struct Edit {
     ddr_Model model;
-    Json command;
     std::string label;
-    Scope scope;
-    std::size_t changes;  ///< length of the change history before the edit
-    std::vector<omu_PrimTuple> records;  ///< while undone
+    Touched touched;
+    std::size_t changes;                 ///< length of the change history before the edit
+    std::vector<omu_PrimTuple> records;  ///< what the edit added to it, while it is undone
   };
 
-  struct Result;
-  Outcome Step(bool forward);
-  std::vector<NamedHistory> Histories(Scope const& scope) const;
+  Outcome UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject);
+  void UndoEdit();
+  void RedoEdit();
+  std::vector<NamedHistory> Histories(Touched const& touched) const;
 
   ddr_Model model_;
   omu_ChangeHistory changes_;

@@ -1,0 +1,134 @@
+#include "command/Arguments.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "command/Text.h"
+
+namespace gattr {
+
+namespace {
+
+constexpr char const* kSource = "command/Session";
+constexpr std::string_view kCommand = "command", kDryRun = "dryRun";
+
+/// What a value of another type than wanted is called.
+std::string Described(Json const& value) {
+  switch (value.type()) {
+    case Json::value_t::null: return "null";
+    case Json::value_t::boolean: return value.get<bool>() ? "true" : "false";
+    case Json::value_t::string: return Quoted(value.get_ref<std::string const&>());
+    case Json::value_t::array: return "a list";
+    case Json::value_t::object: return "an object";
+    default: return value.dump();
+  }
+}
+
+}  // namespace
+
+void RefuseUnknown(Subject& subject, std::string const& text, std::string hint) {
+  subject.hint = std::move(hint);
+  subject.atFault = true;
+  nex_Exception::Throw(omu_KeyErrorException(text), kSource, __LINE__);
+}
+
+void RefuseValue(Subject& subject, std::string const& text, std::string hint) {
+  subject.hint = std::move(hint);
+  subject.atFault = true;
+  nex_Exception::Throw(omu_ValueErrorException(text), kSource, __LINE__);
+}
+
+void RefuseEdit(Subject& subject, std::string const& text, std::string hint) {
+  subject.hint = std::move(hint);
+  nex_Exception::Throw(nex_TextException(text), kSource, __LINE__);
+}
+
+cls_Value ToValue(Json const& json) {
+  switch (json.type()) {
+    case Json::value_t::boolean: return json.get<bool>();
+    case Json::value_t::number_integer: return static_cast<long long>(json.get<std::int64_t>());
+    case Json::value_t::number_unsigned: {
+      auto const number = json.get<std::uint64_t>();
+      if (number <= static_cast<std::uint64_t>(std::numeric_limits<long long>::max())) { return static_cast<long long>(number); }
+      return static_cast<double>(number);
+    }
+    case Json::value_t::number_float: return json.get<double>();
+    case Json::value_t::string: return json.get_ref<std::string const&>();
+    case Json::value_t::array: {
+      cls_Value::List list;
+      for (Json const& element : json) { list.push_back(ToValue(element)); }
+      return list;
+    }
+    case Json::value_t::object: {
+      cls_Value::Fields fields;
+      for (auto const& [name, member] : json.items()) { fields.emplace_back(name, ToValue(member)); }
+      return fields;
+    }
+    default: return {};
+  }
+}
+
+Arguments::Arguments(Json const& command, Subject& subject) : command_(command), subject_(subject) {
+  if (!command.is_object()) {
+    RefuseValue(subject, "A command is an object with named members, not " + Described(command) + ".",
+                R"(For example {"command": "undo"}.)");
+  }
+  subject.command = Text(kCommand);
+  taken_.emplace_back(kDryRun);
+  if (Json const* dryRun = Find(kDryRun)) {
+    if (!dryRun->is_boolean()) { RefuseValue(subject, "\"dryRun\" is true or false, not " + Described(*dryRun) + "."); }
+    dryRun_ = dryRun->get<bool>();
+  }
+}
+
+Json const* Arguments::Find(std::string_view name) const {
+  auto const found = command_.find(name);
+  return found == command_.end() ? nullptr : &*found;
+}
+
+std::string Arguments::AsText(std::string_view name, Json const& value) const {
+  if (!value.is_string()) { RefuseValue(subject_, Quoted(name) + " is a text, not " + Described(value) + "."); }
+  auto const& text = value.get_ref<std::string const&>();
+  if (!IsUtf8(text)) { RefuseValue(subject_, Quoted(name) + " is not UTF-8: " + Quoted(text) + "."); }
+  return text;
+}
+
+std::optional<std::string> Arguments::OptionalText(std::string_view name) {
+  taken_.emplace_back(name);
+  Json const* value = Find(name);
+  if (value == nullptr) { return std::nullopt; }
+  return AsText(name, *value);
+}
+
+std::string Arguments::Text(std::string_view name) {
+  if (auto text = OptionalText(name)) { return *text; }
+  std::vector<std::string> given;
+  for (auto const& [other, value] : Rest()) { given.push_back(other); }
+  std::string const nearest = Nearest(name, given);
+  RefuseUnknown(subject_, "The argument " + Quoted(name) + " is missing.",
+                nearest.empty() ? "" : "Is " + Quoted(nearest) + " meant to be it?");
+}
+
+cow_String Arguments::Name(std::string_view name) {
+  std::string const text = Text(name);
+  if (text.empty()) { RefuseValue(subject_, Quoted(name) + " is empty.", "A name is any text but the empty one."); }
+  return cow_String(text);
+}
+
+kprC_Arguments Arguments::Rest() const {
+  kprC_Arguments rest;
+  for (auto const& [name, value] : command_.items()) {
+    if (std::ranges::find(taken_, name) != taken_.end()) { continue; }
+    if (value.is_string()) { AsText(name, value); }
+    rest.emplace_back(name, ToValue(value));
+  }
+  return rest;
+}
+
+void Arguments::AssertNoRest(std::vector<std::string> const& known) const {
+  for (auto const& [name, value] : Rest()) {
+    RefuseUnknown(subject_, "There is no argument " + Quoted(name) + ".", Suggestion(name, known, "Its arguments"));
+  }
+}
+
+}  // namespace gattr

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "command/Session.h"
+#include "framework/kprC_StepDependent.h"
+#include "platform/CaeUtils/omu_KeyErrorException.h"
+#include "platform/CaeUtils/omu_ValueErrorException.h"
+
+namespace gattr {
+
+/// What a message about a command names, filled in while the command runs.
+struct Subject {
+  std::string command;
+  std::string object;  ///< 'boundaryCondition "Fix"', quoted already
+  std::string step;
+  std::string member;
+  std::string hint;       ///< what would have fitted: one sentence
+  bool atFault = false;   ///< the command's content is to blame, whatever the refusal
+};
+
+/// The arguments of one command, each taken once by its name. Whatever is missing or of another type is refused, with the
+/// argument named and without a number: omu_KeyErrorException and omu_ValueErrorException.
+class Arguments {
+public:
+  /// Refuses what is no object, has no "command" or says something other than true or false for "dryRun".
+  Arguments(Json const& command, Subject& subject);
+
+  std::string const& Command() const { return subject_.command; }
+  bool DryRun() const { return dryRun_; }
+
+  bool Has(std::string_view name) const { return Find(name) != nullptr; }
+  /// A text argument; must be given.
+  std::string Text(std::string_view name);
+  std::optional<std::string> OptionalText(std::string_view name);
+  /// A text argument that is a name: not empty, UTF-8.
+  cow_String Name(std::string_view name);
+
+  /// The arguments that nobody has taken, in the order written.
+  kprC_Arguments Rest() const;
+  /// Refuses what nobody has taken; \p known are the names that would have been.
+  void AssertNoRest(std::vector<std::string> const& known) const;
+
+private:
+  Json const* Find(std::string_view name) const;
+  std::string AsText(std::string_view name, Json const& value) const;
+
+  Json const& command_;
+  Subject& subject_;
+  std::vector<std::string> taken_;
+  bool dryRun_ = false;
+};
+
+/// Refuses a name that nothing bears, and blames the command.
+[[noreturn]] void RefuseUnknown(Subject& subject, std::string const& text, std::string hint = {});
+/// Refuses a value, and blames the command.
+[[noreturn]] void RefuseValue(Subject& subject, std::string const& text, std::string hint = {});
+/// Refuses an edit that the model as it stands does not allow.
+[[noreturn]] void RefuseEdit(Subject& subject, std::string const& text, std::string hint = {});
+
+/// A JSON value as members take it.
+cls_Value ToValue(Json const& json);
+
+}  // namespace gattr

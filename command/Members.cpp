@@ -1,0 +1,130 @@
+#include "command/Members.h"
+
+#include <algorithm>
+
+#include "command/Text.h"
+#include "platform/CoreGeometry/rgnC_Region.h"
+
+namespace gattr {
+
+namespace {
+
+std::string ShownValue(cls_Value const& value) {
+  if (auto const* text = value.As<std::string>()) { return Quoted(*text); }
+  if (auto const* flag = value.As<bool>()) { return *flag ? "true" : "false"; }
+  if (auto const* number = value.As<long long>()) { return std::to_string(*number); }
+  if (auto const* real = value.As<double>()) { return Json(*real).dump() == "null" ? "not a finite number" : Json(*real).dump(); }
+  if (value.As<cls_Value::List>() != nullptr) { return "a list"; }
+  return value.IsNull() ? "null" : "an object";
+}
+
+/// Whether the value is one of the words that a propagating member takes for its state.
+bool IsStateWord(cls_Value const& value) {
+  auto const* text = value.As<std::string>();
+  return text != nullptr && (*text == "UNSET" || *text == "FREED" || *text == "PROPAGATED");
+}
+
+/// Whether \p object, a copy made for the trial, takes the value.
+bool Takes(cls_Object& object, std::string_view member, cls_Value const& value) {
+  try {
+    return object.SetMember(member, value);
+  } catch (nex_TextException const&) {
+  } catch (omu_ValueErrorException const&) {}
+  return false;
+}
+
+[[noreturn]] void RefuseMember(Subject& subject, MemberArgument const& member, cls_Value const& value) {
+  std::string hint;
+  if (auto const* text = value.As<std::string>(); text != nullptr && !member.info->permissible.empty()) {
+    if (auto const nearest = Nearest(*text, member.info->permissible); !nearest.empty()) { hint = "Did you mean " + Quoted(nearest) + "?"; }
+  }
+  RefuseValue(subject, "Invalid value for " + Quoted(member.argument) + ": " + ShownValue(value) + "; expected " + ExpectedValue(*member.info) + ".",
+              hint);
+}
+
+}  // namespace
+
+cls_ClassMetadata const& ClassOf(cls_Object const& object) { return *cls_MetadataRegistrar::Registrar().Find(object.DynTypeId()); }
+
+std::vector<MemberArgument> MemberArguments(cls_Object const& object, std::vector<std::string_view> const& hidden) {
+  std::vector<MemberArgument> arguments;
+  for (cls_MemberInfo const& info : ClassOf(object).members) {
+    if (std::ranges::find(hidden, info.name) == hidden.end()) { arguments.push_back({info.name, &info}); }
+  }
+  return arguments;
+}
+
+MemberArgument const* FindArgument(std::vector<MemberArgument> const& arguments, std::string_view name) {
+  auto const found = std::ranges::find(arguments, name, &MemberArgument::argument);
+  return found == arguments.end() ? nullptr : &*found;
+}
+
+std::vector<std::string> ArgumentNames(std::vector<MemberArgument> const& arguments) {
+  std::vector<std::string> names;
+  for (MemberArgument const& argument : arguments) { names.push_back(argument.argument); }
+  return names;
+}
+
+ArgumentInfo Describe(MemberArgument const& argument, bool required) {
+  cls_MemberInfo const& info = *argument.info;
+  return {argument.argument, info.meaning, info.unit, info.permissible, required};
+}
+
+std::string ExpectedValue(cls_MemberInfo const& info) {
+  std::string expected;
+  switch (info.kind) {
+    case cls_MemberKind::Integer: expected = "a 32-bit integer"; break;
+    case cls_MemberKind::Real: expected = "a finite number"; break;
+    case cls_MemberKind::String: expected = "a text"; break;
+    case cls_MemberKind::Boolean: expected = "true or false"; break;
+    case cls_MemberKind::Enumerated: expected = "one of " + QuotedList(info.permissible, info.permissible.size()); break;
+    case cls_MemberKind::Object: expected = info.typeId == rgnC_Region::TypeId() ? "the name of a region" : "a name"; break;
+  }
+  if (info.many) { expected = "a list, each " + expected; }
+  return info.propagating ? expected + R"(, "UNSET" or "FREED")" : expected;
+}
+
+void FitNull(cls_MemberInfo const& info, cls_Value& value) {
+  if (!value.IsNull()) { return; }
+  if (info.propagating) {
+    value = "UNSET";
+  } else if (info.kind == cls_MemberKind::String || info.kind == cls_MemberKind::Object) {
+    value = "";
+  }
+}
+
+void SetMembers(Subject& subject, cls_Object& object, std::vector<MemberArgument> const& settable, kprC_Arguments members) {
+  for (auto& [name, value] : members) {
+    MemberArgument const* argument = FindArgument(settable, name);
+    if (argument == nullptr) {
+      RefuseUnknown(subject, "There is no argument " + Quoted(name) + ".", Suggestion(name, ArgumentNames(settable), "Its arguments"));
+    }
+    FitNull(*argument->info, value);
+  }
+  ExplainValues(subject, object, settable, members, [&] {
+    for (auto const& [name, value] : members) { object.SetMember(name, value); }
+  });
+}
+
+void ExplainValues(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable,
+                   kprC_Arguments const& members, std::function<void()> const& set) {
+  try {
+    set();
+  } catch (std::exception const& error) {
+    std::unique_ptr<cls_Object> const trial = object.Copy();
+    for (auto const& [name, value] : members) {
+      MemberArgument const* argument = FindArgument(settable, name);
+      if (argument == nullptr || Takes(*trial, argument->argument, value)) { continue; }
+      if (RefusalOf(error).code < 0) { RefuseMember(subject, *argument, value); }
+      subject.member = name;
+      subject.atFault = true;
+      subject.hint = "Expected " + ExpectedValue(*argument->info) + ".";
+      throw;
+    }
+    auto const word = std::ranges::find_if(members, [](auto const& member) { return IsStateWord(member.second); });
+    if (word != members.end()) { subject.member = word->first; }
+    throw;
+  }
+}
+
+}  // namespace gattr

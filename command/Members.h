@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "command/Arguments.h"
+#include "platform/BasicUtils/cls_ClassRegistrar.h"
+
+/// Members of objects as arguments of commands.
+namespace gattr {
+
+/// An argument and the member that it sets.
+struct MemberArgument {
+  std::string argument;
+  cls_MemberInfo const* info = nullptr;
+};
+
+/// The description of a class; must be a registered one.
+cls_ClassMetadata const& ClassOf(cls_Object const& object);
+
+/// The members of \p object that commands may set, but for the \p hidden ones.
+std::vector<MemberArgument> MemberArguments(cls_Object const& object, std::vector<std::string_view> const& hidden = {});
+MemberArgument const* FindArgument(std::vector<MemberArgument> const& arguments, std::string_view name);
+std::vector<std::string> ArgumentNames(std::vector<MemberArgument> const& arguments);
+ArgumentInfo Describe(MemberArgument const& argument, bool required = false);
+
+/// What fits the member: "a finite number, "UNSET" or "FREED"".
+std::string ExpectedValue(cls_MemberInfo const& info);
+/// null as the member's own way to say nothing: "UNSET" of a propagating member, the empty text of a text or a name.
+void FitNull(cls_MemberInfo const& info, cls_Value& value);
+
+/// Sets members of \p object. An argument that is none of \p settable is refused with the nearest; a refused value with what
+/// would have fitted, under the class's own number where it has one.
+void SetMembers(Subject& subject, cls_Object& object, std::vector<MemberArgument> const& settable, kprC_Arguments members);
+/// Runs \p set; when it refuses, finds the member of \p object whose value is to blame, tells the subject, and words a
+/// refusal without a number anew.
+void ExplainValues(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable,
+                   kprC_Arguments const& members, std::function<void()> const& set);
+
+}  // namespace gattr

@@ -1,0 +1,140 @@
+#include <algorithm>
+
+#include "command/Command.h"
+#include "command/Text.h"
+#include "module/kpr/kprC_ModelSteps.h"
+#include "module/kpr/kprC_assert.h"
+
+namespace gattr {
+
+namespace {
+
+ArgumentInfo Required(char const* name, char const* meaning) { return {name, meaning, "", {}, true}; }
+
+ArgumentInfo StepName(char const* meaning = "the step") { return Required("stepName", meaning); }
+ArgumentInfo MembersOf(char const* meaning) { return {"<member>", meaning, "", {}, false}; }
+
+/// Takes the object's name and sets the subject.
+cow_String Named(Call& call, std::string_view kind) {
+  std::string const name = call.arguments.Text(kind);
+  call.subject.object = ObjectText(kind, name);
+  return cow_String(name);
+}
+
+[[noreturn]] void RefuseKind(Call& call, ObjectCommand const& command, std::string_view kind) {
+  RefuseUnknown(call.subject, Quoted(command.name) + " is no command on a " + std::string(kind) + ".");
+}
+
+bool RunOnStep(Call& call, ObjectCommand const& command) {
+  std::string_view const kind = kprC_Step::stepCmd();
+  if (!call.arguments.Has(kind)) { return false; }
+  if (command.onStep == nullptr) { RefuseKind(call, command, kind); }
+  cow_String const name = Named(call, kind);
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  if (!steps.IsMember(name)) {
+    call.subject.hint = Suggestion(name, Texts(steps.Names()), "Steps");
+    call.subject.atFault = true;
+    kprC_Assert(false, kprC_ErrorEnm::NoSuchStep);
+  }
+  call.touched.all = true;
+  command.onStep(call, name);
+  return true;
+}
+
+bool RunOnReference(Call& call, ObjectCommand const& command, ReferenceKind const& kind) {
+  if (!call.arguments.Has(kind.kind)) { return false; }
+  if (command.onReference == nullptr) { RefuseKind(call, command, kind.kind); }
+  cow_String const name = Named(call, kind.kind);
+  if (kind.find(call.model, name) == nullptr) {
+    RefuseUnknown(call.subject, "There is no " + std::string(kind.kind) + " " + Quoted(name) + ".",
+                  Suggestion(name, kind.names(call.model), "There are"));
+  }
+  command.onReference(call, kind, name);
+  return true;
+}
+
+bool RunOnAttribute(Call& call, ObjectCommand const& command) {
+  bool found = false;
+  ddr_Model const before = call.model;  // the target stays good while the command separates what it changes
+  ForEachRepository(before, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+    std::string const kind = repository.ItemCmd();
+    if (found || !call.arguments.Has(kind)) { return; }
+    found = true;
+    if (command.onAttribute == nullptr) { RefuseKind(call, command, kind); }
+    cow_String const name = Named(call, kind);
+    kprC_StepDependent const* item = repository.ConstItem(name);
+    if (item == nullptr) {
+      call.subject.hint = Suggestion(name, Texts(repository.Keys()), "There are");
+      call.subject.atFault = true;
+      repository.Refuse(repository.Size() == 0 ? kprC_EditRefusal::NoAttributes : kprC_EditRefusal::NoSuchAttribute);
+    }
+    call.touched = {false, std::string(extension.View()), {name}};
+    command.onAttribute(call, {extension, repository, *item, name});
+  });
+  return found;
+}
+
+}  // namespace
+
+std::string ObjectText(std::string_view kind, std::string_view name) { return std::string(kind) + " " + Quoted(name); }
+
+std::vector<std::string> ObjectKinds(ddr_Model const& model) {
+  std::vector<std::string> kinds;
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) { kinds.push_back(repository.ItemCmd()); });
+  kinds.emplace_back(kprC_Step::stepCmd().View());
+  for (ReferenceKind const& kind : ReferenceKinds()) { kinds.emplace_back(kind.kind); }
+  return kinds;
+}
+
+std::vector<ObjectCommand> const& ObjectCommands() {
+  static std::vector<ObjectCommand> const commands = {
+      {"setValues",
+       "sets members of an object; of an attribute, its own and those of its create step",
+       {MembersOf("a member of the object, as its construction takes it")},
+       &SetAttributeValues,
+       &SetStepValues,
+       &SetReferenceValues},
+      {"setValuesInStep",
+       "sets members of an attribute from a step on",
+       {StepName(), MembersOf("a member of the attribute's state: a value, \"UNSET\" or \"FREED\"")},
+       &SetAttributeValuesInStep},
+      {"deactivate", "switches an attribute off from a step on", {StepName()}, &DeactivateAttribute},
+      {"reset", "takes back a deactivation", {StepName("the step of the deactivation")}, &ResetAttribute},
+      {"remove", "takes back what an attribute sets in a step", {StepName()}, &RemoveAttributeState},
+      {"move",
+       "moves what an attribute sets in one step to another",
+       {Required("fromStepName", "the step that sets it"), Required("toStepName", "the step that is to set it")},
+       &MoveAttribute},
+      {"suppress", "takes an attribute out of the analysis as a whole; its history stays", {}, &SuppressAttribute},
+      {"resume", "takes a suppressed attribute back into the analysis", {}, &ResumeAttribute},
+      {"rename", "gives an object another name", {Required("newName", "the new name")}, &RenameAttribute, &RenameStep, &RenameReference},
+      {"delete",
+       "deletes an object; with a step go the attributes that were created in it",
+       {},
+       &DeleteAttribute,
+       &DeleteStep,
+       &DeleteReference},
+      {"replace",
+       "gives a step another procedure; what attributes say in the step is dropped",
+       {Required("procedure", "construction command of the new procedure"), MembersOf("a member of the new procedure")},
+       nullptr,
+       &ReplaceStep},
+  };
+  return commands;
+}
+
+bool RunOnObject(Call& call) {
+  auto const command = std::ranges::find(ObjectCommands(), call.arguments.Command(), &ObjectCommand::name);
+  if (command == ObjectCommands().end()) { return false; }
+  std::vector<std::string> const kinds = ObjectKinds(call.model);
+  std::vector<std::string> named;
+  std::ranges::copy_if(kinds, std::back_inserter(named), [&](std::string const& kind) { return call.arguments.Has(kind); });
+  if (named.size() > 1) { RefuseValue(call.subject, "A command names one object, not " + QuotedList(named) + "."); }
+  if (named.empty()) {
+    RefuseUnknown(call.subject, "The object is missing.", "Name it as one of " + QuotedList(kinds, kinds.size()) + ".");
+  }
+  if (RunOnAttribute(call, *command) || RunOnStep(call, *command)) { return true; }
+  return std::ranges::any_of(ReferenceKinds(), [&](ReferenceKind const& kind) { return RunOnReference(call, *command, kind); });
+}
+
+}  // namespace gattr

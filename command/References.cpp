@@ -1,0 +1,185 @@
+#include <algorithm>
+
+#include "command/Command.h"
+#include "command/Members.h"
+#include "command/Text.h"
+#include "framework/ddr_ModelMembers.h"
+#include "module/kfd/kfdC_Field.h"
+
+namespace gattr {
+
+namespace {
+
+constexpr char const* kGroup = "references";
+constexpr std::string_view kName = "name", kNewName = "newName";
+
+/// A kind whose objects, of class \p T, the model keeps in a \p Map under the member name \p Extension().
+template <class T, class Map, auto Extension>
+constexpr ReferenceKind Kind(std::string_view kind, bool (*uses)(kprC_StepDependent const&, std::string_view)) {
+  return {
+      .kind = kind,
+      .names = [](ddr_Model const& model) { return Texts(model.ConstGet<Map>(Extension()).Keys()); },
+      .find = [](ddr_Model const& model, std::string_view name) -> cls_Object const* { return model.ConstGet<Map>(Extension()).ConstGet(name); },
+      .put =
+          [](ddr_Model& model, cow_String const& name, cls_Object const& object) {
+            auto copy = cow_Handle<T>::Make(dynamic_cast<T const&>(object));
+            copy.Get().NewUid();
+            model.Get<Map>(Extension()).Insert(name, std::move(copy));
+          },
+      .remove = [](ddr_Model& model, cow_String const& name) { model.Get<Map>(Extension()).Remove(name); },
+      .uses = uses,
+  };
+}
+
+bool UsesRegion(kprC_StepDependent const& item, std::string_view name) {
+  return std::ranges::any_of(std::to_array({rgnC_Set, rgnC_Surface}), [&](rgnC_RegionType type) {
+    return std::ranges::any_of(item.Regions(type), [&](rgnC_Region const& region) { return region.Name() == name; });
+  });
+}
+bool UsesAmplitude(kprC_StepDependent const& item, std::string_view name) {
+  return std::ranges::any_of(item.Amplitudes(), [&](cow_String const& used) { return used == name; });
+}
+bool UsesField(kprC_StepDependent const& item, std::string_view name) { return item.FieldName() == name; }
+
+/// A command that declares an object.
+struct ReferenceConstruction {
+  std::string_view command;
+  std::string_view kind;
+  std::string_view meaning;
+  std::unique_ptr<cls_Object> (*make)(cow_String const& name);
+};
+
+constexpr ReferenceConstruction kConstructions[] = {
+    {"Set", "region", "declares a set: a region of the model that attributes act on",
+     [](cow_String const& name) -> std::unique_ptr<cls_Object> { return std::make_unique<rgnC_Region>(name, rgnC_Set); }},
+    {"Surface", "region", "declares a surface: a region of the model that attributes act on",
+     [](cow_String const& name) -> std::unique_ptr<cls_Object> { return std::make_unique<rgnC_Region>(name, rgnC_Surface); }},
+    {"Amplitude", "amplitude", "declares a variation over time that attributes refer to by its name",
+     [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<ampC_Amplitude>(); }},
+    {kfdC_Field::constructorCmd(), "field", "declares a variation in space that attributes refer to by its name",
+     [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<kfdC_Field>(); }},
+};
+
+/// Name and kind belong to the construction.
+std::vector<MemberArgument> ArgumentsOf(cls_Object const& object) { return MemberArguments(object, {kName, "kind"}); }
+
+/// The members of an attribute that hold the region of that name.
+std::vector<std::string> RegionMembers(kprC_StepDependent const& item, std::string_view region) {
+  std::vector<std::string> members;
+  for (cls_MemberInfo const& info : ClassOf(item).members) {
+    if (info.typeId != rgnC_Region::TypeId() || info.many) { continue; }
+    cls_Value const value = item.Member(info.name);
+    auto const* name = value.As<std::string>();
+    if (name != nullptr && *name == region) { members.push_back(info.name); }
+  }
+  return members;
+}
+
+/// Calls \p edit with every attribute that refers to the object, separated for change, and records each as modified.
+template <class Edit> void ForEachUser(Call& call, ReferenceKind const& kind, std::string_view name, Edit&& edit) {
+  std::vector<std::pair<cow_String, cow_String>> users;
+  ForEachRepository(call.model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+    repository.ForEach([&](cow_String const& user, kprC_StepDependent const& item) {
+      if (kind.uses(item, name)) { users.emplace_back(extension, user); }
+    });
+  });
+  for (auto const& [extension, user] : users) {
+    auto& repository = call.model.Get<kprC_StepAwareRepository>(extension);
+    edit(*repository.Item(user));
+    repository.RecordModify(user);
+  }
+}
+
+/// Hands a region that has changed, or changed its name, to the attributes that hold it.
+void HandOut(Call& call, ReferenceKind const& kind, std::string_view name, rgnC_Region const& region) {
+  cls_Value const whole = cls_ObjectTraits<rgnC_Region>::ToValue(region);
+  ForEachUser(call, kind, name, [&](kprC_StepDependent& item) {
+    for (std::string const& member : RegionMembers(item, name)) { item.SetMember(member, whole); }
+    item.AssertValid();
+  });
+}
+
+void AssertUnused(Call& call, ReferenceKind const& kind, cow_String const& name, std::string_view edit) {
+  std::vector<std::string> users;
+  ForEachRepository(call.model, [&](cow_String const&, kprC_StepAwareRepository const& repository) {
+    repository.ForEach([&](cow_String const& user, kprC_StepDependent const& item) {
+      if (kind.uses(item, name)) { users.push_back(ObjectText(repository.ItemCmd(), user)); }
+    });
+  });
+  if (users.empty()) { return; }
+  std::string text = "The " + std::string(kind.kind) + " " + Quoted(name) + " cannot be " + std::string(edit) + ": it is in use by ";
+  constexpr std::size_t kShown = 8;
+  for (std::size_t i = 0; i < std::min(users.size(), kShown); ++i) { text += (i == 0 ? "" : ", ") + users[i]; }
+  if (users.size() > kShown) { text += " and " + std::to_string(users.size() - kShown) + " more"; }
+  RefuseEdit(call.subject, text + ".");
+}
+
+cow_String FreeName(Call& call, std::string_view argument, ReferenceKind const& kind) {
+  cow_String name = call.arguments.Name(argument);
+  if (kind.find(call.model, name) != nullptr) {
+    RefuseValue(call.subject, "There is a " + std::string(kind.kind) + " " + Quoted(name) + " already.");
+  }
+  return name;
+}
+
+}  // namespace
+
+std::vector<ReferenceKind> const& ReferenceKinds() {
+  static std::vector<ReferenceKind> const kinds = {
+      Kind<rgnC_Region, ddr_RegionMap, &ddr_Model::regionsCmd>("region", &UsesRegion),
+      Kind<ampC_Amplitude, ddr_AmplitudeMap, &ddr_Model::amplitudesCmd>("amplitude", &UsesAmplitude),
+      Kind<kfdC_Field, kfdC_FieldMap, &ddr_Model::fieldsCmd>("field", &UsesField),
+  };
+  return kinds;
+}
+
+ReferenceKind const& ReferenceKindOf(std::string_view kind) { return *std::ranges::find(ReferenceKinds(), kind, &ReferenceKind::kind); }
+
+std::vector<CommandInfo> ReferenceConstructions() {
+  std::vector<CommandInfo> infos;
+  for (ReferenceConstruction const& construction : kConstructions) {
+    CommandInfo info{std::string(construction.command), kGroup, std::string(construction.meaning), {}};
+    info.arguments.push_back({std::string(kName), "the new object's name", "", {}, true});
+    for (MemberArgument const& member : ArgumentsOf(*construction.make(cow_String()))) { info.arguments.push_back(Describe(member)); }
+    infos.push_back(std::move(info));
+  }
+  return infos;
+}
+
+bool ConstructReference(Call& call) {
+  auto const construction = std::ranges::find(kConstructions, call.arguments.Command(), &ReferenceConstruction::command);
+  if (construction == std::end(kConstructions)) { return false; }
+  ReferenceKind const& kind = ReferenceKindOf(construction->kind);
+  cow_String const name = FreeName(call, kName, kind);
+  call.subject.object = Quoted(name);
+  std::unique_ptr<cls_Object> const object = construction->make(name);
+  SetMembers(call.subject, *object, ArgumentsOf(*object), call.arguments.Rest());
+  kind.put(call.model, name, *object);
+  return true;
+}
+
+void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const& name) {
+  std::unique_ptr<cls_Object> const object = kind.find(call.model, name)->Copy();
+  SetMembers(call.subject, *object, ArgumentsOf(*object), call.arguments.Rest());
+  kind.put(call.model, name, *object);
+  if (auto const* region = dynamic_cast<rgnC_Region const*>(object.get())) { HandOut(call, kind, name, *region); }
+}
+
+void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
+  cow_String const newName = FreeName(call, kNewName, kind);
+  call.arguments.AssertNoRest({std::string(kNewName)});
+  std::unique_ptr<cls_Object> const object = kind.find(call.model, name)->Copy();
+  object->SetMember(kName, std::string(newName.View()));
+  kind.remove(call.model, name);
+  kind.put(call.model, newName, *object);
+  if (auto const* region = dynamic_cast<rgnC_Region const*>(object.get())) { return HandOut(call, kind, name, *region); }
+  AssertUnused(call, kind, name, "renamed");
+}
+
+void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
+  call.arguments.AssertNoRest({});
+  AssertUnused(call, kind, name, "deleted");
+  kind.remove(call.model, name);
+}
+
+}  // namespace gattr

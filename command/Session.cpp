@@ -1,0 +1,200 @@
+#include "command/Session.h"
+
+#include <algorithm>
+#include <new>
+
+#include "command/Command.h"
+#include "command/Text.h"
+#include "module/kpr/kprC_ModelSteps.h"
+
+namespace gattr {
+
+namespace {
+
+constexpr std::string_view kUndo = "undo", kRedo = "redo", kSetModel = "setModel";
+
+/// Makes a change history the thread's own for a while.
+class CurrentHistory {
+public:
+  explicit CurrentHistory(omu_ChangeHistory& history) : history_(history) { history_.Swap(Current()); }
+  ~CurrentHistory() { history_.Swap(Current()); }
+  CurrentHistory(CurrentHistory const&) = delete;
+  CurrentHistory& operator=(CurrentHistory const&) = delete;
+
+private:
+  static omu_ChangeHistory& Current() { return thr_ThreadSingleton<omu_ChangeHistory>::Instance(); }
+  omu_ChangeHistory& history_;
+};
+
+bool SetModel(Call& call) {
+  if (call.arguments.Command() != kSetModel) { return false; }
+  cow_String const name = call.arguments.Name("name");
+  call.arguments.AssertNoRest({"name"});
+  call.model.SetName(name);
+  return true;
+}
+
+std::vector<std::string> CommandNames() {
+  std::vector<std::string> names;
+  for (CommandInfo const& info : Session::Commands()) { names.push_back(info.name); }
+  return names;
+}
+
+void Run(Call& call) {
+  if (ConstructStep(call) || ConstructAttribute(call) || ConstructReference(call) || RunOnObject(call) || SetModel(call)) { return; }
+  std::string const& command = call.arguments.Command();
+  RefuseUnknown(call.subject, "There is no command " + Quoted(command) + ".", Suggestion(command, CommandNames(), "Commands"));
+}
+
+/// One line: command, object, step and member, the refusal, its number and what would have fitted.
+std::string MessageOf(Subject const& subject, Refusal const& refused) {
+  std::string message = subject.command.empty() ? "command" : OneLine(subject.command);
+  if (!subject.object.empty()) { message += " " + subject.object; }
+  if (!subject.step.empty()) { message += " in step " + Quoted(subject.step); }
+  if (!subject.member.empty()) { message += ", " + Quoted(subject.member); }
+  message += ": " + OneLine(refused.message);
+  if (refused.code >= 0) { message += " [" + refused.module + " " + std::to_string(refused.code) + "]"; }
+  return subject.hint.empty() ? message : message + " " + subject.hint;
+}
+
+Outcome Refused(Subject const& subject, std::exception const& error) {
+  Outcome outcome;
+  outcome.refused = RefusalOf(error);
+  outcome.badInput = subject.atFault;
+  outcome.message = MessageOf(subject, outcome.refused);
+  return outcome;
+}
+
+std::string LabelOf(Subject const& subject) {
+  return subject.object.empty() ? subject.command : subject.command + " " + subject.object;
+}
+
+}  // namespace
+
+Session::Session() : Session(ddr_Model()) {}
+
+// The repositories of a new model are empty and do not know its steps yet; that they learn them is no change.
+Session::Session(ddr_Model model) : model_(std::move(model)) {
+  omu_ChangeHistory unrecorded;
+  CurrentHistory const current(unrecorded);
+  ddr_Model const before = model_;
+  ForEachRepository(before, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+    if (repository.Size() != 0 || repository.Steps().Size() != 0) { return; }
+    model_.Get<kprC_StepAwareRepository>(extension).UpdateSteps(kprC_Steps(model_).Table());
+  });
+}
+
+Outcome Session::Execute(Json const& command) {
+  ddr_Model const before = model_;
+  std::size_t const changes = changes_.Size();
+  Subject subject;
+  auto const putBack = [&] {
+    model_ = before;
+    changes_.TruncateTo(changes);
+  };
+  try {
+    Arguments arguments(command, subject);
+    if (arguments.Command() == kUndo || arguments.Command() == kRedo) { return UndoOrRedo(command, arguments, subject); }
+    Touched touched;
+    {
+      CurrentHistory const current(changes_);
+      Call call{model_, arguments, subject, touched};
+      Run(call);
+    }
+    Outcome outcome;
+    outcome.ok = true;
+    if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
+    if (arguments.DryRun()) {
+      putBack();
+    } else {
+      redo_.clear();
+      undo_.push_back({before, LabelOf(subject), std::move(touched), changes, {}});
+      journal_.push_back(command);
+    }
+    return outcome;
+  } catch (std::bad_alloc const&) {
+    putBack();
+    throw;
+  } catch (std::exception const& error) {
+    putBack();
+    return Refused(subject, error);
+  }
+}
+
+Outcome Session::UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject) {
+  arguments.AssertNoRest({});
+  bool const undo = arguments.Command() == kUndo;
+  std::vector<Edit> const& edits = undo ? undo_ : redo_;
+  if (edits.empty()) { RefuseEdit(subject, undo ? "There is nothing to undo." : "There is nothing to redo."); }
+  Touched const touched = edits.back().touched;
+  undo ? UndoEdit() : RedoEdit();
+  Outcome outcome;
+  outcome.ok = true;
+  if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
+  if (arguments.DryRun()) {
+    undo ? RedoEdit() : UndoEdit();
+  } else {
+    journal_.push_back(command);
+  }
+  return outcome;
+}
+
+bool Session::Undo() { return Execute({{"command", kUndo}}).ok; }
+bool Session::Redo() { return Execute({{"command", kRedo}}).ok; }
+
+std::string Session::UndoLabel() const { return undo_.empty() ? "" : undo_.back().label; }
+std::string Session::RedoLabel() const { return redo_.empty() ? "" : redo_.back().label; }
+
+void Session::UndoEdit() {
+  Edit edit = std::move(undo_.back());
+  undo_.pop_back();
+  for (std::size_t i = edit.changes; i < changes_.Size(); ++i) { edit.records.push_back(changes_[i]); }
+  changes_.TruncateTo(edit.changes);
+  std::swap(model_, edit.model);
+  redo_.push_back(std::move(edit));
+}
+
+void Session::RedoEdit() {
+  Edit edit = std::move(redo_.back());
+  redo_.pop_back();
+  for (omu_PrimTuple& record : edit.records) { changes_.Append(std::move(record)); }
+  edit.records.clear();
+  std::swap(model_, edit.model);
+  undo_.push_back(std::move(edit));
+}
+
+std::vector<NamedHistory> Session::Histories(Touched const& touched) const {
+  std::vector<NamedHistory> histories;
+  auto const tell = [&](cow_String const& name, kprC_StepDependent const& item) {
+    std::vector<int> statuses;
+    for (mdl_PropagationStatusEnm const status : item.History()) { statuses.push_back(static_cast<int>(status)); }
+    histories.emplace_back(std::string(name.View()), std::move(statuses));
+  };
+  if (touched.all) {
+    ForEachRepository(model_, [&](auto const&, kprC_StepAwareRepository const& repository) { repository.ForEach(tell); });
+  } else if (!touched.extension.empty()) {
+    auto const& repository = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
+    for (cow_String const& name : touched.names) {
+      if (kprC_StepDependent const* item = repository.ConstItem(name)) { tell(name, *item); }
+    }
+  }
+  return histories;
+}
+
+std::vector<CommandInfo> Session::Commands() {
+  std::vector<CommandInfo> infos = StepConstructions();
+  for (auto const& more : {AttributeConstructions(), ReferenceConstructions()}) { infos.insert(infos.end(), more.begin(), more.end()); }
+  std::string kinds;
+  for (std::string const& kind : ObjectKinds(ddr_Model())) { kinds += (kinds.empty() ? "" : " | ") + kind; }
+  for (ObjectCommand const& command : ObjectCommands()) {
+    CommandInfo info{std::string(command.name), "objects", std::string(command.meaning), command.arguments};
+    info.arguments.insert(info.arguments.begin(), {kinds, "name of the object, under its kind", "", {}, true});
+    infos.push_back(std::move(info));
+  }
+  infos.push_back({std::string(kSetModel), "session", "gives the model a name", {{"name", "the model's name", "", {}, true}}});
+  infos.push_back({std::string(kUndo), "session", "puts back the model before the last command", {}});
+  infos.push_back({std::string(kRedo), "session", "does again what undo took back", {}});
+  return infos;
+}
+
+}  // namespace gattr

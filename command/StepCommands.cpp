@@ -1,0 +1,149 @@
+#include <algorithm>
+
+#include "command/Command.h"
+#include "command/Members.h"
+#include "command/Text.h"
+#include "module/kpr/kprC_AnalysisStep.h"
+#include "module/kpr/kprC_ModelSteps.h"
+#include "module/kpr/kprC_StepSequencer.h"
+#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/kprC_assert.h"
+
+namespace gattr {
+
+namespace {
+
+constexpr char const* kSteps = "steps";
+
+/// Increments that a creation leaves out, made from what it gives, so that a step is valid with as little as its name: the
+/// first increment and the largest one are the whole period, the smallest is a hundred-thousandth of it.
+void CompleteIncrements(kprC_Step& step, kprC_Arguments const& given) {
+  using Parameters = kprC_StepParameters;
+  auto const isGiven = [&](std::string_view name) {
+    return std::ranges::any_of(given, [&](auto const& member) { return member.first == name; });
+  };
+  auto const number = [&](std::string_view name) {
+    cls_Value const value = step.Member(name);
+    auto const* real = value.As<double>();
+    return real == nullptr ? 0.0 : *real;
+  };
+  double const period = number(Parameters::timePeriodCmd());
+  auto const complete = [&](std::string_view name, double value) {
+    if (!isGiven(name)) { step.SetMember(name, value); }
+  };
+  if (ClassOf(step).Find(Parameters::initialIncCmd()) == nullptr || !(period > 0.0)) { return; }
+  complete(Parameters::initialIncCmd(), isGiven(Parameters::maxIncCmd()) ? std::min(period, number(Parameters::maxIncCmd())) : period);
+  complete(Parameters::maxIncCmd(), period);
+  complete(Parameters::minIncCmd(), std::min({1e-5 * period, number(Parameters::initialIncCmd()), number(Parameters::maxIncCmd())}));
+}
+
+/// A step by its construction command with the members that are left of the call's arguments.
+kprC_StepHandle Constructed(Call& call, std::string_view command) {
+  kprC_StepHandle step = kprC_ConstructStep(command);
+  kprC_Arguments const members = call.arguments.Rest();
+  SetMembers(call.subject, step.Get(), MemberArguments(*step), members);
+  CompleteIncrements(step.Get(), members);
+  return step;
+}
+
+std::vector<std::string> ConstructionNames() {
+  std::vector<std::string> names;
+  for (kprC_ProcedureRow const& row : kprC_procedures) {
+    if (row.label.Size() != 0) { names.emplace_back(row.command.View()); }
+  }
+  return names;
+}
+
+/// Why a step of that procedure may not stand where \p step is or, unless \p stopBefore, behind it.
+std::string WhyNot(ddr_Model const& model, cow_String const& step, bool stopBefore, unsigned procedureType) {
+  kprC_StepSequencer sequencer(kprC_Steps(model), true);
+  sequencer.Run(step, stopBefore);
+  return sequencer.WhyNot(procedureType);
+}
+
+/// Runs \p edit; when the sequence of steps is refused, the message says \p why, or that the steps behind are the reason.
+template <class Edit, class Why> void ExplainSequence(Call& call, Edit&& edit, Why&& why) {
+  try {
+    edit();
+  } catch (nex_TextException const& error) {
+    if (error.Code() == static_cast<int>(kprC_ErrorEnm::StepSequence)) {
+      call.subject.hint = why();
+      if (call.subject.hint.empty()) { call.subject.hint = "A step behind it could not follow what would stand before."; }
+    }
+    throw;
+  }
+}
+
+cow_String NewStepName(Call& call, std::string_view argument) {
+  cow_String name = call.arguments.Name(argument);
+  if (kprC_Steps(call.model).IsMember(name)) { call.subject.hint = "There is a step " + Quoted(name) + " already."; }
+  return name;
+}
+
+}  // namespace
+
+std::vector<CommandInfo> StepConstructions() {
+  std::vector<CommandInfo> infos;
+  for (std::string const& command : ConstructionNames()) {
+    kprC_StepHandle const step = kprC_ConstructStep(command);
+    std::string const label(kprC_FindProcedure(step->ProcedureType())->label.View());
+    CommandInfo info{command, kSteps, "inserts a step of the procedure " + label, {}};
+    info.arguments.push_back({"name", "the new step's name", "", {}, true});
+    info.arguments.push_back({"previous", "the step behind which it is inserted; the last one when left out", "", {}, false});
+    for (MemberArgument const& member : MemberArguments(*step)) { info.arguments.push_back(Describe(member)); }
+    infos.push_back(std::move(info));
+  }
+  return infos;
+}
+
+bool ConstructStep(Call& call) {
+  if (!kprC_ConstructStep(call.arguments.Command())) { return false; }
+  call.touched.all = true;
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  cow_String const name = NewStepName(call, kprC_Step::nameCmd());
+  call.subject.object = Quoted(name);
+  std::optional<std::string> const given = call.arguments.OptionalText(kprC_AnalysisStep::previousCmd());
+  cow_String const previous = given ? cow_String(*given) : steps.Name(steps.Size() - 1);
+  if (!steps.IsMember(previous)) {
+    call.subject.member = kprC_AnalysisStep::previousCmd();
+    call.subject.hint = Suggestion(previous, Texts(steps.Names()), "Steps");
+    call.subject.atFault = true;
+  }
+  kprC_StepHandle const step = Constructed(call, call.arguments.Command());
+  ExplainSequence(
+      call, [&] { kprC_InsertStep(call.model, previous, name, step); },
+      [&] { return WhyNot(call.model, previous, false, step->ProcedureType()); });
+  return true;
+}
+
+void SetStepValues(Call& call, cow_String const& name) {
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  kprC_StepHandle step = steps.Handle(steps.Index(name));
+  step.Get().NewUid();
+  SetMembers(call.subject, step.Get(), MemberArguments(*step), call.arguments.Rest());
+  kprC_ReplaceStep(call.model, name, step);
+}
+
+void RenameStep(Call& call, cow_String const& name) {
+  cow_String const newName = NewStepName(call, "newName");
+  call.arguments.AssertNoRest({"newName"});
+  kprC_RenameStep(call.model, name, newName);
+}
+
+void DeleteStep(Call& call, cow_String const& name) {
+  call.arguments.AssertNoRest({});
+  ExplainSequence(
+      call, [&] { kprC_RemoveStep(call.model, name); }, [] { return std::string(); });
+}
+
+void ReplaceStep(Call& call, cow_String const& name) {
+  std::string const procedure = call.arguments.Text(kprC_AnalysisStep::procedureCmd());
+  if (!kprC_ConstructStep(procedure)) {
+    RefuseUnknown(call.subject, "There is no procedure " + Quoted(procedure) + ".", Suggestion(procedure, ConstructionNames(), "Procedures"));
+  }
+  kprC_StepHandle const step = Constructed(call, procedure);
+  ExplainSequence(
+      call, [&] { kprC_ReplaceStep(call.model, name, step); }, [&] { return WhyNot(call.model, name, true, step->ProcedureType()); });
+}
+
+}  // namespace gattr

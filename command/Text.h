@@ -1,0 +1,30 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace gattr {
+
+/// \p text in double quotes, for a message: control characters as \n or \u001b, so that a name can neither break the line
+/// nor steer a terminal, and a long one cut after 80 bytes.
+std::string Quoted(std::string_view text);
+
+/// \p text with every line break and run of blanks as one blank.
+std::string OneLine(std::string_view text);
+
+/// "a", "b" and 12 more: at most \p shown of the names, quoted.
+std::string QuotedList(std::span<std::string const> names, std::size_t shown = 8);
+
+/// The name nearest to \p text by the number of letters to insert, drop, replace or exchange with their neighbour, case
+/// apart; empty when none is near. Linear in the names.
+std::string Nearest(std::string_view text, std::span<std::string const> names);
+
+/// "Did you mean "Step-2"?" where a name is near, otherwise "\p known: "Initial", "Step-1".", or "There are none.".
+std::string Suggestion(std::string_view text, std::span<std::string const> names, std::string_view known);
+
+/// Whether \p text is well-formed UTF-8: no stray, missing or overlong bytes, no surrogates.
+bool IsUtf8(std::string_view text);
+
+}  // namespace gattr
