@@ -138,6 +138,9 @@ public:
   void RecordModify(cow_String const& name) override {
     Record(name, {cow_String("Modify"), cow_String(std::string(name.View()) + ".")});
   }
+  void ForEachChange(mdl_Extension const& before, mdl_Extension::ChangeVisitor const& visit) const override {
+    cls_MemberTraits<decltype(map_)>::ForEachChange(dynamic_cast<kprC_PropagatingContainer const&>(before).map_, map_, visit);
+  }
   std::string ItemCmd() const override { return std::string(T::itemCmd().View()); }
   std::string Module() const override { return T::kModule; }
   [[noreturn]] void Refuse(kprC_EditRefusal refusal) const override { T::Refuse(refusal); }

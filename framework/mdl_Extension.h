@@ -1,10 +1,21 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/BasicUtils/cls_Object.h"
 #include "platform/BasicUtils/cls_Persistent.h"
+#include "platform/BasicUtils/cow_String.h"
 
 /// Something that a model holds under a member name: a repository, the step container.
-class DDB_API mdl_Extension : public cls_Object {};
+class DDB_API mdl_Extension : public cls_Object {
+public:
+  /// Takes a name and the object that it stands for now, null for none any more.
+  using ChangeVisitor = std::function<void(cow_String const& name, cls_Object const* object)>;
+
+  /// Tells what the extension's map holds that is not the very same object under the same name in \p before, an extension
+  /// of the same class; in the order of the names. Costs what differs, not what is held.
+  virtual void ForEachChange(mdl_Extension const& /*before*/, ChangeVisitor const& /*visit*/) const {}
+};
 
 class mdl_Repository;
 template <> struct cls_TypeIdOf<mdl_Repository> {

@@ -14,7 +14,7 @@ template <class T> struct cls_MemberTraits<cow_Map<cow_String, cow_Handle<T>>> {
     info.many = true;
   }
   static void Write(cls_WriteVisitor const& out, std::string_view name, Map const& map) {
-    out.StartMap(name, map.Size());
+    if (!out.StartMap(name, map.Size())) { return; }
     for (auto const& [key, object] : map) { out.WriteObject(key.View(), *object); }
     out.EndMap();
   }
@@ -38,6 +38,11 @@ template <class T> struct cls_MemberTraits<cow_Map<cow_String, cow_Handle<T>>> {
       ++other;
     }
     return true;
+  }
+  static void ForEachChange(Map const& before, Map const& now, mdl_Extension::ChangeVisitor const& visit) {
+    Map::ForEachDifference(before, now, [&](cow_String const& key, auto const* /*was*/, cow_Handle<T> const* is) {
+      visit(key, is == nullptr ? nullptr : is->ConstGet());
+    });
   }
   static cls_Value ToValue(Map const& map) {
     cls_Value::List names;
@@ -76,6 +81,9 @@ public:
     return names;
   }
   cow_Map<cow_String, Handle> const& Map() const { return map_; }
+  void ForEachChange(mdl_Extension const& before, mdl_Extension::ChangeVisitor const& visit) const override {
+    cls_MemberTraits<cow_Map<cow_String, Handle>>::ForEachChange(dynamic_cast<mdl_MapString2ObjCow const&>(before).map_, map_, visit);
+  }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit("map", &mdl_MapString2ObjCow::map_, cls_MemberText{"the objects by name"});

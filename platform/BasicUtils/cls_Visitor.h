@@ -35,8 +35,9 @@ public:
   virtual void WriteNested(std::string_view member, cls_Object const& object) const = 0;
   virtual void StartList(std::string_view member, std::size_t count) const = 0;
   virtual void EndList() const = 0;
-  /// Opens a set of named members, written between here and EndMap under their keys.
-  virtual void StartMap(std::string_view member, std::size_t count) const = 0;
+  /// Opens a set of named members, written between here and EndMap under their keys. False when the visitor has them
+  /// already; then they are not told, and the set is not closed.
+  virtual bool StartMap(std::string_view member, std::size_t count) const = 0;
   virtual void EndMap() const = 0;
 
   /// Whether neighbouring elements of a list that differ in nothing but their place may be written as one with a count.
