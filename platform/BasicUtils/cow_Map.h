@@ -243,7 +243,9 @@ private:
   std::array<Part, 2 * kMaxHeight + 1> parts_;  // each level leaves an entry and a subtree behind; filled to size_
 };
 
-template <class K, class V> template <class Fn> void cow_Map<K, V>::ForEachDifference(cow_Map const& before, cow_Map const& after, Fn&& fn) {
+template <class K, class V>
+template <class Fn>
+void cow_Map<K, V>::ForEachDifference(cow_Map const& before, cow_Map const& after, Fn&& fn) {
   Parts old(before.root_.ConstGet());
   Parts now(after.root_.ConstGet());
   V const* const none = nullptr;
