@@ -1,0 +1,166 @@
+#include "command/Check.h"
+
+#include <functional>
+#include <optional>
+#include <utility>
+
+#include "command/Command.h"
+#include "framework/ddr_ModelMembers.h"
+#include "module/kfd/kfdC_Field.h"
+#include "module/kpr/kprC_ModelSteps.h"
+#include "module/kpr/kprC_StepSequencer.h"
+#include "platform/CaeUtils/omu_ChangeHistory.h"
+
+namespace gattr {
+
+namespace {
+
+/// What \p run refuses; nothing when it does not.
+std::optional<Refusal> RefusalBy(std::function<void()> const& run) {
+  try {
+    run();
+  } catch (std::bad_alloc const&) {
+    throw;
+  } catch (std::exception const& error) { return RefusalOf(error); }
+  return std::nullopt;
+}
+
+void CheckSteps(ddr_Model const& model, std::vector<Finding>& findings) {
+  kprC_StepContainer const& steps = kprC_Steps(model);
+  std::string const kind(kprC_Step::stepCmd().View());
+  kprC_StepSequencer sequencer(true);
+  for (std::size_t i = 0; i < steps.Size(); ++i) {
+    std::string const name(steps.Name(i).View());
+    auto const add = [&](Refusal refusal, std::string detail) {
+      findings.push_back({kind, name, name, std::move(refusal), std::move(detail)});
+    };
+    if (i > 0) {
+      unsigned const type = steps.Step(i).ProcedureType();
+      if (auto refusal = RefusalBy([&] { sequencer.Append(type); })) { add(*std::move(refusal), sequencer.WhyNot(type)); }
+    }
+    if (auto refusal = RefusalBy([&] { steps.Step(i).AssertValid(); })) { add(*std::move(refusal), {}); }
+  }
+}
+
+/// The checks of one attribute.
+class AttributeCheck {
+public:
+  AttributeCheck(ddr_Model const& model, cow_String const& extension, kprC_StepAwareRepository const& repository,
+                 std::vector<Finding>& findings)
+      : model_(model), steps_(kprC_Steps(model)), repository_(repository), findings_(findings), kind_(repository.ItemCmd()),
+        extension_(extension) {}
+
+  void Run(cow_String const& name, kprC_StepDependent const& item) {
+    name_ = name.View();
+    suppressed_ = item.IsSuppressed();
+    auto const again = Copy(item);
+    auto const refusal = RefusalBy([&] { suppressed_ ? again->Resume() : item.AssertValid(); });
+    if (refusal) { Add(*refusal, FirstInvalidStep(*Copy(item))); }
+    CheckReferences(item);
+    CheckHistory(item);
+  }
+
+private:
+  static std::unique_ptr<kprC_StepDependent> Copy(kprC_StepDependent const& item) {
+    return std::unique_ptr<kprC_StepDependent>(dynamic_cast<kprC_StepDependent*>(item.Copy().release()));
+  }
+
+  void Add(Refusal refusal, std::string step, std::string detail = {}) {
+    findings_.push_back({kind_, name_, std::move(step), std::move(refusal), std::move(detail), suppressed_});
+  }
+  void AddUnknown(std::string_view kind, std::string_view name, std::optional<kprC_EditRefusal> numbered) {
+    std::string const text = "There is no " + ObjectText(kind, name) + ".";
+    if (numbered) {
+      Add(*RefusalBy([&] { repository_.Refuse(*numbered); }), {}, text);
+    } else {
+      Add({"", -1, "omu_KeyErrorException", text}, {});
+    }
+  }
+
+  /// The shortest beginning of the step sequence in which the attribute is refused ends with the step at fault: what a record
+  /// holds follows from the steps up to its own.
+  std::string FirstInvalidStep(kprC_StepDependent& item) const {
+    if (item.IsSuppressed()) { RefusalBy([&] { item.Resume(); }); }
+    std::size_t const create = steps_.Index(item.CreateStepName());
+    if (create == kprC_StepContainer::npos) { return {}; }
+    std::size_t valid = create, invalid = steps_.Size();  // beginnings by their length
+    auto const isRefused = [&](std::size_t length) { return RefusalBy([&] { InsertInto(length, item); }).has_value(); };
+    if (!isRefused(invalid)) { return {}; }
+    while (valid + 1 < invalid) {
+      std::size_t const middle = valid + (invalid - valid) / 2;
+      (isRefused(middle) ? invalid : valid) = middle;
+    }
+    return std::string(steps_.Name(invalid - 1).View());
+  }
+  /// Inserts the attribute into an empty repository that knows the first \p length steps only.
+  void InsertInto(std::size_t length, kprC_StepDependent const& item) const {
+    kprC_StepSequence beginning;
+    for (std::size_t i = 0; i < length; ++i) { beginning.Append(steps_.Table()[i]); }
+    auto const empty = mdl_ExtensionSubject::Registered().find(extension_.View())->second->Copy();
+    auto& scratch = dynamic_cast<kprC_StepAwareRepository&>(*empty);
+    scratch.UpdateSteps(kprC_StepTable(std::move(beginning)));
+    scratch.InsertItem(item.Name(), item);
+  }
+
+  void CheckReferences(kprC_StepDependent const& item) {
+    auto const& regions = model_.ConstGet<ddr_RegionMap>(ddr_Model::regionsCmd());
+    for (auto const type : {rgnC_Set, rgnC_Surface}) {
+      for (rgnC_Region const& region : item.Regions(type)) {
+        if (!regions.IsMember(region.Name())) { AddUnknown("region", region.Name(), std::nullopt); }
+      }
+    }
+    auto const& amplitudes = model_.ConstGet<ddr_AmplitudeMap>(ddr_Model::amplitudesCmd());
+    for (cow_String const& amplitude : item.Amplitudes()) {
+      if (!amplitudes.IsMember(amplitude)) { AddUnknown("amplitude", amplitude, kprC_EditRefusal::AmplitudeValue); }
+    }
+    auto const& fields = model_.ConstGet<kfdC_FieldMap>(ddr_Model::fieldsCmd());
+    if (!item.FieldName().IsEmpty() && !fields.IsMember(item.FieldName())) {
+      AddUnknown("field", item.FieldName(), kprC_EditRefusal::FieldUnknown);
+    }
+  }
+
+  void CheckHistory(kprC_StepDependent const& item) {
+    auto const again = Copy(item);
+    again->Suppress();  // a suppressed attribute forms its history without being checked
+    if (RefusalBy([&] { again->UpdateStates(); })) { return; }  // told already
+    cls_Object const* told = nullptr;
+    cls_Object const* given = nullptr;
+    for (std::size_t i = 0; i < item.Steps().Size(); ++i) {
+      int const toldStatus = static_cast<int>(item.StatusAt(i)), givenStatus = static_cast<int>(again->StatusAt(i));
+      cls_Object const* const toldBefore = std::exchange(told, item.StateAt(i));
+      cls_Object const* const givenBefore = std::exchange(given, again->StateAt(i));
+      bool const compared = told == given || (told == toldBefore && given == givenBefore);  // carried states are shared
+      bool const sameState = compared || (told != nullptr && given != nullptr && told->Equals(*given));
+      if (toldStatus == givenStatus && sameState) { continue; }
+      std::string const text = toldStatus == givenStatus
+                                   ? std::string("The state is not what the steps give.")
+                                   : "The status is " + std::to_string(toldStatus) + " where the steps give " + std::to_string(givenStatus) + ".";
+      return Add({"", -1, "nex_TextException", text}, std::string(item.Steps().Name(i).View()));
+    }
+  }
+
+  ddr_Model const& model_;
+  kprC_StepContainer const& steps_;
+  kprC_StepAwareRepository const& repository_;
+  std::vector<Finding>& findings_;
+  std::string kind_, name_;
+  cow_String extension_;
+  bool suppressed_ = false;
+};
+
+}  // namespace
+
+std::vector<Finding> Check(ddr_Model const& model) {
+  std::vector<Finding> findings;
+  omu_ChangeHistory& changes = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
+  std::size_t const before = changes.Size();  // trials record changes of models that nobody keeps
+  CheckSteps(model, findings);
+  ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+    AttributeCheck check(model, extension, repository, findings);
+    repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) { check.Run(name, item); });
+  });
+  changes.TruncateTo(before);
+  return findings;
+}
+
+}  // namespace gattr

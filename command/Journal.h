@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <iosfwd>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "command/Session.h"
+
+/// Journals: one command per line, each a JSON object. Empty lines are passed over; there are no comments.
+namespace gattr {
+
+/// A line that cannot be read. The text names journal, line and column, and what was expected.
+class JournalError : public std::runtime_error {
+public:
+  JournalError(std::string const& journal, std::size_t line, std::size_t column, std::string const& text);
+
+  std::size_t Line() const { return line_; }      ///< from 1
+  std::size_t Column() const { return column_; }  ///< in bytes, from 1; 0 when the whole line is meant
+
+private:
+  std::size_t line_, column_;
+};
+
+/// Reads a journal command by command. Whatever its length, no more than one line is held in memory.
+class JournalReader {
+public:
+  static constexpr std::size_t kLongestLine = 16 << 20;  ///< bytes; a longer line is refused
+
+  /// \p name stands for the journal in messages. The stream must outlive the reader.
+  explicit JournalReader(std::istream& in, std::string name = "journal");
+
+  /// The next command; nothing at the end. Raises JournalError for a line that is too long, is no JSON object, repeats a
+  /// member or holds a number too large for a real; reading may go on with the line behind it.
+  std::optional<Json> Next();
+  /// The line of the last command, from 1.
+  std::size_t Line() const { return line_; }
+
+private:
+  bool ReadLine();
+  Json Parsed() const;
+  [[noreturn]] void Refuse(std::size_t column, std::string const& text) const;
+
+  std::istream& in_;
+  std::string name_;
+  std::string text_;
+  std::size_t line_ = 0;
+};
+
+/// A command as a line of a journal, without the line break. Texts stay UTF-8.
+std::string JournalLine(Json const& command);
+
+}  // namespace gattr
