@@ -5,6 +5,7 @@ cd "$(dirname "$0")/.."
 
 base="platform/CoreUtils platform/BasicUtils"
 library="platform framework"
+tools="$library module store command"
 # Room: the rooms that it may include beside itself. The longest room that a file lies in counts.
 rooms="
 platform/CoreUtils:
@@ -32,8 +33,8 @@ module/kcn: $library
 module/utf: $library
 store: $library
 command: $library module store
-report: command
-cli: command report
+report: $tools
+cli: $tools report
 "
 
 cmake/sources.sh platform framework module store command report cli | xargs grep -nH '^ *# *include *"' | awk -v rooms="$rooms" '

@@ -1,21 +1,39 @@
 // A program outside the project: installed headers and libraries only.
 #include <cstdio>
 
-#include "platform/BasicUtils/cow_Map.h"
-#include "platform/BasicUtils/cow_String.h"
+#include "framework/ddr_Model.h"
+#include "framework/kprC_PropagatingContainer.h"
+#include "module/DDB_GeometricAttributes.h"
+#include "module/kbc/kbcC_BC.h"
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
 #include "platform/CaeUtils/omu_ValueErrorException.h"
 
-int main() {
-  cow_Map<cow_String, int> steps;
-  steps.Insert("Initial", 0);
-  if (steps.Size() != 1) { return 1; }
-  // An exception that a library throws is the type that the program knows.
+namespace {
+
+// Types keep their meaning across the libraries: those of objects that the library made,
+bool FindsTheBoundaryConditions() {
+  ddr_Model model;
+  auto const* conditions = dynamic_cast<kprC_PropagatingContainer<kbcC_BC> const*>(model.ConstExtension(ddr_Model::bcCmd()));
+  return conditions != nullptr && conditions->UnsuppressedSize() == 0;
+}
+
+// and those of exceptions that it throws.
+bool CatchesARefusal() {
   try {
     omu_PrimEnum<mdl_PropagationStatusEnm, 1> const status(cow_String("NO SUCH STATUS"));
   } catch (omu_ValueErrorException const& refusal) {
-    std::puts(refusal.Text().c_str());
-    return 0;
+    return !refusal.Text().View().empty();
   }
-  return 2;
+  return false;
+}
+
+}  // namespace
+
+int main() {
+  int count = 0;
+  DDB_GeometricAttributes_initialize(count);
+  bool const good = FindsTheBoundaryConditions() && CatchesARefusal();
+  DDB_GeometricAttributes_finalize(count);
+  std::puts(good ? "consumer: good" : "consumer: a type is not the library's");
+  return good ? 0 : 1;
 }
