@@ -1,166 +1,208 @@
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
 #include <string>
 #include <utility>
+#include <vector>
 
+#include "framework/kprC_PassTable.h"
 #include "framework/kprC_PropagatingState.h"
-#include "framework/kprC_RecordRuns.h"
 #include "framework/kprC_StepTable.h"
-#include "platform/BasicUtils/cls_xoList.h"
 
-/// The records of one attribute, one per step. A value: a copy is a snapshot and shares everything.
+/// The records of one attribute, one per step.
 ///
-/// How the records are kept is this class's own business; families, stores and commands ask by position or name.
-template <class S> class kprC_History {
+/// Only the records that say something of their own are kept; what stands between them follows from the step table, which
+/// all attributes share, and from what the last own record before gives on. An attribute that is created, changed twice
+/// and switched off keeps four records whatever the number of steps, a step inserted before them shifts four numbers, and
+/// a change of status from procedure to procedure costs nothing. That is this class's business alone: families, stores
+/// and commands ask by position or name, and get a record for every step.
+///
+/// A value: a copy is a snapshot and shares everything until one of both is changed. Asking is logarithmic in the own
+/// records, changing linear in them. Carried records share one state object.
+/// \tparam Rules the family's tables: State, kPass, kNeverOff, Kind(procedureType), IsFrequency(procedureType).
+template <class Rules> class kprC_History {
 public:
-  using Record = kprC_PropagatingState<S>;
-  using Handle = cow_Handle<S>;
-  using Runs = kprC_RecordRuns<S>;
+  using State_ = typename Rules::State;
+  using Record = kprC_PropagatingState<State_>;
+  using Handle = cow_Handle<State_>;
+  using Status_ = mdl_PropagationStatusEnm;
+  static constexpr std::size_t npos = kprC_StepTable::npos;
+
+  /// The base state of perturbation steps as the last general step left it.
+  enum class Base : std::uint8_t { None, On, Off };
+
+  /// What the records behind an own one carry.
+  struct Carry {
+    bool created = false;
+    Base base = Base::None;
+    bool untouchedInitial = false;             ///< the base state is still what the initial step created
+    Status_ inFrequency = Status_::NotYetCreated;  ///< status of an own record in the last frequency step, as far as
+    std::uint32_t frequencyEnd = 0;                ///< the records before this one
+    Handle source;                             ///< values of the base state; without one, those of the creation
+    Handle on, off;                            ///< the same as later steps carry them; off only where the base is off
+
+    friend bool operator==(Carry const&, Carry const&) = default;
+  };
+  /// A record that says something of its own. Its state is never null.
+  struct Entry {
+    std::uint32_t index;
+    Status_ status;
+    Handle state;
+    Carry carry;
+  };
 
   kprC_StepTable const& Steps() const { return steps_; }
-  Runs const& Records() const { return records_; }
-  std::size_t Size() const { return records_.Size(); }
+  std::size_t Size() const { return steps_.Size(); }
   std::size_t Find(std::string_view step) const { return steps_.Find(step); }
-  mdl_PropagationStatusEnm Status(std::size_t index) const { return records_.Status(index); }
-  Handle const& State(std::size_t index) const { return records_.State(index); }
+  Status_ Status(std::size_t index) const { return Look(index).first; }
+  /// Null before the create step.
+  Handle const& State(std::size_t index) const { return *Look(index).second; }
   /// The record as an object of its own. Its identity is that of the step in this list.
   Record At(std::size_t index) const {
-    return Record(steps_[index], Status(index), State(index), cls_Uid::OfElement(uid_, steps_[index].Uid()));
+    auto const [status, state] = Look(index);
+    return Record(steps_[index], status, *state, cls_Uid::OfElement(uid_, steps_[index].Uid()));
   }
   /// Position of the first record that holds a state, or npos.
-  std::size_t CreateStep() const {
-    for (std::size_t run = 0; run < records_.Runs(); ++run) {
-      if (records_.RunAt(run).state) { return records_.Begin(run); }
-    }
-    return kprC_StepTable::npos;
+  std::size_t CreateStep() const { return Own().empty() ? npos : Own().front().index; }
+  /// The records that say something of their own, in step order.
+  std::vector<Entry> const& Own() const {
+    static std::vector<Entry> const none;
+    return body_ ? body_->entries : none;
   }
 
   cls_Uid const& Uid() const { return uid_; }
   void NewUid() { uid_ = cls_Uid::AllocateUid(); }
 
-  void Set(std::size_t index, mdl_PropagationStatusEnm status, Handle state) { records_.Set(index, status, std::move(state)); }
-  void SetState(std::size_t index, Handle state) { records_.Set(index, Status(index), std::move(state)); }
-  void ClearStates(std::size_t begin, std::size_t end) { records_.ClearStates(begin, end); }
-  void ReplaceRecords(Runs records) { records_ = std::move(records); }
+  // Changes. Each leaves the records behind as they were carried before: Form is due.
 
+  void Set(std::size_t index, Status_ status, Handle state) {
+    auto& entries = Entries();
+    auto const at = LowerBound(entries, index);
+    bool const present = at != entries.end() && at->index == index;
+    if (!state) {
+      if (present) { entries.erase(at); }
+    } else if (present) {
+      at->status = status;
+      at->state = std::move(state);
+    } else {
+      Carry const carry = at == entries.begin() ? Carry() : std::prev(at)->carry;
+      entries.insert(at, {static_cast<std::uint32_t>(index), status, std::move(state), carry});
+    }
+    Touch(index);
+  }
+  void SetState(std::size_t index, Handle state) { Set(index, Status(index), std::move(state)); }
+  /// Takes the own records from \p begin to \p end (one past the last) away.
+  void ClearStates(std::size_t begin, std::size_t end) {
+    auto& entries = Entries();
+    entries.erase(LowerBound(entries, begin), LowerBound(entries, std::max(begin, end)));
+    Touch(begin);
+    Touch(end);
+  }
   /// The first record of an attribute that no repository holds.
   void StartWith(cow_String const& step, Handle state) {
     kprC_StepSequence steps;
     steps.Append(kprC_StepNameProcedurePair(step, nullptr));
     steps_ = kprC_StepTable(std::move(steps));
-    records_.Append(1, mdl_PropagationStatusEnm::Created, std::move(state));
+    Entries().push_back({0, Status_::Created, std::move(state), {}});
   }
-  /// A new record, status 0 and no state, for the step \p index of \p steps, which has one step more.
-  void InsertAt(std::size_t index, kprC_StepTable const& steps) {
-    records_.InsertAt(index, mdl_PropagationStatusEnm::NotYetCreated, nullptr);
-    steps_ = steps;
-  }
+  /// A new record, without a state, for the step \p index of \p steps, which has one step more.
+  void InsertAt(std::size_t index, kprC_StepTable const& steps) { Shift(index, 1, steps); }
   /// Drops the record \p index; \p steps has that step less.
   void EraseAt(std::size_t index, kprC_StepTable const& steps) {
-    records_.EraseAt(index);
-    steps_ = steps;
+    ClearStates(index, index + 1);
+    Shift(index + 1, -1, steps);
+    Touch(index);
   }
   /// Takes a sequence of as many steps, record by record.
-  void Attach(kprC_StepTable const& steps) { steps_ = steps; }
-  /// Matches the records with \p steps by name: keeps state, status and identity, adds what is missing, drops the rest.
+  void Attach(kprC_StepTable const& steps) {
+    if (steps_.Same(steps)) { return; }
+    steps_ = steps;
+    TouchAll();
+  }
+  /// Matches the records with \p steps by name: keeps state, status and identity, drops the records of other steps.
   void MatchTo(kprC_StepTable const& steps) {
     if (steps_.Same(steps)) { return; }
-    if (steps_.SameNames(steps)) { return Attach(steps); }
-    Runs matched;
-    if (Size() == 1) {  // a new attribute: one lookup, not one per step
-      std::size_t const at = steps.Find(steps_.Name(0).View());
-      if (at == kprC_StepTable::npos) {
-        matched.Append(steps.Size(), mdl_PropagationStatusEnm::NotYetCreated, nullptr);
-      } else {
-        matched.Append(at, mdl_PropagationStatusEnm::NotYetCreated, nullptr);
-        matched.Append(1, Status(0), State(0));
-        matched.Append(steps.Size() - at - 1, mdl_PropagationStatusEnm::NotYetCreated, nullptr);
-      }
-    } else {
-      for (std::size_t i = 0; i < steps.Size(); ++i) {
-        bool const stays = i < steps_.Size() && steps_.Name(i) == steps.Name(i);
-        std::size_t const at = stays ? i : steps_.Find(steps.Name(i).View());
-        bool const known = at != kprC_StepTable::npos;
-        matched.Append(1, known ? Status(at) : mdl_PropagationStatusEnm::NotYetCreated, known ? State(at) : Handle());
-      }
+    auto& entries = Entries();
+    for (Entry& entry : entries) {
+      std::size_t const at = steps.Find(steps_.Name(entry.index).View());
+      entry.index = at == npos ? kDropped : static_cast<std::uint32_t>(at);
     }
-    records_ = std::move(matched);
-    steps_ = steps;
+    std::erase_if(entries, [](Entry const& entry) { return entry.index == kDropped; });
+    std::ranges::sort(entries, {}, &Entry::index);
+    Attach(steps);
   }
+
+  /// Gives every record the status and the state that follow from the own records, from the first change on and as far
+  /// as it reaches. A second pass changes nothing.
+  /// \p admits bool(unsigned procedureType): whether the type may be carried into a step of that procedure.
+  template <class Admits> void Form(Admits&& admits);
 
 private:
-  friend struct cls_MemberTraits<kprC_History<S>>;
+  friend struct cls_MemberTraits<kprC_History<Rules>>;
+  template <class> friend class kprC_Propagator;
+
+  static constexpr std::uint32_t kDropped = ~0U;
+  struct Body : mem_Counted {
+    std::vector<Entry> entries;
+  };
+
+  std::vector<Entry>& Entries() {
+    if (!body_) { body_ = cow_Handle<Body>::Make(); }
+    return body_.Get().entries;
+  }
+  template <class Vector> static auto LowerBound(Vector& entries, std::size_t index) {
+    return std::ranges::lower_bound(entries, index, {}, &Entry::index);
+  }
+  void Shift(std::size_t begin, int by, kprC_StepTable const& steps) {
+    auto& entries = Entries();
+    for (auto at = LowerBound(entries, begin); at != entries.end(); ++at) { at->index += static_cast<std::uint32_t>(by); }
+    steps_ = steps;
+    TouchAll();
+  }
+  void Touch(std::size_t index) {
+    firstTouched_ = std::min(firstTouched_, index);
+    lastTouched_ = std::max(lastTouched_, index);
+  }
+  void TouchAll() {
+    firstTouched_ = 0;
+    lastTouched_ = npos;
+  }
+
+  /// Status and state of a record: the own one's, or those that the last own one before gives on.
+  std::pair<Status_, Handle const*> Look(std::size_t index) const {
+    static Handle const none;
+    auto const& entries = Own();
+    auto const behind = std::ranges::upper_bound(entries, index, {}, &Entry::index);
+    if (behind == entries.begin()) { return {Status_::NotYetCreated, &none}; }
+    Entry const& entry = *std::prev(behind);
+    if (entry.index == index) { return {entry.status, &entry.state}; }
+    return Carried(entry.carry, index, steps_.ProcedureType(index), (admitted_ & kprC_ProcedureBit(steps_.ProcedureType(index))) != 0);
+  }
+
+  /// What a record without anything of its own takes over: the first row that applies.
+  static std::pair<Status_, Handle const*> Carried(Carry const& carry, std::size_t index, unsigned procedure, bool admitted) {
+    constexpr kprC_PassTable const& pass = Rules::kPass;
+    kprC_StepKind const kind = Rules::Kind(procedure);
+    Status_ const inFrequency = index < carry.frequencyEnd ? carry.inFrequency : Status_::NotYetCreated;
+    bool const modal = kind == kprC_StepKind::Modal;
+    bool const off = carry.base == Base::Off;
+    if (carry.base == Base::None) { return {modal && inFrequency == Status_::Created ? pass.held : pass.notCarried, &carry.on}; }
+    if (!admitted && (kind != kprC_StepKind::Perturbation || pass.asksAdmissionInPerturbation)) {
+      return {pass.notAdmitted, off ? &carry.off : &carry.on};
+    }
+    if (modal) { return {off || inFrequency == pass.perturbationOff ? pass.afterOff : pass.held, &carry.on}; }
+    if (off) { return {pass.afterOff, &carry.off}; }
+    if (kind == kprC_StepKind::Perturbation) { return {pass.perturbation, &carry.on}; }
+    return {carry.untouchedInitial ? pass.carriedFromInitial : pass.carried, &carry.on};
+  }
 
   kprC_StepTable steps_;
-  Runs records_;
+  cow_Handle<Body> body_;
   cls_Uid uid_ = cls_Uid::AllocateUid();
+  std::uint32_t admitted_ = 0;  // procedure types that the attribute is carried into, a bit each
+  std::size_t firstTouched_ = 0, lastTouched_ = npos;  // what Form has to look at
 };
 
-/// A history is stored as the list of its records, in step order. Where the store takes runs, equal neighbours are one
-/// record followed by the number of steps that it stands for; the step sequence is then handed over by the repository.
-template <class S> struct cls_MemberTraits<kprC_History<S>> {
-  using History = kprC_History<S>;
-  using Record = typename History::Record;
-
-  static void Describe(cls_MemberInfo& info) {
-    info.typeId = Record::TypeId();
-    info.many = true;
-  }
-  static void Write(cls_WriteVisitor const& out, std::string_view name, History const& history) {
-    auto const& records = history.Records();
-    if (out.WritesRuns()) {
-      out.StartList(name, 2 * records.Runs());
-      for (std::size_t run = 0; run < records.Runs(); ++run) {
-        Record record = history.At(records.Begin(run));
-        record.procedure.Reset();  // the step sequence tells it
-        out.WriteNested("", record);
-        out.WriteInteger("", static_cast<long long>(records.RunAt(run).end - records.Begin(run)));
-      }
-    } else {
-      out.StartList(name, history.Size());
-      for (std::size_t i = 0; i < history.Size(); ++i) { out.WriteNested("", history.At(i)); }
-    }
-    out.EndList();
-  }
-  static void Read(cls_ReadVisitor const& in, std::string_view name, History& history) {
-    History read;
-    kprC_StepSequence steps;
-    std::size_t const count = in.StartList(name);
-    for (std::size_t i = 0; i < count; ++i) {
-      Record record;
-      in.ReadNested("", [&](cls_ReadVisitor const& nested) { record = Record(nested); });
-      long long stands = 1;
-      if (in.ReadsRuns()) {
-        stands = in.ReadInteger("");
-        ++i;
-        if (stands < 1 || stands > cls_unsetInteger) { in.Refuse(name, "a positive number of steps"); }
-      }
-      read.records_.Append(static_cast<std::size_t>(stands), record.status, record.state);
-      for (; stands > 0; --stands) { steps.Append(kprC_StepNameProcedurePair(record.stepName, record.procedure)); }
-    }
-    in.EndList();
-    read.steps_ = kprC_StepTable(std::move(steps));
-    history = std::move(read);
-  }
-  static void NewUid(History& history) { history.NewUid(); }
-  static bool Equal(History const& a, History const& b) {
-    if (a.Size() != b.Size()) { return false; }
-    if (!a.steps_.Same(b.steps_) && !cls_MemberTraits<kprC_StepSequence>::Equal(a.steps_.Steps(), b.steps_.Steps())) { return false; }
-    std::size_t runA = 0, runB = 0;
-    for (std::size_t i = 0; i < a.Size();) {
-      auto const& one = a.records_.RunAt(runA);
-      auto const& two = b.records_.RunAt(runB);
-      if (one.status != two.status || !cls_MemberTraits<cow_Handle<S>>::Equal(one.state, two.state)) { return false; }
-      i = std::min(one.end, two.end);
-      runA += one.end == i;
-      runB += two.end == i;
-    }
-    return true;
-  }
-  static cls_Value ToValue(History const& history) {
-    cls_Value::List statuses;
-    for (std::size_t i = 0; i < history.Size(); ++i) { statuses.emplace_back(static_cast<int>(history.Status(i))); }
-    return statuses;
-  }
-  static std::string_view FromValue(History&, cls_Value const&) { return "nothing: a history follows from the edits"; }
-};
+#include "framework/kprC_HistoryMember.h"
+#include "framework/kprC_Propagator.h"

@@ -244,14 +244,7 @@ private:
     for (cow_String const& name : Keys()) {
       T& item = Get(name);
       item.SetName(name);
-      kprC_StepTable const& own = item.Steps();
-      bool fits = own.Size() == table_.Size();
-      for (std::size_t i = 0; fits && i < own.Size(); ++i) {
-        // in a run only the first record is sure to bear its step's name
-        fits = own.Name(i) == table_.Name(i) || (in.ReadsRuns() && i > 0 && own.Name(i) == own.Name(i - 1));
-      }
-      if (!fits) { in.Refuse("map", "one record for each step of the sequence, in step order, in \"" + std::string(name.View()) + "\""); }
-      Own(item).AttachSteps(table_);
+      Own(item).RestoreHistory(in, table_);
     }
   }
 

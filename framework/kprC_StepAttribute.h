@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "framework/kprC_Propagator.h"
+#include "framework/kprC_History.h"
 #include "framework/kprC_StepDependent.h"
 
 /// How a family classifies a status; 0 for one that it does not know.
@@ -210,18 +210,21 @@ public:
     ReplaceStep(index, Steps().WithReplaced(index, kprC_StepNameProcedurePair(Steps().Name(index), nullptr)));
   }
 
+  void Restored(cls_ReadVisitor const& in) override {
+    if (!in.ReadsRuns()) { RestoreHistory(in, Steps()); }  // else its repository has the steps
+  }
+
   /// A default state of the type.
   virtual std::unique_ptr<State> NewState() const = 0;
   /// Whether the type may stand in a step of \p procedureType: created or moved there, or \p carried into it.
   virtual bool Admits(unsigned procedureType, bool carried) const = 0;
 
 protected:
-  kprC_History<State> const& States() const { return states_; }
+  kprC_History<Rules> const& States() const { return states_; }
 
   /// Forms the history: statuses and carried states of all records, and then the check of every record.
   virtual void Sync() {
-    auto const admits = [this](unsigned procedureType) { return Admits(procedureType, true); };
-    states_.ReplaceRecords(kprC_Propagator<Rules, decltype(admits)>(states_.Steps(), admits).Run(states_.Records()));
+    Form();
     AssertValid();
   }
 
@@ -231,20 +234,8 @@ protected:
   /// \p index is npos while the attribute is being created.
   virtual void AssertMemberState(std::size_t /*index*/, std::string_view /*member*/, std::string_view /*word*/) const {}
 
-  /// Calls fn(first step, one past the last, status, state, procedure type) for every stretch of steps that share all three.
-  template <class Fn> void ForEachStretch(Fn&& fn) const {
-    auto const& records = states_.Records();
-    for (std::size_t run = 0, begin = 0; run < records.Runs(); ++run) {
-      auto const& now = records.RunAt(run);
-      for (std::size_t end; begin < now.end; begin = end) {
-        end = std::min<std::size_t>(now.end, Steps().SegmentEnd(begin));
-        fn(begin, end, now.status, now.state, Steps().ProcedureType(begin));
-      }
-    }
-  }
-
   bool suppress_ = false;
-  kprC_History<State> states_;
+  kprC_History<Rules> states_;
 
 private:
   static bool Is(Status_ status, unsigned trait) {
@@ -269,12 +260,35 @@ private:
     return false;
   }
   void AssertNoneChanged(std::size_t begin, std::size_t end) const {
-    auto const& records = states_.Records();
-    while (begin < end) {
-      auto const& run = records.RunAt(records.RunOf(begin));
-      Rules::Assert(!IsIllegalMove(run.status), Rules::kRefusals.moveAcrossChange);
-      begin = run.end;
+    for (auto const& own : states_.Own()) {  // what is carried is never in the way
+      bool const inside = own.index >= begin && own.index < end;
+      Rules::Assert(!inside || !IsIllegalMove(own.status), Rules::kRefusals.moveAcrossChange);
     }
+  }
+  void Form() {
+    states_.Form([this](unsigned procedureType) { return Admits(procedureType, true); });
+  }
+
+  void RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable const& steps) override {
+    bool fits = in.ReadsRuns() || Steps().SameNames(steps);
+    auto stored = states_.Own();
+    for (auto& own : stored) {
+      std::size_t const index = steps.Find(Steps().Name(own.index).View());
+      fits = fits && index != kprC_StepTable::npos;
+      own.index = static_cast<std::uint32_t>(index);
+    }
+    if (!fits) { in.Refuse("states", "one record for each step of the sequence, in step order"); }
+    states_.MatchTo(steps);
+    Form();
+    for (auto const& own : stored) {
+      bool const same = states_.Status(own.index) == own.status && cls_MemberTraits<StateHandle>::Equal(states_.State(own.index), own.state);
+      if (!same) {
+        in.Refuse("states", "in step \"" + std::string(steps.Name(own.index).View()) + "\" the status and the state that follow from the steps before");
+      }
+    }
+    std::size_t const create = states_.CreateStep();
+    std::size_t const told = in.ReadsRuns() || create == kprC_StepTable::npos ? states_.Own().size() : steps.Size() - create;
+    if (told != stored.size()) { in.Refuse("states", "a state in every record from the create step on"); }
   }
 
   void Initialize(kprC_StepTable const& steps) override {

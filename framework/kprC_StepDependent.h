@@ -87,8 +87,10 @@ private:
   virtual void RenameStep(kprC_StepTable const& steps) = 0;
   /// \p bare is the sequence with no procedure at \p index.
   virtual void ReplaceStep(std::size_t index, kprC_StepTable const& bare) = 0;
-  /// Takes \p steps for a history that was read and has as many records.
+  /// Takes \p steps, the same steps with other procedure objects.
   virtual void AttachSteps(kprC_StepTable const& steps) = 0;
+  /// Takes \p steps for a history that was read, and refuses one that does not follow from its own records.
+  virtual void RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable const& steps) = 0;
 
   cow_String name_;  // the key in the repository, not a stored member
 };

@@ -17,7 +17,11 @@ kprC_StepTable::kprC_StepTable(kprC_StepSequence steps) : body_(cow_Handle<Body>
   std::size_t const mask = body.slots.size() - 1;
   for (std::size_t i = 0; i < count; ++i) {
     kprC_StepNameProcedurePair const& pair = steps[i];
-    body.types.push_back(pair.ProcedureType());
+    unsigned const type = pair.ProcedureType();
+    if (body.types.empty() || type != body.types.back()) {
+      if (std::ranges::find(body.distinctTypes, type) == body.distinctTypes.end()) { body.distinctTypes.push_back(type); }
+    }
+    body.types.push_back(type);
     std::size_t slot = std::hash<std::string_view>{}(pair.stepName.View()) & mask;
     while (body.slots[slot] != 0 && !(steps[body.slots[slot] - 1].stepName == pair.stepName)) { slot = (slot + 1) & mask; }
     if (body.slots[slot] == 0) { body.slots[slot] = static_cast<std::uint32_t>(i + 1); }

@@ -26,6 +26,8 @@ public:
   cow_String const& Name(std::size_t index) const { return body_->steps[index].stepName; }
   /// The procedure type that rules are asked with; 0 for the initial step.
   unsigned ProcedureType(std::size_t index) const { return body_->types[index]; }
+  /// Every procedure type of the sequence once, in the order in which it first stands there.
+  std::vector<unsigned> const& DistinctTypes() const { return body_->distinctTypes; }
   /// One past the last of the neighbouring steps that share the procedure type of \p index.
   std::size_t SegmentEnd(std::size_t index) const { return body_->segmentEnds[index]; }
   /// Position of the first step called \p name, or npos.
@@ -44,7 +46,7 @@ public:
 private:
   struct Body : mem_Counted {
     kprC_StepSequence steps;
-    std::vector<unsigned> types;
+    std::vector<unsigned> types, distinctTypes;
     std::vector<std::uint32_t> segmentEnds;
     std::vector<std::uint32_t> slots;  ///< open hash of the names: position + 1, or 0; a power of two long
   };

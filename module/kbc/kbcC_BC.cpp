@@ -6,11 +6,10 @@
 cow_1DArrayList<cow_String> kbcC_BC::Amplitudes() const {
   cow_Map<cow_String, bool> seen;
   cow_1DArrayList<cow_String> names;
-  ForEachStretch([&](auto, auto, auto, StateHandle const& state, auto) {
-    if (!state || !state->amplitude.HasValue()) { return; }
-    cow_String const& name = state->amplitude.ConstGet();
-    if (!name.IsEmpty() && seen.Insert(name, true)) { names.Append(name); }
-  });
+  for (auto const& own : States().Own()) {
+    cow_String const& name = own.state->amplitude.ConstGet();
+    if (own.state->amplitude.HasValue() && !name.IsEmpty() && seen.Insert(name, true)) { names.Append(name); }
+  }
   return names;
 }
 
@@ -63,16 +62,19 @@ void kbcC_BC::AssertMemberState(std::size_t index, std::string_view /*member*/, 
 void kbcC_BC::AssertValid() const {
   if (suppress_) { return; }
   kbcC_Assert(!UsesField() || !fieldName_.IsEmpty(), kbcC_ErrorEnm::FieldNameMissing);
-  ForEachStretch([&](auto, auto, auto status, auto const&, unsigned procedure) {
-    kbcC_Assert(procedure != kprC_ProcedureType::Anneal || !IsActive(status), kbcC_ErrorEnm::AnnealStep);
-  });
-  ForEachStretch([&](auto, auto, auto status, auto const&, unsigned procedure) {
-    bool const carried = status != mdl_PropagationStatusEnm::Created;
-    kbcC_Assert(!IsActive(status) || Admits(procedure, carried), kbcC_ErrorEnm::InvalidStep);
-  });
-  ForEachStretch([&](auto, auto, auto status, StateHandle const& state, unsigned procedure) {
-    if (state && IsActive(status)) { AssertState(*state, procedure == 0); }
-  });
+  // What is carried rests where its type is not admitted, and holds nothing that its source does not: the own records
+  // are the ones to ask.
+  for (auto const& own : States().Own()) {
+    bool const anneal = Steps().ProcedureType(own.index) == kprC_ProcedureType::Anneal;
+    kbcC_Assert(!anneal || !IsActive(own.status), kbcC_ErrorEnm::AnnealStep);
+  }
+  for (auto const& own : States().Own()) {
+    bool const carried = own.status != mdl_PropagationStatusEnm::Created;
+    kbcC_Assert(!IsActive(own.status) || Admits(Steps().ProcedureType(own.index), carried), kbcC_ErrorEnm::InvalidStep);
+  }
+  for (auto const& own : States().Own()) {
+    if (IsActive(own.status)) { AssertState(*own.state, Steps()[own.index].procedure && Steps().ProcedureType(own.index) == 0); }
+  }
 }
 
 bool kbcC_BC::SetMember(std::string_view name, cls_Value const& value) {

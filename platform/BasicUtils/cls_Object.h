@@ -8,6 +8,7 @@
 #include "platform/BasicUtils/mem_Counted.h"
 #include "platform/CoreUtils/ddb_Export.h"
 
+class cls_ReadVisitor;
 class cls_WriteVisitor;
 struct cls_MemberText;
 
@@ -35,6 +36,10 @@ public:
   virtual cls_Value Member(std::string_view name) const = 0;
   /// Sets the listed member called \p name. False when there is none; a value that does not fit is refused (RefuseValue).
   virtual bool SetMember(std::string_view name, cls_Value const& value) = 0;
+
+  /// Called once all members of an object that is made from \p in are read: works out what is not stored, and refuses
+  /// members that do not fit each other.
+  virtual void Restored(cls_ReadVisitor const& /*in*/) {}
 
   cls_Uid const& Uid() const { return uid_; }
 

@@ -32,7 +32,11 @@ public:
       cls_MemberTraits<M>::Describe(info.AddMember(name, text));
     });
     if constexpr (!std::is_abstract_v<Derived>) {
-      info.read = [](cls_ReadVisitor const& in) { return cow_Handle<cls_Object>(std::make_unique<Derived>(in)); };
+      info.read = [](cls_ReadVisitor const& in) {
+        auto object = std::make_unique<Derived>(in);
+        object->Restored(in);
+        return cow_Handle<cls_Object>(std::move(object));
+      };
       if constexpr (std::is_default_constructible_v<Derived>) {
         info.make = [] { return cow_Handle<cls_Object>(std::make_unique<Derived>()); };
       }
