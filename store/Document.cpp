@@ -1,0 +1,123 @@
+#include "store/Document.h"
+
+#include <charconv>
+
+#include "store/StoreError.h"
+
+namespace gattr {
+
+namespace {
+
+constexpr std::string_view kModelMap = "extensions";
+constexpr std::string_view kExtensionMap = "map";
+constexpr std::size_t kExtensionDepth = 2;  // the model, its map, the extension
+
+constexpr std::size_t kShownText = 40;  // characters of a text that a message repeats
+
+void Join(std::string& path, std::string_view part) {
+  if (!path.empty()) { path += " / "; }
+  path += part;
+}
+
+}  // namespace
+
+Document::Document(std::string_view fileName) : fileName_(fileName) { Intern(""); }
+
+Document::Text Document::Intern(std::string_view text) {
+  if (auto const known = numbers_.find(text); known != numbers_.end()) { return known->second; }
+  std::string_view const kept = storage_.emplace_back(text);
+  auto const number = static_cast<Text>(texts_.size());
+  texts_.push_back(kept);
+  numbers_.emplace(kept, number);
+  return number;
+}
+
+Document::At Document::Add(Kind kind, Text name) {
+  auto const at = static_cast<At>(nodes_.size());
+  Node& node = nodes_.emplace_back();
+  node.kind = kind;
+  node.name = name;
+  node.end = at + 1;
+  if (!open_.empty()) {
+    ++nodes_[open_.back().at].count;
+    ++open_.back().index;
+  }
+  return at;
+}
+
+Document::At Document::Open(Kind kind, Text name) {
+  At const at = Add(kind, name);
+  nodes_[at].count = 0;
+  open_.push_back({at, 0});
+  return at;
+}
+
+void Document::Close() {
+  At const at = open_.back().at;
+  Node& node = nodes_[at];
+  node.end = static_cast<At>(nodes_.size());
+  if (node.kind == Kind::Object) {
+    seen_.resize(texts_.size(), npos);
+    for (At child = at + 1; child != node.end; child = nodes_[child].end) {
+      Text const name = nodes_[child].name;
+      if (seen_[name] == at) { Refuse(OpenPath(View(name)), "stands twice"); }
+      seen_[name] = at;
+    }
+  }
+  open_.pop_back();
+}
+
+std::string Document::Path(std::vector<Step> const& way, std::string_view member) const {
+  std::string path;
+  auto const place = [&path](Step const& list) {
+    if (list.index > 0) { path += "[" + std::to_string(list.index - 1) + "]"; }
+  };
+  for (std::size_t depth = 1; depth < way.size(); ++depth) {
+    std::string_view const name = NameOf(way[depth].at);
+    bool const isMap = (depth == 1 && name == kModelMap) || (depth == kExtensionDepth + 1 && name == kExtensionMap);
+    if (nodes_[way[depth - 1].at].kind == Kind::List) {
+      place(way[depth - 1]);
+    } else if (!isMap) {
+      Join(path, name);
+    }
+  }
+  if (!way.empty() && nodes_[way.back().at].kind == Kind::List) {
+    place(way.back());
+  } else if (!member.empty()) {
+    Join(path, member);
+  }
+  return path;
+}
+
+std::string Document::Describe(At at) const {
+  Node const& node = nodes_[at];
+  switch (node.kind) {
+    case Kind::Null: return "null";
+    case Kind::False: return "false";
+    case Kind::True: return "true";
+    case Kind::Integer: return std::to_string(node.integer);
+    case Kind::Real: {
+      char digits[32];
+      return {digits, std::to_chars(digits, digits + sizeof digits, node.real).ptr};
+    }
+    case Kind::Text: {
+      std::string_view const text = View(node.text);
+      return "\"" + std::string(text.substr(0, kShownText)) + (text.size() > kShownText ? "...\"" : "\"");
+    }
+    case Kind::Object: return "an object";
+    case Kind::List: return "a list";
+    case Kind::Reference: return "a reference";
+  }
+  return {};
+}
+
+void Document::Refuse(std::string_view path, std::string_view what) const {
+  std::string message = fileName_;
+  for (std::string_view const part : {path, what}) {
+    if (!message.empty() && !part.empty()) { message += ": "; }
+    message += part;
+  }
+  throw StoreError(message);
+}
+
+}  // namespace gattr

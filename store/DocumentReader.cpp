@@ -1,0 +1,234 @@
+#include "store/DocumentReader.h"
+
+#include <algorithm>
+#include <cmath>
+#include <exception>
+#include <new>
+#include <utility>
+
+#include "framework/kprC_Procedure.h"
+#include "framework/mdl_ExtensionSubject.h"
+#include "store/StoreError.h"
+
+namespace gattr {
+
+namespace {
+constexpr std::size_t kMapDepth = 2;        // frames that are open when the model's map is: the model and the map
+constexpr std::size_t kExtensionDepth = 3;  // the same of an extension
+constexpr std::string_view kTruth = "true or false";
+}  // namespace
+
+DocumentReader::DocumentReader(Document& document, bool ownRecordsOnly)
+    : document_(document),
+      ownRecordsOnly_(ownRecordsOnly),
+      class_(document.Intern("class")),
+      stepName_(document.Intern("stepName")),
+      same_(document.Intern("same")) {}
+
+ddr_Model DocumentReader::ReadModel(std::initializer_list<std::string_view> known) {
+  Enter(0, ddr_Model::TypeId());
+  for (std::string_view const member : known) { Take(member, "a value of the store's own"); }
+  try {
+    ddr_Model model(*this);
+    CheckExtensions(model);
+    Leave();
+    return model;
+  } catch (std::bad_alloc const&) {
+    throw;
+  } catch (StoreError const&) {
+    throw;
+  } catch (std::exception const& refusal) {  // of an object that was being made; the frames still tell which
+    document_.Refuse(document_.Path(way_, member_), refusal.what());
+  }
+}
+
+void DocumentReader::CheckExtensions(ddr_Model const& model) const {
+  for (auto const& [member, prototype] : mdl_ExtensionSubject::Registered()) {
+    mdl_Extension const* const extension = model.ConstExtension(member);
+    if (extension != nullptr && extension->DynTypeId() == prototype->DynTypeId()) { continue; }
+    auto const* const type = cls_MetadataRegistrar::Registrar().Find(prototype->DynTypeId());
+    document_.Refuse(member, "expected an object of class " + (type != nullptr ? type->name : member));
+  }
+}
+
+Document::At DocumentReader::Look(std::string_view member) const {
+  Frame const& frame = frames_.back();
+  Document::Node const& owner = document_[frame.at];
+  if (frame.next != owner.end && (owner.kind == Kind::List || document_.NameOf(frame.next) == member)) { return frame.next; }
+  if (owner.kind == Kind::List) { return Document::npos; }
+  for (At at = frame.at + 1; at != owner.end; at = document_[at].end) {
+    if (document_.NameOf(at) == member) { return at; }
+  }
+  return Document::npos;
+}
+
+Document::Node& DocumentReader::Take(std::string_view member, std::string_view expected) const {
+  Frame& frame = frames_.back();
+  member_.assign(member);
+  At const at = Look(member);
+  if (at == Document::npos) { Refuse(member, std::string(expected) + ", found nothing"); }
+  Document::Node& node = document_[at];
+  frame.next = node.end;
+  frame.taken += node.taken ? 0 : 1;
+  node.taken = true;
+  if (document_[frame.at].kind == Kind::List) { way_.back().index = frame.taken; }
+  return node;
+}
+
+Document::Node& DocumentReader::Take(std::string_view member, Kind wanted, std::string_view expected) const {
+  Document::Node& node = Take(member, expected);
+  if (node.kind != wanted) { RefuseValue(node, member, expected); }
+  return node;
+}
+
+void DocumentReader::Enter(At at, unsigned typeId) const {
+  Frame& frame = frames_.emplace_back();
+  frame.at = at;
+  frame.next = at + 1;
+  frame.typeId = typeId;
+  way_.push_back({at, 0});
+}
+
+void DocumentReader::Leave() const {
+  Frame const& frame = frames_.back();
+  Document::Node const& owner = document_[frame.at];
+  if (frame.taken != owner.count) {
+    At left = frame.at + 1;
+    while (document_[left].taken) { left = document_[left].end; }
+    if (owner.kind == Kind::List) {
+      document_.Refuse(document_.Path(way_), "expected " + std::to_string(frame.taken) + " elements, found " + std::to_string(owner.count));
+    }
+    document_.Refuse(document_.Path(way_, document_.NameOf(left)), "no such member is known");
+  }
+  frames_.pop_back();
+  way_.pop_back();
+}
+
+bool DocumentReader::IsNull(std::string_view member) const {
+  At const at = Look(member);
+  if (at != Document::npos && document_[at].kind != Kind::Null) { return false; }
+  LastObject* const last = LastOf(Take(member, "a value").name);
+  if (last != nullptr) { last->object.Reset(); }
+  return true;
+}
+
+bool DocumentReader::ReadBool(std::string_view member) const {
+  Document::Node const& node = Take(member, kTruth);
+  if (node.kind != Kind::True && node.kind != Kind::False) { RefuseValue(node, member, kTruth); }
+  return node.kind == Kind::True;
+}
+
+long long DocumentReader::ReadInteger(std::string_view member) const {
+  constexpr std::string_view expected = "an integer";
+  Document::Node const& node = Take(member, expected);
+  if (node.kind == Kind::Null) { return cls_unsetInteger; }
+  if (node.kind != Kind::Integer) { RefuseValue(node, member, expected); }
+  return node.integer;
+}
+
+double DocumentReader::ReadReal(std::string_view member) const {
+  constexpr std::string_view expected = "a finite number";
+  Document::Node const& node = Take(member, expected);
+  if (node.kind == Kind::Null) { return cls_unsetReal; }
+  if (node.kind == Kind::Integer) { return static_cast<double>(node.integer); }
+  if (node.kind != Kind::Real || !std::isfinite(node.real)) { RefuseValue(node, member, expected); }
+  return node.real;
+}
+
+std::string DocumentReader::ReadText(std::string_view member) const {
+  Document::Node const& node = Take(member, Kind::Text, "a text");
+  if (node.name == stepName_) { frames_.back().stepName = node.text; }
+  return std::string(document_.View(node.text));
+}
+
+cow_Handle<cls_Object> DocumentReader::ReadObject(std::string_view member) const {
+  Document::Node const& node = Take(member, "an object");
+  auto const at = static_cast<At>(&node - &document_[0]);
+  Object object;
+  switch (node.kind) {
+    case Kind::Null: break;
+    case Kind::Object: object = MakeObject(at, member); break;
+    case Kind::Text: object = Named(node, member); break;
+    case Kind::Reference:
+      if (auto const found = objects_.find(node.target); found != objects_.end()) { object = found->second; }
+      if (!object) { RefuseValue(node, member, "an object that stands before"); }
+      break;
+    default: RefuseValue(node, member, "an object");
+  }
+  if (LastObject* const last = LastOf(document_[at].name)) { last->object = object; }
+  bool const isStep = frames_.size() > kExtensionDepth && document_.NameOf(frames_[kExtensionDepth - 1].at) == ddr_Model::stepsCmd();
+  if (isStep && frames_.back().stepName != 0) { steps_[frames_.back().stepName] = object; }
+  return object;
+}
+
+cow_Handle<cls_Object> DocumentReader::MakeObject(At at, std::string_view member) const {
+  Enter(at);
+  Document::Node const& node = Take("class", Kind::Text, "the name of a class");
+  auto const [entry, isNew] = classes_.try_emplace(node.text, nullptr);
+  if (isNew) { entry->second = cls_MetadataRegistrar::Registrar().Find(document_.View(node.text)); }
+  cls_ClassMetadata const* const type = entry->second;
+  if (type == nullptr || type->read == nullptr) { RefuseValue(node, "class", "a class that can be made"); }
+  frames_.back().typeId = type->typeId;
+  Object object = type->read(*this);
+  Leave();
+  if (document_[at].referred) { objects_.emplace(at, object); }
+  member_.assign(member);
+  return object;
+}
+
+cow_Handle<cls_Object> DocumentReader::Named(Document::Node const& node, std::string_view member) const {
+  LastObject const* const last = LastOf(node.name);
+  if (node.text == same_ && last != nullptr && last->object && !last->object.As<kprC_Procedure>()) { return last->object; }
+  auto const step = steps_.find(node.text);
+  if (step == steps_.end() || !step->second) { RefuseValue(node, member, "an object or the name of a step"); }
+  if (node.text != frames_.back().stepName) { RefuseValue(node, member, "the step that the record belongs to"); }
+  return step->second;
+}
+
+DocumentReader::LastObject* DocumentReader::LastOf(Document::Text member) const {
+  if (frames_.size() < 2) { return nullptr; }
+  Frame& list = frames_[frames_.size() - 2];
+  if (document_[list.at].kind != Kind::List) { return nullptr; }
+  auto const found = std::ranges::find(list.last, member, &LastObject::member);
+  return found != list.last.end() ? &*found : &list.last.emplace_back(LastObject{member, nullptr});
+}
+
+void DocumentReader::ReadNested(std::string_view member, std::function<void(cls_ReadVisitor const&)> const& read) const {
+  Document::Node const& node = Take(member, Kind::Object, "an object");
+  Enter(static_cast<At>(&node - &document_[0]));
+  read(*this);
+  Leave();
+}
+
+std::size_t DocumentReader::StartList(std::string_view member) const {
+  Document::Node const& node = Take(member, Kind::List, "a list");
+  Enter(static_cast<At>(&node - &document_[0]));
+  return node.count;
+}
+
+void DocumentReader::EndList() const { Leave(); }
+
+std::vector<std::string> DocumentReader::StartMap(std::string_view member) const {
+  Document::Node const& node = Take(member, Kind::Object, "named objects");
+  Enter(static_cast<At>(&node - &document_[0]));
+  std::vector<std::string> keys;
+  keys.reserve(node.count);
+  for (At at = frames_.back().next; at != node.end; at = document_[at].end) { keys.emplace_back(document_.NameOf(at)); }
+  if (frames_.size() == kMapDepth) {  // the steps first: the others refer to them
+    std::ranges::stable_partition(keys, [](std::string const& key) { return key == ddr_Model::stepsCmd().View(); });
+  }
+  return keys;
+}
+
+void DocumentReader::EndMap() const { Leave(); }
+
+void DocumentReader::RefuseValue(Document::Node const& node, std::string_view member, std::string_view expected) const {
+  document_.Refuse(document_.Path(way_, member),
+                   "expected " + std::string(expected) + ", found " + document_.Describe(static_cast<At>(&node - &document_[0])));
+}
+
+void DocumentReader::Refuse(std::string_view member, std::string_view expected) const {
+  document_.Refuse(document_.Path(way_, member), "expected " + std::string(expected));
+}
+
+}  // namespace gattr

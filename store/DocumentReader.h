@@ -1,0 +1,92 @@
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "framework/ddr_Model.h"
+#include "platform/BasicUtils/cls_ClassRegistrar.h"
+#include "store/Document.h"
+
+namespace gattr {
+
+/// Makes a model from a document. Whatever does not fit is refused with a StoreError that names the file, the way to the
+/// value and what was expected: a member that is missing, that no class has or that is of another kind, an unknown class,
+/// a text that is not permissible, a reference to nothing, records that do not go with the steps.
+///
+/// Members of an object may stand in any order; in that of writing each is found at once.
+class DocumentReader final : public cls_ReadVisitor {
+public:
+  /// \p ownRecordsOnly: whether histories are stored as their own records alone.
+  DocumentReader(Document& document, bool ownRecordsOnly);
+
+  /// \p known: members of the outermost object that are the store's own.
+  ddr_Model ReadModel(std::initializer_list<std::string_view> known = {});
+
+  unsigned TypeId() const override { return frames_.back().typeId; }
+  bool Has(std::string_view member) const override { return Look(member) != Document::npos; }
+  bool IsNull(std::string_view member) const override;
+  bool ReadBool(std::string_view member) const override;
+  long long ReadInteger(std::string_view member) const override;
+  double ReadReal(std::string_view member) const override;
+  std::string ReadText(std::string_view member) const override;
+  cow_Handle<cls_Object> ReadObject(std::string_view member) const override;
+  void ReadNested(std::string_view member, std::function<void(cls_ReadVisitor const&)> const& read) const override;
+  std::size_t StartList(std::string_view member) const override;
+  void EndList() const override;
+  std::vector<std::string> StartMap(std::string_view member) const override;
+  void EndMap() const override;
+  bool ReadsRuns() const override { return ownRecordsOnly_; }
+  [[noreturn]] void Refuse(std::string_view member, std::string_view expected) const override;
+
+private:
+  using At = Document::At;
+  using Kind = Document::Kind;
+  using Object = cow_Handle<cls_Object>;
+
+  /// An object member of the last element of a list.
+  struct LastObject {
+    Document::Text member;
+    Object object;
+  };
+  /// An object or a list that is being read.
+  struct Frame {
+    At at = 0;
+    At next = 0;                    ///< what comes next in the order of writing
+    unsigned taken = 0;             ///< how much has been read
+    unsigned typeId = 0;
+    Document::Text stepName = 0;    ///< of a record: the step that it belongs to
+    std::vector<LastObject> last;   ///< of a list
+  };
+
+  At Look(std::string_view member) const;
+  /// The value of \p member, which must be there and of the kind \p wanted.
+  Document::Node& Take(std::string_view member, std::string_view expected) const;
+  Document::Node& Take(std::string_view member, Kind wanted, std::string_view expected) const;
+  void Enter(At at, unsigned typeId = 0) const;
+  /// Leaves what was entered last; refuses what is left over there.
+  void Leave() const;
+  Object MakeObject(At at, std::string_view member) const;
+  /// The object that a text stands for: the step of that name, or what the last element of the list has for this member.
+  Object Named(Document::Node const& node, std::string_view member) const;
+  /// The place of an object member of a list's element in what the list remembers; null where the owner is no element.
+  LastObject* LastOf(Document::Text member) const;
+  [[noreturn]] void RefuseValue(Document::Node const& node, std::string_view member, std::string_view expected) const;
+  void CheckExtensions(ddr_Model const& model) const;
+
+  Document& document_;
+  bool ownRecordsOnly_;
+  Document::Text class_, stepName_, same_;
+  // reading goes through a const interface
+  mutable std::vector<Frame> frames_;
+  mutable std::vector<Document::Step> way_;  // to the frames
+  mutable std::string member_;               // that was asked for last
+  mutable std::unordered_map<Document::Text, cls_ClassMetadata const*> classes_;
+  mutable std::unordered_map<Document::Text, Object> steps_;
+  mutable std::unordered_map<At, Object> objects_;  // that are referred to
+};
+
+}  // namespace gattr

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "framework/ddr_Model.h"
+#include "framework/kprC_StepNameProcedurePair.h"
+
+namespace gattr {
+
+/// The steps of a model, as a writer needs them: a step is written once, where the model holds its steps, and everywhere
+/// else by its name.
+class ModelSteps {
+public:
+  ModelSteps() = default;
+  explicit ModelSteps(ddr_Model const& model);
+
+  std::vector<kprC_StepNameProcedurePair> const& Pairs() const { return pairs_; }
+  /// Whether \p object is the step called \p name. Equal content is enough, so that what is written does not depend on
+  /// what is shared. Cheapest when asked in step order.
+  bool IsStep(std::string_view name, cls_Object const& object) const;
+  /// Whether \p pair tells the step at \p index.
+  bool IsPair(std::size_t index, kprC_StepNameProcedurePair const& pair) const;
+
+private:
+  std::vector<kprC_StepNameProcedurePair> pairs_;
+  std::vector<std::size_t> byName_;  // positions in the order of the names
+  mutable std::size_t expected_ = 0;
+};
+
+}  // namespace gattr
