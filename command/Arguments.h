@@ -18,8 +18,8 @@ struct Subject {
   std::string object;  ///< 'boundaryCondition "Fix"', quoted already
   std::string step;
   std::string member;
-  std::string hint;       ///< what would have fitted: one sentence
-  bool atFault = false;   ///< the command's content is to blame, whatever the refusal
+  std::string hint;      ///< what would have fitted: one sentence
+  bool atFault = false;  ///< the command's content is to blame, whatever the refusal
 };
 
 /// The arguments of one command, each taken once by its name. Whatever is missing or of another type is refused, with the

@@ -7,6 +7,7 @@
 #include "framework/ddr_ModelMembers.h"
 #include "module/kfd/kfdC_Field.h"
 #include "module/kpr/kprC_ModelSteps.h"
+#include "platform/CoreGeometry/dtmC_DatumRef.h"
 
 namespace gattr {
 
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::string_view kName = "name", kCreateStep = "createStepName", kStep = "stepName", kFromStep = "fromStepName",
                            kToStep = "toStepName", kNewName = "newName";
-constexpr std::string_view kAmplitude = "amplitude", kField = "fieldName";
+constexpr std::string_view kAmplitude = "amplitude", kField = "fieldName", kGlobal = "(Global)";
 /// What a state lists beside what its step says of the members.
 std::vector<std::string_view> const kNotSettable = {"deactivate"};
 
@@ -34,8 +35,8 @@ std::vector<MemberArgument> OwnArguments(std::string_view extension, kprC_StepDe
   return arguments;
 }
 
-/// The state of the first step that has one; null when none has.
-cls_Object const* FirstState(kprC_StepDependent const& item) {
+/// The state of the create step; null when there is none.
+cls_Object const* CreateState(kprC_StepDependent const& item) {
   std::size_t const index = item.Steps().Find(item.CreateStepName());
   return index == kprC_StepTable::npos ? nullptr : item.StateAt(index);
 }
@@ -46,11 +47,11 @@ struct Members {
   kprC_Arguments own, state;
 };
 
-/// Sorts what is left of the arguments; \p state is null where none is set. Refuses an argument that is neither.
-Members Sorted(Call& call, std::string_view extension, kprC_StepDependent const& item, cls_Object const* state) {
+/// Sorts what is left of the arguments into those of the attribute and those of \p state. Refuses an argument that is neither.
+Members Sorted(Call& call, std::string_view extension, kprC_StepDependent const& item, cls_Object const& state) {
   Members members;
   members.ownArguments = OwnArguments(extension, item);
-  if (state != nullptr) { members.stateArguments = MemberArguments(*state, kNotSettable); }
+  members.stateArguments = MemberArguments(state, kNotSettable);
   for (auto& [name, value] : call.arguments.Rest()) {
     if (MemberArgument const* own = FindArgument(members.ownArguments, name)) {
       FitNull(*own->info, value);
@@ -68,7 +69,7 @@ Members Sorted(Call& call, std::string_view extension, kprC_StepDependent const&
 }
 
 /// Raises the family's refusal and blames the command with what would have fitted.
-[[noreturn]] void Refuse(Call& call, kprC_StepAwareRepository const& repository, kprC_EditRefusal refusal, std::string hint) {
+void Refuse(Call& call, kprC_StepAwareRepository const& repository, kprC_EditRefusal refusal, std::string hint) {
   call.subject.hint = std::move(hint);
   call.subject.atFault = true;
   repository.Refuse(refusal);
@@ -93,6 +94,8 @@ void ResolveReferences(Call& call, kprC_StepAwareRepository const& repository, s
     call.subject.member = name;
     if (info.typeId == rgnC_Region::TypeId()) {
       if (text != nullptr && !text->empty()) { value = WholeRegion(call, *text); }
+    } else if (info.typeId == dtmC_DatumRef::TypeId()) {
+      if (text != nullptr && *text == kGlobal) { value = ""; }
     } else if (name == kAmplitude) {
       auto const& amplitudes = call.model.ConstGet<ddr_AmplitudeMap>(ddr_Model::amplitudesCmd());
       bool const isState = text != nullptr && info.propagating && (*text == "UNSET" || *text == "FREED" || *text == "PROPAGATED");
@@ -104,7 +107,9 @@ void ResolveReferences(Call& call, kprC_StepAwareRepository const& repository, s
       }
     } else if (name == kField && text != nullptr && !text->empty()) {
       auto const& fields = call.model.ConstGet<kfdC_FieldMap>(ddr_Model::fieldsCmd());
-      if (!fields.IsMember(*text)) { Refuse(call, repository, kprC_EditRefusal::FieldUnknown, Suggestion(*text, Texts(fields.Keys()), "Fields")); }
+      if (!fields.IsMember(*text)) {
+        Refuse(call, repository, kprC_EditRefusal::FieldUnknown, Suggestion(*text, Texts(fields.Keys()), "Fields"));
+      }
     }
   }
   call.subject.member.clear();
@@ -112,7 +117,7 @@ void ResolveReferences(Call& call, kprC_StepAwareRepository const& repository, s
 
 void SetOwn(Call& call, kprC_StepDependent& item, Members const& members) {
   ExplainValues(call.subject, item, members.ownArguments, members.own, [&] {
-    for (auto const& [name, value] : members.own) { item.SetMember(name, value); }
+    for (auto const& [name, value] : members.own) { item.SetMember(FindArgument(members.ownArguments, name)->info->name, value); }
   });
 }
 
@@ -137,6 +142,13 @@ cow_String StepArgument(Call& call, std::string_view argument) {
 
 void AssertNotSuppressed(AttributeTarget const& target) {
   if (target.item.IsSuppressed()) { target.repository.Refuse(kprC_EditRefusal::Suppressed); }
+}
+
+/// Refuses an attribute whose creation has been removed: there is nothing to set values in.
+void AssertCreated(Call& call, AttributeTarget const& target, cls_Object const* state) {
+  if (state != nullptr) { return; }
+  call.subject.hint = "Its creation has been removed; delete it and create it anew.";
+  target.repository.Refuse(kprC_EditRefusal::NoSuchAttribute);
 }
 
 /// Edits the attribute and records that.
@@ -176,7 +188,9 @@ std::vector<CommandInfo> AttributeConstructions() {
       info.arguments.push_back({std::string(kName), "the new object's name", "", {}, true});
       info.arguments.push_back({std::string(kCreateStep), "the step in which it is created", "", {}, true});
       for (MemberArgument const& own : OwnArguments(family.extension, *item)) { info.arguments.push_back(Describe(own)); }
-      for (MemberArgument const& member : MemberArguments(*FirstState(*item), kNotSettable)) { info.arguments.push_back(Describe(member)); }
+      for (MemberArgument const& member : MemberArguments(*CreateState(*item), kNotSettable)) {
+        info.arguments.push_back(Describe(member));
+      }
       infos.push_back(std::move(info));
     }
   }
@@ -198,11 +212,11 @@ bool ConstructAttribute(Call& call) {
 
     std::string unknown;
     item->SetInStep(step, {}, &unknown);  // begins with a default state, which tells what it takes
-    Members members = Sorted(call, family.extension, *item, FirstState(*item));
+    Members members = Sorted(call, family.extension, *item, *CreateState(*item));
     ResolveReferences(call, repository, members.ownArguments, members.own);
     ResolveReferences(call, repository, members.stateArguments, members.state);
     SetOwn(call, *item, members);
-    SetState(call, *item, step, *FirstState(*item), members);
+    SetState(call, *item, step, *CreateState(*item), members);
     call.model.Get<kprC_StepAwareRepository>(family.extension).InsertItem(name, *item);
     return true;
   }
@@ -210,8 +224,9 @@ bool ConstructAttribute(Call& call) {
 }
 
 void SetAttributeValues(Call& call, AttributeTarget const& target) {
-  cls_Object const* state = FirstState(target.item);
-  Members members = Sorted(call, target.extension, target.item, state);
+  cls_Object const* state = CreateState(target.item);
+  AssertCreated(call, target, state);
+  Members members = Sorted(call, target.extension, target.item, *state);
   AssertNotSuppressed(target);
   ResolveReferences(call, target.repository, members.ownArguments, members.own);
   ResolveReferences(call, target.repository, members.stateArguments, members.state);
@@ -225,8 +240,9 @@ void SetAttributeValues(Call& call, AttributeTarget const& target) {
 
 void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
   cow_String const step = StepArgument(call, kStep);
-  cls_Object const* state = FirstState(target.item);
-  Members members = Sorted(call, "", target.item, state);  // what is the attribute's own is the same in all steps
+  cls_Object const* state = CreateState(target.item);
+  AssertCreated(call, target, state);
+  Members members = Sorted(call, "", target.item, *state);  // what is the attribute's own is the same in all steps
   AssertNotSuppressed(target);
   if (!kprC_Steps(call.model).IsMember(step)) { target.repository.Refuse(kprC_EditRefusal::UnknownStep); }
   if (!target.item.IsEditable(step)) {

@@ -19,9 +19,9 @@ namespace {
 std::optional<Refusal> RefusalBy(std::function<void()> const& run) {
   try {
     run();
-  } catch (std::bad_alloc const&) {
-    throw;
-  } catch (std::exception const& error) { return RefusalOf(error); }
+  } catch (std::bad_alloc const&) { throw; } catch (std::exception const& error) {
+    return RefusalOf(error);
+  }
   return std::nullopt;
 }
 
@@ -47,7 +47,11 @@ class AttributeCheck {
 public:
   AttributeCheck(ddr_Model const& model, cow_String const& extension, kprC_StepAwareRepository const& repository,
                  std::vector<Finding>& findings)
-      : model_(model), steps_(kprC_Steps(model)), repository_(repository), findings_(findings), kind_(repository.ItemCmd()),
+      : model_(model),
+        steps_(kprC_Steps(model)),
+        repository_(repository),
+        findings_(findings),
+        kind_(repository.ItemCmd()),
         extension_(extension) {}
 
   void Run(cow_String const& name, kprC_StepDependent const& item) {
@@ -80,7 +84,9 @@ private:
   /// The shortest beginning of the step sequence in which the attribute is refused ends with the step at fault: what a record
   /// holds follows from the steps up to its own.
   std::string FirstInvalidStep(kprC_StepDependent& item) const {
-    if (item.IsSuppressed()) { RefusalBy([&] { item.Resume(); }); }
+    if (item.IsSuppressed()) {
+      RefusalBy([&] { item.Resume(); });
+    }
     std::size_t const create = steps_.Index(item.CreateStepName());
     if (create == kprC_StepContainer::npos) { return {}; }
     std::size_t valid = create, invalid = steps_.Size();  // beginnings by their length
@@ -96,10 +102,13 @@ private:
   void InsertInto(std::size_t length, kprC_StepDependent const& item) const {
     kprC_StepSequence beginning;
     for (std::size_t i = 0; i < length; ++i) { beginning.Append(steps_.Table()[i]); }
-    auto const empty = mdl_ExtensionSubject::Registered().find(extension_.View())->second->Copy();
-    auto& scratch = dynamic_cast<kprC_StepAwareRepository&>(*empty);
-    scratch.UpdateSteps(kprC_StepTable(std::move(beginning)));
-    scratch.InsertItem(item.Name(), item);
+    Empty(kprC_StepTable(std::move(beginning))).Get().InsertItem(item.Name(), item);
+  }
+  /// An empty repository of the family that knows \p steps.
+  cow_Handle<kprC_StepAwareRepository> Empty(kprC_StepTable const& steps) const {
+    auto empty = mdl_ExtensionSubject::Registered().find(extension_.View())->second.As<kprC_StepAwareRepository>();
+    empty.Get().UpdateSteps(steps);
+    return empty;
   }
 
   void CheckReferences(kprC_StepDependent const& item) {
@@ -119,23 +128,28 @@ private:
     }
   }
 
+  /// Compares with the history that the model's steps give to a copy.
   void CheckHistory(kprC_StepDependent const& item) {
-    auto const again = Copy(item);
-    again->Suppress();  // a suppressed attribute forms its history without being checked
-    if (RefusalBy([&] { again->UpdateStates(); })) { return; }  // told already
+    auto const add = [&](std::string text, std::string step) { Add({"", -1, "nex_TextException", std::move(text)}, std::move(step)); };
+    if (!item.Steps().SameNames(steps_.Table())) { return add("The history is not of the model's steps.", {}); }
+    auto const unchecked = Copy(item);
+    unchecked->Suppress();  // what is not valid is told already
+    auto fresh = Empty(steps_.Table());
+    if (RefusalBy([&] { fresh.Get().InsertItem(item.Name(), *unchecked); })) { return; }
+    kprC_StepDependent const& again = *fresh->ConstItem(item.Name());
     cls_Object const* told = nullptr;
     cls_Object const* given = nullptr;
-    for (std::size_t i = 0; i < item.Steps().Size(); ++i) {
-      int const toldStatus = static_cast<int>(item.StatusAt(i)), givenStatus = static_cast<int>(again->StatusAt(i));
+    for (std::size_t i = 0; i < steps_.Size(); ++i) {
+      int const toldStatus = static_cast<int>(item.StatusAt(i)), givenStatus = static_cast<int>(again.StatusAt(i));
       cls_Object const* const toldBefore = std::exchange(told, item.StateAt(i));
-      cls_Object const* const givenBefore = std::exchange(given, again->StateAt(i));
+      cls_Object const* const givenBefore = std::exchange(given, again.StateAt(i));
       bool const compared = told == given || (told == toldBefore && given == givenBefore);  // carried states are shared
       bool const sameState = compared || (told != nullptr && given != nullptr && told->Equals(*given));
       if (toldStatus == givenStatus && sameState) { continue; }
-      std::string const text = toldStatus == givenStatus
-                                   ? std::string("The state is not what the steps give.")
-                                   : "The status is " + std::to_string(toldStatus) + " where the steps give " + std::to_string(givenStatus) + ".";
-      return Add({"", -1, "nex_TextException", text}, std::string(item.Steps().Name(i).View()));
+      return add(toldStatus == givenStatus
+                     ? std::string("The state is not what the steps give.")
+                     : "The status is " + std::to_string(toldStatus) + " where the steps give " + std::to_string(givenStatus) + ".",
+                 std::string(steps_.Name(i).View()));
     }
   }
 

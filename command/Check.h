@@ -10,10 +10,10 @@ namespace gattr {
 
 /// Something that is wrong in a model.
 struct Finding {
-  std::string kind;  ///< "boundaryCondition", "step"
-  std::string name;  ///< of the object
-  std::string step;  ///< the first step in which it shows; empty when it is not of a step
-  Refusal refusal;   ///< with the number of the module's table where it has one
+  std::string kind;         ///< "boundaryCondition", "step"
+  std::string name;         ///< of the object
+  std::string step;         ///< the first step in which it shows; empty when it is not of a step
+  Refusal refusal;          ///< with the number of the module's table where it has one
   std::string detail;       ///< what the refusal's text does not say: which amplitude, why a step may not follow
   bool suppressed = false;  ///< the object is suppressed: the finding stands in the way of resuming it
 };

@@ -20,8 +20,7 @@ template <auto Constructors> std::unique_ptr<kprC_StepDependent> Make(std::strin
   return nullptr;
 }
 
-template <auto Constructors>
-constexpr Family Row(std::string_view extension, std::string_view group, std::span<OwnArgument const> own) {
+template <auto Constructors> constexpr Family Row(std::string_view extension, std::string_view group, std::span<OwnArgument const> own) {
   return {extension, group, own, &List<Constructors>, &Make<Constructors>};
 }
 

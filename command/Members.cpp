@@ -38,7 +38,8 @@ bool Takes(cls_Object& object, std::string_view member, cls_Value const& value) 
   if (auto const* text = value.As<std::string>(); text != nullptr && !member.info->permissible.empty()) {
     if (auto const nearest = Nearest(*text, member.info->permissible); !nearest.empty()) { hint = "Did you mean " + Quoted(nearest) + "?"; }
   }
-  RefuseValue(subject, "Invalid value for " + Quoted(member.argument) + ": " + ShownValue(value) + "; expected " + ExpectedValue(*member.info) + ".",
+  RefuseValue(subject,
+              "Invalid value for " + Quoted(member.argument) + ": " + ShownValue(value) + "; expected " + ExpectedValue(*member.info) + ".",
               hint);
 }
 
@@ -102,19 +103,19 @@ void SetMembers(Subject& subject, cls_Object& object, std::vector<MemberArgument
     FitNull(*argument->info, value);
   }
   ExplainValues(subject, object, settable, members, [&] {
-    for (auto const& [name, value] : members) { object.SetMember(name, value); }
+    for (auto const& [name, value] : members) { object.SetMember(FindArgument(settable, name)->info->name, value); }
   });
 }
 
-void ExplainValues(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable,
-                   kprC_Arguments const& members, std::function<void()> const& set) {
+void ExplainValues(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable, kprC_Arguments const& members,
+                   std::function<void()> const& set) {
   try {
     set();
   } catch (std::exception const& error) {
     std::unique_ptr<cls_Object> const trial = object.Copy();
     for (auto const& [name, value] : members) {
       MemberArgument const* argument = FindArgument(settable, name);
-      if (argument == nullptr || Takes(*trial, argument->argument, value)) { continue; }
+      if (argument == nullptr || Takes(*trial, argument->info->name, value)) { continue; }
       if (RefusalOf(error).code < 0) { RefuseMember(subject, *argument, value); }
       subject.member = name;
       subject.atFault = true;

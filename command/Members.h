@@ -35,7 +35,7 @@ void FitNull(cls_MemberInfo const& info, cls_Value& value);
 void SetMembers(Subject& subject, cls_Object& object, std::vector<MemberArgument> const& settable, kprC_Arguments members);
 /// Runs \p set; when it refuses, finds the member of \p object whose value is to blame, tells the subject, and words a
 /// refusal without a number anew.
-void ExplainValues(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable,
-                   kprC_Arguments const& members, std::function<void()> const& set);
+void ExplainValues(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable, kprC_Arguments const& members,
+                   std::function<void()> const& set);
 
 }  // namespace gattr

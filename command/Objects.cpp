@@ -126,15 +126,13 @@ std::vector<ObjectCommand> const& ObjectCommands() {
 bool RunOnObject(Call& call) {
   auto const command = std::ranges::find(ObjectCommands(), call.arguments.Command(), &ObjectCommand::name);
   if (command == ObjectCommands().end()) { return false; }
-  std::vector<std::string> const kinds = ObjectKinds(call.model);
-  std::vector<std::string> named;
-  std::ranges::copy_if(kinds, std::back_inserter(named), [&](std::string const& kind) { return call.arguments.Has(kind); });
-  if (named.size() > 1) { RefuseValue(call.subject, "A command names one object, not " + QuotedList(named) + "."); }
-  if (named.empty()) {
-    RefuseUnknown(call.subject, "The object is missing.", "Name it as one of " + QuotedList(kinds, kinds.size()) + ".");
-  }
   if (RunOnAttribute(call, *command) || RunOnStep(call, *command)) { return true; }
-  return std::ranges::any_of(ReferenceKinds(), [&](ReferenceKind const& kind) { return RunOnReference(call, *command, kind); });
+  // Last: "region" and "amplitude" are members of attributes too.
+  if (std::ranges::any_of(ReferenceKinds(), [&](ReferenceKind const& kind) { return RunOnReference(call, *command, kind); })) {
+    return true;
+  }
+  std::vector<std::string> const kinds = ObjectKinds(call.model);
+  RefuseUnknown(call.subject, "The object is missing.", "Name it as one of " + QuotedList(kinds, kinds.size()) + ".");
 }
 
 }  // namespace gattr

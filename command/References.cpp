@@ -19,7 +19,9 @@ constexpr ReferenceKind Kind(std::string_view kind, bool (*uses)(kprC_StepDepend
   return {
       .kind = kind,
       .names = [](ddr_Model const& model) { return Texts(model.ConstGet<Map>(Extension()).Keys()); },
-      .find = [](ddr_Model const& model, std::string_view name) -> cls_Object const* { return model.ConstGet<Map>(Extension()).ConstGet(name); },
+      .find = [](ddr_Model const& model, std::string_view name) -> cls_Object const* {
+        return model.ConstGet<Map>(Extension()).ConstGet(name);
+      },
       .put =
           [](ddr_Model& model, cow_String const& name, cls_Object const& object) {
             auto copy = cow_Handle<T>::Make(dynamic_cast<T const&>(object));

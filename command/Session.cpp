@@ -65,9 +65,7 @@ Outcome Refused(Subject const& subject, std::exception const& error) {
   return outcome;
 }
 
-std::string LabelOf(Subject const& subject) {
-  return subject.object.empty() ? subject.command : subject.command + " " + subject.object;
-}
+std::string LabelOf(Subject const& subject) { return subject.object.empty() ? subject.command : subject.command + " " + subject.object; }
 
 }  // namespace
 

@@ -21,9 +21,9 @@ using NamedHistory = std::pair<std::string, std::vector<int>>;
 /// What became of a command.
 struct Outcome {
   bool ok = false;
-  Refusal refused;           ///< of a command that is not ok
-  bool badInput = false;     ///< the command itself is at fault: an unknown command, argument, object, step or value
-  std::string message;       ///< one line for a person, naming object, step and member; empty when ok
+  Refusal refused;                    ///< of a command that is not ok
+  bool badInput = false;              ///< the command itself is at fault: an unknown command, argument, object, step or value
+  std::string message;                ///< one line for a person, naming object, step and member; empty when ok
   std::vector<NamedHistory> history;  ///< see Session::SetTrace
 };
 
@@ -31,7 +31,7 @@ struct Outcome {
 struct ArgumentInfo {
   std::string name;
   std::string meaning;
-  std::string unit;                  ///< "" where there is none
+  std::string unit;                      ///< "" where there is none
   std::vector<std::string> permissible;  ///< texts that it takes; empty when any value of its type does
   bool required = false;
 };
@@ -49,9 +49,9 @@ struct Subject;
 
 /// Whose histories a command touches.
 struct Touched {
-  bool all = false;                ///< a command on a step: every attribute
-  std::string extension;           ///< member name of the attribute's repository; empty when no attribute is named
-  std::vector<cow_String> names;   ///< of the attribute, before and after
+  bool all = false;               ///< a command on a step: every attribute
+  std::string extension;          ///< member name of the attribute's repository; empty when no attribute is named
+  std::vector<cow_String> names;  ///< of the attribute, before and after
 };
 
 /// A model under edit. Commands are the only way to change it: each either succeeds whole or leaves the model, its change

@@ -139,7 +139,8 @@ void DeleteStep(Call& call, cow_String const& name) {
 void ReplaceStep(Call& call, cow_String const& name) {
   std::string const procedure = call.arguments.Text(kprC_AnalysisStep::procedureCmd());
   if (!kprC_ConstructStep(procedure)) {
-    RefuseUnknown(call.subject, "There is no procedure " + Quoted(procedure) + ".", Suggestion(procedure, ConstructionNames(), "Procedures"));
+    RefuseUnknown(call.subject, "There is no procedure " + Quoted(procedure) + ".",
+                  Suggestion(procedure, ConstructionNames(), "Procedures"));
   }
   kprC_StepHandle const step = Constructed(call, procedure);
   ExplainSequence(

@@ -105,6 +105,11 @@ std::string Nearest(std::string_view text, std::span<std::string const> names) {
       nearest = name;
     }
   }
+  if (!nearest.empty() || text.size() < 3) { return nearest; }
+  for (std::string const& name : names) {  // a text that somebody left off
+    bool const begins = name.size() > text.size() && std::ranges::equal(text, name.substr(0, text.size()), {}, Lower, Lower);
+    if (begins && (nearest.empty() || name.size() < nearest.size())) { nearest = name; }
+  }
   return nearest;
 }
 

@@ -18,7 +18,7 @@ std::string OneLine(std::string_view text);
 std::string QuotedList(std::span<std::string const> names, std::size_t shown = 8);
 
 /// The name nearest to \p text by the number of letters to insert, drop, replace or exchange with their neighbour, case
-/// apart; empty when none is near. Linear in the names.
+/// apart, or else the shortest that begins with \p text; empty when there is none. Linear in the names.
 std::string Nearest(std::string_view text, std::span<std::string const> names);
 
 /// "Did you mean "Step-2"?" where a name is near, otherwise "\p known: "Initial", "Step-1".", or "There are none.".

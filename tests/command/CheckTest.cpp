@@ -1,0 +1,102 @@
+#include "command/Check.h"
+
+#include <gmock/gmock.h>
+
+#include "framework/ddr_ModelMembers.h"
+#include "framework/kprC_PropagatingContainer.h"
+#include "module/kbc/kbcC_DisplacementBC.h"
+#include "module/kpr/kprC_ModelSteps.h"
+#include "module/kpr/kprC_Steps.h"
+#include "tests/command/CommandTest.h"
+
+namespace gattr {
+namespace {
+
+using BcRepository = kprC_PropagatingContainer<kbcC_BC>;
+
+/// "boundaryCondition Fix in S2: kbc 45".
+std::vector<std::string> Told(ddr_Model const& model) {
+  std::vector<std::string> told;
+  for (Finding const& finding : Check(model)) {
+    std::string line = finding.kind + " " + finding.name + (finding.step.empty() ? "" : " in " + finding.step) + ": ";
+    line += finding.refusal.code < 0 ? finding.refusal.message : finding.refusal.module + " " + std::to_string(finding.refusal.code);
+    told.push_back(line + (finding.suppressed ? " (suppressed)" : ""));
+  }
+  return told;
+}
+
+class Checking : public CommandTest {
+protected:
+  Checking() {
+    AppendSteps(session_, "IGGG");
+    RunJournal(session_, {R"({"command": "Set", "name": "Die"})", R"({"command": "Amplitude", "name": "Ramp"})",
+                          R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "S1", "u1": 0, "region": "Die"})"});
+  }
+  Session session_;
+};
+
+TEST_F(Checking, FindsNothingInWhatCommandsMake) {
+  RunJournal(session_, {R"({"command": "StaticLinearPerturbationStep", "name": "S4"})", R"({"command": "FrequencyStep", "name": "S5"})",
+                        R"({"command": "ModalDynamicsStep", "name": "S6"})",
+                        R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "S4"})",
+                        R"({"command": "DisplacementBC", "name": "Push", "createStepName": "S2", "u2": 1, "amplitude": "Ramp"})"});
+  EXPECT_THAT(Told(session_.Model()), ::testing::IsEmpty());
+}
+
+TEST_F(Checking, NamesTheFirstStepInWhichAnAttributeIsNotValid) {
+  ddr_Model model = session_.Model();
+  kbcC_DisplacementBC condition;
+  kbcC_DisplacementBCState state;
+  state.u1 = 1.0;
+  state.fixed = true;
+  condition.Insert(cow_String("S2"), state);
+  model.Get<BcRepository>(ddr_Model::bcCmd()).ForcedInsert(cow_String("Odd"), condition);
+  EXPECT_THAT(Told(model), ::testing::ElementsAre("boundaryCondition Odd in S2: kbc 16"));
+}
+
+TEST_F(Checking, LooksAtSuppressedAttributesAsIfTheyWereResumed) {
+  RunJournal(session_, {R"({"command": "suppress", "boundaryCondition": "Fix"})",
+                        R"({"command": "replace", "step": "S3", "procedure": "StaticLinearPerturbationStep"})"});
+  EXPECT_THAT(Told(session_.Model()), ::testing::IsEmpty());
+  ddr_Model model = session_.Model();
+  kbcC_DisplacementBC condition;
+  condition.Suppress();
+  kbcC_DisplacementBCState state;
+  state.u1 = 2.0;
+  condition.Insert(cow_String("Initial"), state);
+  model.Get<BcRepository>(ddr_Model::bcCmd()).ForcedInsert(cow_String("Odd"), condition);
+  EXPECT_THAT(Told(model), ::testing::ElementsAre("boundaryCondition Odd in Initial: kbc 6 (suppressed)"));
+}
+
+TEST_F(Checking, FindsWhatTheModelDoesNotHave) {
+  RunJournal(session_, {R"({"command": "AnalyticalField", "name": "Bow"})",
+                        R"({"command": "setValues", "boundaryCondition": "Fix", "amplitude": "Ramp", "distributionType": "FIELD",
+                            "fieldName": "Bow"})"});
+  ddr_Model model = session_.Model();
+  model.Get<ddr_RegionMap>(ddr_Model::regionsCmd()).Remove(cow_String("Die"));
+  model.Get<ddr_AmplitudeMap>(ddr_Model::amplitudesCmd()).Remove(cow_String("Ramp"));
+  model.SetExtension(ddr_Model::fieldsCmd(), mdl_ExtensionSubject::Registered().find(ddr_Model::fieldsCmd().View())->second);
+  EXPECT_THAT(Told(model), ::testing::ElementsAre("boundaryCondition Fix: There is no region \"Die\".", "boundaryCondition Fix: kbc 35",
+                                                  "boundaryCondition Fix: kbc 60"));
+  EXPECT_EQ(Check(model)[1].detail, "There is no amplitude \"Ramp\".");
+}
+
+TEST_F(Checking, FindsStepsThatMayNotFollowAndParametersThatAreNotValid) {
+  ddr_Model model = session_.Model();
+  auto& steps = model.Get<kprC_StepContainer>(ddr_Model::stepsCmd());
+  steps.Insert("S2", cow_String("Cool"), kprC_ConstructStep("AnnealStep"));
+  auto step = cow_Handle<kprC_StaticStep>::Make();
+  steps.Replace("S3", step);
+  EXPECT_THAT(Told(model), ::testing::IsSupersetOf({"step Cool in Cool: kpr 50", "step S3 in S3: kpr 71"}));
+}
+
+TEST_F(Checking, FindsAHistoryThatIsNotWhatTheModelsStepsGive) {
+  ddr_Model model = session_.Model();
+  model.Get<kprC_StepContainer>(ddr_Model::stepsCmd()).Replace("S2", kprC_ConstructStep("StaticLinearPerturbationStep"));
+  EXPECT_THAT(Told(model), ::testing::ElementsAre("boundaryCondition Fix in S2: The status is 2 where the steps give 9."));
+  model.Get<kprC_StepContainer>(ddr_Model::stepsCmd()).Remove("S3");
+  EXPECT_THAT(Told(model), ::testing::ElementsAre("boundaryCondition Fix: The history is not of the model's steps."));
+}
+
+}  // namespace
+}  // namespace gattr

@@ -1,0 +1,78 @@
+#include "command/Journal.h"
+
+#include <gmock/gmock.h>
+
+#include <sstream>
+
+namespace gattr {
+namespace {
+
+using ::testing::HasSubstr;
+
+TEST(JournalReader, PassesOverEmptyLinesAndCountsThem) {
+  std::istringstream in("\n{\"command\": \"undo\"}\r\n   \n{\"command\": \"redo\"}");
+  JournalReader reader(in);
+  EXPECT_EQ(reader.Next()->at("command"), "undo");
+  EXPECT_EQ(reader.Line(), 2U);
+  EXPECT_EQ(reader.Next()->at("command"), "redo");
+  EXPECT_EQ(reader.Line(), 4U);
+  EXPECT_FALSE(reader.Next());
+  EXPECT_FALSE(reader.Next());
+}
+
+TEST(JournalReader, ReadsNothingFromAnEmptyFile) {
+  std::istringstream in;
+  EXPECT_FALSE(JournalReader(in).Next());
+}
+
+TEST(JournalReader, GivesBackWhatJournalLineWrites) {
+  Json const command = {{"command", "Set"}, {"name", "Größe\n\"1\""}, {"b", 1}, {"a", 0.1}, {"x", nullptr}};
+  std::string const line = JournalLine(command);
+  EXPECT_EQ(line.find('\n'), std::string::npos);
+  std::istringstream in(line + "\n");
+  Json const read = *JournalReader(in).Next();
+  EXPECT_EQ(read, command);
+  EXPECT_EQ(JournalLine(read), line) << "members keep their order";
+}
+
+struct BadLine {
+  std::string line;
+  std::size_t column;
+  std::vector<char const*> message;
+};
+void PrintTo(BadLine const& bad, std::ostream* out) { *out << bad.line.substr(0, 60); }
+
+class BadLines : public ::testing::TestWithParam<BadLine> {};
+
+TEST_P(BadLines, AreRefusedWithTheirPlaceAndReadingGoesOn) {
+  std::istringstream in("{\"command\": \"undo\"}\n" + GetParam().line + "\n{\"command\": \"redo\"}\n");
+  JournalReader reader(in, "edits.jsonl");
+  reader.Next();
+  try {
+    reader.Next();
+    FAIL() << "accepted";
+  } catch (JournalError const& error) {
+    EXPECT_EQ(error.Line(), 2U);
+    EXPECT_EQ(error.Column(), GetParam().column);
+    std::string const text = error.what();
+    EXPECT_THAT(text, HasSubstr("edits.jsonl, line 2"));
+    EXPECT_EQ(text.find('\n'), std::string::npos);
+    EXPECT_LT(text.size(), 300U);
+    for (char const* part : GetParam().message) { EXPECT_THAT(text, HasSubstr(part)); }
+  }
+  EXPECT_EQ(reader.Next()->at("command"), "redo");
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, BadLines,
+                         ::testing::Values(BadLine{R"({"command": undo})", 13, {"column 13", "no JSON"}},
+                                           BadLine{R"({"command": "undo")", 19, {"no JSON"}},
+                                           BadLine{R"({"command": "undo"} {})", 21, {"no JSON"}}, BadLine{"# a comment", 1, {"no JSON"}},
+                                           BadLine{"{\"command\": \"\xFF\"}", 14, {"no JSON"}},
+                                           BadLine{R"(["undo"])", 1, {"expected a command"}},
+                                           BadLine{R"({"command": "StaticStep", "timePeriod": 1e999})", 0, {"\"timePeriod\"", "1e999"}},
+                                           BadLine{R"({"command": "StaticStep", "timePeriod": NaN})", 41, {"no JSON"}},
+                                           BadLine{R"({"command": "undo", "u1": 1, "u1": 2})", 0, {"\"u1\" is given twice"}},
+                                           BadLine{std::string((16 << 20) + 1, 'x'), 0, {"16777217 bytes", "16777216 at most"}}));
+
+}  // namespace
+}  // namespace gattr

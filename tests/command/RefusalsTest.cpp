@@ -1,0 +1,274 @@
+#include <gmock/gmock.h>
+
+#include "tests/command/CommandTest.h"
+
+namespace gattr {
+namespace {
+
+using ::testing::HasSubstr;
+
+/// What the rows below are refused in.
+std::vector<std::string> const kModel = {
+    R"({"command": "StaticStep", "name": "Press", "initialInc": 0.1})",
+    R"({"command": "StaticStep", "name": "Hold"})",
+    R"({"command": "StaticStep", "name": "Release"})",
+    R"({"command": "StaticLinearPerturbationStep", "name": "Shake"})",
+    R"({"command": "Set", "name": "Die", "dimension": 2})",
+    R"({"command": "Amplitude", "name": "Ramp"})",
+    R"({"command": "AnalyticalField", "name": "Bow", "description": "parabola over the width"})",
+    R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "Initial", "region": "Die", "u1": 0})",
+    R"({"command": "DisplacementBC", "name": "Push", "createStepName": "Press", "u2": -1.5, "amplitude": "Ramp"})",
+    R"({"command": "EncastreBC", "name": "Clamp", "createStepName": "Press", "region": "Die"})",
+    R"({"command": "DisplacementBC", "name": "Rest", "createStepName": "Press", "u3": 0,
+        "distributionType": "FIELD", "fieldName": "Bow"})",
+    R"({"command": "suppress", "boundaryCondition": "Rest"})",
+};
+
+struct Row {
+  char const* command;
+  char const* refusal;  ///< "kbc 5", or the exception of one without a number
+  std::vector<char const*> message;
+  bool badInput = true;
+};
+
+void PrintTo(Row const& row, std::ostream* out) { *out << row.command; }
+
+class Refusals : public CommandTest, public ::testing::WithParamInterface<Row> {};
+
+TEST_P(Refusals, NameWhatIsWrongAndChangeNothing) {
+  Session session;
+  RunJournal(session, kModel);
+  ddr_Model const before = session.Model();
+  std::size_t const changes = session.Changes().Size(), journal = session.Journal().size();
+  Outcome const outcome = session.Execute(Line(GetParam().command));
+  EXPECT_FALSE(outcome.ok);
+  Refusal const& refused = outcome.refused;
+  EXPECT_EQ(refused.code < 0 ? refused.exception : refused.module + " " + std::to_string(refused.code), GetParam().refusal);
+  for (char const* part : GetParam().message) { EXPECT_THAT(outcome.message, HasSubstr(part)); }
+  EXPECT_THAT(outcome.message, ::testing::Not(HasSubstr("\n")));
+  EXPECT_EQ(outcome.badInput, GetParam().badInput) << outcome.message;
+  EXPECT_TRUE(session.Model().Equals(before));
+  EXPECT_EQ(session.Changes().Size(), changes);
+  EXPECT_EQ(session.Journal().size(), journal);
+  EXPECT_EQ(session.UndoLabel(), "suppress boundaryCondition \"Rest\"");
+}
+
+constexpr char const* kKey = "omu_KeyErrorException";
+constexpr char const* kValue = "omu_ValueErrorException";
+constexpr char const* kText = "nex_TextException";
+
+INSTANTIATE_TEST_SUITE_P(
+    OfTheCommandItself, Refusals,
+    ::testing::Values(
+        Row{R"("undo")", kValue, {"object with named members", "\"undo\""}}, Row{R"({})", kKey, {"\"command\" is missing"}},
+        Row{R"({"comand": "undo"})", kKey, {"\"command\" is missing", "\"comand\""}},
+        Row{R"({"command": 3})", kValue, {"\"command\" is a text, not 3"}},
+        Row{R"({"command": "StaticSetp", "name": "S"})", kKey, {"no command \"StaticSetp\"", "Did you mean \"StaticStep\"?"}},
+        Row{R"({"command": "UsaAddedMasGenerationStep"})", kKey, {"Did you mean \"UsaAddedMassGenerationStep\"?"}},
+        Row{R"({"command": "undo", "steps": 2})", kKey, {"no argument \"steps\""}},
+        Row{R"({"command": "redo"})", kText, {"nothing to redo"}, false},
+        Row{R"({"command": "undo", "dryRun": "yes"})", kValue, {"\"dryRun\" is true or false, not \"yes\""}},
+        Row{R"({"command": "setModel", "name": ""})", kValue, {"\"name\" is empty"}},
+        Row{R"({"command": "deactivate", "stepName": "Hold"})", kKey, {"object is missing", "\"boundaryCondition\", \"step\", \"region\""}},
+        Row{R"({"command": "rename", "step": "Hold", "region": "Die", "newName": "A"})", kKey, {"no argument \"region\""}},
+        Row{R"({"command": "deactivate", "step": "Hold"})", kKey, {"\"deactivate\" is no command on a step"}},
+        Row{R"({"command": "replace", "boundaryCondition": "Fix"})", kKey, {"no command on a boundaryCondition"}}));
+
+INSTANTIATE_TEST_SUITE_P(
+    OfSteps, Refusals,
+    ::testing::Values(
+        Row{R"({"command": "StaticStep"})", kKey, {"StaticStep: The argument \"name\" is missing"}},
+        Row{R"({"command": "StaticStep", "name": 7})", kValue, {"\"name\" is a text, not 7"}},
+        Row{R"({"command": "StaticStep", "name": "Hold"})", "kpr 46", {"There is a step \"Hold\" already."}, false},
+        Row{R"({"command": "StaticStep", "name": "X", "previous": "Relase"})", "kpr 81", {"\"previous\"", "Did you mean \"Release\"?"}},
+        Row{R"({"command": "StaticStep", "name": "X", "initalInc": 1})", kKey, {"no argument \"initalInc\"", "\"initialInc\""}},
+        Row{R"({"command": "StaticStep", "name": "X", "initialInc": "big"})",
+            kValue,
+            {"\"initialInc\": \"big\"; expected a finite number"}},
+        Row{R"({"command": "StaticStep", "name": "X", "maxNumInc": 1.5})", kValue, {"\"maxNumInc\": 1.5; expected a 32-bit integer"}},
+        Row{R"({"command": "StaticStep", "name": "X", "maxNumInc": 3000000000})", kValue, {"expected a 32-bit integer"}},
+        Row{R"({"command": "StaticStep", "name": "X", "noStop": 1})", kValue, {"expected true or false"}},
+        Row{R"({"command": "StaticStep", "name": "X", "nlgeom": "YES"})", kValue, {"\"ON\"", "\"OFF\""}},
+        Row{R"({"command": "StaticStep", "name": "X", "extrapolation": "PARABOLA"})", kValue, {"Did you mean \"PARABOLIC\"?"}},
+        Row{R"({"command": "StaticStep", "name": "X", "initialInc": 0})", "kpr 71", {"StaticStep \"X\": Initial increment"}, false},
+        Row{R"({"command": "StaticStep", "name": "X", "initialInc": 2})", "kpr 75", {"[kpr 75]"}, false},
+        Row{R"({"command": "StaticStep", "name": "X", "timePeriod": -1})", "kpr 74", {}, false},
+        Row{R"({"command": "AnnealStep", "name": "X"})", "kpr 50", {"ANNEAL"}, false},
+        Row{R"({"command": "AnnealStep", "name": "X", "previous": "Initial"})", "kpr 50", {}, false},
+        Row{R"({"command": "replace", "step": "Press", "procedure": "ImplicitDynamicsStep"})", "kbc 19", {"replace step \"Press\""}, false},
+        Row{R"({"command": "replace", "step": "Hold", "procedure": "Static"})", kKey, {"Did you mean \"StaticStep\"?"}},
+        Row{R"({"command": "replace", "step": "Initial", "procedure": "StaticStep"})", "kpr 143", {}, false},
+        Row{R"({"command": "setValues", "step": "Hold", "initialInc": -1})", "kpr 71", {"setValues step \"Hold\""}, false},
+        Row{R"({"command": "setValues", "step": "Hold", "name": "Keep"})", kKey, {"no argument \"name\""}},
+        Row{R"({"command": "setValues", "step": "Hald", "initialInc": 1})", "kpr 81", {"Did you mean \"Hold\"?"}},
+        Row{R"({"command": "rename", "step": "Hold", "newName": "Press"})", "kpr 46", {"There is a step \"Press\" already."}, false},
+        Row{R"({"command": "rename", "step": "Hold", "newName": ""})", kValue, {"\"newName\" is empty"}},
+        Row{R"({"command": "rename", "step": "Initial", "newName": "First"})", "kpr 46", {}, false},
+        Row{R"({"command": "delete", "step": "Initial"})", "kpr 46", {}, false}));
+
+INSTANTIATE_TEST_SUITE_P(
+    OfBoundaryConditions, Refusals,
+    ::testing::Values(
+        Row{R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "Hold"})", "kbc 5", {"boundaryCondition \"Fix\""}, false},
+        Row{R"({"command": "DisplacementBC", "name": "", "createStepName": "Hold"})", kValue, {"\"name\" is empty"}},
+        Row{R"({"command": "DisplacementBC", "name": "New"})", kKey, {"\"createStepName\" is missing"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "stepName": "Hold"})", kKey, {"\"createStepName\" is missing"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hodl"})", "kbc 7", {"in step \"Hodl\"", "\"Hold\"?"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "v1": 0})", kKey, {"\"v1\"", "Did you mean \"u1\"?"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "deactivate": true})", kKey, {"\"deactivate\""}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "u1": "far"})",
+            "kbc 36",
+            {"\"u1\"", "finite number"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "u1": true})", "kbc 36", {"\"u1\""}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "fixed": 1})", "kbc 34", {"true or false"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "buckleCase": "ALL"})", kValue, {"expected one of"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "region": "Dye"})",
+            kKey,
+            {"no region \"Dye\"", "\"Die\"?"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "region": 4})", kValue, {"the name of a region"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "amplitude": 4})", "kbc 35", {"\"amplitude\""}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "amplitude": "Rump"})", "kbc 35", {"\"Ramp\"?"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "amplitude": ""})", "kbc 23", {"\"amplitude\""}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "u1": "FREED"})", "kbc 20", {"\"u1\""}, false},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "u1": "PROPAGATED"})", "kbc 8", {"\"u1\""}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Initial", "u1": 1})", "kbc 6", {}, false},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Initial", "fixed": true})", "kbc 25", {}, false},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "distributionType": "FIELD"})", "kbc 59", {}, false},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "fieldName": "Bog"})", "kbc 60", {"\"Bow\"?"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "distributionType": "LINE"})",
+            kValue,
+            {"\"UNIFORM\""}},
+        Row{R"({"command": "setValuesInStep", "boundaryCondition": "Fx", "stepName": "Hold", "u1": 1})", "kbc 0", {"\"Fix\"?"}},
+        Row{R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "Hodl", "u1": 1})", "kbc 7", {"\"Hold\"?"}},
+        Row{R"({"command": "setValuesInStep", "boundaryCondition": "Push", "stepName": "Initial", "u1": 0})", "kbc 0", {"status 0"}, false},
+        Row{R"({"command": "setValuesInStep", "boundaryCondition": "Push", "stepName": "Hold", "region": "Die"})", kKey, {"\"region\""}},
+        Row{R"({"command": "setValuesInStep", "boundaryCondition": "Push", "stepName": "Hold", "u2": "UNSET"})",
+            "kbc 22",
+            {"\"u2\""},
+            false},
+        Row{R"({"command": "setValuesInStep", "boundaryCondition": "Push", "stepName": "Hold", "u2": null})", "kbc 22", {"\"u2\""}, false},
+        Row{R"({"command": "setValuesInStep", "boundaryCondition": "Rest", "stepName": "Hold", "u1": 1})", "kbc 53", {"\"Rest\""}, false},
+        Row{R"({"command": "setValues", "boundaryCondition": "Rest", "region": "Die"})", "kbc 53", {}, false},
+        Row{R"({"command": "deactivate", "boundaryCondition": "Rest", "stepName": "Hold"})", "kbc 53", {}, false},
+        Row{R"({"command": "setValuesInStep", "boundaryCondition": "Clamp", "stepName": "Hold", "typeName": "PINNED"})",
+            "kbc 46",
+            {},
+            false},
+        Row{R"({"command": "setValues", "boundaryCondition": "Clamp", "typeName": "PINED"})", "kbc 37", {"\"typeName\"", "\"PINNED\""}},
+        Row{R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Hodl"})", "kbc 3", {"Unknown step type.", "\"Hold\"?"}},
+        Row{R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Hold", "u1": 2})", kKey, {"no argument \"u1\""}},
+        Row{R"({"command": "reset", "boundaryCondition": "Push", "stepName": "Press"})", "kbc 19", {}, false},
+        Row{R"({"command": "reset", "boundaryCondition": "Push", "stepName": "Nowhere"})", "kbc 3", {"Steps: \"Initial\""}},
+        Row{R"({"command": "remove", "boundaryCondition": "Push", "stepName": "Nowhere"})", "kbc 7", {}},
+        Row{R"({"command": "move", "boundaryCondition": "Push", "fromStepName": "Press", "toStepName": "Initial"})", "kbc 26", {}, false},
+        Row{R"({"command": "move", "boundaryCondition": "Push", "fromStepName": "Press", "toStepName": "Shake"})", "kbc 39", {}, false},
+        Row{R"({"command": "move", "boundaryCondition": "Push", "fromStepName": "Hold", "toStepName": "Release"})", "kbc 18", {}, false},
+        Row{R"({"command": "move", "boundaryCondition": "Push", "fromStepName": "Hold", "toStepName": "Relese"})",
+            "kbc 3",
+            {"\"Release\"?"}},
+        Row{R"({"command": "rename", "boundaryCondition": "Push", "newName": "Fix"})", "kbc 5", {"boundaryCondition \"Fix\""}, false}));
+
+INSTANTIATE_TEST_SUITE_P(
+    OfWhatAttributesReferTo, Refusals,
+    ::testing::Values(Row{R"({"command": "Set", "name": "Die"})", kValue, {"There is a region \"Die\" already"}},
+                      Row{R"({"command": "Surface", "name": "Die"})", kValue, {"There is a region \"Die\" already"}},
+                      Row{R"({"command": "Set", "name": "New", "kind": "SURFACE"})", kKey, {"no argument \"kind\""}},
+                      Row{R"({"command": "Set", "name": "New", "instanceKind": "SHEL"})", kValue, {"Did you mean \"SHELL\"?"}},
+                      Row{R"({"command": "delete", "region": "Die"})",
+                          kText,
+                          {"in use by boundaryCondition \"Clamp\", boundaryCondition \"Fix\""},
+                          false},
+                      Row{R"({"command": "delete", "amplitude": "Ramp"})", kText, {"in use by boundaryCondition \"Push\""}, false},
+                      Row{R"({"command": "rename", "amplitude": "Ramp", "newName": "Slope"})", kText, {"cannot be renamed"}, false},
+                      Row{R"({"command": "delete", "field": "Bow"})", kText, {"in use by boundaryCondition \"Rest\""}, false},
+                      Row{R"({"command": "delete", "amplitude": "Rmp"})", kKey, {"no amplitude \"Rmp\"", "Did you mean \"Ramp\"?"}},
+                      Row{R"({"command": "suppress", "region": "Die"})", kKey, {"\"suppress\" is no command on a region"}}));
+
+class Editing : public CommandTest {};
+
+TEST_F(Editing, SaysThatThereAreNoAttributesAtAll) {
+  Session session;
+  Outcome const outcome = session.Execute(Line(R"({"command": "suppress", "boundaryCondition": "Fix"})"));
+  EXPECT_EQ(outcome.refused.code, 2);
+  EXPECT_EQ(outcome.refused.message, "There are no boundary conditions.");
+  EXPECT_EQ(outcome.refused.exception, "nex_TextException");
+}
+
+TEST_F(Editing, RefusesNumbersThatAreNone) {
+  Session session;
+  RunJournal(session, kModel);
+  for (double const value : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+    Outcome const outcome = session.Execute({{"command", "setValues"}, {"boundaryCondition", "Fix"}, {"u1", value}});
+    EXPECT_EQ(outcome.refused.code, 36) << value;
+    EXPECT_THAT(outcome.message, HasSubstr("\"u1\""));
+  }
+}
+
+TEST_F(Editing, TakesAnyTextAsAName) {
+  Session session;
+  RunJournal(session, {R"({"command": "StaticStep", "name": "Größe <b>1</b>"})",
+                       R"({"command": "DisplacementBC", "name": "\u001b[31m\n\"рука\"", "createStepName": "Größe <b>1</b>", "u1": 0})",
+                       R"({"command": "deactivate", "boundaryCondition": "\u001b[31m\n\"рука\"", "stepName": "Größe <b>1</b>"})"});
+  EXPECT_EQ(HistoryOf(session, "\x1b[31m\n\"рука\""), "0 4");
+  EXPECT_EQ(session.UndoLabel(), "deactivate boundaryCondition \"\\u001b[31m\\n\"рука\"\"") << "a label cannot steer a terminal";
+  Outcome const outcome = session.Execute({{"command", "StaticStep"}, {"name", "\xC3\x28"}});
+  EXPECT_THAT(outcome.message, HasSubstr("\"name\" is not UTF-8"));
+}
+
+TEST_F(Editing, MakesAStepValidWithItsNameAlone) {
+  Session session;
+  RunJournal(session, {R"({"command": "StaticStep", "name": "A"})", R"({"command": "StaticStep", "name": "B", "initialInc": 0.1})",
+                       R"({"command": "StaticStep", "name": "C", "timePeriod": 10, "maxInc": 0.5})",
+                       R"({"command": "StaticStep", "name": "D", "maxInc": 1e-7})"});
+  kprC_StepTable const& steps = BoundaryConditions(session).Steps();
+  auto const member = [&](std::size_t step, char const* name) { return *steps[step].procedure->Member(name).As<double>(); };
+  EXPECT_EQ(member(1, "initialInc"), 1.0);
+  EXPECT_EQ(member(2, "initialInc"), 0.1);
+  EXPECT_EQ(member(2, "maxInc"), 1.0);
+  EXPECT_EQ(member(3, "initialInc"), 0.5);
+  EXPECT_EQ(member(3, "minInc"), 1e-4);
+  EXPECT_EQ(member(4, "minInc"), 1e-7);
+}
+
+TEST_F(Editing, HandsTheWholeRegionToTheAttributesThatUseIt) {
+  Session session;
+  RunJournal(session, kModel);
+  auto const region = [&](char const* name) { return BoundaryConditions(session).ConstItem(name)->Regions(rgnC_Set)[0]; };
+  EXPECT_EQ(region("Fix").Dimension(), 2);
+  RunJournal(session, {R"({"command": "setValues", "region": "Die", "dimension": 3, "instanceKind": "SOLID"})",
+                       R"({"command": "rename", "region": "Die", "newName": "Stamp"})"});
+  for (char const* name : {"Fix", "Clamp"}) {
+    EXPECT_EQ(region(name).Name(), "Stamp");
+    EXPECT_EQ(region(name).Dimension(), 3);
+    EXPECT_EQ(region(name).InstanceKind(), rgnC_Solid);
+  }
+  RunJournal(session, {R"({"command": "setValues", "boundaryCondition": "Fix", "region": null})",
+                       R"({"command": "delete", "boundaryCondition": "Clamp"})", R"({"command": "delete", "region": "Stamp"})"});
+}
+
+TEST_F(Editing, SetsTheAttributesOwnMembersAndThoseOfItsCreateStepTogether) {
+  Session session;
+  RunJournal(session, kModel);
+  RunJournal(session, {R"({"command": "setValues", "boundaryCondition": "Push", "region": "Die", "localCsys": "Tilted", "u2": -2,
+                           "amplitude": null})"});
+  kprC_StepDependent const& push = *BoundaryConditions(session).ConstItem("Push");
+  EXPECT_EQ(push.Member("csys"), cls_Value("Tilted"));
+  EXPECT_EQ(push.StateAt(1)->Member("u2"), cls_Value(-2.0));
+  EXPECT_EQ(push.StateAt(3)->Member("u2"), cls_Value(-2.0));
+  EXPECT_EQ(push.Amplitudes().Size(), 0U);
+}
+
+TEST_F(Editing, RenamesAttributesAndSteps) {
+  Session session;
+  session.SetTrace(true);
+  RunJournal(session, kModel);
+  Outcome const renamed = session.Execute(Line(R"({"command": "rename", "boundaryCondition": "Push", "newName": "Drive"})"));
+  ASSERT_EQ(renamed.history.size(), 1U);
+  EXPECT_EQ(renamed.history[0].first, "Drive");
+  Outcome const step = session.Execute(Line(R"({"command": "rename", "step": "Press", "newName": "Form"})"));
+  EXPECT_EQ(step.history.size(), 4U) << "a command on a step tells of every attribute";
+  EXPECT_EQ(BoundaryConditions(session).ConstItem("Drive")->CreateStepName(), "Form");
+}
+
+}  // namespace
+}  // namespace gattr

@@ -1,0 +1,179 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <random>
+#include <set>
+
+#include "tests/command/CommandTest.h"
+
+namespace gattr {
+namespace {
+
+/// Commands at random, most of which succeed and some of which do not.
+class Script {
+public:
+  explicit Script(unsigned seed) : random_(seed) {}
+
+  Json Next() {
+    std::string const step = "S" + std::to_string(Below(8)), other = "S" + std::to_string(Below(8)), bc = "B" + std::to_string(Below(5));
+    double const value = Below(3);
+    switch (Below(18)) {
+      case 0: return {{"command", StepCommand("GGGPFMECX"[Below(9)])}, {"name", step}, {"previous", Below(2) == 0 ? "Initial" : other}};
+      case 1: return {{"command", StepCommand("GGGE"[Below(4)])}, {"name", step}};
+      case 2: return {{"command", "delete"}, {"step", step}};
+      case 3: return {{"command", "rename"}, {"step", step}, {"newName", other}};
+      case 4: return {{"command", "replace"}, {"step", step}, {"procedure", StepCommand("GPFE"[Below(4)])}};
+      case 5: return {{"command", "setValues"}, {"step", step}, {"maxNumInc", Below(50)}};
+      case 6:
+      case 7: return {{"command", "DisplacementBC"}, {"name", bc}, {"createStepName", step}, {"u1", value}, {"region", "Set-1"}};
+      case 8: return {{"command", "PinnedBC"}, {"name", bc}, {"createStepName", Below(3) == 0 ? "Initial" : step}};
+      case 9: return {{"command", "setValuesInStep"}, {"boundaryCondition", bc}, {"stepName", step}, {"u1", value}};
+      case 10: return {{"command", "setValuesInStep"}, {"boundaryCondition", bc}, {"stepName", step}, {"u1", "FREED"}, {"u2", 0}};
+      case 11: return {{"command", "deactivate"}, {"boundaryCondition", bc}, {"stepName", step}};
+      case 12: return {{"command", "reset"}, {"boundaryCondition", bc}, {"stepName", step}};
+      case 13: return {{"command", "remove"}, {"boundaryCondition", bc}, {"stepName", step}};
+      case 14: return {{"command", "move"}, {"boundaryCondition", bc}, {"fromStepName", step}, {"toStepName", other}};
+      case 15: return {{"command", Below(2) == 0 ? "suppress" : "resume"}, {"boundaryCondition", bc}};
+      case 16: return {{"command", "setValues"}, {"region", "Set-1"}, {"dimension", Below(4)}};
+      default:
+        return {{"command", Below(4) == 0 ? "delete" : "rename"}, {"boundaryCondition", bc}, {"newName", "B" + std::to_string(Below(5))}};
+    }
+  }
+  int Below(int end) { return std::uniform_int_distribution(0, end - 1)(random_); }
+
+private:
+  std::mt19937 random_;
+};
+
+/// What holds of every model: one creation to a history, statuses of the family, and a further pass changes nothing.
+void AssertSound(Session const& session) {
+  std::set<int> const known = {0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11, 12};
+  BoundaryConditions(session).ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
+    auto const history = item.History();
+    EXPECT_LE(std::ranges::count(history, mdl_PropagationStatusEnm::Created), 1) << name.View();
+    for (mdl_PropagationStatusEnm const status : history) { EXPECT_TRUE(known.contains(static_cast<int>(status))) << name.View(); }
+    std::unique_ptr<cls_Object> const copy = item.Copy();
+    auto& again = dynamic_cast<kprC_StepDependent&>(*copy);
+    if (!item.IsSuppressed()) {
+      again.UpdateStates();
+      EXPECT_TRUE(again.Equals(item)) << name.View() << ": a second pass changes nothing";
+    }
+  });
+}
+
+class RandomScripts : public CommandTest, public ::testing::WithParamInterface<unsigned> {};
+
+TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
+  Script script(GetParam());
+  Session session;
+  ddr_Model const initial = session.Model();
+  RunJournal(session, {R"({"command": "Set", "name": "Set-1"})", R"({"command": "StaticStep", "name": "S1"})"});
+  int succeeded = 2;
+  for (int i = 0; i < 150; ++i) {
+    Json const command = script.Next();
+    ddr_Model const before = session.Model();
+    std::size_t const changes = session.Changes().Size();
+    Json trial = command;
+    trial["dryRun"] = true;
+    Outcome const dry = session.Execute(trial);
+    ASSERT_TRUE(session.Model().Equals(before)) << "a dry run changes nothing: " << command;
+    ASSERT_EQ(session.Changes().Size(), changes);
+    session.SetTrace(true);
+    Outcome const outcome = session.Execute(command);
+    ASSERT_EQ(dry.ok, outcome.ok) << command;
+    ASSERT_EQ(dry.message, outcome.message) << command;
+    ASSERT_EQ(dry.history, outcome.history) << command;
+    if (outcome.ok) {
+      ++succeeded;
+    } else {
+      ASSERT_TRUE(session.Model().Equals(before)) << command;
+      ASSERT_EQ(session.Changes().Size(), changes) << command;
+    }
+    AssertSound(session);
+    if (::testing::Test::HasFailure()) { FAIL() << "after " << command; }
+    while (script.Below(8) == 0 && session.CanUndo()) {  // wander, and come back
+      ddr_Model const here = session.Model();
+      ASSERT_TRUE(session.Undo());
+      ASSERT_TRUE(session.Redo());
+      ASSERT_TRUE(session.Model().Equals(here));
+    }
+  }
+  EXPECT_GT(succeeded, 30) << "the script is worth its while";
+
+  ddr_Model const final = session.Model();
+  std::vector<Json> const journal = session.Journal();
+  std::size_t const changes = session.Changes().Size();
+  while (session.Undo()) {}
+  EXPECT_TRUE(session.Model().Equals(initial));
+  EXPECT_EQ(session.Changes().Size(), 0U);
+  while (session.Redo()) {}
+  EXPECT_TRUE(session.Model().Equals(final));
+  EXPECT_EQ(session.Changes().Size(), changes);
+
+  Session replayed;
+  for (Json const& command : journal) { ASSERT_TRUE(replayed.Execute(command).ok) << command; }
+  EXPECT_TRUE(replayed.Model().Equals(final)) << "the journal gives the model again";
+  EXPECT_EQ(replayed.Changes().Size(), changes);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomScripts, ::testing::Range(1U, 21U));
+
+class Undo : public CommandTest {};
+
+TEST_F(Undo, NamesWhatItTakesBackAndForgetsWhatWasUndoneAtTheNextEdit) {
+  Session session;
+  session.SetTrace(true);
+  AppendSteps(session, "IGG");
+  RunJournal(session, {R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "S1", "u1": 0})",
+                       R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "S2"})"});
+  EXPECT_EQ(session.UndoLabel(), "deactivate boundaryCondition \"Fix\"");
+  Outcome const undone = session.Execute(Line(R"({"command": "undo"})"));
+  ASSERT_EQ(undone.history.size(), 1U) << "tells of what the undone command touched";
+  EXPECT_EQ(undone.history[0].second, (std::vector<int>{0, 1, 2}));
+  EXPECT_EQ(session.RedoLabel(), "deactivate boundaryCondition \"Fix\"");
+  EXPECT_FALSE(session.Execute(Line(R"({"command": "reset", "boundaryCondition": "Fix", "stepName": "S1"})")).ok);
+  EXPECT_TRUE(session.CanRedo()) << "a refusal is no edit";
+  RunJournal(session, {R"({"command": "suppress", "boundaryCondition": "Fix"})"});
+  EXPECT_FALSE(session.Redo());
+  EXPECT_EQ(session.Journal().size(), 6U);
+}
+
+TEST_F(Undo, OfADryRunStaysWithoutEffect) {
+  Session session;
+  session.SetTrace(false);
+  AppendSteps(session, "IG");
+  RunJournal(session, {R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "S1", "u1": 0})"});
+  ddr_Model const before = session.Model();
+  EXPECT_TRUE(session.Execute(Line(R"({"command": "undo", "dryRun": true})")).ok);
+  EXPECT_TRUE(session.Model().Equals(before));
+  EXPECT_EQ(session.Journal().size(), 2U);
+  EXPECT_TRUE(session.CanUndo());
+  EXPECT_FALSE(session.CanRedo());
+}
+
+TEST_F(Undo, SharesWhatTheEditLeftAlone) {
+  Session session;
+  AppendSteps(session, "IGG");
+  RunJournal(session, {R"({"command": "DisplacementBC", "name": "A", "createStepName": "S1", "u1": 0})",
+                       R"({"command": "DisplacementBC", "name": "B", "createStepName": "S1", "u1": 0})"});
+  kprC_StepDependent const* const a = BoundaryConditions(session).ConstItem("A");
+  kprC_StepDependent const* const b = BoundaryConditions(session).ConstItem("B");
+  RunJournal(session, {R"({"command": "deactivate", "boundaryCondition": "B", "stepName": "S2"})"});
+  EXPECT_EQ(BoundaryConditions(session).ConstItem("A"), a);
+  EXPECT_NE(BoundaryConditions(session).ConstItem("B"), b);
+  session.Undo();
+  EXPECT_EQ(BoundaryConditions(session).ConstItem("B"), b) << "the very object comes back";
+}
+
+TEST_F(Undo, KeepsTheChangesOfSessionsApart) {
+  Session one, other;
+  AppendSteps(one, "IG");
+  AppendSteps(other, "IG");
+  RunJournal(one, {R"({"command": "DisplacementBC", "name": "A", "createStepName": "S1"})"});
+  ASSERT_EQ(one.Changes().Size(), other.Changes().Size() + 1);
+  EXPECT_EQ(one.Changes()[one.Changes().Size() - 1], (omu_PrimTuple{cow_String("Insert"), cow_String("A"), -99}));
+  EXPECT_EQ(thr_ThreadSingleton<omu_ChangeHistory>::Instance().Size(), 0U) << "nothing is left in the thread's own";
+}
+
+}  // namespace
+}  // namespace gattr
