@@ -55,3 +55,7 @@ private:
 
 /// The models of a program by name.
 using ddr_ModelContainer = mdl_MapString2ObjCow<ddr_Model>;
+template <> struct cls_TypeIdOf<ddr_ModelContainer> {
+  static constexpr unsigned value = 0x02130005;
+  static constexpr char const* kName = "mdl_MapString2ObjCow<ddr_Model>";
+};

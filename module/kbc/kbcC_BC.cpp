@@ -77,12 +77,9 @@ void kbcC_BC::AssertValid() const {
   }
 }
 
-bool kbcC_BC::SetMember(std::string_view name, cls_Value const& value) {
-  if (name == csysCmd()) {
-    auto const* text = value.As<std::string>();
-    return cls_Persistent::SetMember("csys", text != nullptr && globalCsysName() == *text ? cls_Value("") : value);
-  }
-  return cls_Persistent::SetMember(name == distributionTypeCmd() ? distributionCmd().View() : name, value);
+std::string_view kbcC_BC::MemberName(std::string_view command) const {
+  if (command == csysCmd()) { return "csys"; }
+  return command == distributionTypeCmd() ? distributionCmd().View() : command;
 }
 
 void kbcC_BC::Refuse(kprC_EditRefusal refusal) {

@@ -38,7 +38,7 @@ public:
   static constexpr omn_FixedString categoryCmd() { return "category"; }
   static constexpr omn_FixedString regionCmd() { return "region"; }
   static constexpr omn_FixedString csysCmd() { return "localCsys"; }
-  static constexpr omn_FixedString globalCsysName() { return "(Global)"; }
+  static constexpr omn_FixedString globalCsysName() { return dtmC_DatumRef::globalName(); }
   static constexpr omn_FixedString amplitudeCmd() { return kbcC_BCState::amplitudeCmd(); }
   static constexpr omn_FixedString amplitudeStateCmd() { return "amplitudeState"; }
   static constexpr omn_FixedString statusCmd() { return "status"; }
@@ -96,8 +96,8 @@ public:
   /// the type is not admitted; then what the type refuses of its states.
   void AssertValid() const override;
 
-  /// Also takes the members' command names "localCsys" and "distributionType".
-  bool SetMember(std::string_view name, cls_Value const& value) override;
+  /// Commands say "localCsys" and "distributionType" of the members "csys" and "distribution".
+  std::string_view MemberName(std::string_view command) const override;
 
   [[noreturn]] static void Refuse(kprC_EditRefusal refusal);
 

@@ -80,6 +80,7 @@ public:
 
   cls_Value Member(std::string_view name) const override {
     cls_Value result;
+    name = this->MemberName(name);
     cls_ForEachMember(Self(), [&]<class M>(std::string_view own, cls_MemberText const&, M const& value) {
       if (own == name) { result = cls_MemberTraits<M>::ToValue(value); }
     });
@@ -88,6 +89,7 @@ public:
 
   bool SetMember(std::string_view name, cls_Value const& from) override {
     bool found = false;
+    name = this->MemberName(name);
     cls_ForEachMember(static_cast<Derived&>(*this), [&]<class M>(std::string_view own, cls_MemberText const& text, M& value) {
       if (own != name) { return; }
       found = true;

@@ -2,6 +2,7 @@
 
 #include "platform/BasicUtils/cls_Persistent.h"
 #include "platform/BasicUtils/cow_String.h"
+#include "platform/CoreUtils/omn_FixedString.h"
 
 class dtmC_DatumRef;
 template <> struct cls_TypeIdOf<dtmC_DatumRef> {
@@ -15,6 +16,8 @@ public:
   dtmC_DatumRef();
   explicit dtmC_DatumRef(cow_String name);
   explicit dtmC_DatumRef(cls_ReadVisitor const& in);
+
+  static constexpr omn_FixedString globalName() { return "(Global)"; }  ///< what scripts call the global system
 
   cow_String const& Name() const { return name_; }
   bool IsGlobal() const { return name_.IsEmpty(); }
@@ -35,6 +38,7 @@ template <> struct cls_MemberTraits<dtmC_DatumRef> : cls_ObjectTraits<dtmC_Datum
   static std::string_view FromValue(dtmC_DatumRef& datum, cls_Value const& from) {
     auto const* name = from.As<std::string>();
     if (name == nullptr) { return "the name of a datum"; }
-    return datum = dtmC_DatumRef(cow_String(*name)), "";
+    bool const global = dtmC_DatumRef::globalName() == *name;
+    return datum = global ? dtmC_DatumRef() : dtmC_DatumRef(cow_String(*name)), "";
   }
 };

@@ -3,8 +3,6 @@
 
 #include "framework/kprC_PropagatingContainer.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
-#include "platform/BasicUtils/nex_Exception.h"
-#include "platform/CaeUtils/omu_ValueErrorException.h"
 #include "tests/framework/PlainHistory.h"
 #include "tests/support/Library.h"
 #include "tests/support/StepLetters.h"
@@ -33,7 +31,7 @@ public:
     std::string what, one, two;
     words >> what >> one >> two;
     Repository const before = repository;
-    try {
+    int const code = test::CodeOf([&] {
       if (what == "insertStep") {
         InsertStep(one[0], two);
       } else if (what == "removeStep") {
@@ -57,14 +55,10 @@ public:
           throw std::invalid_argument(edit);
         }
       }
-    } catch (nex_TextException const& refusal) {
-      repository = before;
-      return "refused " + std::to_string(refusal.Code());
-    } catch (omu_ValueErrorException const& refusal) {
-      repository = before;
-      return "refused " + std::to_string(refusal.Code());
-    }
-    return History();
+    });
+    if (code < 0) { return History(); }
+    repository = before;
+    return "refused " + std::to_string(code);
   }
   std::string History() const {
     std::string statuses;

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+
+#include "framework/kprC_PropagatingContainer.h"
+#include "framework/ddr_ModelMembers.h"
+#include "module/DDB_GeometricAttributes.h"
+#include "module/kbc/kbcC_DisplacementBC.h"
+#include "module/kbc/kbcC_TypeBC.h"
+#include "module/kpr/kprC_ModelSteps.h"
+#include "module/kpr/kprC_Steps.h"
+
+/// The library, started for the time of a test program.
+class LibraryEnvironment : public testing::Environment {
+public:
+  void SetUp() override { DDB_GeometricAttributes_initialize(count_); }
+  void TearDown() override { DDB_GeometricAttributes_finalize(count_); }
+
+private:
+  int count_ = 0;
+};
+
+using BCs = kprC_PropagatingContainer<kbcC_BC>;
+inline BCs& GetBCs(ddr_Model& model) { return model.Get<BCs>(ddr_Model::bcCmd()); }
+inline BCs const& ConstBCs(ddr_Model const& model) { return model.ConstGet<BCs>(ddr_Model::bcCmd()); }
+
+inline kprC_StepHandle StaticStep(double initialInc = 0.1) {
+  auto step = cow_Handle<kprC_StaticStep>::Make();
+  step.Get().initialInc = initialInc;
+  step.Get().minInc = 1e-5;
+  step.Get().maxInc = 1.0;
+  return step;
+}
+
+/// Appends the steps "Step-1" to "Step-<count>".
+inline void AppendSteps(ddr_Model& model, int count) {
+  std::vector<kprC_StepContainer::NamedStep> steps;
+  for (int i = 1; i <= count; ++i) { steps.push_back({"Step-" + std::to_string(i), StaticStep()}); }
+  auto& container = model.Get<kprC_StepContainer>(ddr_Model::stepsCmd());
+  container.Insert(container.Name(container.Size() - 1).View(), steps);
+  kprC_UpdateRepositories(model);
+}
+
+inline kbcC_DisplacementBC Displacement(std::string const& step, double u1, std::string const& region = "Set-1") {
+  kbcC_DisplacementBC bc;
+  kbcC_DisplacementBCState state;
+  state.u1 = u1;
+  bc.SetMember("region", cls_Value(region));
+  bc.Insert(cow_String(step), state);
+  return bc;
+}
+
+inline void SetInStep(ddr_Model& model, std::string const& name, std::string const& step, kprC_Arguments const& members) {
+  std::string unknown;
+  BCs& bcs = GetBCs(model);
+  ASSERT_TRUE(bcs.Get(name).SetInStep(cow_String(step), members, &unknown)) << unknown;
+  bcs.RecordModify(name);
+}
+
+/// Five steps; conditions that are created, changed, freed, switched off, suppressed; regions and amplitudes.
+inline ddr_Model SmallModel() {
+  ddr_Model model;
+  model.SetName("Bracket \"A\"\n\xC3\xA4");
+  AppendSteps(model, 5);
+  auto& regions = model.Get<ddr_RegionMap>(ddr_Model::regionsCmd());
+  regions.Insert("Set-1", cow_Handle<rgnC_Region>::Make("Set-1"));
+  regions.Insert("Surf-1", cow_Handle<rgnC_Region>::Make("Surf-1", rgnC_Surface));
+  model.Get<ddr_AmplitudeMap>(ddr_Model::amplitudesCmd()).Insert("Ramp", cow_Handle<ampC_Amplitude>::Make());
+  BCs& bcs = GetBCs(model);
+  bcs.Insert("Fix", Displacement("Initial", 0.0));
+  bcs.Insert("Move", Displacement("Step-1", 0.1));
+  bcs.Insert("Hold", Displacement("Step-2", 1e-300, "Surf-1"));
+  kbcC_TypeBC clamp(kbcC_TypeBC::ENCASTRE);
+  clamp.Insert("Step-1", *clamp.NewState());
+  bcs.Insert("Clamp", clamp);
+  SetInStep(model, "Move", "Step-3", {{"u1", 1.0 / 3.0}, {"u2", -2.5e10}, {"amplitude", "Ramp"}});
+  SetInStep(model, "Move", "Step-4", {{"u1", "FREED"}});
+  bcs.Get("Hold").Deactivate("Step-4");
+  bcs.Get("Clamp").Suppress();
+  return model;
+}
