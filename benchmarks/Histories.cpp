@@ -1,0 +1,141 @@
+// Building, editing and undoing histories, over series of steps and of attributes. Counter "limit": how many times as
+// long as moving the records that the work concerns once (benchmarks/Workload.h); "heap": bytes on the heap per record.
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <cstdlib>
+#include <new>
+
+#include "benchmarks/Workload.h"
+
+namespace {
+std::size_t heapBytes = 0;
+}
+void* operator new(std::size_t size) {
+  void* const memory = std::malloc(size);
+  if (memory == nullptr) { throw std::bad_alloc(); }
+  heapBytes += malloc_usable_size(memory);
+  return memory;
+}
+void operator delete(void* memory) noexcept {
+  if (memory != nullptr) { heapBytes -= malloc_usable_size(memory); }
+  std::free(memory);
+}
+void operator delete(void* memory, std::size_t /*size*/) noexcept { operator delete(memory); }
+
+namespace {
+
+bench::Library const library;
+omu_ChangeHistory& Changes() { return thr_ThreadSingleton<omu_ChangeHistory>::Instance(); }
+
+struct Size {
+  explicit Size(benchmark::State const& state)
+      : steps(static_cast<std::size_t>(state.range(0))),
+        attributes(static_cast<std::size_t>(state.range(1))),
+        kind(state.range(2) == 0 ? bench::Steps::Uniform : bench::Steps::Alternating) {}
+  std::size_t steps, attributes;
+  bench::Steps kind;
+};
+
+/// Runs \p work and counts its time against moving the records of \p attributes.
+template <class Before, class Work>
+void Measure(benchmark::State& state, Size const& size, std::size_t attributes, Before&& before, Work&& work) {
+  double spent = 0.0;
+  for (auto _ : state) {
+    before();
+    auto const start = std::chrono::steady_clock::now();
+    work();
+    double const seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    state.SetIterationTime(seconds);
+    spent += seconds;
+  }
+  double const limit = bench::SecondsToMove(size.steps * attributes, attributes * bench::kStatesPerCondition);
+  state.counters["limit"] = spent / static_cast<double>(state.iterations()) / limit;
+}
+
+void Build(benchmark::State& state) {
+  Size const size(state);
+  ddr_Model steps;
+  bench::AddSteps(steps, size.steps, size.kind);
+  ddr_Model model;
+  std::size_t heap = 0;
+  Measure(
+      state, size, size.attributes,
+      [&] {
+        model = steps;
+        Changes().TruncateTo(0);
+        heap = heapBytes;
+      },
+      [&] { bench::AddConditions(model, size.attributes); });
+  state.counters["heap"] = static_cast<double>(heapBytes - heap) / static_cast<double>(size.steps * size.attributes);
+}
+
+void InsertStep(benchmark::State& state) {
+  Size const size(state);
+  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.kind);
+  cow_String const middle = bench::StepAt(model, size.steps / 2);
+  ddr_Model edited;
+  Measure(
+      state, size, size.attributes, [&] { edited = model; },
+      [&] { kprC_InsertStep(edited, middle, "Inserted", bench::StaticStep()); });
+}
+
+void UndoInsertStep(benchmark::State& state) {
+  Size const size(state);
+  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.kind);
+  cow_String const middle = bench::StepAt(model, size.steps / 2);
+  ddr_Model edited;
+  Measure(
+      state, size, size.attributes,
+      [&] {
+        edited = model;
+        kprC_InsertStep(edited, middle, "Inserted", bench::StaticStep());
+      },
+      [&] { edited = model; });
+}
+
+/// One edit of one attribute in the last quarter, with its snapshot for undo and its record.
+void Edit(ddr_Model& model, cow_String const& step, cow_String const& name, double value) {
+  auto& conditions = model.Get<bench::Repository>(ddr_Model::bcCmd());
+  conditions.Get(name).Insert(step, bench::Values(value));
+  conditions.RecordModify(name);
+}
+
+void EditOne(benchmark::State& state) {
+  Size const size(state);
+  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.kind);
+  cow_String const step = bench::StepAt(model, size.steps / 3), name = bench::NameOf(size.attributes / 2);
+  ddr_Model edited;
+  double value = 0.0;
+  Measure(
+      state, size, 1, [&] { edited = model; }, [&] { Edit(edited, step, name, value += 1.0); });
+}
+
+void UndoEdit(benchmark::State& state) {
+  Size const size(state);
+  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.kind);
+  cow_String const step = bench::StepAt(model, size.steps / 3), name = bench::NameOf(size.attributes / 2);
+  ddr_Model edited;
+  Measure(
+      state, size, 1,
+      [&] {
+        edited = model;
+        Edit(edited, step, name, 1.0);
+      },
+      [&] { edited = model; });
+}
+
+void Sizes(benchmark::internal::Benchmark* b) {
+  b->ArgNames({"steps", "attributes", "alternating"})->Unit(benchmark::kMicrosecond)->UseManualTime();
+  for (long const steps : {10, 100, 1000, 10000}) { b->Args({steps, 100, 0}); }
+  for (long const attributes : {1000, 10000}) { b->Args({100, attributes, 0}); }
+  b->Args({10000, 1000, 0});
+  for (long const steps : {1000, 10000}) { b->Args({steps, 100, 1}); }
+}
+BENCHMARK(Build)->Apply(Sizes);
+BENCHMARK(InsertStep)->Apply(Sizes);
+BENCHMARK(UndoInsertStep)->Apply(Sizes);
+BENCHMARK(EditOne)->Apply(Sizes);
+BENCHMARK(UndoEdit)->Apply(Sizes);
+
+}  // namespace

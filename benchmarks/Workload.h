@@ -1,0 +1,110 @@
+#pragma once
+
+#include <chrono>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "framework/kprC_PropagatingContainer.h"
+#include "module/DDB_GeometricAttributes.h"
+#include "module/kbc/kbcC_DisplacementBC.h"
+#include "module/kpr/kprC_ModelSteps.h"
+#include "module/kpr/kprC_Steps.h"
+#include "platform/CaeUtils/omu_ChangeHistory.h"
+
+/// The models that the benchmarks work on, and the limit that they are measured against.
+namespace bench {
+
+using Repository = kprC_PropagatingContainer<kbcC_BC>;
+
+/// How the steps of a model follow each other.
+enum class Steps {
+  Uniform,      ///< general steps only
+  Alternating,  ///< a perturbation step after every general one: no two neighbouring records are alike
+};
+
+inline kprC_StepHandle StaticStep() {
+  auto step = cow_Handle<kprC_StaticStep>::Make();
+  step.Get().initialInc = 0.1;
+  step.Get().minInc = 1e-5;
+  step.Get().maxInc = 1.0;
+  return step;
+}
+
+inline void AddSteps(ddr_Model& model, std::size_t count, Steps kind) {
+  std::vector<kprC_StepContainer::NamedStep> steps;
+  for (std::size_t i = 1; i < count; ++i) {
+    kprC_StepHandle step = StaticStep();
+    if (kind == Steps::Alternating && i % 2 == 0) { step = cow_Handle<kprC_StaticLinearPerturbationStep>::Make(); }
+    steps.push_back({cow_String("Step-" + std::to_string(i)), step});
+  }
+  model.Get<kprC_StepContainer>(ddr_Model::stepsCmd()).Insert("Initial", steps);
+  kprC_UpdateRepositories(model);
+}
+
+inline cow_String NameOf(std::size_t attribute) { return cow_String("BC-" + std::to_string(attribute)); }
+/// A general step near \p index.
+inline cow_String StepAt(ddr_Model const& model, std::size_t index) { return kprC_Steps(model).Name(index | 1U); }
+
+inline kbcC_DisplacementBCState Values(double u1) {
+  kbcC_DisplacementBCState state;
+  state.u1 = u1;
+  return state;
+}
+
+/// Every condition created in step 2, modified in S/4 and S/2, switched off in 3S/4.
+inline void AddConditions(ddr_Model& model, std::size_t attributes) {
+  std::size_t const steps = kprC_Steps(model).Size();
+  auto& conditions = model.Get<Repository>(ddr_Model::bcCmd());
+  for (std::size_t a = 0; a < attributes; ++a) {
+    cow_String const name = NameOf(a);
+    kbcC_DisplacementBC condition;
+    condition.Insert(StepAt(model, 2), Values(1.0));
+    conditions.Insert(name, condition);
+    conditions.Get(name).Insert(StepAt(model, steps / 4), Values(2.0));
+    conditions.RecordModify(name);
+    conditions.Get(name).Insert(StepAt(model, steps / 2), Values(3.0));
+    conditions.RecordModify(name);
+    conditions.Get(name).Deactivate(StepAt(model, 3 * steps / 4));
+    conditions.RecordModify(name);
+  }
+}
+
+inline ddr_Model ModelOf(std::size_t steps, std::size_t attributes, Steps kind) {
+  ddr_Model model;
+  AddSteps(model, steps, kind);
+  AddConditions(model, attributes);
+  return model;
+}
+
+/// Seconds of the fastest of \p rounds runs.
+template <class Work> double Fastest(int rounds, Work&& work) {
+  double best = 1e300;
+  for (int i = 0; i < rounds; ++i) {
+    auto const start = std::chrono::steady_clock::now();
+    work();
+    best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+  }
+  return best;
+}
+
+/// The limit: the same records as 40-byte structs in one array and 64-byte states, moved once, nothing computed. Into
+/// memory that has been touched before, which is the strict way to measure it.
+inline double SecondsToMove(std::size_t records, std::size_t states) {
+  std::vector<char> from(records * 40 + states * 64, 1), to(from.size(), 2);
+  return Fastest(9, [&] {
+    std::memcpy(to.data(), from.data(), from.size());
+    asm volatile("" : : "r"(to.data()) : "memory");
+  });
+}
+
+/// The states that a condition of the workload holds: one per own record and one per stretch that carries it.
+inline constexpr std::size_t kStatesPerCondition = 8;
+
+/// Starts the library for the program's life.
+struct Library {
+  Library() { DDB_GeometricAttributes_initialize(count); }
+  int count = 0;
+};
+
+}  // namespace bench
