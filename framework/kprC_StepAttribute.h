@@ -211,7 +211,12 @@ public:
   }
 
   void Restored(cls_ReadVisitor const& in) override {
-    if (!in.ReadsRuns()) { RestoreHistory(in, Steps()); }  // else its repository has the steps
+    if (in.ReadsRuns()) { return; }  // its repository has the steps
+    std::size_t const stored = states_.Own().size();
+    RestoreHistory(in, Steps());
+    std::size_t const create = states_.CreateStep();
+    std::size_t const told = create == kprC_StepTable::npos ? 0 : Steps().Size() - create;
+    if (told != stored) { in.Refuse("states", "a state in every record from the create step on"); }
   }
 
   /// A default state of the type.
@@ -270,6 +275,8 @@ private:
   }
 
   void RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable const& steps) override {
+    // the repository, which calls later, has the name at hand, the visitor then has not
+    std::string const member = Name().IsEmpty() ? "states" : std::string(Name().View()) + " / states";
     bool fits = in.ReadsRuns() || Steps().SameNames(steps);
     auto stored = states_.Own();
     for (auto& own : stored) {
@@ -277,18 +284,16 @@ private:
       fits = fits && index != kprC_StepTable::npos;
       own.index = static_cast<std::uint32_t>(index);
     }
-    if (!fits) { in.Refuse("states", "one record for each step of the sequence, in step order"); }
+    if (!fits) { in.Refuse(member, "one record for each step of the sequence, in step order"); }
     states_.MatchTo(steps);
     Form();
     for (auto const& own : stored) {
       bool const same = states_.Status(own.index) == own.status && cls_MemberTraits<StateHandle>::Equal(states_.State(own.index), own.state);
       if (!same) {
-        in.Refuse("states", "in step \"" + std::string(steps.Name(own.index).View()) + "\" the status and the state that follow from the steps before");
+        in.Refuse(member, "in step \"" + std::string(steps.Name(own.index).View()) + "\" the status and the state that follow from the steps before");
       }
     }
-    std::size_t const create = states_.CreateStep();
-    std::size_t const told = in.ReadsRuns() || create == kprC_StepTable::npos ? states_.Own().size() : steps.Size() - create;
-    if (told != stored.size()) { in.Refuse("states", "a state in every record from the create step on"); }
+    if (in.ReadsRuns() && states_.Own().size() != stored.size()) { in.Refuse(member, "only records that say something of their own"); }
   }
 
   void Initialize(kprC_StepTable const& steps) override {
