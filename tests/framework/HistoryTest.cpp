@@ -1,3 +1,5 @@
+#include <fstream>
+#include <memory>
 #include <random>
 #include <sstream>
 
@@ -125,6 +127,34 @@ TEST_F(History, FollowsTheEditsOfADisplacementCondition) {
       EXPECT_EQ(*edit == '\0' ? script.History() : script.Do(edit), history) << told;
     }
   }
+}
+
+/// docs/histories.md tells analysts what to expect: blocks "IGG [S1]", then an edit and the history after it per line.
+TEST_F(History, IsWhatTheDocumentationSays) {
+  std::ifstream page(GATTR_SOURCE_DIR "/docs/histories.md");
+  ASSERT_TRUE(page);
+  std::unique_ptr<Script> script;
+  std::string line, told;
+  int blocks = 0, edits = 0;
+  for (bool inside = false; std::getline(page, line);) {
+    if (line.starts_with("```")) {
+      inside = line == "```history";
+      script.reset();
+    } else if (inside && !script) {
+      std::size_t const bracket = line.find(" [");
+      script = std::make_unique<Script>(line.substr(0, bracket), line.substr(bracket + 2, line.size() - bracket - 3));
+      told = line;
+      ++blocks;
+    } else if (inside) {
+      std::size_t const gap = line.find("  ");
+      std::string const edit = line.substr(0, gap);
+      told += "; " + edit;
+      EXPECT_EQ(edit == "created" ? script->History() : script->Do(edit), line.substr(line.find_first_not_of(' ', gap))) << told;
+      ++edits;
+    }
+  }
+  EXPECT_GE(blocks, 8);
+  EXPECT_GE(edits, 20);
 }
 
 /// The records of the engine, told plainly.
