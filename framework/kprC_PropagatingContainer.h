@@ -123,9 +123,7 @@ public:
     Handle* found = map_.Get(cow_String(name));
     return found == nullptr ? nullptr : &found->Get();
   }
-  bool InsertItem(cow_String const& name, kprC_StepDependent const& item) override {
-    return Insert(name, dynamic_cast<T const&>(item));
-  }
+  bool InsertItem(cow_String const& name, kprC_StepDependent const& item) override { return Insert(name, dynamic_cast<T const&>(item)); }
   void RenameItem(cow_String const& name, cow_String const& newName) override {
     Handle item = *map_.ConstFind(name);
     Remove(name);
@@ -135,11 +133,10 @@ public:
   void ForEach(std::function<void(cow_String const&, kprC_StepDependent const&)> const& visit) const override {
     for (auto const& [name, item] : map_) { visit(name, *item); }
   }
-  void RecordModify(cow_String const& name) override {
-    Record(name, {cow_String("Modify"), cow_String(std::string(name.View()) + ".")});
-  }
-  void ForEachChange(mdl_Extension const& before, mdl_Extension::ChangeVisitor const& visit) const override {
+  void RecordModify(cow_String const& name) override { Record(name, {cow_String("Modify"), cow_String(std::string(name.View()) + ".")}); }
+  bool ForEachChange(mdl_Extension const& before, mdl_Extension::ChangeVisitor const& visit) const override {
     cls_MemberTraits<decltype(map_)>::ForEachChange(dynamic_cast<kprC_PropagatingContainer const&>(before).map_, map_, visit);
+    return true;
   }
   std::string ItemCmd() const override { return std::string(T::itemCmd().View()); }
   std::string Module() const override { return T::kModule; }

@@ -13,8 +13,9 @@ public:
   using ChangeVisitor = std::function<void(cow_String const& name, cls_Object const* object)>;
 
   /// Tells what the extension's map holds that is not the very same object under the same name in \p before, an extension
-  /// of the same class; in the order of the names. Costs what differs, not what is held.
-  virtual void ForEachChange(mdl_Extension const& /*before*/, ChangeVisitor const& /*visit*/) const {}
+  /// of the same class; in the order of the names. Costs what differs, not what is held. False, and nothing is told, where
+  /// the extension cannot say.
+  virtual bool ForEachChange(mdl_Extension const& /*before*/, ChangeVisitor const& /*visit*/) const { return false; }
 };
 
 class mdl_Repository;

@@ -81,8 +81,9 @@ public:
     return names;
   }
   cow_Map<cow_String, Handle> const& Map() const { return map_; }
-  void ForEachChange(mdl_Extension const& before, mdl_Extension::ChangeVisitor const& visit) const override {
+  bool ForEachChange(mdl_Extension const& before, mdl_Extension::ChangeVisitor const& visit) const override {
     cls_MemberTraits<cow_Map<cow_String, Handle>>::ForEachChange(dynamic_cast<mdl_MapString2ObjCow const&>(before).map_, map_, visit);
+    return true;
   }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
