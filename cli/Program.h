@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+/// What the subcommands share. Each file <Name>Command.cpp declares one or two of them to the parser and runs them.
+namespace gattr::cli {
+
+/// The program's exit statuses.
+enum ExitStatus : int {
+  kDone = 0,      ///< everything asked for was done, nothing was found
+  kRefused = 1,   ///< a command was refused, or the check found something
+  kBadInput = 2,  ///< bad use or unreadable input
+};
+
+/// Bad use or unreadable input: ends the program with kBadInput and this message.
+class BadInput : public std::runtime_error {
+public:
+  using std::runtime_error::runtime_error;
+};
+
+/// What is to be run once the arguments have been understood; answers the exit status.
+using Action = std::function<int()>;
+
+void AddReplay(CLI::App& program, Action& action);
+void AddHistory(CLI::App& program, Action& action);
+void AddCheck(CLI::App& program, Action& action);
+void AddSteps(CLI::App& program, Action& action);
+void AddDump(CLI::App& program, Action& action);
+void AddLoad(CLI::App& program, Action& action);
+void AddDescribe(CLI::App& program, Action& action);
+void AddCodes(CLI::App& program, Action& action);
+
+inline constexpr char const* kModelHelp = "model file: .gadb, or .gattr.json for the text form";
+
+enum class Format { Text, Csv, Json, Html };
+/// Adds --format with the texts of \p offered.
+void AddFormat(CLI::App& command, Format& format, std::vector<std::string> const& offered);
+/// Adds --color.
+void AddColor(CLI::App& command, std::string& choice);
+
+/// Refuses a \p name that is not among \p known: 'there is no step "Step-3". Did you mean "Step-2"?'
+void AssertKnown(std::string const& what, std::string const& name, std::vector<std::string> const& known);
+
+}  // namespace gattr::cli

@@ -1,0 +1,173 @@
+#include <fmt/core.h>
+#include <unistd.h>
+
+#include <CLI/App.hpp>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <system_error>
+
+#include "cli/Console.h"
+#include "cli/ModelPath.h"
+#include "cli/Program.h"
+#include "command/Journal.h"
+#include "command/Session.h"
+#include "command/Text.h"
+#include "report/Display.h"
+
+namespace gattr::cli {
+namespace {
+
+struct ReplayOptions {
+  std::string journal, on, output;
+  bool trace = false, keepGoing = false;
+};
+
+/// A journal as a stream, and how much of it has been read.
+class JournalFile {
+public:
+  explicit JournalFile(std::string const& path) : name_(path == "-" ? "standard input" : path) {
+    if (path == "-") { return; }
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error)) { throw BadInput(Quoted(path) + " is a directory, not a journal"); }
+    size_ = static_cast<double>(std::filesystem::file_size(path, error));
+    if (error) { size_ = 0; }
+    file_.open(path, std::ios::binary);
+    if (!file_) { throw BadInput("cannot read " + Quoted(path) + ": " + std::generic_category().message(errno)); }
+  }
+
+  std::istream& Stream() { return file_.is_open() ? static_cast<std::istream&>(file_) : std::cin; }
+  std::string const& Name() const { return name_; }
+  /// From 0 to 1; negative where the whole is not known.
+  double Fraction() {
+    if (!(size_ > 0)) { return -1; }
+    return static_cast<double>(file_.rdbuf()->pubseekoff(0, std::ios::cur, std::ios::in)) / size_;
+  }
+
+private:
+  std::string name_;
+  std::ifstream file_;
+  double size_ = 0;
+};
+
+/// Runs a journal and tells what became of each line.
+class Replay {
+public:
+  Replay(Session& session, JournalFile& journal, bool trace)
+      : session_(session), journal_(journal), reader_(journal.Stream(), journal.Name()), trace_(trace) {
+    session_.SetTrace(trace);
+  }
+
+  /// Runs the next command; nothing at the end of the journal.
+  std::optional<Outcome> Next() {
+    std::optional<Json> command;
+    try {
+      command = reader_.Next();
+    } catch (JournalError const& error) {
+      progress_.Clear();
+      Trace(error.Line(), nullptr, Outcome{false, {"", -1, "", error.what()}, true, error.what(), {}});
+      throw;
+    }
+    if (!command) { return std::nullopt; }
+    Outcome outcome = session_.Execute(*command);
+    ++(outcome.ok ? done_ : refused_);
+    auto const name = command->find("command");
+    Trace(reader_.Line(), name == command->end() ? Json() : *name, outcome);
+    if (!outcome.ok) {
+      progress_.Clear();
+      std::cout.flush();
+      fmt::print(stderr, "gattr: {}, line {}: {}\n", Shown(journal_.Name()), reader_.Line(), Shown(outcome.message));
+    }
+    if (done_ % 64 == 0) { progress_.Show(reader_.Line(), journal_.Fraction()); }
+    return outcome;
+  }
+
+  std::size_t Done() const { return done_; }
+  std::size_t Refused() const { return refused_; }
+
+private:
+  void Trace(std::size_t line, Json const& command, Outcome const& outcome) const {
+    if (!trace_) { return; }
+    Json told = {{"line", line}, {"command", command}, {"ok", outcome.ok}};
+    if (outcome.ok) {
+      Json& histories = told["history"] = Json::object();
+      for (auto const& [name, statuses] : outcome.history) { histories[name] = statuses; }
+    } else {
+      Refusal const& refused = outcome.refused;
+      told["refused"] = {
+          {"module", refused.module}, {"code", refused.code}, {"exception", refused.exception}, {"message", refused.message}};
+    }
+    std::cout << JsonLine(told) << '\n';
+  }
+
+  Session& session_;
+  JournalFile& journal_;
+  JournalReader reader_;
+  Progress progress_;
+  bool trace_;
+  std::size_t done_ = 0, refused_ = 0;
+};
+
+std::string Counted(std::size_t count, std::string_view what) { return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s"); }
+
+int Run(ReplayOptions const& options) {
+  std::optional<ModelPath> on, output;
+  if (!options.on.empty()) { on.emplace(options.on); }
+  if (!options.output.empty() && options.output != options.on) { output.emplace(options.output); }
+  ModelPath* const target = options.output.empty() ? nullptr : output ? &*output : &*on;
+  JournalFile journal(options.journal);
+  Session session = on ? Session(on->Open()) : Session();
+
+  Replay replay(session, journal, options.trace);
+  int status = kDone;
+  while (auto const outcome = replay.Next()) {
+    if (outcome->ok) { continue; }
+    status = std::max<int>(status, outcome->badInput ? kBadInput : kRefused);
+    if (!options.keepGoing) { break; }
+  }
+  if (replay.Done() + replay.Refused() == 0) { throw BadInput(Quoted(journal.Name()) + " holds no commands"); }
+  if (status != kDone && !options.keepGoing) {
+    if (target != nullptr) { fmt::print(stderr, "gattr: {} was not written\n", Shown(options.output)); }
+    return status;
+  }
+  if (target != nullptr) { target->Save(session.Model()); }
+  if (status != kDone || isatty(STDERR_FILENO) != 0) {
+    std::cout.flush();
+    fmt::print(stderr, "gattr: {} done", Counted(replay.Done(), "command"));
+    if (status != kDone) { fmt::print(stderr, ", {} refused", replay.Refused()); }
+    if (target != nullptr) { fmt::print(stderr, ", {} written", Shown(options.output)); }
+    fmt::print(stderr, "\n");
+  }
+  return status;
+}
+
+constexpr char const* kFooter = R"(A journal is a text with one command per line, each a JSON object:
+
+  {"command": "StaticStep", "name": "Hold"}
+  {"command": "Set", "name": "Rim"}
+  {"command": "DisplacementBC", "name": "Fix", "createStepName": "Hold", "region": "Rim", "u1": 0.0}
+  {"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Release"}
+
+`gattr describe` lists the commands. A command is done whole or not at all. The first one that is refused ends the run, and
+no model is written; with --keep-going the others are done and written. A line that is no JSON ends the run in any case.
+
+Example: gattr replay forming.jsonl --trace -o forming.gadb)";
+
+}  // namespace
+
+void AddReplay(CLI::App& program, Action& action) {
+  auto const options = std::make_shared<ReplayOptions>();
+  CLI::App& command = *program.add_subcommand("replay", "Run a journal of commands");
+  command.add_option("JOURNAL", options->journal, "one JSON command per line; - is standard input")->required()->type_name("");
+  command.add_option("-o,--output", options->output, "write the model when everything was done (.gadb, .gattr.json)")->type_name("MODEL");
+  command.add_option("--on", options->on, "begin with this model instead of an empty one")->type_name("MODEL");
+  command.add_flag("--trace", options->trace, "print a JSON object per line: the outcome, and the histories it made");
+  command.add_flag("--keep-going", options->keepGoing, "go on after a command that is refused");
+  command.footer(kFooter);
+  command.callback([options, &action] { action = [options] { return Run(*options); }; });
+}
+
+}  // namespace gattr::cli

@@ -1,0 +1,193 @@
+#include "report/RenderHistory.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace gattr {
+namespace {
+
+constexpr std::size_t kGap = 2;
+constexpr std::size_t kLongestName = 32;      // of an attribute or a type in the first columns
+constexpr std::size_t kLongestStepName = 24;  // longer ones are cut in the table; lists and JSON give them whole
+constexpr std::size_t kLongestProcedure = 19;
+
+/// "STATIC_GENERAL" as "static general".
+std::string Lower(std::string_view label) {
+  std::string text(label);
+  for (char& c : text) { c = c == '_' ? ' ' : c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+  return text;
+}
+
+std::string TypeText(HistoryTable::Row const& row) { return row.suppressed ? row.type + " (suppressed)" : row.type; }
+
+struct Column {
+  std::string name, procedure;  // shown
+  std::size_t width;
+};
+
+/// The text of a table, block by block.
+class TextPage {
+public:
+  TextPage(std::ostream& out, HistoryTable const& table, TextLayout const& layout) : out_(out), table_(table), layout_(layout) {
+    for (std::size_t i = 0; i < table.steps.size(); ++i) {
+      Column column{Shown(table.steps[i].name), Lower(table.steps[i].procedure), 0};
+      column.width = std::max(std::min(Width(column.name), kLongestStepName), std::min(Width(column.procedure), kLongestProcedure));
+      unsigned used = 0;
+      for (auto const& row : table.rows) { used |= 1U << row.statuses[i]; }
+      for (std::size_t status = 0; status < kStatusCount; ++status) {
+        if ((used >> status & 1U) != 0) { column.width = std::max(column.width, WordAt(status).word.size()); }
+      }
+      columns_.push_back(std::move(column));
+    }
+    for (auto const& row : table.rows) {
+      names_.push_back(Shown(row.name));
+      nameWidth_ = std::max(nameWidth_, std::min(Width(names_.back()), kLongestName));
+      typeWidth_ = std::max(typeWidth_, std::min(Width(TypeText(row)), kLongestName));
+    }
+  }
+
+  void Print() {
+    std::size_t begin = 0;
+    do {
+      bool const withTypes = begin == 0;
+      std::size_t used = nameWidth_ + (withTypes ? kGap + typeWidth_ : 0), end = begin;
+      while (end < columns_.size() && (end == begin || layout_.width == 0 || used + kGap + columns_[end].width <= layout_.width)) {
+        used += kGap + columns_[end++].width;
+      }
+      PrintBlock(begin, end, withTypes);
+      begin = end;
+    } while (begin < columns_.size());
+  }
+
+private:
+  static StatusWord const& WordAt(std::size_t status) { return WordOf(static_cast<mdl_PropagationStatusEnm>(status)); }
+
+  void PrintBlock(std::size_t begin, std::size_t end, bool withTypes) {
+    if (end - begin < columns_.size()) {
+      std::string const title =
+          "steps " + std::to_string(begin + 1) + " to " + std::to_string(end) + " of " + std::to_string(columns_.size());
+      out_ << (begin == 0 ? "" : "\n") << Styled(title, Style::Faint, layout_.color) << '\n';
+    }
+    Put("attribute", nameWidth_, Style::Strong);
+    if (withTypes) { Put("type", typeWidth_, Style::Strong); }
+    for (std::size_t i = begin; i < end; ++i) { Put(columns_[i].name, columns_[i].width, Style::Strong); }
+    EndLine();
+    Put("", nameWidth_, Style::Plain);
+    if (withTypes) { Put("", typeWidth_, Style::Plain); }
+    for (std::size_t i = begin; i < end; ++i) { Put(columns_[i].procedure, columns_[i].width, Style::Faint); }
+    EndLine();
+    for (std::size_t r = 0; r < table_.rows.size(); ++r) {
+      auto const& row = table_.rows[r];
+      Put(names_[r], nameWidth_, row.suppressed ? Style::Faint : Style::Strong);
+      if (withTypes) { Put(TypeText(row), typeWidth_, Style::Faint); }
+      for (std::size_t i = begin; i < end; ++i) {
+        StatusWord const& word = WordOf(row.Status(i));
+        Put(word.word, columns_[i].width, row.suppressed ? Style::Faint : word.style);
+      }
+      EndLine();
+    }
+  }
+
+  /// Blanks are written only before the next cell, so that no line ends in them.
+  void Put(std::string_view shown, std::size_t width, Style style) {
+    std::size_t const own = Width(shown);
+    if (own == 0) {
+      pending_ += width + kGap;
+      return;
+    }
+    line_.append(pending_, ' ');
+    if (layout_.color) { line_ += StyleOn(style); }
+    own > width ? line_ += Fitted(shown, width) : line_ += shown;
+    if (layout_.color) { line_ += StyleOff(style); }
+    pending_ = kGap + (own < width ? width - own : 0);
+  }
+  void EndLine() {
+    out_ << line_ << '\n';
+    line_.clear();
+    pending_ = 0;
+  }
+
+  std::ostream& out_;
+  HistoryTable const& table_;
+  TextLayout const& layout_;
+  std::vector<Column> columns_;
+  std::vector<std::string> names_;
+  std::size_t nameWidth_ = 9, typeWidth_ = 4;  // of the headings
+  std::string line_;
+  std::size_t pending_ = 0;
+};
+
+std::string_view CsvWord(mdl_PropagationStatusEnm status) {
+  return status == mdl_PropagationStatusEnm::NotYetCreated ? "not created" : WordOf(status).word;
+}
+
+std::string_view CssClass(Style style) {
+  constexpr std::string_view kNames[] = {"", "strong", "faint", "new", "kept", "changed", "off", "held"};
+  return kNames[static_cast<std::size_t>(style)];
+}
+
+}  // namespace
+
+void RenderText(std::ostream& out, HistoryTable const& table, TextLayout const& layout) { TextPage(out, table, layout).Print(); }
+
+void RenderCsv(std::ostream& out, HistoryTable const& table) {
+  out << "name,kind,type,suppressed";
+  for (auto const& step : table.steps) { out << ',' << CsvField(step.name); }
+  out << "\r\n";
+  for (auto const& row : table.rows) {
+    out << CsvField(row.name) << ',' << CsvField(row.kind) << ',' << CsvField(row.type) << ',' << (row.suppressed ? "true" : "false");
+    for (std::size_t i = 0; i < row.statuses.size(); ++i) { out << ',' << CsvWord(row.Status(i)); }
+    out << "\r\n";
+  }
+}
+
+void RenderJson(std::ostream& out, HistoryTable const& table) {
+  // line by line: one value for the whole of a large model would take many times its memory
+  out << "{\n  \"model\": " << JsonLine(table.model) << ",\n  \"steps\": [";
+  char const* separator = "";
+  for (auto const& step : table.steps) {
+    out << separator << "\n    " << JsonLine({{"name", step.name}, {"procedure", step.procedure}, {"perturbation", step.perturbation}});
+    separator = ",";
+  }
+  out << "\n  ],\n  \"attributes\": [";
+  separator = "";
+  for (auto const& row : table.rows) {
+    out << separator << "\n    "
+        << JsonLine(
+               {{"name", row.name}, {"kind", row.kind}, {"type", row.type}, {"suppressed", row.suppressed}, {"history", row.statuses}});
+    separator = ",";
+  }
+  out << "\n  ]\n}\n";
+}
+
+void RenderHtml(std::ostream& out, HistoryTable const& table) {
+  std::string const title = HtmlText(table.model.empty() ? "Histories" : table.model);
+  out << "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" << title << R"(</title>
+<style>
+body { font: 14px/1.5 system-ui, sans-serif; margin: 2em; color: #222 }
+table { border-collapse: collapse }
+th, td { padding: .2em .8em; text-align: left; white-space: nowrap; border-bottom: 1px solid #e4e4e4 }
+th:first-child { position: sticky; left: 0; background: #fff }
+small, .faint { color: #999; font-weight: normal }
+.new { background: #c9efd2; font-weight: 600 } .kept { background: #eaf7ee } .changed { background: #ffe9b8; font-weight: 600 }
+.off { background: #ffd6d1 } .held { background: #dff1fa }
+</style></head><body>
+<h1>)" << title
+      << "</h1>\n<table>\n<tr><th>attribute</th><th>type</th>";
+  for (auto const& step : table.steps) {
+    out << "<th>" << HtmlText(step.name) << "<br><small>" << HtmlText(Lower(step.procedure)) << "</small></th>";
+  }
+  out << "</tr>\n";
+  for (auto const& row : table.rows) {
+    out << (row.suppressed ? "<tr class=\"faint\"><th>" : "<tr><th>") << HtmlText(row.name) << "</th><td>" << HtmlText(TypeText(row))
+        << "</td>";
+    for (std::size_t i = 0; i < row.statuses.size(); ++i) {
+      StatusWord const& word = WordOf(row.Status(i));
+      out << "<td class=\"" << CssClass(word.style) << "\" title=\"" << word.meaning << "\">" << word.word << "</td>";
+    }
+    out << "</tr>\n";
+  }
+  out << "</table>\n</body></html>\n";
+}
+
+}  // namespace gattr

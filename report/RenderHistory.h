@@ -1,0 +1,24 @@
+#pragma once
+
+#include <iosfwd>
+
+#include "report/HistoryTable.h"
+
+namespace gattr {
+
+/// How a table is laid out for a terminal.
+struct TextLayout {
+  std::size_t width = 0;  ///< columns; wider tables are wrapped in blocks of steps. 0: unlimited
+  bool color = false;
+};
+
+/// Status words under the steps' names and procedures.
+void RenderText(std::ostream& out, HistoryTable const& table, TextLayout const& layout);
+/// A line per attribute: name, kind, type, suppressed, then the status word in every step; "not created" before creation.
+void RenderCsv(std::ostream& out, HistoryTable const& table);
+/// {"model": ..., "steps": [...], "attributes": [{"name": ..., "history": [0, 1, 2], ...}]}
+void RenderJson(std::ostream& out, HistoryTable const& table);
+/// A page that stands alone, without scripts, its first column fixed.
+void RenderHtml(std::ostream& out, HistoryTable const& table);
+
+}  // namespace gattr
