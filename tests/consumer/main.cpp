@@ -21,9 +21,7 @@ bool FindsTheBoundaryConditions() {
 bool CatchesARefusal() {
   try {
     omu_PrimEnum<mdl_PropagationStatusEnm, 1> const status(cow_String("NO SUCH STATUS"));
-  } catch (omu_ValueErrorException const& refusal) {
-    return !refusal.Text().View().empty();
-  }
+  } catch (omu_ValueErrorException const& refusal) { return !refusal.Text().View().empty(); }
   return false;
 }
 
