@@ -3,29 +3,20 @@
 #include <algorithm>
 #include <numeric>
 
+#include "store/ObservingVisitor.h"
+
 namespace gattr {
 
 namespace {
 
 /// Takes the pairs of a name and a step from what an extension writes.
-class Collector final : public cls_WriteVisitor {
+class Collector final : public ObservingVisitor {
 public:
   explicit Collector(std::vector<kprC_StepNameProcedurePair>& pairs) : pairs_(pairs) {}
 
-  bool StartWrite(unsigned, cls_Uid const&) const override { return true; }
-  void WriteBool(std::string_view, bool) const override {}
-  void WriteInteger(std::string_view, long long) const override {}
-  void WriteReal(std::string_view, double) const override {}
-  void WriteText(std::string_view, std::string_view) const override {}
-  void WriteNull(std::string_view) const override {}
-  void WriteObject(std::string_view, cls_Object const&) const override {}
   void WriteNested(std::string_view, cls_Object const& object) const override {
     if (auto const* const pair = dynamic_cast<kprC_StepNameProcedurePair const*>(&object)) { pairs_.push_back(*pair); }
   }
-  void StartList(std::string_view, std::size_t count) const override { pairs_.reserve(count); }
-  void EndList() const override {}
-  bool StartMap(std::string_view, std::size_t) const override { return false; }
-  void EndMap() const override {}
 
 private:
   std::vector<kprC_StepNameProcedurePair>& pairs_;

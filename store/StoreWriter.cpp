@@ -80,7 +80,7 @@ std::string const& StoreWriter::ClassName(std::string_view member, cls_Object co
 void StoreWriter::Refuse(std::string_view member, std::string_view expected) const {
   std::string path = where_;
   auto const join = [&path](std::string_view name) {
-    if (!path.empty() && !name.empty()) { path += " / "; }
+    if (!path.empty() && !path.ends_with(": ") && !name.empty()) { path += " / "; }
     path += name;
   };
   for (std::size_t i = 1; i < levels_.size(); ++i) {

@@ -36,7 +36,7 @@ protected:
     std::string_view stepName;  ///< of a record: the step that it belongs to
   };
 
-  /// \p where opens the paths of messages.
+  /// \p where opens the messages: the file, and the way to what is written.
   StoreWriter(ModelSteps const& steps, std::string_view where);
 
   /// Outermost first; the first is what DBWrite was called for.

@@ -1,0 +1,129 @@
+#include "store/Database.h"
+
+#include <cstring>
+
+#include <sqlite3.h>
+
+#include "store/StoreError.h"
+
+namespace gattr {
+
+namespace {
+
+constexpr int kPatience = 500;  // milliseconds to wait for another program that has the file
+
+/// What to say of an error of the engine, by its primary code.
+struct Wording {
+  int code;
+  char const* text;
+};
+constexpr Wording kWordings[] = {
+    {SQLITE_NOTADB, "is no model file"},
+    {SQLITE_CORRUPT, "is damaged"},
+    {SQLITE_BUSY, "is in use by another program"},
+    {SQLITE_LOCKED, "is in use by another program"},
+    {SQLITE_READONLY, "may not be written"},
+    {SQLITE_PERM, "may not be opened"},
+    {SQLITE_AUTH, "may not be opened"},
+    {SQLITE_CANTOPEN, "cannot be opened"},
+    {SQLITE_FULL, "cannot be written: the disk is full"},
+    {SQLITE_IOERR, "cannot be read or written"},
+    {SQLITE_ERROR, "is damaged"},  // its tables are not ours
+};
+
+}  // namespace
+
+void Database::Close::operator()(sqlite3* handle) const { sqlite3_close(handle); }
+void Database::Statement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+
+Database::Database(std::filesystem::path const& path, Mode mode) : fileName_(path.string()) {
+  // Also for reading: a journal that a crash has left behind has to be played back.
+  int const flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | (mode == Mode::Write ? SQLITE_OPEN_CREATE : 0);
+  sqlite3* handle = nullptr;
+  int const code = sqlite3_open_v2(fileName_.c_str(), &handle, flags, nullptr);
+  handle_.reset(handle);
+  Check(code);
+  sqlite3_busy_timeout(handle, kPatience);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  Run("PRAGMA cell_size_check = ON");
+}
+
+void Database::Run(char const* sql) { Check(sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr)); }
+
+std::int64_t Database::Number(char const* sql) {
+  Statement statement(*this, sql);
+  if (!statement.Step()) { Refuse("is damaged"); }
+  return statement.Number(0);
+}
+
+void Database::Refuse(std::string_view what) const { throw StoreError(fileName_ + ": " + std::string(what)); }
+
+void Database::Fail(int code) const {
+  for (Wording const& wording : kWordings) {
+    if (wording.code != (code & 0xFF)) { continue; }
+    std::string text = wording.text;
+    int const system = handle_ != nullptr ? sqlite3_system_errno(handle_.get()) : 0;
+    bool const isSystem = wording.code == SQLITE_CANTOPEN || wording.code == SQLITE_IOERR;
+    if (isSystem && system != 0) { text += std::string(": ") + std::strerror(system); }
+    if (wording.code == SQLITE_ERROR) { text += std::string(": ") + sqlite3_errmsg(handle_.get()); }
+    Refuse(text);
+  }
+  Refuse(sqlite3_errstr(code));
+}
+
+void Database::Check(int code) const {
+  if (code == SQLITE_NOMEM) { throw std::bad_alloc(); }
+  if (code != SQLITE_OK) { Fail(code); }
+}
+
+Database::Statement::Statement(Database& database, char const* sql) : database_(&database) {
+  sqlite3_stmt* statement = nullptr;
+  database.Check(sqlite3_prepare_v2(database.handle_.get(), sql, -1, &statement, nullptr));
+  statement_.reset(statement);
+}
+
+Database::Statement& Database::Statement::Bind(int parameter, std::int64_t number) {
+  database_->Check(sqlite3_bind_int64(statement_.get(), parameter, number));
+  return *this;
+}
+
+Database::Statement& Database::Statement::Bind(int parameter, std::string_view text) {
+  database_->Check(sqlite3_bind_text64(statement_.get(), parameter, text.data() != nullptr ? text.data() : "", text.size(),
+                                       SQLITE_STATIC, SQLITE_UTF8));
+  return *this;
+}
+
+Database::Statement& Database::Statement::BindBytes(int parameter, std::string_view bytes) {
+  database_->Check(sqlite3_bind_blob64(statement_.get(), parameter, bytes.data() != nullptr ? bytes.data() : "", bytes.size(), SQLITE_STATIC));
+  return *this;
+}
+
+bool Database::Statement::Step() {
+  int const code = sqlite3_step(statement_.get());
+  if (code == SQLITE_ROW) { return true; }
+  sqlite3_reset(statement_.get());
+  if (code != SQLITE_DONE) { database_->Check(code); }
+  return false;
+}
+
+void Database::Statement::Reset() { sqlite3_reset(statement_.get()); }
+
+std::int64_t Database::Statement::Number(int column) const {
+  if (sqlite3_column_type(statement_.get(), column) != SQLITE_INTEGER) { database_->Refuse("is damaged: a column is no number"); }
+  return sqlite3_column_int64(statement_.get(), column);
+}
+
+std::string_view Database::Statement::Text(int column) const {
+  if (sqlite3_column_type(statement_.get(), column) != SQLITE_TEXT) { database_->Refuse("is damaged: a column is no text"); }
+  auto const* const text = reinterpret_cast<char const*>(sqlite3_column_text(statement_.get(), column));
+  return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
+}
+
+std::string_view Database::Statement::Bytes(int column) const {
+  if (sqlite3_column_type(statement_.get(), column) != SQLITE_BLOB) { database_->Refuse("is damaged: a column holds no data"); }
+  auto const* const bytes = static_cast<char const*>(sqlite3_column_blob(statement_.get(), column));
+  return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
+}
+
+}  // namespace gattr
