@@ -76,8 +76,7 @@ void InsertStep(benchmark::State& state) {
   cow_String const middle = bench::StepAt(model, size.steps / 2);
   ddr_Model edited;
   Measure(
-      state, size, size.attributes, [&] { edited = model; },
-      [&] { kprC_InsertStep(edited, middle, "Inserted", bench::StaticStep()); });
+      state, size, size.attributes, [&] { edited = model; }, [&] { kprC_InsertStep(edited, middle, "Inserted", bench::StaticStep()); });
 }
 
 void UndoInsertStep(benchmark::State& state) {

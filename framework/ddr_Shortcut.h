@@ -11,9 +11,7 @@ public:
   Member const* ConstGet(ddr_Model const* model) const {
     return model == nullptr ? nullptr : dynamic_cast<Member const*>(model->ConstExtension(memberName.View()));
   }
-  Member* Get(ddr_Model* model) const {
-    return model == nullptr ? nullptr : dynamic_cast<Member*>(model->Extension(memberName.View()));
-  }
+  Member* Get(ddr_Model* model) const { return model == nullptr ? nullptr : dynamic_cast<Member*>(model->Extension(memberName.View())); }
 };
 
 /// A persistent way to a member of a model, by names: it stays good while models and members are copied and separated.
@@ -64,9 +62,7 @@ template <class Member> struct cls_MemberTraits<cow_Handle<ddr_ShortcutImpl<Memb
     impl.Get().memberName = cow_String(in.ReadText(""));
     in.EndList();
   }
-  static bool Equal(Handle const& a, Handle const& b) {
-    return a->ddbName == b->ddbName && a->memberName == b->memberName;
-  }
+  static bool Equal(Handle const& a, Handle const& b) { return a->ddbName == b->ddbName && a->memberName == b->memberName; }
   static cls_Value ToValue(Handle const& impl) { return std::string(impl->ddbName.View()) + "." + std::string(impl->memberName.View()); }
   static std::string_view FromValue(Handle&, cls_Value const&) { return "nothing: this member cannot be set"; }
 };

@@ -36,11 +36,11 @@ public:
   struct Carry {
     bool created = false;
     Base base = Base::None;
-    bool untouchedInitial = false;             ///< the base state is still what the initial step created
+    bool untouchedInitial = false;                 ///< the base state is still what the initial step created
     Status_ inFrequency = Status_::NotYetCreated;  ///< status of an own record in the last frequency step, as far as
     std::uint32_t frequencyEnd = 0;                ///< the records before this one
-    Handle source;                             ///< values of the base state; without one, those of the creation
-    Handle on, off;                            ///< the same as later steps carry them; off only where the base is off
+    Handle source;                                 ///< values of the base state; without one, those of the creation
+    Handle on, off;                                ///< the same as later steps carry them; off only where the base is off
 
     friend bool operator==(Carry const&, Carry const&) = default;
   };
@@ -200,7 +200,7 @@ private:
   kprC_StepTable steps_;
   cow_Handle<Body> body_;
   cls_Uid uid_ = cls_Uid::AllocateUid();
-  std::uint32_t admitted_ = 0;  // procedure types that the attribute is carried into, a bit each
+  std::uint32_t admitted_ = 0;                         // procedure types that the attribute is carried into, a bit each
   std::size_t firstTouched_ = 0, lastTouched_ = npos;  // what Form has to look at
 };
 

@@ -46,9 +46,11 @@ template <class Rules> struct cls_MemberTraits<kprC_History<Rules>> {
   }
   static void NewUid(History& history) { history.NewUid(); }
   static bool Equal(History const& a, History const& b) {
-    return std::ranges::equal(a.Own(), b.Own(), [](auto const& one, auto const& two) {
-             return one.index == two.index && one.status == two.status && cls_MemberTraits<typename History::Handle>::Equal(one.state, two.state);
-           }) &&
+    return std::ranges::equal(a.Own(), b.Own(),
+                              [](auto const& one, auto const& two) {
+                                return one.index == two.index && one.status == two.status &&
+                                       cls_MemberTraits<typename History::Handle>::Equal(one.state, two.state);
+                              }) &&
            (a.steps_.Same(b.steps_) || cls_MemberTraits<kprC_StepSequence>::Equal(a.steps_.Steps(), b.steps_.Steps()));
   }
   static cls_Value ToValue(History const& history) {

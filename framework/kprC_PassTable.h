@@ -15,19 +15,19 @@ enum class kprC_StepKind : std::uint8_t {
 struct kprC_PassTable {
   using Status = mdl_PropagationStatusEnm;
 
-  Status createdOff;           ///< first own record, switched off
-  Status carried;              ///< general step, carried
-  Status carriedFromInitial;   ///< the same while the base state is the untouched creation of the initial step
-  Status changed;              ///< general step, own change
-  Status changedFromInitial;   ///< the same, the first change of what the initial step created
-  Status off;                  ///< general step, switched off
-  Status afterOff;             ///< off since an earlier step
-  Status notAdmitted;          ///< passed over
-  Status perturbation;         ///< perturbation step, carried
-  Status perturbationChanged;  ///< perturbation step, own change
-  Status perturbationOff;      ///< switched off for one perturbation step
-  Status held;                 ///< modal-based step
-  Status notCarried;           ///< made in a perturbation or modal-based step, later steps
-  bool keepsPerturbationChange;       ///< false: an own change in a perturbation step is dropped
-  bool asksAdmissionInPerturbation;   ///< false: a perturbation step carries what it does not admit
+  Status createdOff;                 ///< first own record, switched off
+  Status carried;                    ///< general step, carried
+  Status carriedFromInitial;         ///< the same while the base state is the untouched creation of the initial step
+  Status changed;                    ///< general step, own change
+  Status changedFromInitial;         ///< the same, the first change of what the initial step created
+  Status off;                        ///< general step, switched off
+  Status afterOff;                   ///< off since an earlier step
+  Status notAdmitted;                ///< passed over
+  Status perturbation;               ///< perturbation step, carried
+  Status perturbationChanged;        ///< perturbation step, own change
+  Status perturbationOff;            ///< switched off for one perturbation step
+  Status held;                       ///< modal-based step
+  Status notCarried;                 ///< made in a perturbation or modal-based step, later steps
+  bool keepsPerturbationChange;      ///< false: an own change in a perturbation step is dropped
+  bool asksAdmissionInPerturbation;  ///< false: a perturbation step carries what it does not admit
 };

@@ -25,7 +25,7 @@ public:
 
   cow_String stepName;
   Status status;
-  cow_Handle<S> state;                     ///< null before the create step
+  cow_Handle<S> state;                   ///< null before the create step
   cow_Handle<kprC_Procedure> procedure;  ///< may be null
 
   template <class V> static constexpr void VisitMembers(V&& visit) {

@@ -30,8 +30,8 @@ template <class Error> struct kprC_StepRefusals {
   Error movePropagated;
   Error moveFromPerturbation;
   Error moveNotAdmitted;
-  Error createNotAdmitted;    ///< update of the states, and the check of every record
-  Error setToPropagated;      ///< a caller sets a member to "PROPAGATED"
+  Error createNotAdmitted;  ///< update of the states, and the check of every record
+  Error setToPropagated;    ///< a caller sets a member to "PROPAGATED"
 };
 
 /// Procedures that nothing may be moved into, and the refusal. \p Set answers Contains(procedureType).
@@ -288,9 +288,11 @@ private:
     states_.MatchTo(steps);
     Form();
     for (auto const& own : stored) {
-      bool const same = states_.Status(own.index) == own.status && cls_MemberTraits<StateHandle>::Equal(states_.State(own.index), own.state);
+      bool const same =
+          states_.Status(own.index) == own.status && cls_MemberTraits<StateHandle>::Equal(states_.State(own.index), own.state);
       if (!same) {
-        in.Refuse(member, "in step \"" + std::string(steps.Name(own.index).View()) + "\" the status and the state that follow from the steps before");
+        in.Refuse(member, "in step \"" + std::string(steps.Name(own.index).View()) +
+                              "\" the status and the state that follow from the steps before");
       }
     }
     if (in.ReadsRuns() && states_.Own().size() != stored.size()) { in.Refuse(member, "only records that say something of their own"); }

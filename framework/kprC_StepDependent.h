@@ -12,15 +12,15 @@
 
 /// What the editing layers refuse before they reach an attribute. Each family has a numbered refusal for each.
 enum class kprC_EditRefusal {
-  NoSuchAttribute,   ///< no attribute of that name, or none in that step
-  NoSteps,           ///< the model has no steps
-  NoAttributes,      ///< the model has no attribute of the family
-  NameInUse,         ///< an attribute of that name exists
-  UnknownStep,       ///< no step of that name
-  Suppressed,        ///< a suppressed attribute is edited
-  AmplitudeName,     ///< a text that cannot be an amplitude's name
-  AmplitudeValue,    ///< an amplitude that the model does not know, or no text at all
-  FieldUnknown,      ///< a field that the model does not know
+  NoSuchAttribute,  ///< no attribute of that name, or none in that step
+  NoSteps,          ///< the model has no steps
+  NoAttributes,     ///< the model has no attribute of the family
+  NameInUse,        ///< an attribute of that name exists
+  UnknownStep,      ///< no step of that name
+  Suppressed,       ///< a suppressed attribute is edited
+  AmplitudeName,    ///< a text that cannot be an amplitude's name
+  AmplitudeValue,   ///< an amplitude that the model does not know, or no text at all
+  FieldUnknown,     ///< a field that the model does not know
 };
 
 /// Members by name, as a command gives them.

@@ -38,7 +38,7 @@ std::size_t kprC_StepTable::Find(std::string_view name) const {
   Body const& body = *body_;
   if (body.types.empty()) { return npos; }
   std::size_t const mask = body.slots.size() - 1;
-  for (std::size_t slot = std::hash<std::string_view>{}(name) & mask; body.slots[slot] != 0; slot = (slot + 1) & mask) {
+  for (std::size_t slot = std::hash<std::string_view>{}(name)&mask; body.slots[slot] != 0; slot = (slot + 1) & mask) {
     std::size_t const at = body.slots[slot] - 1;
     if (body.steps[at].stepName.View() == name) { return at; }
   }
@@ -46,13 +46,12 @@ std::size_t kprC_StepTable::Find(std::string_view name) const {
 }
 
 bool kprC_StepTable::SameNames(kprC_StepTable const& other) const {
-  return std::ranges::equal(Steps(), other.Steps(), {}, &kprC_StepNameProcedurePair::stepName,
-                            &kprC_StepNameProcedurePair::stepName);
+  return std::ranges::equal(Steps(), other.Steps(), {}, &kprC_StepNameProcedurePair::stepName, &kprC_StepNameProcedurePair::stepName);
 }
 
 bool kprC_StepTable::Tells(kprC_StepTable const& other) const {
-  return SameNames(other) && std::ranges::equal(Steps(), other.Steps(), {}, &kprC_StepNameProcedurePair::procedure,
-                                                &kprC_StepNameProcedurePair::procedure);
+  return SameNames(other) &&
+         std::ranges::equal(Steps(), other.Steps(), {}, &kprC_StepNameProcedurePair::procedure, &kprC_StepNameProcedurePair::procedure);
 }
 
 kprC_StepTable kprC_StepTable::WithInserted(std::size_t index, kprC_StepNameProcedurePair const& pair) const {

@@ -11,9 +11,8 @@ enum class kbcC_CategoryEnm { MECHANICAL = 0, THERMAL = 1, FLUID = 2, ELECTRICAL
 enum class kbcC_DistribTypeEnum { UNIFORM = 0, USER_DEFINED = 1, FIELD = 2 };
 
 template <> struct omu_EnumTable<kbcC_CategoryEnm> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"MECHANICAL", 0}, {"THERMAL", 1},        {"FLUID", 2},
-                                                               {"ELECTRICAL", 3}, {"MASS_DIFFUSION", 4}, {"ACOUSTIC", 5},
-                                                               {"OTHER_BC", 6},   {nullptr, 0}};
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"MECHANICAL", 0},     {"THERMAL", 1},  {"FLUID", 2},    {"ELECTRICAL", 3},
+                                                               {"MASS_DIFFUSION", 4}, {"ACOUSTIC", 5}, {"OTHER_BC", 6}, {nullptr, 0}};
 };
 template <> struct omu_EnumTable<kbcC_DistribTypeEnum> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNIFORM", 0}, {"USER_DEFINED", 1}, {"FIELD", 2}, {nullptr, 0}};
@@ -84,9 +83,7 @@ public:
   bool ValidInStep(kprC_Step const& step, bool carried, bool isInitial, bool isExplicit) const;
   /// The same with what follows from the procedure type worked out; 0 is the initial step.
   bool ValidInStepButRelaxCheckOnInitial(unsigned procedureType, bool carried) const;
-  bool Admits(unsigned procedureType, bool carried) const override {
-    return ValidInStepButRelaxCheckOnInitial(procedureType, carried);
-  }
+  bool Admits(unsigned procedureType, bool carried) const override { return ValidInStepButRelaxCheckOnInitial(procedureType, carried); }
 
   /// Refuses 20 where the create step frees a component, 21 where a step frees one in which the condition is not active.
   /// Then as kprC_StepAttribute.

@@ -30,8 +30,9 @@ public:
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit(deactivateCmd(), &kbcC_BCState::switchedOff_, cls_MemberText{"whether the condition is switched off in the step"});
-    visit(amplitudeCmd(), &kbcC_BCState::amplitude,
-          cls_MemberText{"name of the amplitude that varies the values over the step", "", static_cast<int>(kbcC_ErrorEnm::AmplitudeValue)});
+    visit(
+        amplitudeCmd(), &kbcC_BCState::amplitude,
+        cls_MemberText{"name of the amplitude that varies the values over the step", "", static_cast<int>(kbcC_ErrorEnm::AmplitudeValue)});
   }
 
 protected:

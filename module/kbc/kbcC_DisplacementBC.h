@@ -18,9 +18,9 @@ public:
   kbcC_DisplacementBCState();
   explicit kbcC_DisplacementBCState(cls_ReadVisitor const& in);
 
-  mdl_PropAttr<double> u1, u2, u3;     ///< along the axes 1 to 3 of the local system, length
-  mdl_PropAttr<double> ur1, ur2, ur3;  ///< about the axes 1 to 3, radians
-  mdl_PropAttr<bool> fixed;            ///< held where the step begins, whatever that is
+  mdl_PropAttr<double> u1, u2, u3;                                 ///< along the axes 1 to 3 of the local system, length
+  mdl_PropAttr<double> ur1, ur2, ur3;                              ///< about the axes 1 to 3, radians
+  mdl_PropAttr<bool> fixed;                                        ///< held where the step begins, whatever that is
   mdl_PropAttr<omu_PrimEnum<kprC_BucklingCaseEnm, 1>> buckleCase;  ///< which part of a buckle step it acts in
 
   /// Whether a component prescribes anything but zero in the step.
@@ -38,8 +38,7 @@ public:
     visit(ur1Cmd(), &Self::ur1, cls_MemberText{"rotation about axis 1", "radians", component});
     visit(ur2Cmd(), &Self::ur2, cls_MemberText{"rotation about axis 2", "radians", component});
     visit(ur3Cmd(), &Self::ur3, cls_MemberText{"rotation about axis 3", "radians", component});
-    visit(fixedCmd(), &Self::fixed,
-          cls_MemberText{"held where the step begins", "", static_cast<int>(kbcC_ErrorEnm::FixedValue)});
+    visit(fixedCmd(), &Self::fixed, cls_MemberText{"held where the step begins", "", static_cast<int>(kbcC_ErrorEnm::FixedValue)});
     visit(buckleCaseCmd(), &Self::buckleCase, cls_MemberText{"the part of a buckle step that it acts in"});
   }
 

@@ -9,9 +9,22 @@ namespace {
 using enum kprC_ProcedureType::Enm;
 
 constexpr kprC_ProcedureSet kConstrained = {
-    Initial, Static, StaticRiks,       Visco,     ImplicitDynamics,         Geostatic,         Soils,
-    Buckle,  Frequency,                CoupledTempDisplacement,             ExplicitDynamics,  TempDisplacementDynamics,
-    StaticLinearPerturbation,          SteadyStateDirect,                   SteadyStateSubspace, SubstructureGenerate,
+    Initial,
+    Static,
+    StaticRiks,
+    Visco,
+    ImplicitDynamics,
+    Geostatic,
+    Soils,
+    Buckle,
+    Frequency,
+    CoupledTempDisplacement,
+    ExplicitDynamics,
+    TempDisplacementDynamics,
+    StaticLinearPerturbation,
+    SteadyStateDirect,
+    SteadyStateSubspace,
+    SubstructureGenerate,
 };
 
 template <class T> constexpr kbcC_AdmissionRow Mechanical(kprC_ProcedureSet procedures) {

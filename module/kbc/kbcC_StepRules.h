@@ -95,8 +95,9 @@ struct DDB_API kbcC_StepRules {
   }
 
   /// Modal-based procedures hold every condition by the modes of an earlier frequency step.
-  static constexpr kprC_ProcedureSet kModal = {kprC_ProcedureType::ModalDynamics,     kprC_ProcedureType::RandomResponse,   kprC_ProcedureType::ResponseSpectrum,
-                                               kprC_ProcedureType::SteadyStateModal, kprC_ProcedureType::SubspaceDynamics, kprC_ProcedureType::ComplexFrequency};
+  static constexpr kprC_ProcedureSet kModal = {kprC_ProcedureType::ModalDynamics,    kprC_ProcedureType::RandomResponse,
+                                               kprC_ProcedureType::ResponseSpectrum, kprC_ProcedureType::SteadyStateModal,
+                                               kprC_ProcedureType::SubspaceDynamics, kprC_ProcedureType::ComplexFrequency};
 
   static constexpr kprC_StepKind Kind(unsigned procedureType) {
     if (kModal.Contains(procedureType)) { return kprC_StepKind::Modal; }
@@ -107,15 +108,17 @@ struct DDB_API kbcC_StepRules {
 };
 
 // procedures in whose steps an amplitude, a complex value or a magnitude means nothing or something
-inline constexpr kprC_ProcedureSet kbcC_kNoAmplitude = {kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency, kprC_ProcedureType::StaticRiks,
-                                                        kprC_ProcedureType::StaticLinearPerturbation, kprC_ProcedureType::ComplexFrequency};
+inline constexpr kprC_ProcedureSet kbcC_kNoAmplitude = {kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency,
+                                                        kprC_ProcedureType::StaticRiks, kprC_ProcedureType::StaticLinearPerturbation,
+                                                        kprC_ProcedureType::ComplexFrequency};
 inline constexpr kprC_ProcedureSet kbcC_kComplex = {kprC_ProcedureType::SteadyStateDirect};
 inline constexpr kprC_ProcedureSet kbcC_kNoMagnitude = {kprC_ProcedureType::Frequency, kprC_ProcedureType::ComplexFrequency};
 
 /// The own rule of a type whose degrees of freedom, once constrained, stay so: carried, it stands in every perturbation
 /// procedure that solves for them and in the modal-based ones; nothing is added for a creation.
 inline constexpr kprC_ProcedureSet kbcC_kStaysConstrained =
-    kbcC_StepRules::kModal | kprC_ProcedureSet{kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency, kprC_ProcedureType::StaticLinearPerturbation, kprC_ProcedureType::SteadyStateDirect,
+    kbcC_StepRules::kModal | kprC_ProcedureSet{kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency,
+                                               kprC_ProcedureType::StaticLinearPerturbation, kprC_ProcedureType::SteadyStateDirect,
                                                kprC_ProcedureType::SteadyStateSubspace};
 inline constexpr bool kbcC_StaysConstrained(unsigned procedureType, bool carried) {
   return carried && kbcC_kStaysConstrained.Contains(procedureType);

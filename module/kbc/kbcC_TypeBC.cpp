@@ -27,6 +27,4 @@ bool kbcC_TypeBC::Insert(cow_String const& step, kbcC_BCState const& state) {
   return kbcC_BC::Insert(step, state);
 }
 
-bool kbcC_TypeBC::ValidByOwnRule(unsigned procedureType, bool carried) const {
-  return kbcC_StaysConstrained(procedureType, carried);
-}
+bool kbcC_TypeBC::ValidByOwnRule(unsigned procedureType, bool carried) const { return kbcC_StaysConstrained(procedureType, carried); }

@@ -6,9 +6,8 @@
 enum class kbcC_TypeNameEnm { XSYMM = 0, YSYMM = 1, ZSYMM = 2, ENCASTRE = 3, PINNED = 4, XASYMM = 5, YASYMM = 6, ZASYMM = 7 };
 
 template <> struct omu_EnumTable<kbcC_TypeNameEnm> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"XSYMM", 0},  {"YSYMM", 1},  {"ZSYMM", 2},
-                                                               {"ENCASTRE", 3}, {"PINNED", 4}, {"XASYMM", 5},
-                                                               {"YASYMM", 6}, {"ZASYMM", 7}, {nullptr, 0}};
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"XSYMM", 0},  {"YSYMM", 1},  {"ZSYMM", 2},  {"ENCASTRE", 3}, {"PINNED", 4},
+                                                               {"XASYMM", 5}, {"YASYMM", 6}, {"ZASYMM", 7}, {nullptr, 0}};
 };
 
 /// Per-step state of a symmetry, antisymmetry or encastre condition.

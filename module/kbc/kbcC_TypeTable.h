@@ -18,10 +18,10 @@ inline constexpr unsigned kbcC_moduleNumber = 0x298;  ///< 664
 /// The way to the boundary conditions of a model.
 using kbcC_BCContainerShortcut = ddr_MemberShortcut<ddr_Model, kprC_PropagatingContainer<kbcC_BC>, 1>;
 
-#define KBC_TYPE(number, Class, name)                                    \
-  template <> struct cls_TypeIdOf<Class> {                               \
+#define KBC_TYPE(number, Class, name)                                     \
+  template <> struct cls_TypeIdOf<Class> {                                \
     static constexpr unsigned value = kbcC_moduleNumber << 16 | (number); \
-    static constexpr char const* kName = name;                           \
+    static constexpr char const* kName = name;                            \
   };
 #include "module/kbc/kbcC_TypeTable.def"
 #undef KBC_TYPE

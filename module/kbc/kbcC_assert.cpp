@@ -30,16 +30,13 @@ void kbcC_Assert(bool condition, kbcC_ErrorEnm code) {
   nex_ErrorRow const* const row = nex_FindRow(kRows, static_cast<int>(code));
   atr_String const text = row != nullptr ? atr_translate(row->text) : atr_String();
   nex_Origin const origin{"kbc", static_cast<int>(code)};
-  if (row != nullptr && row->valueError) {
-    nex_Exception::Throw(omu_ValueErrorException(text, origin), kSourceName, kValueErrorLine);
-  }
+  if (row != nullptr && row->valueError) { nex_Exception::Throw(omu_ValueErrorException(text, origin), kSourceName, kValueErrorLine); }
   nex_Exception::Throw(nex_TextException(text, origin), kSourceName, kTextLine);
 }
 
 void kbcC_AssertContent(bool condition, kbcC_ContentErrorEnm /*code*/, std::string_view text) {
   if (condition) { return; }
-  nex_Exception::Throw(nex_TextException(atr_SubstituteFormat(atr_translate(kContentText), {text}), {"kbc", -1}), kSourceName,
-                       kTextLine);
+  nex_Exception::Throw(nex_TextException(atr_SubstituteFormat(atr_translate(kContentText), {text}), {"kbc", -1}), kSourceName, kTextLine);
 }
 
 std::span<nex_ErrorRow const> kbcC_Errors() { return kRows; }

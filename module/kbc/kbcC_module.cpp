@@ -21,7 +21,15 @@ template <std::size_t Kind> constexpr kbcC_Constructor KindRow() {
 }
 
 constexpr kbcC_Constructor kConstructors[] = {
-    Row<kbcC_DisplacementBC>(), KindRow<0>(), KindRow<1>(), KindRow<2>(), KindRow<3>(), KindRow<4>(), KindRow<5>(), KindRow<6>(), KindRow<7>(),
+    Row<kbcC_DisplacementBC>(),
+    KindRow<0>(),
+    KindRow<1>(),
+    KindRow<2>(),
+    KindRow<3>(),
+    KindRow<4>(),
+    KindRow<5>(),
+    KindRow<6>(),
+    KindRow<7>(),
 };
 static_assert(std::size(kConstructors) == 1 + std::size(kbcC_TypeBC::kKinds), "a row for each kind");
 }  // namespace

@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <iterator>
 
+#include "framework/kprC_Procedure.h"
 #include "platform/CoreUtils/omn_FixedString.h"
 
 /// The procedure types by name: each the type identity of its step class; and 0, with which rules ask about the
@@ -44,6 +45,7 @@ constexpr kprC_ProcedureRow const* kprC_FindProcedure(unsigned procedureType) {
   return index < kprC_procedures.size() ? &kprC_procedures[index] : nullptr;
 }
 
+static_assert(kprC_procedures.front().type == kprC_firstProcedureType && kprC_procedures.back().type == kprC_lastProcedureType);
 static_assert(
     [] {
       for (std::size_t i = 0; i < kprC_procedures.size(); ++i) {
@@ -71,10 +73,7 @@ public:
   }
 
   /// The bit of a procedure type or of the initial step; 0 for what is neither.
-  static constexpr unsigned BitOf(unsigned procedureType) {
-    if (procedureType == kprC_ProcedureType::Initial) { return 1u << 31; }
-    return kprC_FindProcedure(procedureType) != nullptr ? 1u << (procedureType - kprC_procedures.front().type) : 0;
-  }
+  static constexpr unsigned BitOf(unsigned procedureType) { return kprC_ProcedureBit(procedureType); }
   constexpr unsigned Bits() const { return bits_; }
   constexpr bool IsEmpty() const { return bits_ == 0; }
   /// False for what is no procedure type.

@@ -28,9 +28,9 @@ enum class cls_MemberKind { Integer = 9, Real = 10, String = 11, Boolean = 13, E
 struct cls_MemberInfo {
   std::string name;
   cls_MemberKind kind = cls_MemberKind::Object;
-  unsigned typeId = 0;              ///< of an object member; 0 for a plain value
-  bool many = false;                ///< a list of values
-  bool propagating = false;         ///< has a companion "<name>State"
+  unsigned typeId = 0;                   ///< of an object member; 0 for a plain value
+  bool many = false;                     ///< a list of values
+  bool propagating = false;              ///< has a companion "<name>State"
   std::vector<std::string> permissible;  ///< texts of an enumerated member, in row order
   std::string meaning, unit;
 };
@@ -38,9 +38,7 @@ struct cls_MemberInfo {
 /// How a type of member is described, stored, compared and scripted. Specialised once per type; each offers
 /// Describe(info), Write(out, name, value), Read(in, name, value), NewUid(value), Equal(a, b), ToValue(value) and
 /// FromValue(value, from), which answers what was expected where \p from does not fit ("" where it does).
-template <class M> struct cls_MemberTraits {
-  static_assert(sizeof(M) == 0, "this member type has no cls_MemberTraits");
-};
+template <class M> struct cls_MemberTraits { static_assert(sizeof(M) == 0, "this member type has no cls_MemberTraits"); };
 
 /// Traits of a value that stands for itself: equality by ==, no identity.
 struct cls_PlainTraits {
@@ -48,7 +46,7 @@ struct cls_PlainTraits {
   template <class M> static bool Equal(M const& a, M const& b) { return a == b; }
 };
 
-inline constexpr int cls_unsetInteger = std::numeric_limits<int>::max();        ///< "not specified", also ALL
+inline constexpr int cls_unsetInteger = std::numeric_limits<int>::max();     ///< "not specified", also ALL
 inline constexpr double cls_unsetReal = std::numeric_limits<double>::max();  ///< "not specified"
 
 template <> struct cls_MemberTraits<bool> : cls_PlainTraits {
@@ -93,12 +91,8 @@ template <> struct cls_MemberTraits<double> : cls_PlainTraits {
 
 template <> struct cls_MemberTraits<cow_String> : cls_PlainTraits {
   static void Describe(cls_MemberInfo& info) { info.kind = cls_MemberKind::String; }
-  static void Write(cls_WriteVisitor const& out, std::string_view name, cow_String const& value) {
-    out.WriteText(name, value.View());
-  }
-  static void Read(cls_ReadVisitor const& in, std::string_view name, cow_String& value) {
-    value = cow_String(in.ReadText(name));
-  }
+  static void Write(cls_WriteVisitor const& out, std::string_view name, cow_String const& value) { out.WriteText(name, value.View()); }
+  static void Read(cls_ReadVisitor const& in, std::string_view name, cow_String& value) { value = cow_String(in.ReadText(name)); }
   static cls_Value ToValue(cow_String const& value) { return std::string(value.View()); }
   static std::string_view FromValue(cow_String& value, cls_Value const& from) {
     auto const* text = from.As<std::string>();
@@ -121,7 +115,8 @@ template <class M> struct cls_ObjectTraits {
 };
 template <class M>
   requires std::derived_from<M, cls_Object>
-struct cls_MemberTraits<M> : cls_ObjectTraits<M> {};
+struct cls_MemberTraits<M> : cls_ObjectTraits<M> {
+};
 
 /// A shared object, or none. The objects that it shares keep their identity when the owner gets a new one.
 template <class T>
@@ -142,9 +137,7 @@ struct cls_MemberTraits<cow_Handle<T>> {
     }
   }
   static void NewUid(cow_Handle<T>&) {}
-  static bool Equal(cow_Handle<T> const& a, cow_Handle<T> const& b) {
-    return a.ConstGet() == b.ConstGet() || (a && b && a->Equals(*b));
-  }
+  static bool Equal(cow_Handle<T> const& a, cow_Handle<T> const& b) { return a.ConstGet() == b.ConstGet() || (a && b && a->Equals(*b)); }
   static cls_Value ToValue(cow_Handle<T> const&) { return {}; }
   static std::string_view FromValue(cow_Handle<T>&, cls_Value const&) { return "nothing: this member cannot be set"; }
 };
@@ -162,9 +155,8 @@ template <class T, class Fn> constexpr void cls_ForEachMember(T& self, Fn&& fn) 
 }
 
 template <class T> void cls_ReadMembers(T& self, cls_ReadVisitor const& in) {
-  cls_ForEachMember(self, [&]<class M>(std::string_view name, cls_MemberText const&, M& value) {
-    cls_MemberTraits<M>::Read(in, name, value);
-  });
+  cls_ForEachMember(self,
+                    [&]<class M>(std::string_view name, cls_MemberText const&, M& value) { cls_MemberTraits<M>::Read(in, name, value); });
 }
 
 template <class M> cls_Value cls_ObjectTraits<M>::ToValue(M const& value) {

@@ -11,7 +11,6 @@ cls_WriteVisitor::~cls_WriteVisitor() = default;
 cls_ReadVisitor::~cls_ReadVisitor() = default;
 
 void cls_Object::RefuseValue(std::string_view name, cls_MemberText const&, std::string_view expected) const {
-  nex_Exception::Throw(
-      nex_TextException("Invalid value for \"" + std::string(name) + "\": expected " + std::string(expected) + "."),
-      "platform/BasicUtils/cls_Object", __LINE__);
+  nex_Exception::Throw(nex_TextException("Invalid value for \"" + std::string(name) + "\": expected " + std::string(expected) + "."),
+                       "platform/BasicUtils/cls_Object", __LINE__);
 }

@@ -36,7 +36,8 @@ public:
   virtual std::string_view MemberName(std::string_view command) const { return command; }
   /// The member called \p name by its list or by commands; nothing when the class has none.
   virtual cls_Value Member(std::string_view name) const = 0;
-  /// Sets the member called \p name by its list or by commands. False when there is none; a value that does not fit is refused (RefuseValue).
+  /// Sets the member called \p name by its list or by commands. False when there is none; a value that does not fit is refused
+  /// (RefuseValue).
   virtual bool SetMember(std::string_view name, cls_Value const& value) = 0;
 
   /// Called once all members of an object that is made from \p in are read: works out what is not stored, and refuses

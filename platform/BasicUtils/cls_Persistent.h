@@ -62,9 +62,8 @@ public:
 
   void NewUid() override {
     this->uid_ = cls_Uid::AllocateUid();
-    cls_ForEachMember(static_cast<Derived&>(*this), []<class M>(std::string_view, cls_MemberText const&, M& value) {
-      cls_MemberTraits<M>::NewUid(value);
-    });
+    cls_ForEachMember(static_cast<Derived&>(*this),
+                      []<class M>(std::string_view, cls_MemberText const&, M& value) { cls_MemberTraits<M>::NewUid(value); });
   }
 
   bool Equals(cls_Object const& other) const override {

@@ -19,9 +19,8 @@ template <> struct omu_EnumTable<rgnC_RegionType> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"SET", rgnC_Set}, {"SURFACE", rgnC_Surface}, {nullptr, 0}};
 };
 template <> struct omu_EnumTable<rgnC_InstanceKind> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNKNOWN", rgnC_Unknown}, {"SOLID", rgnC_Solid},
-                                                               {"SHELL", rgnC_Shell},     {"WIRE", rgnC_Wire},
-                                                               {"MIXED", rgnC_Mixed},     {nullptr, 0}};
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNKNOWN", rgnC_Unknown}, {"SOLID", rgnC_Solid}, {"SHELL", rgnC_Shell},
+                                                               {"WIRE", rgnC_Wire},       {"MIXED", rgnC_Mixed}, {nullptr, 0}};
 };
 
 /// A reference to a region of the model: a set or a surface. Regions are the same when their names are.

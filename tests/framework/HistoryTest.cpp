@@ -92,12 +92,23 @@ struct Row {
 
 TEST_F(History, FollowsTheEditsOfADisplacementCondition) {
   std::vector<Row> const rows = {
-      {"IGGGG", "S2", {{"", "0 0 1 2 2"}, {"modify S3", "0 0 1 3 2"}, {"deactivate S4", "0 0 1 3 4"}, {"reset S4", "0 0 1 3 2"},
-                       {"reset S3", "refused 57"}, {"remove S3", "0 0 1 2 2"}}},
+      {"IGGGG",
+       "S2",
+       {{"", "0 0 1 2 2"},
+        {"modify S3", "0 0 1 3 2"},
+        {"deactivate S4", "0 0 1 3 4"},
+        {"reset S4", "0 0 1 3 2"},
+        {"reset S3", "refused 57"},
+        {"remove S3", "0 0 1 2 2"}}},
       {"IGGGG", "Initial", {{"", "1 9 9 9 9"}, {"modify S2", "1 9 10 2 2"}, {"deactivate S3", "1 9 10 4 5"}, {"reset S3", "1 9 10 2 2"}}},
       {"IGGGG", "S1", {{"modify S3", "0 1 2 3 2"}, {"deactivate S2", "0 1 4 5 5"}, {"reset S2", "0 1 2 3 2"}}},
-      {"IGPGP", "S1", {{"", "0 1 9 2 9"}, {"modify S2", "0 1 10 2 9"}, {"deactivate S2", "0 1 11 2 9"}, {"reset S2", "0 1 9 2 9"},
-                       {"deactivate S1", "0 4 5 5 5"}}},
+      {"IGPGP",
+       "S1",
+       {{"", "0 1 9 2 9"},
+        {"modify S2", "0 1 10 2 9"},
+        {"deactivate S2", "0 1 11 2 9"},
+        {"reset S2", "0 1 9 2 9"},
+        {"deactivate S1", "0 4 5 5 5"}}},
       {"IGFMCG", "S1", {{"", "0 1 9 12 12 2"}, {"deactivate S2", "0 1 11 5 5 2"}, {"deactivate S3", "refused 9"}}},
       {"IGFMCG", "S1", {{"deactivate S3", "refused 9"}, {"reset S3", "0 1 9 12 12 2"}, {"modify S3", "0 1 9 12 12 2"}}},
       {"IGFMG", "S2", {{"", "0 0 1 12 7"}}},
@@ -106,11 +117,23 @@ TEST_F(History, FollowsTheEditsOfADisplacementCondition) {
       {"IXXAX", "S1", {{"", "0 1 2 6 2"}, {"deactivate S2", "0 1 4 6 5"}}},
       {"IXXAX", "S1", {{"modify S3", "refused 24"}}},
       {"IGPGG", "S1", {{"move S1 S3", "0 0 0 1 2"}}},
-      {"IGGGG", "S1", {{"modify S3", "0 1 2 3 2"}, {"move S1 S4", "refused 27"}, {"move S1 S3", "refused 28"}, {"move S3 S4", "0 1 2 2 3"}}},
+      {"IGGGG",
+       "S1",
+       {{"modify S3", "0 1 2 3 2"}, {"move S1 S4", "refused 27"}, {"move S1 S3", "refused 28"}, {"move S3 S4", "0 1 2 2 3"}}},
       {"IGG", "S1", {{"deactivate S1", "0 4 5"}, {"reset S1", "refused 19"}, {"insert S1", "0 1 2"}}},
-      {"IGGG", "S1", {{"deactivate S2", "0 1 4 5"}, {"insertStep P S1", "0 1 9 4 5"}, {"removeStep N1", "0 1 4 5"}, {"removeStep S2", "0 1 2"}}},
-      {"IGGGG", "S2", {{"modify S4", "0 0 1 2 3"}, {"move S4 S1", "refused 27"}, {"move S2 S1", "0 1 2 2 3"}, {"move S1 S1", "0 1 2 2 3"},
-                       {"move S1 S9", "refused 3"}, {"move S9 S1", "refused 3"}, {"move S3 S2", "refused 18"}, {"deactivate S9", "refused 3"}}},
+      {"IGGG",
+       "S1",
+       {{"deactivate S2", "0 1 4 5"}, {"insertStep P S1", "0 1 9 4 5"}, {"removeStep N1", "0 1 4 5"}, {"removeStep S2", "0 1 2"}}},
+      {"IGGGG",
+       "S2",
+       {{"modify S4", "0 0 1 2 3"},
+        {"move S4 S1", "refused 27"},
+        {"move S2 S1", "0 1 2 2 3"},
+        {"move S1 S1", "0 1 2 2 3"},
+        {"move S1 S9", "refused 3"},
+        {"move S9 S1", "refused 3"},
+        {"move S3 S2", "refused 18"},
+        {"deactivate S9", "refused 3"}}},
       {"IGGGG", "S3", {{"modify S4", "0 0 0 1 3"}, {"move S4 S2", "refused 27"}, {"move S4 S3", "refused 28"}}},
       {"IGGG", "S1", {{"removeStep S1", "gone"}}},
       {"IGGG", "S2", {{"modify S3", "0 0 1 3"}, {"remove S2", "0 0 0 1"}, {"remove S3", "0 0 0 0"}}},
@@ -177,7 +200,9 @@ std::string Text(std::vector<plain::Record> const& records) {
     out << r.step << r.status;
     if (r.state) {
       out << (r.state->off ? "!" : ":");
-      for (plain::Member const& m : r.state->u) { out << m.state << (m.state == 1 || m.state == 2 ? "=" + std::to_string(int(m.value)) : ""); }
+      for (plain::Member const& m : r.state->u) {
+        out << m.state << (m.state == 1 || m.state == 2 ? "=" + std::to_string(int(m.value)) : "");
+      }
     }
     out << ' ';
   }

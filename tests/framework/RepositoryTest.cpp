@@ -166,7 +166,8 @@ TEST_F(Repository, GivesSnapshotsThatDoNotFollowEdits) {
   std::vector<std::pair<Conditions, std::map<std::string, std::string>>> snapshots;
   auto const told = [&] {
     std::map<std::string, std::string> histories;
-    conditions.ForEach([&](cow_String const& name, kprC_StepDependent const&) { histories[name.c_str()] = History(conditions, name.c_str()); });
+    conditions.ForEach(
+        [&](cow_String const& name, kprC_StepDependent const&) { histories[name.c_str()] = History(conditions, name.c_str()); });
     return histories;
   };
   for (int edit = 0; edit < 200; ++edit) {
@@ -225,7 +226,7 @@ TEST_F(Repository, FollowsTheModelsStepsWholeOrNotAtAll) {
     EXPECT_THAT(Recorded(), IsEmpty());
   };
   refused([&] { kprC_InsertStep(model, "Initial", "Random", step('M')); }, 50);
-  refused([&] { kprC_ReplaceStep(model, "Load", step('P')); }, 19);  // the condition's create step
+  refused([&] { kprC_ReplaceStep(model, "Load", step('P')); }, 19);           // the condition's create step
   refused([&] { kprC_InsertStep(model, "Load", "Second", step('G')); }, 71);  // its parameters
   refused([&] { kprC_RemoveStep(model, "Initial"); }, 46);
 

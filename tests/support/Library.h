@@ -12,9 +12,7 @@ namespace test {
 template <class Work> int CodeOf(Work&& work) {
   try {
     work();
-  } catch (nex_TextException const& refusal) {
-    return refusal.Code();
-  } catch (omu_ValueErrorException const& refusal) {
+  } catch (nex_TextException const& refusal) { return refusal.Code(); } catch (omu_ValueErrorException const& refusal) {
     return refusal.Code();
   }
   return -1;

@@ -33,9 +33,7 @@ protected:
     std::string unknown;
     return CodeOf([&] { conditions.Get("B").SetInStep(cow_String(step), members, &unknown); });
   }
-  Displacement const& StateIn(std::size_t step) const {
-    return dynamic_cast<Displacement const&>(*conditions.ConstGet("B").StateAt(step));
-  }
+  Displacement const& StateIn(std::size_t step) const { return dynamic_cast<Displacement const&>(*conditions.ConstGet("B").StateAt(step)); }
   Conditions conditions;
 };
 
@@ -215,7 +213,8 @@ TEST_F(BoundaryCondition, MergesStatesMemberByMember) {
   for (kprC_ProcedureRow const& row : kprC_procedures) {
     none += carried.UseAmplitude(row.type) ? "" : std::string(row.command.View()) + " ";
     EXPECT_EQ(carried.UseComplex(row.type), row.type == kprC_ProcedureType::SteadyStateDirect);
-    EXPECT_EQ(carried.UseMagnitude(row.type), row.type != kprC_ProcedureType::Frequency && row.type != kprC_ProcedureType::ComplexFrequency);
+    EXPECT_EQ(carried.UseMagnitude(row.type),
+              row.type != kprC_ProcedureType::Frequency && row.type != kprC_ProcedureType::ComplexFrequency);
   }
   EXPECT_EQ(none, "BuckleStep FrequencyStep StaticRiksStep StaticLinearPerturbationStep ComplexFrequencyStep ");
   EXPECT_FALSE(carried.UseAmplitude(0));
@@ -234,7 +233,8 @@ TEST_F(BoundaryCondition, IsDescribedByItsMetadata) {
   EXPECT_EQ(kbcC_BCState::TypeId(), 0x2980003U);
   EXPECT_EQ(kprC_PropagatingState<kbcC_BCState>::TypeId(), 0x2980004U);
   EXPECT_NE(kbcC_DisplacementBC().DynTypeId(), kbcC_BC::TypeId());
-  EXPECT_THAT(names(kbcC_BC::TypeId()), ElementsAre("suppress:13", "region:15", "csys:15", "distribution:14", "states:15*", "fieldName:11"));
+  EXPECT_THAT(names(kbcC_BC::TypeId()),
+              ElementsAre("suppress:13", "region:15", "csys:15", "distribution:14", "states:15*", "fieldName:11"));
   EXPECT_THAT(names(Conditions::TypeId()), ElementsAre("map:15*", "procedures:15*", "danglingRegions:15*"));
   EXPECT_THAT(names(kprC_PropagatingState<kbcC_BCState>::TypeId()), ElementsAre("stepName:11", "status:14", "state:15", "procedure:15"));
 }
