@@ -27,7 +27,8 @@ struct Part {
   void (*initialize)(int&);
   void (*finalize)(int&);
 };
-#define DDB_PART(name) {&name##_initialize, &name##_finalize}
+#define DDB_PART(name) \
+  { &name##_initialize, &name##_finalize }
 
 void modelMembers_initialize(int& /*count*/) { ddr_RegisterModelMembers(); }
 void modelMembers_finalize(int& /*count*/) { ddr_UnregisterModelMembers(); }

@@ -9,8 +9,12 @@ template <unsigned Number> ddb_CallCounter& Calls() {
 }
 }  // namespace
 
-#define DDB_BARE_MODULE(prefix, name, number)                                                                            \
-  void name##_initialize(int& count) { ddb_EnterModule(Calls<number>(), count, number, #prefix, [] {}); } \
-  void name##_finalize(int& count) { ddb_LeaveModule(Calls<number>(), count, number, [] {}); }
+#define DDB_BARE_MODULE(prefix, name, number)                        \
+  void name##_initialize(int& count) {                               \
+    ddb_EnterModule(Calls<number>(), count, number, #prefix, [] {}); \
+  }                                                                  \
+  void name##_finalize(int& count) {                                 \
+    ddb_LeaveModule(Calls<number>(), count, number, [] {});          \
+  }
 #include "module/ddb_BareModules.def"
 #undef DDB_BARE_MODULE
