@@ -1,37 +1,57 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
 namespace gattr {
 
-/// The cyclic redundancy check CRC-32 (ISO-HDLC: reflected, polynomial 0x04C11DB7). It notices every single flipped byte.
+/// The cyclic redundancy check CRC-32 (ISO-HDLC: reflected, polynomial 0x04C11DB7), eight bytes at a time after M. E.
+/// Kounavis and F. L. Berry, "Novel Table Lookup-Based Algorithms for High-Performance CRC Generation", IEEE Transactions
+/// on Computers 57 (2008). It notices every single flipped byte.
 class Checksum {
 public:
   /// Takes in bytes and how many they are, so that what stands in one field cannot move into the next.
   Checksum& Add(std::string_view bytes) {
     Add(bytes.size());
-    for (char const byte : bytes) { Take(static_cast<unsigned char>(byte)); }
+    for (; bytes.size() >= 8; bytes.remove_prefix(8)) {
+      std::uint64_t word = 0;
+      for (std::size_t i = 0; i < 8; ++i) { word |= std::uint64_t{static_cast<unsigned char>(bytes[i])} << (8 * i); }
+      Take(word);
+    }
+    for (char const byte : bytes) { value_ = kTables[0][(value_ ^ static_cast<unsigned char>(byte)) & 0xFF] ^ value_ >> 8; }
     return *this;
   }
   Checksum& Add(std::uint64_t number) {
-    for (int byte = 0; byte < 8; ++byte) { Take(static_cast<unsigned char>(number >> (8 * byte))); }
+    Take(number);
     return *this;
   }
   std::uint32_t Value() const { return ~value_; }
 
 private:
-  static constexpr std::array<std::uint32_t, 256> kTable = [] {
-    std::array<std::uint32_t, 256> table{};
-    for (std::uint32_t i = 0; i < table.size(); ++i) {
-      table[i] = i;
-      for (int bit = 0; bit < 8; ++bit) { table[i] = table[i] >> 1 ^ ((table[i] & 1U) != 0 ? 0xEDB88320U : 0U); }
+  using Tables = std::array<std::array<std::uint32_t, 256>, 8>;
+  /// What a byte does to the sum when that many bytes follow it.
+  static constexpr Tables kTables = [] {
+    Tables tables{};
+    for (std::uint32_t i = 0; i < 256; ++i) {
+      tables[0][i] = i;
+      for (int bit = 0; bit < 8; ++bit) { tables[0][i] = tables[0][i] >> 1 ^ ((tables[0][i] & 1U) != 0 ? 0xEDB88320U : 0U); }
     }
-    return table;
+    for (std::size_t after = 1; after < tables.size(); ++after) {
+      for (std::size_t i = 0; i < 256; ++i) {
+        std::uint32_t const before = tables[after - 1][i];
+        tables[after][i] = tables[0][before & 0xFF] ^ before >> 8;
+      }
+    }
+    return tables;
   }();
 
-  void Take(unsigned char byte) { value_ = kTable[(value_ ^ byte) & 0xFFU] ^ value_ >> 8; }
+  void Take(std::uint64_t word) {
+    word ^= value_;
+    value_ = 0;
+    for (std::size_t i = 0; i < 8; ++i) { value_ ^= kTables[7 - i][word >> (8 * i) & 0xFF]; }
+  }
 
   std::uint32_t value_ = ~0U;
 };

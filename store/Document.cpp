@@ -1,6 +1,8 @@
 #include "store/Document.h"
 
 #include <charconv>
+#include <functional>
+#include <utility>
 
 #include "store/StoreError.h"
 
@@ -12,6 +14,7 @@ constexpr std::string_view kModelMap = "extensions";
 constexpr std::string_view kExtensionMap = "map";
 constexpr std::size_t kExtensionDepth = 2;  // the model, its map, the extension
 
+constexpr std::size_t kSlots = 1024;  // for texts at the beginning; a power of two
 constexpr std::size_t kShownText = 40;  // characters of a text that a message repeats
 
 void Join(std::string& path, std::string_view part) {
@@ -21,15 +24,30 @@ void Join(std::string& path, std::string_view part) {
 
 }  // namespace
 
-Document::Document(std::string_view fileName) : fileName_(fileName) { Intern(""); }
+Document::Document(std::string_view fileName) : fileName_(fileName), slots_(kSlots) { Intern(""); }
 
 Document::Text Document::Intern(std::string_view text) {
-  if (auto const known = numbers_.find(text); known != numbers_.end()) { return known->second; }
-  std::string_view const kept = storage_.emplace_back(text);
+  std::size_t const hash = std::hash<std::string_view>{}(text);
+  std::size_t slot = SlotOf(text, hash);
+  if (slots_[slot].text != npos) { return slots_[slot].text; }
+  if (2 * texts_.size() >= slots_.size()) {
+    std::vector<Slot> const old = std::exchange(slots_, std::vector<Slot>(2 * slots_.size()));
+    for (Slot const& one : old) {
+      if (one.text != npos) { slots_[SlotOf(texts_[one.text], one.hash)] = one; }
+    }
+    slot = SlotOf(text, hash);
+  }
   auto const number = static_cast<Text>(texts_.size());
-  texts_.push_back(kept);
-  numbers_.emplace(kept, number);
+  texts_.push_back(storage_.emplace_back(text));
+  slots_[slot] = {hash, number};
   return number;
+}
+
+std::size_t Document::SlotOf(std::string_view text, std::size_t hash) const {
+  std::size_t const mask = slots_.size() - 1;
+  std::size_t slot = hash & mask;
+  while (slots_[slot].text != npos && (slots_[slot].hash != hash || texts_[slots_[slot].text] != text)) { slot = (slot + 1) & mask; }
+  return slot;
 }
 
 Document::At Document::Add(Kind kind, Text name) {

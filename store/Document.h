@@ -5,7 +5,6 @@
 #include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace gattr {
@@ -82,14 +81,21 @@ public:
   [[noreturn]] void Refuse(std::string_view path, std::string_view what) const;
 
 private:
+  struct Slot {
+    std::size_t hash = 0;
+    Text text = npos;
+  };
+
   At Add(Kind kind, Text name);
+  /// Where in the hash table \p text stands or would stand.
+  std::size_t SlotOf(std::string_view text, std::size_t hash) const;
 
   std::string fileName_;
   std::vector<Node> nodes_;
   std::vector<Step> open_;
   std::deque<std::string> storage_;
   std::vector<std::string_view> texts_;
-  std::unordered_map<std::string_view, Text> numbers_;
+  std::vector<Slot> slots_;  // open hash table of the texts, a power of two long
   std::vector<At> seen_;  // the object in which a name was last seen, by the name's number
 };
 
