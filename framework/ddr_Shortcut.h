@@ -21,8 +21,8 @@ public:
   using Impl = ddr_ShortcutImpl<Member>;
 
   ddr_MemberShortcut() : impl_(cow_Handle<Impl>::Make()) {}
-  ddr_MemberShortcut(cow_String ddbName, omn_FixedString memberName) : ddr_MemberShortcut() {
-    impl_.Get().ddbName = std::move(ddbName);
+  ddr_MemberShortcut(cow_String const& ddbName, omn_FixedString memberName) : ddr_MemberShortcut() {
+    impl_.Get().ddbName = ddbName;
     impl_.Get().memberName = cow_String(memberName.View());
   }
   explicit ddr_MemberShortcut(cls_ReadVisitor const& in) : ddr_MemberShortcut() { cls_ReadMembers(*this, in); }

@@ -98,6 +98,7 @@ public:
   cls_xoList<rgnC_Region> const& Dangling() const { return danglingRegions_; }
 
   void UpdateSteps(kprC_StepTable const& steps) override {
+    bool const first = table_.Size() == 0;
     clearedNames_.Clear();
     if (steps.Size() != table_.Size()) {
       Record(cow_String(), {cow_String("RedoSummary")});
@@ -106,7 +107,7 @@ public:
     }
     RenameSteps(steps);
     ReplaceSteps(steps);
-    bool const sameNames = table_.SameNames(steps);  // asked once, not by every attribute
+    bool const sameNames = !first && table_.SameNames(steps);  // asked once, not by every attribute
     SetSteps(steps);
     for (cow_String const& name : Keys()) {
       if (sameNames) { Own(Get(name)).AttachSteps(table_); }
@@ -179,9 +180,10 @@ private:
 
   /// Inserts the first step at which the sequences differ.
   void InsertStep(kprC_StepTable const& steps) {
+    // nobody to tell step by step, or attributes that have had no sequence yet and are initialized with the first one
+    if (map_.Size() == 0 || table_.Size() == 0) { return SetSteps(steps); }
     std::size_t index = 0;
     while (index < table_.Size() && table_.Name(index) == steps.Name(index)) { ++index; }
-    if (map_.Size() == 0) { return SetSteps(steps); }  // nobody to tell step by step
     kprC_StepTable const longer = OrWanted(table_.WithInserted(index, steps[index]), steps);
     for (cow_String const& name : Keys()) {
       Own(Get(name)).InsertStep(index, longer);
@@ -190,7 +192,7 @@ private:
     SetSteps(longer);
   }
   /// \p wanted itself where \p made tells the same, so that the histories share the table they will be left with.
-  static kprC_StepTable OrWanted(kprC_StepTable made, kprC_StepTable const& wanted) { return made.Tells(wanted) ? wanted : made; }
+  static kprC_StepTable OrWanted(kprC_StepTable const& made, kprC_StepTable const& wanted) { return made.Tells(wanted) ? wanted : made; }
   /// Removes the first step that \p steps lacks; what was created in it goes with it.
   void RemoveStep(kprC_StepTable const& steps) {
     std::size_t index = 0;

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <concepts>
 
 #include "framework/kprC_History.h"
+#include "framework/kprC_State.h"
 #include "framework/kprC_StepDependent.h"
 
 /// How a family classifies a status; 0 for one that it does not know.
@@ -40,11 +42,23 @@ template <class Set, class Error> struct kprC_MoveTarget {
   Error refusal;
 };
 
-/// The per-step operations of a family. \p Rules is the family's page of tables:
-///   State, Error; kStatuses, kPass, kNeverOff, kRefusals, kMoveTargets, kEditRefusals;
-///   Kind(procedureType), IsFrequency(procedureType), Perturbation(procedureType), Assert(bool, Error).
+/// What a family's page of tables holds.
+template <class R>
+concept kprC_FamilyRules = requires(unsigned procedureType, typename R::Error error) {
+  requires std::derived_from<typename R::State, kprC_State>;
+  { R::kStatuses } -> std::same_as<kprC_StatusTable const&>;
+  { R::kPass } -> std::same_as<kprC_PassTable const&>;
+  { R::kNeverOff } -> std::same_as<unsigned const&>;
+  { R::kRefusals } -> std::same_as<kprC_StepRefusals<typename R::Error> const&>;
+  { std::begin(R::kMoveTargets)->procedures.Contains(procedureType) } -> std::same_as<bool>;
+  { R::Kind(procedureType) } -> std::same_as<kprC_StepKind>;
+  { R::IsFrequency(procedureType) } -> std::same_as<bool>;
+  R::Assert(true, error);
+};
+
+/// The per-step operations of a family, by its page of tables.
 /// Operations test before they change, except Move, and do not roll back. Each ends with the whole history formed anew.
-template <class Rules> class kprC_StepAttribute : public kprC_StepDependent {
+template <kprC_FamilyRules Rules> class kprC_StepAttribute : public kprC_StepDependent {
 public:
   using State = typename Rules::State;
   using StateHandle = cow_Handle<State>;

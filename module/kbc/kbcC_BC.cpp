@@ -3,6 +3,9 @@
 #include "module/kpr/kprC_Procedures.h"
 #include "module/kpr/kprC_Step.h"
 
+template class kprC_History<kbcC_StepRules>;
+template class kprC_StepAttribute<kbcC_StepRules>;
+
 cow_1DArrayList<cow_String> kbcC_BC::Amplitudes() const {
   cow_Map<cow_String, bool> seen;
   cow_1DArrayList<cow_String> names;

@@ -18,6 +18,11 @@ template <> struct omu_EnumTable<kbcC_DistribTypeEnum> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNIFORM", 0}, {"USER_DEFINED", 1}, {"FIELD", 2}, {nullptr, 0}};
 };
 
+/// Forms the histories of boundary conditions.
+using kbcC_BCPropagator = kprC_Propagator<kbcC_StepRules>;
+extern template class DDB_API kprC_History<kbcC_StepRules>;
+extern template class DDB_API kprC_StepAttribute<kbcC_StepRules>;
+
 /// Base of every boundary condition. The per-step operations, with their refusals, are those of kprC_StepAttribute under
 /// the family's rules (kbcC_StepRules.h); a type adds its state, its category and what it alone refuses.
 class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_StepAttribute<kbcC_StepRules>> {

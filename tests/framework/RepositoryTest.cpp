@@ -101,6 +101,14 @@ TEST_F(Repository, RefusesAnInvalidAttributeAndStaysAsItWas) {
   EXPECT_EQ(History(conditions, "Fix"), "0 0 1 6 ") << "but a history, in which heat transfer is passed over";
 }
 
+TEST_F(Repository, GivesTheFirstSequenceToAttributesThatCameBeforeIt) {
+  Conditions conditions;
+  conditions.Insert("Fix", Condition("S1"));
+  EXPECT_EQ(History(conditions, "Fix"), "1 ") << "no sequence yet: the create record stays";
+  conditions.UpdateSteps(kprC_StepTable(test::StepsOf("IGG")));
+  EXPECT_EQ(History(conditions, "Fix"), "0 1 2 ");
+}
+
 TEST_F(Repository, KeepsItsTimeAndTheNamesThatChanged) {
   Conditions conditions;
   conditions.UpdateSteps(kprC_StepTable(test::StepsOf("IG")));
