@@ -2,16 +2,23 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
 #include <string>
+#include <string_view>
+#include <vector>
 
-#include "framework/kprC_PropagatingContainer.h"
 #include "framework/ddr_ModelMembers.h"
+#include "framework/kprC_PropagatingContainer.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
 #include "module/kpr/kprC_ModelSteps.h"
 #include "module/kpr/kprC_Steps.h"
+#include "store/ModelFile.h"
+#include "store/StoreError.h"
+#include "store/TextStore.h"
 
 /// The library, started for the time of a test program.
 class LibraryEnvironment : public testing::Environment {
@@ -22,6 +29,57 @@ public:
 private:
   int count_ = 0;
 };
+
+inline auto* const libraryEnvironment = testing::AddGlobalTestEnvironment(new LibraryEnvironment);
+
+/// A folder of its own for one test, gone afterwards.
+class ScratchFolder {
+public:
+  ScratchFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "gattr-store-XXXXXX").string();
+    path_ = mkdtemp(name.data());
+  }
+  ScratchFolder(ScratchFolder const&) = delete;
+  ScratchFolder& operator=(ScratchFolder const&) = delete;
+  ~ScratchFolder() { std::filesystem::remove_all(path_); }
+
+  std::filesystem::path operator/(std::string_view name) const { return path_ / name; }
+
+private:
+  std::filesystem::path path_;
+};
+
+/// A store, for tests of what both must do.
+struct Store {
+  char const* fileName;
+  void (*write)(ddr_Model const&, std::filesystem::path const&);
+  ddr_Model (*read)(std::filesystem::path const&);
+};
+inline Store const kText{"Model.gattr.json", &gattr::WriteTextFile, &gattr::ReadTextFile};
+inline Store const kModelFile{"Model.gadb", [](ddr_Model const& model, std::filesystem::path const& path) { gattr::ModelFile(path).Save(model); },
+                              [](std::filesystem::path const& path) { return gattr::ModelFile(path).Open(); }};
+inline Store const kStores[] = {kText, kModelFile};
+
+/// The model's canonical text.
+inline std::string Dump(ddr_Model const& model) {
+  std::ostringstream out;
+  gattr::WriteText(model, out);
+  return out.str();
+}
+inline ddr_Model Parse(std::string const& text) {
+  std::istringstream in(text);
+  return gattr::ReadText(in, "Model.gattr.json");
+}
+
+/// What \p action refuses; empty when it refuses nothing.
+template <class Action> std::string Refusal(Action&& action) {
+  try {
+    action();
+  } catch (gattr::StoreError const& error) {
+    return error.what();
+  }
+  return "";
+}
 
 using BCs = kprC_PropagatingContainer<kbcC_BC>;
 inline BCs& GetBCs(ddr_Model& model) { return model.Get<BCs>(ddr_Model::bcCmd()); }

@@ -1,0 +1,224 @@
+#include <limits>
+#include <random>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/store/Models.h"
+
+namespace {
+
+ddr_Model WrittenAndRead(Store const& store, ddr_Model const& model) {
+  ScratchFolder folder;
+  store.write(model, folder / store.fileName);
+  return store.read(folder / store.fileName);
+}
+
+class EitherStore : public testing::TestWithParam<Store> {};
+INSTANTIATE_TEST_SUITE_P(Stores, EitherStore, testing::ValuesIn(kStores), [](auto const& store) {
+  return std::string(store.param.fileName).ends_with("json") ? "Text" : "ModelFile";
+});
+
+TEST_P(EitherStore, GivesBackAnEqualModel) {
+  for (ddr_Model const& model : {ddr_Model(), SmallModel()}) {
+    ddr_Model const read = WrittenAndRead(GetParam(), model);
+    EXPECT_TRUE(read.Equals(model));
+    EXPECT_EQ(Dump(read), Dump(model));
+    EXPECT_EQ(read.Name(), model.Name());
+  }
+}
+
+TEST_P(EitherStore, GivesBackEveryRecordOfAHistory) {
+  ddr_Model const model = SmallModel();
+  ddr_Model const read = WrittenAndRead(GetParam(), model);
+  ConstBCs(model).ForEach([&](cow_String const& name, kprC_StepDependent const& bc) {
+    auto const* const other = ConstBCs(read).ConstItem(name.View());
+    ASSERT_NE(other, nullptr);
+    EXPECT_EQ(other->Name(), name);
+    EXPECT_EQ(other->History(), bc.History()) << name.View();
+    for (std::size_t i = 0; i < bc.Steps().Size(); ++i) {
+      cls_Object const* const state = bc.StateAt(i);
+      ASSERT_EQ(other->StateAt(i) != nullptr, state != nullptr);
+      if (state != nullptr) { EXPECT_TRUE(other->StateAt(i)->Equals(*state)) << name.View() << i; }
+    }
+  });
+}
+
+TEST_P(EitherStore, MakesEachStepOnce) {
+  ddr_Model const read = WrittenAndRead(GetParam(), SmallModel());
+  kprC_StepContainer const& steps = kprC_Steps(read);
+  for (std::size_t i = 0; i < steps.Size(); ++i) {
+    cls_Object const* const step = &steps.Step(i);
+    EXPECT_EQ(ConstBCs(read).Steps()[i].procedure.ConstGet(), step);
+    EXPECT_EQ(ConstBCs(read).ConstItem("Move")->Steps()[i].procedure.ConstGet(), step);
+  }
+}
+
+TEST_P(EitherStore, TakesAModelThatCanBeEditedOn) {
+  ddr_Model model = SmallModel();
+  ddr_Model read = WrittenAndRead(GetParam(), model);
+  for (ddr_Model* const one : {&model, &read}) {
+    kprC_InsertStep(*one, "Step-2", "Between", StaticStep());
+    kprC_RemoveStep(*one, "Step-4");
+    GetBCs(*one).Get("Hold").Deactivate("Between");
+    SetInStep(*one, "Fix", "Step-5", {{"u1", "FREED"}});
+  }
+  EXPECT_EQ(Dump(read), Dump(model));
+}
+
+TEST_P(EitherStore, KeepsNamesOfEveryKind) {
+  ddr_Model model;
+  auto& regions = model.Get<ddr_RegionMap>(ddr_Model::regionsCmd());
+  std::string const names[] = {"", " ", "same", "class", "map", "a/b\\c\"d", std::string("zero\0inside", 11), "\x01\x1F\x7F\n\t\r",
+                               "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x94\xA9"};
+  for (std::string const& name : names) { regions.Insert(name, cow_Handle<rgnC_Region>::Make(cow_String(name))); }
+  ddr_Model const read = WrittenAndRead(GetParam(), model);
+  for (std::string const& name : names) {
+    auto const* const region = read.ConstGet<ddr_RegionMap>(ddr_Model::regionsCmd()).ConstGet(name);
+    ASSERT_NE(region, nullptr) << name;
+    EXPECT_EQ(region->Name(), name);
+  }
+}
+
+TEST_P(EitherStore, KeepsStepsThatAreCalledLikeItsOwnWords) {
+  ddr_Model model;
+  std::vector<kprC_StepContainer::NamedStep> const steps = {{"same", StaticStep(0.1)}, {"null", StaticStep(0.2)}, {"procedure", StaticStep(0.3)}};
+  model.Get<kprC_StepContainer>(ddr_Model::stepsCmd()).Insert("Initial", steps);
+  kprC_UpdateRepositories(model);
+  GetBCs(model).Insert("same", Displacement("same", 1.0));
+  EXPECT_EQ(Dump(WrittenAndRead(GetParam(), model)), Dump(model));
+}
+
+TEST_P(EitherStore, ReadsBackNumbersExactly) {
+  ddr_Model model;
+  AppendSteps(model, 1);
+  double const numbers[] = {0.1, 1.0 / 3.0, 1e23, 5e-324, 2.2250738585072014e-308, -1.7976931348623155e308, 9007199254740993.0,
+                            123456789012345680000.0, 1e15, -1.0, cls_unsetReal};
+  int count = 0;
+  for (double const number : numbers) {
+    kbcC_DisplacementBC bc;
+    kbcC_DisplacementBCState state;
+    state.u1 = number;
+    bc.Insert("Step-1", state);
+    GetBCs(model).Insert("BC-" + std::to_string(count++), bc);
+  }
+  ddr_Model const read = WrittenAndRead(GetParam(), model);
+  for (int i = 0; i < count; ++i) {
+    auto const* const state = ConstBCs(read).ConstItem("BC-" + std::to_string(i))->StateAt(1);
+    EXPECT_EQ(dynamic_cast<kbcC_DisplacementBCState const&>(*state).u1.ConstGet(), numbers[i]);
+  }
+}
+
+TEST_P(EitherStore, LeavesTheOldFileWhenAModelCannotBeWritten) {
+  struct Row {
+    double number;
+    char const* region;
+    char const* object;
+    char const* expected;
+  };
+  for (Row const& row : {Row{std::numeric_limits<double>::quiet_NaN(), "Set-1", "Bad / states[", "] / state / u1: expected a finite number"},
+                         Row{-std::numeric_limits<double>::infinity(), "Set-1", "Bad / states[", "] / state / u1: expected a finite number"},
+                         Row{1.0, "bad \xFF text", "Bad / region / name", ": expected a text in UTF-8"}}) {
+    ScratchFolder folder;
+    auto const path = folder / GetParam().fileName;
+    ddr_Model const good = SmallModel();
+    GetParam().write(good, path);
+    ddr_Model bad = good;
+    GetBCs(bad).ForcedInsert("Bad", Displacement("Step-1", row.number, row.region));
+    std::string const refusal = Refusal([&] { GetParam().write(bad, path); });
+    EXPECT_TRUE(refusal.starts_with(path.string() + ": boundaryConditions / " + row.object)) << refusal;
+    EXPECT_TRUE(refusal.ends_with(row.expected)) << refusal;
+    EXPECT_TRUE(GetParam().read(path).Equals(good));
+  }
+}
+
+/// One edit at random, of any kind; what is refused changes nothing.
+void EditAtRandom(ddr_Model& model, std::mt19937& random) {
+  auto const below = [&random](std::size_t limit) { return static_cast<std::size_t>(random() % limit); };
+  ddr_Model const before = model;
+  auto const steps = kprC_Steps(model).Names();
+  auto const names = ConstBCs(model).Keys();
+  cow_String const step = steps[below(steps.Size())];
+  std::string const fresh = "New-" + std::to_string(random() % 1000);
+  try {
+    if (names.IsEmpty() || below(4) == 0) {
+      GetBCs(model).Insert(fresh, Displacement(std::string(step.View()), step == "Initial" ? 0.0 : 0.5));
+      return;
+    }
+    cow_String const name = names[below(names.Size())];
+    switch (below(10)) {
+      case 0: kprC_InsertStep(model, step, fresh, StaticStep(0.01 * static_cast<double>(1 + below(50)))); break;
+      case 1: kprC_RemoveStep(model, step); break;
+      case 2: kprC_RenameStep(model, step, fresh); break;
+      case 3: kprC_ReplaceStep(model, step, StaticStep(0.02)); break;
+      case 4: GetBCs(model).Remove(name); break;
+      case 5: GetBCs(model).RenameItem(name, fresh); break;
+      case 6: GetBCs(model).Get(name).Deactivate(step); break;
+      case 7: model.Get<ddr_RegionMap>(ddr_Model::regionsCmd()).Insert(fresh, cow_Handle<rgnC_Region>::Make(cow_String(fresh))); break;
+      case 8: model.SetName(fresh); break;
+      default: {
+        std::string unknown;
+        GetBCs(model).Get(name).SetInStep(step, {{"u2", static_cast<double>(below(5))}}, &unknown);
+      }
+    }
+  } catch (std::exception const&) {
+    model = before;
+  }
+}
+
+TEST(ModelFile, SavesAnyEditsSinceAnyStateThatItHeld) {
+  ScratchFolder folder;
+  std::mt19937 random(7);
+  gattr::ModelFile file(folder / "Model.gadb");
+  std::vector<ddr_Model> states{SmallModel()};
+  ddr_Model model = states[0];
+  for (int round = 0; round < 120; ++round) {
+    if (random() % 8 == 0) { model = states[random() % states.size()]; }  // as undo does
+    for (auto edits = random() % 4; edits > 0; --edits) { EditAtRandom(model, random); }
+    states.push_back(model);
+    if (random() % 10 == 0) { file = gattr::ModelFile(folder / "Model.gadb"); }  // knows nothing of the file
+    if (random() % 10 == 0) { ASSERT_TRUE(file.Open().Equals(states[states.size() - 2])); }
+    file.Save(model);
+    ddr_Model const read = gattr::ModelFile(folder / "Model.gadb").Open();
+    ASSERT_EQ(Dump(read), Dump(model)) << "round " << round;
+  }
+}
+
+TEST(Text, IsTheSameForEqualModelsHoweverTheyWereMade) {
+  ddr_Model const model = SmallModel();
+  ddr_Model const other = SmallModel();  // shares nothing with it
+  EXPECT_EQ(Dump(other), Dump(model));
+
+  ddr_Model detour = model;
+  kprC_InsertStep(detour, "Step-1", "Gone", StaticStep());
+  SetInStep(detour, "Move", "Step-3", {{"u2", 7.0}});
+  SetInStep(detour, "Move", "Step-3", {{"u2", -2.5e10}});
+  GetBCs(detour).RenameItem("Fix", "Other");
+  GetBCs(detour).RenameItem("Other", "Fix");
+  kprC_RemoveStep(detour, "Gone");
+  ASSERT_TRUE(detour.Equals(model));
+  EXPECT_EQ(Dump(detour), Dump(model));
+
+  ddr_Model zero = model;
+  SetInStep(zero, "Fix", "Initial", {{"u1", -0.0}});
+  EXPECT_EQ(Dump(zero), Dump(model));
+}
+
+TEST(Text, MayHaveItsMembersInAnyOrderAndAnyLayout) {
+  ddr_Model const model = SmallModel();
+  std::string compact = nlohmann::json::parse(Dump(model)).dump();  // in the order of the names, on one line
+  EXPECT_EQ(Dump(Parse(compact)), Dump(model));
+}
+
+TEST(Text, HasARecordOnEachLineAndAStateOnlyWhereItChanges) {
+  ddr_Model model;
+  AppendSteps(model, 3);
+  GetBCs(model).Insert("Fix", Displacement("Step-1", 0.0));
+  std::string const text = Dump(model);
+  EXPECT_NE(text.find("            {\"stepName\": \"Initial\", \"status\": \"NOT_YET_CREATED\", \"state\": null, \"procedure\": \"Initial\"},\n"),
+            std::string::npos);
+  EXPECT_NE(text.find("            {\"stepName\": \"Step-3\", \"status\": \"PROPAGATED\", \"state\": \"same\", \"procedure\": \"Step-3\"}\n          ],\n"),
+            std::string::npos);
+  EXPECT_NE(text.find("\"dimension\": null"), std::string::npos);
+}
+
+}  // namespace
