@@ -1,7 +1,7 @@
 #include <CLI/App.hpp>
+#include <CLI/Validators.hpp>
 #include <iostream>
 #include <memory>
-#include <optional>
 
 #include "cli/Console.h"
 #include "cli/ModelPath.h"
@@ -16,7 +16,7 @@ struct HistoryOptions {
   HistoryFilter filter;
   Format format = Format::Text;
   std::string color;
-  std::optional<std::size_t> width;
+  int width = -1;  // the terminal's
 };
 
 std::string Legend() {
@@ -33,8 +33,9 @@ int History(HistoryOptions const& options) {
   for (auto const& name : options.filter.attributes) { AssertKnown("attribute", name, AttributeNames(model)); }
   for (auto const& name : options.filter.steps) { AssertKnown("step", name, StepNames(model)); }
   HistoryTable const table = HistoriesOf(model, options.filter);
+  std::size_t const width = options.width < 0 ? TerminalWidth() : static_cast<std::size_t>(options.width);
   switch (options.format) {
-    case Format::Text: RenderText(std::cout, table, {options.width.value_or(TerminalWidth()), UseColor(options.color)}); break;
+    case Format::Text: RenderText(std::cout, table, {width, UseColor(options.color)}); break;
     case Format::Csv: RenderCsv(std::cout, table); break;
     case Format::Json: RenderJson(std::cout, table); break;
     case Format::Html: RenderHtml(std::cout, table); break;
@@ -56,7 +57,9 @@ void AddHistory(CLI::App& program, Action& action) {
       ->allow_extra_args(false);
   AddFormat(command, options->format, {"text", "csv", "json", "html"});
   AddColor(command, options->color);
-  command.add_option("--width", options->width, "columns of a text table; 0: unlimited (default: the terminal's)")->type_name("N");
+  command.add_option("--width", options->width, "columns of a text table; 0: unlimited (default: the terminal's)")
+      ->type_name("N")
+      ->check(CLI::NonNegativeNumber.description(""));
   command.footer(Legend() + "\nExample: gattr history forming.gadb --attribute Punch --attribute Die");
   command.callback([options, &action] { action = [options] { return History(*options); }; });
 }

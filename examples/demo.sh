@@ -22,7 +22,7 @@ run history "$out/prestressed_modes.gadb"
 
 say "An edit that makes no sense is refused, by number, and changes nothing."
 edit='{"command": "move", "boundaryCondition": "Punch", "fromStepName": "Draw-1", "toStepName": "Retract"}'
-printf '$ echo %q | gattr replay --on %s -\n' "$edit" "$out/forming.gadb"
+printf "$ echo '%s' | gattr replay --on %s -\n" "$edit" "$out/forming.gadb"
 status=0
 echo "$edit" | "$gattr" replay --on "$out/forming.gadb" - 2>&1 || status=$?
 echo "(exit status $status)"
