@@ -89,13 +89,14 @@ Database::Statement& Database::Statement::Bind(int parameter, std::int64_t numbe
 }
 
 Database::Statement& Database::Statement::Bind(int parameter, std::string_view text) {
-  database_->Check(sqlite3_bind_text64(statement_.get(), parameter, text.data() != nullptr ? text.data() : "", text.size(),
-                                       SQLITE_STATIC, SQLITE_UTF8));
+  database_->Check(
+      sqlite3_bind_text64(statement_.get(), parameter, text.data() != nullptr ? text.data() : "", text.size(), SQLITE_STATIC, SQLITE_UTF8));
   return *this;
 }
 
 Database::Statement& Database::Statement::BindBytes(int parameter, std::string_view bytes) {
-  database_->Check(sqlite3_bind_blob64(statement_.get(), parameter, bytes.data() != nullptr ? bytes.data() : "", bytes.size(), SQLITE_STATIC));
+  database_->Check(
+      sqlite3_bind_blob64(statement_.get(), parameter, bytes.data() != nullptr ? bytes.data() : "", bytes.size(), SQLITE_STATIC));
   return *this;
 }
 

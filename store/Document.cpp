@@ -14,7 +14,7 @@ constexpr std::string_view kModelMap = "extensions";
 constexpr std::string_view kExtensionMap = "map";
 constexpr std::size_t kExtensionDepth = 2;  // the model, its map, the extension
 
-constexpr std::size_t kSlots = 1024;  // for texts at the beginning; a power of two
+constexpr std::size_t kSlots = 1024;    // for texts at the beginning; a power of two
 constexpr std::size_t kShownText = 40;  // characters of a text that a message repeats
 
 void Join(std::string& path, std::string_view part) {

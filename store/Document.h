@@ -25,8 +25,8 @@ public:
     Kind kind = Kind::Null;
     bool taken = false;     ///< whether the reader has seen it
     bool referred = false;  ///< whether a reference leads here
-    Text name = 0;       ///< under which it stands in an object
-    At end = 0;          ///< one past what is in it
+    Text name = 0;          ///< under which it stands in an object
+    At end = 0;             ///< one past what is in it
     union {
       long long integer = 0;
       double real;
@@ -96,7 +96,7 @@ private:
   std::deque<std::string> storage_;
   std::vector<std::string_view> texts_;
   std::vector<Slot> slots_;  // open hash table of the texts, a power of two long
-  std::vector<At> seen_;  // the object in which a name was last seen, by the name's number
+  std::vector<At> seen_;     // the object in which a name was last seen, by the name's number
 };
 
 }  // namespace gattr

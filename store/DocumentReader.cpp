@@ -33,9 +33,7 @@ ddr_Model DocumentReader::ReadModel(std::initializer_list<std::string_view> know
     CheckExtensions(model);
     Leave();
     return model;
-  } catch (std::bad_alloc const&) {
-    throw;
-  } catch (StoreError const&) {
+  } catch (std::bad_alloc const&) { throw; } catch (StoreError const&) {
     throw;
   } catch (std::exception const& refusal) {  // of an object that was being made; the frames still tell which
     document_.Refuse(document_.Path(way_, member_), refusal.what());

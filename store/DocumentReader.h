@@ -55,11 +55,11 @@ private:
   /// An object or a list that is being read.
   struct Frame {
     At at = 0;
-    At next = 0;                    ///< what comes next in the order of writing
-    unsigned taken = 0;             ///< how much has been read
+    At next = 0;         ///< what comes next in the order of writing
+    unsigned taken = 0;  ///< how much has been read
     unsigned typeId = 0;
-    Document::Text stepName = 0;    ///< of a record: the step that it belongs to
-    std::vector<LastObject> last;   ///< of a list
+    Document::Text stepName = 0;   ///< of a record: the step that it belongs to
+    std::vector<LastObject> last;  ///< of a list
   };
 
   At Look(std::string_view member) const;

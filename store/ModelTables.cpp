@@ -29,8 +29,7 @@ struct Layout {
 constexpr Column kNameColumns[] = {{"number", Field::Position}, {"name", Field::Name}};
 constexpr Column kExtensionColumns[] = {{"name", Field::Name}, {"class", Field::Type}, {"data", Field::Data}};
 constexpr Column kStepColumns[] = {{"position", Field::Position}, {"name", Field::Name}, {"class", Field::Type}, {"data", Field::Data}};
-constexpr Column kAttributeColumns[] = {
-    {"repository", Field::Owner}, {"name", Field::Name}, {"class", Field::Type}, {"data", Field::Data}};
+constexpr Column kAttributeColumns[] = {{"repository", Field::Owner}, {"name", Field::Name}, {"class", Field::Type}, {"data", Field::Data}};
 constexpr Column kObjectColumns[] = {{"extension", Field::Owner}, {"name", Field::Name}, {"class", Field::Type}, {"data", Field::Data}};
 
 // In the order of the enumeration. The schema is also compared with the file's, letter by letter.
@@ -133,11 +132,8 @@ ModelTables::ModelTables(Database& database) : database_(database) {
     std::string_view key;
     std::int64_t* value;
   };
-  Entry const entries[] = {{"checksum", &checksum},
-                           {"generation", &stamp_.generation},
-                           {"mark", &stamp_.mark},
-                           {"rows", &totals_.rows},
-                           {"sum", &totals_.sum}};
+  Entry const entries[] = {
+      {"checksum", &checksum}, {"generation", &stamp_.generation}, {"mark", &stamp_.mark}, {"rows", &totals_.rows}, {"sum", &totals_.sum}};
   Database::Statement meta(database, "SELECT key, value FROM meta ORDER BY key");
   for (Entry const& entry : entries) {
     if (!meta.Step() || meta.Text(0) != entry.key) { database.Refuse("is damaged: meta: expected \"" + std::string(entry.key) + "\""); }
@@ -176,7 +172,8 @@ ModelTables::Statements& ModelTables::Prepared(Table table) {
 template <class Text> std::int64_t ModelTables::ChecksumOf(Table table, BasicRow<Text> const& row) {
   Checksum checksum;
   checksum.Add(static_cast<std::uint64_t>(table)).Add(static_cast<std::uint64_t>(row.position));
-  for (std::string_view const text : {std::string_view(row.owner), std::string_view(row.name), std::string_view(row.type), std::string_view(row.data)}) {
+  for (std::string_view const text :
+       {std::string_view(row.owner), std::string_view(row.name), std::string_view(row.type), std::string_view(row.data)}) {
     checksum.Add(text);
   }
   return checksum.Value();
@@ -184,7 +181,9 @@ template <class Text> std::int64_t ModelTables::ChecksumOf(Table table, BasicRow
 
 std::int64_t ModelTables::MetaChecksum(Stamp const& stamp, Totals const& totals) {
   Checksum checksum;
-  for (std::int64_t const number : {stamp.generation, stamp.mark, totals.rows, totals.sum}) { checksum.Add(static_cast<std::uint64_t>(number)); }
+  for (std::int64_t const number : {stamp.generation, stamp.mark, totals.rows, totals.sum}) {
+    checksum.Add(static_cast<std::uint64_t>(number));
+  }
   return checksum.Value();
 }
 
@@ -285,7 +284,8 @@ std::vector<StoredRow> ModelTables::ReadAll(Table table) {
 
 void ModelTables::CheckComplete() const {
   if (!(read_ == totals_)) {
-    database_.Refuse("is damaged: expected " + std::to_string(totals_.rows) + " rows as they were written, found " + std::to_string(read_.rows));
+    database_.Refuse("is damaged: expected " + std::to_string(totals_.rows) + " rows as they were written, found " +
+                     std::to_string(read_.rows));
   }
 }
 

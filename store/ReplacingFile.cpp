@@ -1,11 +1,11 @@
 #include "store/ReplacingFile.h"
 
-#include <cerrno>
 #include <fcntl.h>
-#include <string>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
+#include <cerrno>
+#include <string>
+#include <system_error>
 #include <utility>
 
 #include "store/StoreError.h"

@@ -2,8 +2,8 @@
 
 #include <filesystem>
 #include <ostream>
-#include <string>
 #include <streambuf>
+#include <string>
 
 namespace gattr {
 

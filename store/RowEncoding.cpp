@@ -139,7 +139,9 @@ public:
     if (index >= limit) { Refuse("refers to what is not there"); }
     return index;
   }
-  [[noreturn]] void Refuse(std::string_view what) const { document_.Refuse(document_.OpenPath(), "is damaged: the row " + std::string(what)); }
+  [[noreturn]] void Refuse(std::string_view what) const {
+    document_.Refuse(document_.OpenPath(), "is damaged: the row " + std::string(what));
+  }
 
 private:
   Document const& document_;

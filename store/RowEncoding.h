@@ -21,12 +21,12 @@ enum class RowTag : unsigned char {
   Integer = 4,
   Real = 5,
   Text = 6,
-  Object = 7,     ///< of a class of its own
-  Nested = 8,     ///< of the class that its owner knows; also a map
+  Object = 7,  ///< of a class of its own
+  Nested = 8,  ///< of the class that its owner knows; also a map
   List = 9,
-  Reference = 10, ///< to an object of the row
-  Rows = 11,      ///< a map whose objects are rows
-  Steps = 12,     ///< the model's steps: in the extension of the steps themselves, elsewhere their names
+  Reference = 10,  ///< to an object of the row
+  Rows = 11,       ///< a map whose objects are rows
+  Steps = 12,      ///< the model's steps: in the extension of the steps themselves, elsewhere their names
 };
 
 /// Texts of a row that may be repeated by number are its first ones.
@@ -54,7 +54,8 @@ public:
     Object,     ///< complete in itself, steps included, so that it stays good when they change
   };
 
-  RowWriter(ModelSteps const& steps, RowNames& names, std::string_view where, Row row) : StoreWriter(steps, where), names_(names), row_(row) {}
+  RowWriter(ModelSteps const& steps, RowNames& names, std::string_view where, Row row)
+      : StoreWriter(steps, where), names_(names), row_(row) {}
 
   /// The members of \p object.
   std::string Encode(cls_Object const& object);

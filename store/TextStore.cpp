@@ -36,8 +36,8 @@ void CheckHeader(Document& document) {
     document.Refuse("version", "expected a number from 1 on");
   }
   if (version->integer > TextWriter::kVersion) {
-    document.Refuse("version", "expected " + std::to_string(TextWriter::kVersion) + ", found the later version " +
-                                   std::to_string(version->integer));
+    document.Refuse("version",
+                    "expected " + std::to_string(TextWriter::kVersion) + ", found the later version " + std::to_string(version->integer));
   }
 }
 
@@ -73,9 +73,7 @@ void WriteTextFile(ddr_Model const& model, std::filesystem::path const& path) {
       throw StoreError(std::string(error.what()) + ": " + file.Failure());
     }
     file.Commit();
-  } catch (StoreError const& error) {
-    throw StoreError(path.string() + ": " + error.what());
-  }
+  } catch (StoreError const& error) { throw StoreError(path.string() + ": " + error.what()); }
 }
 
 ddr_Model ReadTextFile(std::filesystem::path const& path) {

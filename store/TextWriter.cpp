@@ -11,7 +11,7 @@
 namespace gattr {
 
 namespace {
-constexpr std::size_t kBlock = 1 << 16;  // bytes that are handed to the stream at once
+constexpr std::size_t kBlock = 1 << 16;     // bytes that are handed to the stream at once
 constexpr std::size_t kExtensionLevel = 2;  // of an extension: below the model and its map
 }  // namespace
 

@@ -56,7 +56,8 @@ struct Store {
   ddr_Model (*read)(std::filesystem::path const&);
 };
 inline Store const kText{"Model.gattr.json", &gattr::WriteTextFile, &gattr::ReadTextFile};
-inline Store const kModelFile{"Model.gadb", [](ddr_Model const& model, std::filesystem::path const& path) { gattr::ModelFile(path).Save(model); },
+inline Store const kModelFile{"Model.gadb",
+                              [](ddr_Model const& model, std::filesystem::path const& path) { gattr::ModelFile(path).Save(model); },
                               [](std::filesystem::path const& path) { return gattr::ModelFile(path).Open(); }};
 inline Store const kStores[] = {kText, kModelFile};
 
@@ -75,9 +76,7 @@ inline ddr_Model Parse(std::string const& text) {
 template <class Action> std::string Refusal(Action&& action) {
   try {
     action();
-  } catch (gattr::StoreError const& error) {
-    return error.what();
-  }
+  } catch (gattr::StoreError const& error) { return error.what(); }
   return "";
 }
 

@@ -14,9 +14,8 @@ ddr_Model WrittenAndRead(Store const& store, ddr_Model const& model) {
 }
 
 class EitherStore : public testing::TestWithParam<Store> {};
-INSTANTIATE_TEST_SUITE_P(Stores, EitherStore, testing::ValuesIn(kStores), [](auto const& store) {
-  return std::string(store.param.fileName).ends_with("json") ? "Text" : "ModelFile";
-});
+INSTANTIATE_TEST_SUITE_P(Stores, EitherStore, testing::ValuesIn(kStores),
+                         [](auto const& store) { return std::string(store.param.fileName).ends_with("json") ? "Text" : "ModelFile"; });
 
 TEST_P(EitherStore, GivesBackAnEqualModel) {
   for (ddr_Model const& model : {ddr_Model(), SmallModel()}) {
@@ -68,7 +67,14 @@ TEST_P(EitherStore, TakesAModelThatCanBeEditedOn) {
 TEST_P(EitherStore, KeepsNamesOfEveryKind) {
   ddr_Model model;
   auto& regions = model.Get<ddr_RegionMap>(ddr_Model::regionsCmd());
-  std::string const names[] = {"", " ", "same", "class", "map", "a/b\\c\"d", std::string("zero\0inside", 11), "\x01\x1F\x7F\n\t\r",
+  std::string const names[] = {"",
+                               " ",
+                               "same",
+                               "class",
+                               "map",
+                               "a/b\\c\"d",
+                               std::string("zero\0inside", 11),
+                               "\x01\x1F\x7F\n\t\r",
                                "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x94\xA9"};
   for (std::string const& name : names) { regions.Insert(name, cow_Handle<rgnC_Region>::Make(cow_String(name))); }
   ddr_Model const read = WrittenAndRead(GetParam(), model);
@@ -81,7 +87,8 @@ TEST_P(EitherStore, KeepsNamesOfEveryKind) {
 
 TEST_P(EitherStore, KeepsStepsThatAreCalledLikeItsOwnWords) {
   ddr_Model model;
-  std::vector<kprC_StepContainer::NamedStep> const steps = {{"same", StaticStep(0.1)}, {"null", StaticStep(0.2)}, {"procedure", StaticStep(0.3)}};
+  std::vector<kprC_StepContainer::NamedStep> const steps = {
+      {"same", StaticStep(0.1)}, {"null", StaticStep(0.2)}, {"procedure", StaticStep(0.3)}};
   model.Get<kprC_StepContainer>(ddr_Model::stepsCmd()).Insert("Initial", steps);
   kprC_UpdateRepositories(model);
   GetBCs(model).Insert("same", Displacement("same", 1.0));
@@ -91,8 +98,9 @@ TEST_P(EitherStore, KeepsStepsThatAreCalledLikeItsOwnWords) {
 TEST_P(EitherStore, ReadsBackNumbersExactly) {
   ddr_Model model;
   AppendSteps(model, 1);
-  double const numbers[] = {0.1, 1.0 / 3.0, 1e23, 5e-324, 2.2250738585072014e-308, -1.7976931348623155e308, 9007199254740993.0,
-                            123456789012345680000.0, 1e15, -1.0, cls_unsetReal};
+  double const numbers[] = {
+      0.1,  1.0 / 3.0, 1e23,         5e-324, 2.2250738585072014e-308, -1.7976931348623155e308, 9007199254740993.0, 123456789012345680000.0,
+      1e15, -1.0,      cls_unsetReal};
   int count = 0;
   for (double const number : numbers) {
     kbcC_DisplacementBC bc;
@@ -115,9 +123,10 @@ TEST_P(EitherStore, LeavesTheOldFileWhenAModelCannotBeWritten) {
     char const* object;
     char const* expected;
   };
-  for (Row const& row : {Row{std::numeric_limits<double>::quiet_NaN(), "Set-1", "Bad / states[", "] / state / u1: expected a finite number"},
-                         Row{-std::numeric_limits<double>::infinity(), "Set-1", "Bad / states[", "] / state / u1: expected a finite number"},
-                         Row{1.0, "bad \xFF text", "Bad / region / name", ": expected a text in UTF-8"}}) {
+  for (Row const& row :
+       {Row{std::numeric_limits<double>::quiet_NaN(), "Set-1", "Bad / states[", "] / state / u1: expected a finite number"},
+        Row{-std::numeric_limits<double>::infinity(), "Set-1", "Bad / states[", "] / state / u1: expected a finite number"},
+        Row{1.0, "bad \xFF text", "Bad / region / name", ": expected a text in UTF-8"}}) {
     ScratchFolder folder;
     auto const path = folder / GetParam().fileName;
     ddr_Model const good = SmallModel();
@@ -160,9 +169,7 @@ void EditAtRandom(ddr_Model& model, std::mt19937& random) {
         GetBCs(model).Get(name).SetInStep(step, {{"u2", static_cast<double>(below(5))}}, &unknown);
       }
     }
-  } catch (std::exception const&) {
-    model = before;
-  }
+  } catch (std::exception const&) { model = before; }
 }
 
 TEST(ModelFile, SavesAnyEditsSinceAnyStateThatItHeld) {
@@ -214,9 +221,11 @@ TEST(Text, HasARecordOnEachLineAndAStateOnlyWhereItChanges) {
   AppendSteps(model, 3);
   GetBCs(model).Insert("Fix", Displacement("Step-1", 0.0));
   std::string const text = Dump(model);
-  EXPECT_NE(text.find("            {\"stepName\": \"Initial\", \"status\": \"NOT_YET_CREATED\", \"state\": null, \"procedure\": \"Initial\"},\n"),
-            std::string::npos);
-  EXPECT_NE(text.find("            {\"stepName\": \"Step-3\", \"status\": \"PROPAGATED\", \"state\": \"same\", \"procedure\": \"Step-3\"}\n          ],\n"),
+  EXPECT_NE(
+      text.find("            {\"stepName\": \"Initial\", \"status\": \"NOT_YET_CREATED\", \"state\": null, \"procedure\": \"Initial\"},\n"),
+      std::string::npos);
+  EXPECT_NE(text.find("            {\"stepName\": \"Step-3\", \"status\": \"PROPAGATED\", \"state\": \"same\", \"procedure\": "
+                      "\"Step-3\"}\n          ],\n"),
             std::string::npos);
   EXPECT_NE(text.find("\"dimension\": null"), std::string::npos);
 }

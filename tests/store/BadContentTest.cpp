@@ -1,0 +1,202 @@
+#include <functional>
+#include <string>
+
+#include "tests/store/Bag.h"
+
+namespace {
+
+using Out = cls_WriteVisitor const&;
+
+/// What a store says of content that it wrote itself and cannot have meant, without the file's name.
+std::string RefusalOf(
+    Store const& store, ddr_Model const& model, std::function<void()> const& afterWriting = [] {}) {
+  ScratchFolder folder;
+  auto const path = folder / store.fileName;
+  std::string refusal = Refusal([&] { store.write(model, path); });
+  if (refusal.empty()) {
+    afterWriting();
+    refusal = Refusal([&] { store.read(path); });
+  }
+  EXPECT_TRUE(refusal.empty() || refusal.starts_with(path.string() + ": ")) << refusal;
+  return refusal.empty() ? "" : refusal.substr(path.string().size() + 2);
+}
+
+void ExpectRefused(ddr_Model const& model, std::string const& expected) {
+  for (Store const& store : kStores) { EXPECT_EQ(RefusalOf(store, model), expected) << store.fileName; }
+}
+
+/// The members of a region, but for one.
+Liar::Content Region(std::string_view left, Liar::Content instead) {
+  return [left, instead](Out out) {
+    auto const unless = [&](std::string_view member, auto&& write) { member == left ? instead(out) : write(member); };
+    unless("name", [&](auto member) { out.WriteText(member, "Set-1"); });
+    unless("kind", [&](auto member) { out.WriteText(member, "SET"); });
+    unless("dimension", [&](auto member) { out.WriteInteger(member, 2); });
+    unless("mixed", [&](auto member) { out.WriteBool(member, false); });
+    unless("empty", [&](auto member) { out.WriteBool(member, false); });
+    unless("instanceKind", [&](auto member) { out.WriteText(member, "SOLID"); });
+    if (left.empty()) { instead(out); }
+  };
+}
+
+TEST(BadContent, IsRefusedByBothStoresInTheSameWords) {
+  struct Row {
+    char const* member;  ///< that is written wrong; "" for what follows after the members
+    Liar::Content write;
+    char const* expected;
+  };
+  Row const rows[] = {
+      {"name", [](Out) {}, "name: expected a text, found nothing"},
+      {"name", [](Out out) { out.WriteInteger("name", 5); }, "name: expected a text, found 5"},
+      {"name", [](Out out) { out.WriteNull("name"); }, "name: expected a text, found null"},
+      {"name", [](Out out) { out.StartList("name", 0), out.EndList(); }, "name: expected a text, found a list"},
+      {"name", [](Out out) { out.WriteNested("name", rgnC_Region()); }, "name: expected a text, found an object"},
+      {"dimension", [](Out out) { out.WriteText("dimension", "2"); }, "dimension: expected an integer, found \"2\""},
+      {"dimension", [](Out out) { out.WriteReal("dimension", 2.5); }, "dimension: expected an integer, found 2.5"},
+      {"dimension", [](Out out) { out.WriteBool("dimension", true); }, "dimension: expected an integer, found true"},
+      {"dimension", [](Out out) { out.WriteInteger("dimension", 1LL << 40); }, "dimension: expected a 32-bit integer"},
+      {"mixed", [](Out out) { out.WriteInteger("mixed", 1); }, "mixed: expected true or false, found 1"},
+      {"mixed", [](Out out) { out.WriteNull("mixed"); }, "mixed: expected true or false, found null"},
+      {"kind", [](Out out) { out.WriteText("kind", "SETS"); },
+       "kind: omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: SETS  Permissible: SET, SURFACE"},
+      {"kind", [](Out out) { out.WriteText("kind", "set"); },
+       "kind: omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: set  Permissible: SET, SURFACE"},
+      {"kind", [](Out out) { out.WriteText("kinds", "SET"); }, "kind: expected a text, found nothing"},
+      {"", [](Out out) { out.WriteText("more", "x"); }, "more: no such member is known"},
+      {"", [](Out out) { out.WriteNested("more", rgnC_Region()); }, "more: no such member is known"},
+      {"", [](Out out) { out.WriteText("name", "again"); }, "name: stands twice"},
+      {"dimension", [](Out out) { out.WriteReal("dimension", std::numeric_limits<double>::infinity()); },
+       "dimension: expected a finite number"},
+      {"name", [](Out out) { out.WriteText("name", "\xC0\x80"); }, "name: expected a text in UTF-8"},
+  };
+  for (Row const& row : rows) {
+    ddr_Model const model = ModelWith(cow_Handle<Liar>::Make(rgnC_Region::TypeId(), Region(row.member, row.write)));
+    ExpectRefused(model, std::string("bag / Thing / ") + row.expected);
+  }
+}
+
+TEST(BadContent, IsRefusedWhereAClassIsUnknownOrCannotBeMade) {
+  constexpr unsigned kModule = 0x7FFE;
+  struct Row {
+    unsigned typeId;
+    char const* expected;
+  };
+  Row const rows[] = {{kModule << 16 | 1, "bag / Thing / class: expected a class that can be made, found \"Gone\""},
+                      {kprC_AnalysisStep::TypeId(), "bag / Thing / class: expected a class that can be made, found \"kprC_AnalysisStep\""}};
+  for (Row const& row : rows) {
+    for (Store const& store : kStores) {
+      cls_MetadataRegistrar::initClassMetadata([](cls_ClassRegistrar& registrar) { registrar.AddClass("Gone", kModule << 16 | 1); },
+                                               ddb_metadataFlag);
+      ddr_Model const model = ModelWith(cow_Handle<Liar>::Make(row.typeId, [](Out) {}));
+      auto const forget = [] { cls_MetadataRegistrar::finalizeModule(kModule); };
+      EXPECT_EQ(RefusalOf(store, model, forget), row.expected);
+      forget();
+    }
+  }
+}
+
+/// An extension that pretends to be another.
+class FalseExtension final : public mdl_Extension {
+public:
+  FalseExtension(unsigned typeId, Liar::Content content) : liar_(typeId, std::move(content)) {}
+  unsigned DynTypeId() const override { return liar_.DynTypeId(); }
+  void DBWrite(Out out) const override { liar_.DBWrite(out); }
+  std::unique_ptr<cls_Object> Copy() const override { return std::make_unique<FalseExtension>(*this); }
+  void NewUid() override {}
+  bool Equals(cls_Object const& other) const override { return this == &other; }
+  cls_Value Member(std::string_view) const override { return {}; }
+  bool SetMember(std::string_view, cls_Value const&) override { return false; }
+
+private:
+  Liar liar_;
+};
+
+/// A model whose only condition has the given records.
+ddr_Model WithRecords(Liar::Content records) {
+  ddr_Model model;
+  AppendSteps(model, 2);
+  BCs const bcs = ConstBCs(model);
+  auto const condition = [records](Out out) {
+    kbcC_DisplacementBC const bc;
+    out.WriteBool("suppress", false);
+    out.WriteNested("region", bc.Region());
+    out.WriteNested("csys", bc.Csys());
+    out.WriteText("distribution", "UNIFORM");
+    records(out);
+    out.WriteText("fieldName", "");
+  };
+  auto const repository = [bcs, condition](Out out) {
+    Liar const liar(kbcC_DisplacementBC::TypeId(), condition);
+    if (out.StartMap("map", 1)) {
+      out.WriteObject("Fix", liar);
+      out.EndMap();
+    }
+    cls_MemberTraits<kprC_StepSequence>::Write(out, "procedures", bcs.Steps().Steps());
+    out.StartList("danglingRegions", 0);
+    out.EndList();
+  };
+  model.SetExtension(ddr_Model::bcCmd(), cow_Handle<FalseExtension>::Make(BCs::TypeId(), repository));
+  return model;
+}
+
+struct RecordRow {
+  char const* step;
+  mdl_PropagationStatusEnm status;
+  bool state;
+};
+
+Liar::Content Records(std::vector<RecordRow> const& rows) {
+  return [rows](Out out) {
+    out.StartList("states", rows.size());
+    for (RecordRow const& row : rows) {
+      cow_Handle<kbcC_BCState> state;
+      if (row.state) { state = cow_Handle<kbcC_DisplacementBCState>::Make(); }
+      out.WriteNested("", kprC_PropagatingState<kbcC_BCState>(kprC_StepNameProcedurePair(row.step, nullptr), row.status, state));
+    }
+    out.EndList();
+  };
+}
+
+TEST(BadContent, IsRefusedWhereRecordsDoNotGoWithTheSteps) {
+  using enum mdl_PropagationStatusEnm;
+  struct Row {
+    char const* what;
+    Liar::Content records;
+    char const* expected;
+  };
+  Row const rows[] = {
+      {"a step that is not there",
+       Records({{"Initial", NotYetCreated, false}, {"Step-1", NotYetCreated, false}, {"Step-9", Created, true}}),
+       "one record for each step of the sequence, in step order"},
+      {"a carried record with a status of its own",
+       Records({{"Initial", NotYetCreated, false}, {"Step-1", Created, true}, {"Step-2", Modified, true}}),
+       "the status and the state that follow from the steps before"},
+      {"a status without a state", Records({{"Initial", NotYetCreated, false}, {"Step-1", Created, false}}),
+       "a state in every record from the create step on"},
+  };
+  for (Row const& row : rows) {
+    for (Store const& store : kStores) {
+      std::string const refusal = RefusalOf(store, WithRecords(row.records));
+      EXPECT_TRUE(refusal.starts_with("boundaryConditions / Fix / states")) << row.what << ": " << refusal;
+      EXPECT_NE(refusal.find(row.expected), std::string::npos) << row.what << ": " << refusal;
+    }
+  }
+  // a number is a matter of the text alone, which tells every record
+  std::string const refusal = RefusalOf(kText, WithRecords(Records({{"Initial", NotYetCreated, false}, {"Step-1", NotYetCreated, false}})));
+  EXPECT_EQ(refusal, "boundaryConditions / Fix / states: expected one record for each step of the sequence, in step order");
+  // and content that is right is taken, so that the table above tests what it says
+  EXPECT_EQ(RefusalOf(kModelFile, WithRecords(Records({}))), "");
+  EXPECT_EQ(RefusalOf(kText, WithRecords(Records(
+                                 {{"Initial", NotYetCreated, false}, {"Step-1", NotYetCreated, false}, {"Step-2", NotYetCreated, false}}))),
+            "");
+}
+
+TEST(BadContent, IsRefusedWhereAnExtensionIsMissingOrAnother) {
+  ddr_Model model;
+  model.SetExtension(ddr_Model::regionsCmd(), cow_Handle<ddr_AmplitudeMap>::Make());
+  ExpectRefused(model, "regions: expected an object of class mdl_MapString2ObjCow<rgnC_Region>");
+  model.SetExtension(ddr_Model::regionsCmd(), cow_Handle<FalseExtension>::Make(rgnC_Region::TypeId(), Region("none", [](Out) {})));
+  ExpectRefused(model, "regions: expected an object of another class");
+}
+
+}  // namespace

@@ -1,0 +1,194 @@
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <random>
+
+#include <sqlite3.h>
+
+#include "store/Checksum.h"
+#include "store/RowEncoding.h"
+#include "tests/store/Models.h"
+
+namespace {
+
+std::string BytesOf(std::filesystem::path const& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+void PutBytes(std::filesystem::path const& path, std::string_view bytes) {
+  std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+std::string OpenRefusal(Store const& store, std::filesystem::path const& path) {
+  return Refusal([&] { store.read(path); });
+}
+
+/// Runs statements on a database, as another program would.
+void RunSql(std::filesystem::path const& path, std::string const& sql) {
+  sqlite3* handle = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(handle, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
+  sqlite3_close(handle);
+}
+
+TEST(Checksum, IsThatOfTheStandardOverTheLengthAndTheBytes) {
+  // of the eight bytes 09 00 00 00 00 00 00 00 and the nine of the text
+  EXPECT_EQ(gattr::Checksum().Add("123456789").Value(), 0x85A458E8U);
+}
+
+TEST(DamagedText, IsRefusedWithThePlaceAndWhatWasExpected) {
+  struct Row {
+    char const* text;
+    char const* instead;
+    char const* expected;
+  };
+  Row const rows[] = {
+      {"\"gattr model\"", "\"another\"", "format: expected \"gattr model\": this is no model"},
+      {"\"format\"", "\"formats\"", "format: expected \"gattr model\": this is no model"},
+      {"\"version\": 1", "\"version\": 2", "version: expected 1, found the later version 2"},
+      {"\"version\": 1", "\"version\": \"1\"", "version: expected a number from 1 on"},
+      {"\"name\": \"Bracket", "\"title\": \"Bracket", "name: expected a text, found nothing"},
+      {"\"extensions\": {", "\"extensions\": {\"regions\": {},", "regions: stands twice"},
+      {"\"u1\": 0.1,", "\"u1\": \"0.1\",", "boundaryConditions / Move / states[1] / state / u1: expected a finite number, found \"0.1\""},
+      {"\"u1\": 0.1,", "\"u1\": 1e999,", "boundaryConditions / Move / states[1] / state / u1: expected a finite number"},
+      {"\"u1\": 0.1,", "\"u1\": NaN,", "parse error at line"},
+      {"\"u1\": 0.1,", "\"u1\": 0.1, \"u1\": 0.2,", "boundaryConditions / Move / states[1] / state / u1: stands twice"},
+      {"\"u1\": 0.1,", "\"u1\": 0.2,",
+       "boundaryConditions / Move / states: expected in step \"Step-2\" the status and the state that follow"},
+      {"\"u1\": 0.1,", "\"u1\": 0.1, \"u9\": 0.1,", "boundaryConditions / Move / states[1] / state / u9: no such member is known"},
+      {"\"status\": \"MODIFIED\"", "\"status\": \"CHANGED\"",
+       "boundaryConditions / Move / states[3] / status: omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: CHANGED"},
+      {"\"status\": \"MODIFIED\"", "\"status\": \"PROPAGATED\"", "boundaryConditions / Move / states: expected in step \"Step-3\""},
+      {"\"state\": null, ", "", "boundaryConditions / Clamp / states[0] / state: expected a value, found nothing"},
+      {"\"state\": \"same\"", "\"state\": \"Same\"",
+       "boundaryConditions / Clamp / states[3] / state: expected an object or the name of a step, found \"Same\""},
+      {"\"state\": \"same\"", "\"state\": \"Step-1\"",
+       "boundaryConditions / Clamp / states[3] / state: expected the step that the record belongs to, found \"Step-1\""},
+      {"\"state\": \"same\"", "\"state\": 1", "boundaryConditions / Clamp / states[3] / state: expected an object, found 1"},
+      {"\"procedure\": \"Step-1\"", "\"procedure\": \"Step-2\"",
+       "boundaryConditions / Clamp / states[1] / procedure: expected the step that the record belongs to, found \"Step-2\""},
+      {"\"procedure\": \"Step-1\"", "\"procedure\": \"Step-9\"",
+       "boundaryConditions / Clamp / states[1] / procedure: expected an object or the name of a step, found \"Step-9\""},
+      {"\"class\": \"kbcC_TypeBC\"", "\"class\": \"kbcC_BC\"",
+       "boundaryConditions / Clamp / class: expected a class that can be made, found \"kbcC_BC\""},
+      {"\"class\": \"kbcC_TypeBC\"", "\"class\": \"rgnC_Region\"", "boundaryConditions / Clamp / name: expected a text, found nothing"},
+      {"\"class\": \"kprC_InitialStep\"", "\"class\": \"kprC_Step\"",
+       "steps / steps[0] / procedure / class: expected a class that can be made"},
+      {"{\"stepName\": \"Initial\", \"procedure\": {", "{\"stepName\": \"First\", \"procedure\": {",
+       "steps / steps: expected \"Initial\" as the first step"},
+  };
+  std::string const text = Dump(SmallModel());
+  for (Row const& row : rows) {
+    std::string damaged = text;
+    std::size_t const at = damaged.find(row.text);
+    ASSERT_NE(at, std::string::npos) << row.text;
+    damaged.replace(at, std::string_view(row.text).size(), row.instead);
+    std::string const refusal = Refusal([&] { Parse(damaged); });
+    EXPECT_TRUE(refusal.starts_with(std::string("Model.gattr.json: ") + row.expected)) << row.instead << "\n" << refusal;
+  }
+}
+
+TEST(DamagedText, IsNeverHalfRead) {
+  std::string const text = Dump(SmallModel());
+  for (std::size_t size = 0; size + 2 < text.size(); size += 97) {
+    EXPECT_NE(Refusal([&] { Parse(text.substr(0, size)); }), "") << size;
+  }
+  std::mt19937 random(3);
+  for (int round = 0; round < 2000; ++round) {
+    std::string damaged = text;
+    char& byte = damaged[random() % damaged.size()];
+    byte = static_cast<char>(byte ^ 1 << random() % 8);
+    Refusal([&] {  // what is taken all the same is a model
+      ddr_Model const read = Parse(damaged);
+      EXPECT_TRUE(Parse(Dump(read)).Equals(read));
+    });
+  }
+}
+
+TEST(DamagedModelFile, IsRefusedOrHarmlessWhateverByteIsFlipped) {
+  ScratchFolder folder;
+  auto const path = folder / "Model.gadb";
+  ddr_Model const model = SmallModel();
+  gattr::ModelFile(path).Save(model);
+  std::string const bytes = BytesOf(path);
+  std::string const dump = Dump(model);
+  std::mt19937 random(4);
+  std::size_t refused = 0, tried = 0;
+  for (std::size_t at = 0; at < bytes.size(); at += 1 + random() % 20) {
+    if (at > 100 && bytes[at] == 0 && random() % 8 != 0) { continue; }  // mostly free space
+    std::string damaged = bytes;
+    damaged[at] = static_cast<char>(damaged[at] ^ 1 << random() % 8);
+    PutBytes(path, damaged);
+    std::string const refusal = Refusal([&] { EXPECT_EQ(Dump(gattr::ModelFile(path).Open()), dump) << at; });
+    EXPECT_TRUE(refusal.empty() || refusal.starts_with(path.string() + ": ")) << refusal;
+    refused += refusal.empty() ? 0 : 1;
+    ++tried;
+  }
+  EXPECT_GT(refused, tried / 2);
+  for (std::size_t size = 0; size < bytes.size(); size += 512) {
+    PutBytes(path, bytes.substr(0, size));
+    EXPECT_NE(OpenRefusal(kModelFile, path), "") << size;
+  }
+}
+
+TEST(DamagedModelFile, IsRefusedWhenRowsWereEditedByHand) {
+  struct Row {
+    char const* sql;
+    char const* expected;
+  };
+  Row const rows[] = {
+      {"UPDATE attributes SET name = 'Fix-2' WHERE name = 'Fix'",
+       "is damaged: attributes: \"boundaryConditions / Fix-2\" does not fit its checksum"},
+      {"UPDATE attributes SET class = 'kbcC_TypeBC' WHERE name = 'Fix'", "does not fit its checksum"},
+      {"UPDATE steps SET position = 9 WHERE position = 5", "is damaged: steps: \"Step-5\" does not fit its checksum"},
+      {"UPDATE steps SET data = x'00' WHERE position = 2", "is damaged: steps: \"Step-2\" does not fit its checksum"},
+      {"UPDATE names SET name = 'u7' WHERE name = 'u1'", "is damaged: names: \"u7\" does not fit its checksum"},
+      {"DELETE FROM attributes WHERE name = 'Fix'", "rows as they were written, found"},
+      {"DELETE FROM steps WHERE position = 5", "rows as they were written, found"},
+      {"DELETE FROM extensions WHERE name = 'fields'", "rows as they were written, found"},
+      {"DELETE FROM meta WHERE key = 'mark'", "is damaged: meta: expected \"mark\""},
+      {"UPDATE meta SET value = value + 1 WHERE key = 'rows'", "is damaged: meta does not fit its checksum"},
+      {"ALTER TABLE steps ADD COLUMN more INTEGER", "is damaged: expected the tables of a model"},
+      {"CREATE TABLE more(x)", "is damaged: expected the tables of a model"},
+      {"DROP TABLE objects", "is damaged: expected the tables of a model"},
+      {"PRAGMA user_version = 2", "is of the later version 2; expected version 1"},
+      {"PRAGMA user_version = 0", "is damaged: expected version 1"},
+      {"PRAGMA application_id = 1", "is no model file, but a database of another program"},
+  };
+  for (Row const& row : rows) {
+    ScratchFolder folder;
+    auto const path = folder / "Model.gadb";
+    gattr::ModelFile(path).Save(SmallModel());
+    RunSql(path, row.sql);
+    std::string const refusal = OpenRefusal(kModelFile, path);
+    EXPECT_TRUE(refusal.starts_with(path.string() + ": ")) << refusal;
+    EXPECT_NE(refusal.find(row.expected), std::string::npos) << row.sql << "\n" << refusal;
+  }
+}
+
+// Behind the checksums: bytes that no writer has written do no harm.
+TEST(DamagedModelFile, TakesRowsApartOnlyAsFarAsTheyHoldTogether) {
+  ddr_Model const model = SmallModel();
+  gattr::ModelSteps const steps(model);
+  gattr::RowNames names;
+  std::string const row = gattr::RowWriter(steps, names, "", gattr::RowWriter::Row::Object).Encode(*ConstBCs(model).ConstItem("Move"));
+  auto const decode = [&](std::string_view bytes) {
+    return Refusal([&] {
+      gattr::Document document("file");
+      document.Open(gattr::Document::Kind::Object, 0);
+      gattr::RowDecoder(document, names.Names()).Decode(bytes);
+      document.Close();
+    });
+  };
+  EXPECT_EQ(decode(row), "");
+  EXPECT_NE(decode(row + '\0').find("goes on behind its end"), std::string::npos);
+  for (std::size_t size = 0; size < row.size(); ++size) { EXPECT_NE(decode(std::string_view(row).substr(0, size)), "") << size; }
+  std::mt19937 random(5);
+  for (int round = 0; round < 20000; ++round) {
+    std::string damaged = row;
+    for (auto flips = 1 + random() % 3; flips > 0; --flips) { damaged[random() % damaged.size()] = static_cast<char>(random()); }
+    decode(damaged);
+  }
+}
+
+}  // namespace
