@@ -62,6 +62,7 @@ MemberArgument const* FindArgument(std::vector<MemberArgument> const& arguments,
 
 std::vector<std::string> ArgumentNames(std::vector<MemberArgument> const& arguments) {
   std::vector<std::string> names;
+  names.reserve(arguments.size());
   for (MemberArgument const& argument : arguments) { names.push_back(argument.argument); }
   return names;
 }

@@ -96,7 +96,7 @@ std::vector<ObjectCommand> const& ObjectCommands() {
        &SetReferenceValues},
       {"setValuesInStep",
        "sets members of an attribute from a step on",
-       {StepName(), MembersOf("a member of the attribute's state: a value, \"UNSET\" or \"FREED\"")},
+       {StepName(), MembersOf(R"(a member of the attribute's state: a value, "UNSET" or "FREED")")},
        &SetAttributeValuesInStep},
       {"deactivate", "switches an attribute off from a step on", {StepName()}, &DeactivateAttribute},
       {"reset", "takes back a deactivation", {StepName("the step of the deactivation")}, &ResetAttribute},

@@ -106,7 +106,8 @@ Outcome Session::Execute(Json const& command) {
       putBack();
     } else {
       redo_.clear();
-      undo_.push_back({before, LabelOf(subject), std::move(touched), changes, {}});
+      std::size_t const weight = Weight(touched);
+      Keep({before, LabelOf(subject), std::move(touched), weight, changes, {}});
       journal_.push_back(command);
     }
     return outcome;
@@ -122,7 +123,7 @@ Outcome Session::Execute(Json const& command) {
 Outcome Session::UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject) {
   arguments.AssertNoRest({});
   bool const undo = arguments.Command() == kUndo;
-  std::vector<Edit> const& edits = undo ? undo_ : redo_;
+  std::deque<Edit> const& edits = undo ? undo_ : redo_;
   if (edits.empty()) { RefuseEdit(subject, undo ? "There is nothing to undo." : "There is nothing to redo."); }
   Touched const touched = edits.back().touched;
   undo ? UndoEdit() : RedoEdit();
@@ -143,9 +144,24 @@ bool Session::Redo() { return Execute({{"command", kRedo}}).ok; }
 std::string Session::UndoLabel() const { return undo_.empty() ? "" : undo_.back().label; }
 std::string Session::RedoLabel() const { return redo_.empty() ? "" : redo_.back().label; }
 
+void Session::Keep(Edit edit) {
+  undoWeight_ += edit.weight;
+  undo_.push_back(std::move(edit));
+  for (; undoWeight_ > undoMemory_ && undo_.size() > 1; undo_.pop_front()) { undoWeight_ -= undo_.front().weight; }
+}
+
+std::size_t Session::Weight(Touched const& touched) const {
+  constexpr std::size_t kEdit = 1 << 10, kStep = 64, kAttribute = 512;
+  if (!touched.all) { return kEdit; }
+  std::size_t weight = kEdit + kStep * kprC_Steps(model_).Size();
+  ForEachRepository(model_, [&](auto const&, kprC_StepAwareRepository const& repository) { weight += kAttribute * repository.Size(); });
+  return weight;
+}
+
 void Session::UndoEdit() {
   Edit edit = std::move(undo_.back());
   undo_.pop_back();
+  undoWeight_ -= edit.weight;
   for (std::size_t i = edit.changes; i < changes_.Size(); ++i) { edit.records.push_back(changes_[i]); }
   changes_.TruncateTo(edit.changes);
   std::swap(model_, edit.model);
@@ -158,6 +174,7 @@ void Session::RedoEdit() {
   for (omu_PrimTuple& record : edit.records) { changes_.Append(std::move(record)); }
   edit.records.clear();
   std::swap(model_, edit.model);
+  undoWeight_ += edit.weight;
   undo_.push_back(std::move(edit));
 }
 

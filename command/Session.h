@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <deque>
 #include <string>
 #include <utility>
 #include <vector>
@@ -59,6 +61,8 @@ struct Touched {
 /// must have been started (DDB_GeometricAttributes_initialize).
 ///
 /// Snapshots are handle copies, so a command costs what its edit costs, and undoing it no more, whatever the model weighs.
+/// Undo reaches back to the first command, unless thousands of edits of a long step sequence, each of which makes the whole
+/// sequence anew, would fill the memory: then the oldest are forgotten (SetUndoMemory).
 /// Not for use by two threads at once; several sessions may live in one thread.
 class Session {
 public:
@@ -91,6 +95,9 @@ public:
   /// Off at first, as the latter costs as much as the whole model; always told of a dry run.
   void SetTrace(bool on) { trace_ = on; }
 
+  /// What the snapshots of edits that can be undone may hold, roughly, in bytes; 512 MiB at first. The last edit is always kept.
+  void SetUndoMemory(std::size_t bytes) { undoMemory_ = bytes; }
+
   /// All commands with their arguments, grouped.
   static std::vector<CommandInfo> Commands();
 
@@ -100,18 +107,22 @@ private:
     ddr_Model model;
     std::string label;
     Touched touched;
+    std::size_t weight;                  ///< what only this snapshot holds, roughly, in bytes
     std::size_t changes;                 ///< length of the change history before the edit
     std::vector<omu_PrimTuple> records;  ///< what the edit added to it, while it is undone
   };
 
   Outcome UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject);
+  void Keep(Edit edit);
+  std::size_t Weight(Touched const& touched) const;
   void UndoEdit();
   void RedoEdit();
   std::vector<NamedHistory> Histories(Touched const& touched) const;
 
   ddr_Model model_;
   omu_ChangeHistory changes_;
-  std::vector<Edit> undo_, redo_;
+  std::deque<Edit> undo_, redo_;  // the next one last
+  std::size_t undoWeight_ = 0, undoMemory_ = std::size_t{512} << 20;
   std::vector<Json> journal_;
   bool trace_ = false;
 };

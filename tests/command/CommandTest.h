@@ -8,19 +8,12 @@
 
 #include "command/Session.h"
 #include "framework/kprC_StepAwareRepository.h"
-#include "module/DDB_GeometricAttributes.h"
+#include "tests/support/Library.h"
+#include "tests/support/StepLetters.h"
 
 namespace gattr {
 
-/// Runs with the library started.
-class CommandTest : public ::testing::Test {
-protected:
-  CommandTest() { DDB_GeometricAttributes_initialize(started_); }
-  ~CommandTest() override { DDB_GeometricAttributes_finalize(started_); }
-
-private:
-  int started_ = 0;
-};
+using CommandTest = test::WithLibrary;
 
 /// A command as it is written in a journal.
 inline Json Line(std::string_view text) { return Json::parse(text); }
@@ -33,21 +26,8 @@ inline void RunJournal(Session& session, std::vector<std::string> const& lines) 
   }
 }
 
-/// The construction command of a step by its letter.
-inline std::string StepCommand(char letter) {
-  switch (letter) {
-    case 'G': return "StaticStep";
-    case 'E': return "ImplicitDynamicsStep";
-    case 'X': return "ExplicitDynamicsStep";
-    case 'A': return "AnnealStep";
-    case 'P': return "StaticLinearPerturbationStep";
-    case 'F': return "FrequencyStep";
-    case 'M': return "ModalDynamicsStep";
-    case 'C': return "ComplexFrequencyStep";
-    case 'S': return "SubspaceDynamicsStep";
-    default: return "";
-  }
-}
+/// The construction command of a step by its letter (StepLetters.h).
+inline std::string StepCommand(char letter) { return std::string(kprC_FindProcedure(test::StepOf(letter)->DynTypeId())->command.View()); }
 
 /// Appends steps S1, S2, ... for the letters behind the "I" of the initial one.
 inline void AppendSteps(Session& session, std::string_view letters) {

@@ -7,7 +7,7 @@ namespace {
 
 /// What a displacement condition goes through: operations in short, each followed by the history or by the refusal's number.
 struct Story {
-  char const* steps;   ///< letters of CommandTest.h behind "I"
+  char const* steps;   ///< as StepLetters.h has them
   char const* create;  ///< the create step
   std::vector<std::pair<char const*, char const*>> operations;
 };

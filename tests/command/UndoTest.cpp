@@ -165,6 +165,20 @@ TEST_F(Undo, SharesWhatTheEditLeftAlone) {
   EXPECT_EQ(BoundaryConditions(session).ConstItem("B"), b) << "the very object comes back";
 }
 
+TEST_F(Undo, ForgetsTheOldestEditsWhenTheyFillTheMemory) {
+  Session session;
+  session.SetUndoMemory(1 << 20);
+  constexpr int kSteps = 300;
+  for (int i = 1; i <= kSteps; ++i) { session.Execute({{"command", "StaticStep"}, {"name", std::to_string(i)}}); }
+  int undone = 0;
+  while (session.Undo()) { ++undone; }
+  EXPECT_LT(undone, kSteps);
+  EXPECT_GT(undone, kSteps / 8);
+  EXPECT_EQ(BoundaryConditions(session).Steps().Size(), static_cast<std::size_t>(kSteps - undone + 1));
+  while (session.Redo()) {}
+  EXPECT_EQ(BoundaryConditions(session).Steps().Size(), static_cast<std::size_t>(kSteps + 1));
+}
+
 TEST_F(Undo, KeepsTheChangesOfSessionsApart) {
   Session one, other;
   AppendSteps(one, "IG");
