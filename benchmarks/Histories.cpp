@@ -37,20 +37,10 @@ struct Size {
   bench::Steps kind;
 };
 
-/// Runs \p work and counts its time against moving the records of \p attributes.
+/// Measures \p work against moving the records of \p attributes.
 template <class Before, class Work>
 void Measure(benchmark::State& state, Size const& size, std::size_t attributes, Before&& before, Work&& work) {
-  double spent = 0.0;
-  for (auto _ : state) {
-    before();
-    auto const start = std::chrono::steady_clock::now();
-    work();
-    double const seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    state.SetIterationTime(seconds);
-    spent += seconds;
-  }
-  double const limit = bench::SecondsToMove(size.steps * attributes, attributes * bench::kStatesPerCondition);
-  state.counters["limit"] = spent / static_cast<double>(state.iterations()) / limit;
+  bench::Measure(state, bench::SecondsToMove(size.steps * attributes, attributes * bench::kStatesPerCondition), before, work);
 }
 
 void Build(benchmark::State& state) {

@@ -39,19 +39,6 @@ double SecondsToRead(std::size_t bytes) {
   return seconds;
 }
 
-template <class Before, class Work> void Measure(benchmark::State& state, double limit, Before&& before, Work&& work) {
-  double spent = 0.0;
-  for (auto _ : state) {
-    before();
-    auto const start = std::chrono::steady_clock::now();
-    work();
-    double const seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    state.SetIterationTime(seconds);
-    spent += seconds;
-  }
-  state.counters["limit"] = spent / static_cast<double>(state.iterations()) / limit;
-}
-
 void Run(benchmark::State& state, gattr::Session& session, gattr::Json const& command) {
   gattr::Outcome const outcome = session.Execute(command);
   if (!outcome.ok) { state.SkipWithError(outcome.message.c_str()); }
@@ -72,14 +59,14 @@ void EditCommandOnce(benchmark::State& state) {
   gattr::Session session(size.Model());
   double value = 0.0;
   gattr::Json command;
-  Measure(
+  bench::Measure(
       state, bench::SecondsToMove(size.steps, bench::kStatesPerCondition),
       [&] { command = EditCommand(session.Model(), size, value += 1.0); }, [&] { Run(state, session, command); });
 }
 void UndoEditCommand(benchmark::State& state) {
   Size const size(state);
   gattr::Session session(size.Model());
-  Measure(
+  bench::Measure(
       state, bench::SecondsToMove(size.steps, bench::kStatesPerCondition),
       [&] { Run(state, session, EditCommand(session.Model(), size, 5.0)); }, [&] { session.Undo(); });
 }
@@ -87,7 +74,7 @@ void InsertStepCommand(benchmark::State& state) {
   Size const size(state);
   gattr::Session session(size.Model());
   gattr::Json const command = InsertCommand(session.Model(), size);
-  Measure(
+  bench::Measure(
       state, bench::SecondsToMove(size.steps * size.attributes, size.attributes * bench::kStatesPerCondition), [&] { session.Undo(); },
       [&] { Run(state, session, command); });
 }
@@ -95,7 +82,7 @@ void UndoInsertStepCommand(benchmark::State& state) {
   Size const size(state);
   gattr::Session session(size.Model());
   gattr::Json const command = InsertCommand(session.Model(), size);
-  Measure(
+  bench::Measure(
       state, bench::SecondsToMove(size.steps * size.attributes, size.attributes * bench::kStatesPerCondition),
       [&] { Run(state, session, command); }, [&] { session.Undo(); });
 }
@@ -104,7 +91,7 @@ void FirstSave(benchmark::State& state) {
   Size const size(state);
   ddr_Model const model = size.Model();
   std::filesystem::path const path = Scratch("gattr-bench.gadb");
-  Measure(
+  bench::Measure(
       state, SecondsToWrite(size.Bytes()), [&] { std::filesystem::remove(path); }, [&] { gattr::ModelFile(path).Save(model); });
   state.counters["MB"] = static_cast<double>(std::filesystem::file_size(path)) / 1e6;
   std::filesystem::remove(path);
@@ -114,7 +101,7 @@ void Open(benchmark::State& state) {
   std::filesystem::path const path = Scratch("gattr-bench.gadb");
   std::filesystem::remove(path);
   gattr::ModelFile(path).Save(size.Model());
-  Measure(
+  bench::Measure(
       state, SecondsToRead(size.Bytes()), [] {}, [&] { benchmark::DoNotOptimize(gattr::ModelFile(path).Open()); });
   std::filesystem::remove(path);
 }
@@ -126,7 +113,7 @@ void SaveAfterOneEdit(benchmark::State& state) {
   gattr::ModelFile file(path);
   file.Save(session.Model());
   double value = 0.0;
-  Measure(
+  bench::Measure(
       state, SecondsToWrite(size.steps * 40 + bench::kStatesPerCondition * 64),
       [&] { Run(state, session, EditCommand(session.Model(), size, value += 1.0)); }, [&] { file.Save(session.Model()); });
   std::filesystem::remove(path);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <chrono>
 #include <cstring>
 #include <string>
@@ -100,6 +102,20 @@ inline double SecondsToMove(std::size_t records, std::size_t states) {
 
 /// The states that a condition of the workload holds: one per own record and one per stretch that carries it.
 inline constexpr std::size_t kStatesPerCondition = 8;
+
+/// Times \p work, after \p before, which does not count; the counter "limit" is its time over that of the limit.
+template <class Before, class Work> void Measure(benchmark::State& state, double limit, Before&& before, Work&& work) {
+  double spent = 0.0;
+  for (auto _ : state) {
+    before();
+    auto const start = std::chrono::steady_clock::now();
+    work();
+    double const seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    state.SetIterationTime(seconds);
+    spent += seconds;
+  }
+  state.counters["limit"] = spent / static_cast<double>(state.iterations()) / limit;
+}
 
 /// Starts the library for the program's life.
 struct Library {

@@ -18,11 +18,6 @@
 #include "platform/NonGeometricAttributes/ZLKDDB_NonGeometricAttributes.h"
 
 namespace {
-ddb_CallCounter& Calls() {
-  static ddb_CallCounter calls;
-  return calls;
-}
-
 struct Part {
   void (*initialize)(int&);
   void (*finalize)(int&);
@@ -66,15 +61,15 @@ constexpr Part kParts[] = {
 }  // namespace
 
 void DDB_GeometricAttributes_initialize(int& count) {
-  if (!Calls().Enter()) { return; }
-  ++count;
-  int started = 0;  // the parts' own counts; the caller counts the library
-  for (Part const& part : kParts) { part.initialize(started); }
+  ddb_Start<Part>(count, [] {
+    int started = 0;  // the parts' own counts; the caller counts the library
+    for (Part const& part : kParts) { part.initialize(started); }
+  });
 }
 
 void DDB_GeometricAttributes_finalize(int& count) {
-  if (!Calls().Leave()) { return; }
-  --count;
-  int started = static_cast<int>(std::size(kParts));
-  for (auto part = std::rbegin(kParts); part != std::rend(kParts); ++part) { part->finalize(started); }
+  ddb_Stop<Part>(count, [] {
+    int started = static_cast<int>(std::size(kParts));
+    for (auto part = std::rbegin(kParts); part != std::rend(kParts); ++part) { part->finalize(started); }
+  });
 }

@@ -3,18 +3,15 @@
 #include "framework/ddb_Module.h"
 
 namespace {
-template <unsigned Number> ddb_CallCounter& Calls() {
-  static ddb_CallCounter calls;
-  return calls;
+template <unsigned Number> struct Module;
 }
-}  // namespace
 
-#define DDB_BARE_MODULE(prefix, name, number)                        \
-  void name##_initialize(int& count) {                               \
-    ddb_EnterModule(Calls<number>(), count, number, #prefix, [] {}); \
-  }                                                                  \
-  void name##_finalize(int& count) {                                 \
-    ddb_LeaveModule(Calls<number>(), count, number, [] {});          \
+#define DDB_BARE_MODULE(prefix, name, number)                       \
+  void name##_initialize(int& count) {                              \
+    ddb_EnterModule<Module<number>>(count, number, #prefix, [] {}); \
+  }                                                                 \
+  void name##_finalize(int& count) {                                \
+    ddb_LeaveModule<Module<number>>(count, number, [] {});          \
   }
 #include "module/ddb_BareModules.def"
 #undef DDB_BARE_MODULE

@@ -7,10 +7,7 @@
 #include "module/kbc/kbcC_TypeBC.h"
 
 namespace {
-ddb_CallCounter& Calls() {
-  static ddb_CallCounter calls;
-  return calls;
-}
+struct Module;
 
 template <class T> std::unique_ptr<kbcC_BC> Make() { return std::make_unique<T>(); }
 template <std::size_t Kind> std::unique_ptr<kbcC_BC> MakeKind() { return std::make_unique<kbcC_TypeBC>(kbcC_TypeBC::kKinds[Kind].kind); }
@@ -37,7 +34,7 @@ static_assert(std::size(kConstructors) == 1 + std::size(kbcC_TypeBC::kKinds), "a
 std::span<kbcC_Constructor const> kbcC_Constructors() { return kConstructors; }
 
 void kbcC_initialize(int& count) {
-  ddb_EnterModule(Calls(), count, kbcC_moduleNumber, kbcC_BC::kModule, [] {
+  ddb_EnterModule<Module>(count, kbcC_moduleNumber, kbcC_BC::kModule, [] {
     mdl_ExtensionSubject::RegisterExtension(ddr_Model::bcCmd(), cow_Handle<kprC_PropagatingContainer<kbcC_BC>>::Make());
     thr_GlobalSingleton<nex_Catalogues>::Instance().Register({kbcC_BC::kModule, kbcC_Errors()});
 #define KBC_TYPE(number, Class, name) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
@@ -47,7 +44,7 @@ void kbcC_initialize(int& count) {
 }
 
 void kbcC_finalize(int& count) {
-  ddb_LeaveModule(Calls(), count, kbcC_moduleNumber, [] {
+  ddb_LeaveModule<Module>(count, kbcC_moduleNumber, [] {
     thr_GlobalSingleton<nex_Catalogues>::Instance().Withdraw(kbcC_BC::kModule);
     mdl_ExtensionSubject::UnregisterExtension(ddr_Model::bcCmd());
   });

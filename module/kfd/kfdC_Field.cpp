@@ -7,14 +7,11 @@ kfdC_Field::kfdC_Field() = default;
 kfdC_Field::kfdC_Field(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
 
 namespace {
-ddb_CallCounter& Calls() {
-  static ddb_CallCounter calls;
-  return calls;
-}
+struct Module;
 }  // namespace
 
 void kfdC_initialize(int& count) {
-  ddb_EnterModule(Calls(), count, kfdC_moduleNumber, "kfd", [] {
+  ddb_EnterModule<Module>(count, kfdC_moduleNumber, "kfd", [] {
     mdl_ExtensionSubject::RegisterExtension(ddr_Model::fieldsCmd(), cow_Handle<kfdC_FieldMap>::Make());
     cls_MetadataRegistrar::initClassMetadata(&kfdC_Field::InitializeMetadata, ddb_metadataFlag);
     cls_MetadataRegistrar::initClassMetadata(&kfdC_FieldMap::InitializeMetadata, ddb_metadataFlag);
@@ -22,5 +19,5 @@ void kfdC_initialize(int& count) {
 }
 
 void kfdC_finalize(int& count) {
-  ddb_LeaveModule(Calls(), count, kfdC_moduleNumber, [] { mdl_ExtensionSubject::UnregisterExtension(ddr_Model::fieldsCmd()); });
+  ddb_LeaveModule<Module>(count, kfdC_moduleNumber, [] { mdl_ExtensionSubject::UnregisterExtension(ddr_Model::fieldsCmd()); });
 }

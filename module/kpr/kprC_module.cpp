@@ -11,15 +11,12 @@ namespace {
 
 constexpr char const* kModule = "kpr";
 
-ddb_CallCounter& Calls() {
-  static ddb_CallCounter calls;
-  return calls;
-}
+struct Module;
 
 }  // namespace
 
 void kprC_initialize(int& count) {
-  ddb_EnterModule(Calls(), count, kprC_moduleNumber, kModule, [] {
+  ddb_EnterModule<Module>(count, kprC_moduleNumber, kModule, [] {
     mdl_ExtensionSubject::RegisterExtension(ddr_Model::stepsCmd(), cow_Handle<kprC_StepContainer>::Make());
     thr_GlobalSingleton<nex_Catalogues>::Instance().Register({kModule, kprC_Errors()});
     cls_MetadataRegistrar::initClassMetadata(&kprC_StepNameProcedurePair::InitializeMetadata, ddb_metadataFlag);
@@ -30,7 +27,7 @@ void kprC_initialize(int& count) {
 }
 
 void kprC_finalize(int& count) {
-  ddb_LeaveModule(Calls(), count, kprC_moduleNumber, [] {
+  ddb_LeaveModule<Module>(count, kprC_moduleNumber, [] {
     thr_ThreadSingleton<kprC_LabelsBitMap>::Finalize();
     thr_GlobalSingleton<kprC_ProcedureTypeLabelMap>::Finalize();
     thr_GlobalSingleton<nex_Catalogues>::Instance().Withdraw(kModule);

@@ -5,20 +5,15 @@
 #include "platform/CoreUtils/ddb_CallCounter.h"
 
 namespace {
-ddb_CallCounter& Calls() {
-  static ddb_CallCounter calls;
-  return calls;
+struct Library;
 }
-}  // namespace
 
 void ZLKUTI_BasicUtils_initialize(int& count) {
-  if (!Calls().Enter()) { return; }
-  ++count;
+  ddb_Start<Library>(count, [] {});
 }
-
 void ZLKUTI_BasicUtils_finalize(int& count) {
-  if (!Calls().Leave()) { return; }
-  --count;
-  thr_GlobalSingleton<nex_Catalogues>::Finalize();
-  thr_GlobalSingleton<cls_ClassRegistrar>::Finalize();
+  ddb_Stop<Library>(count, [] {
+    thr_GlobalSingleton<nex_Catalogues>::Finalize();
+    thr_GlobalSingleton<cls_ClassRegistrar>::Finalize();
+  });
 }

@@ -43,8 +43,7 @@ void cls_ClassRegistrar::RemoveModule(unsigned module) {
 }
 
 void cls_MetadataRegistrar::initClassMetadata(void (*initialize)(cls_ClassRegistrar&), int flag) {
-  constexpr int kDescribeMakeDestroy = 7;
-  if (flag == kDescribeMakeDestroy) { initialize(Registrar()); }
+  if (flag == ddb_metadataFlag) { initialize(Registrar()); }
 }
 
 void cls_MetadataRegistrar::finalizeModule(unsigned module) { Registrar().RemoveModule(module); }

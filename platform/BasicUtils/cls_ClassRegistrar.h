@@ -40,6 +40,9 @@ private:
   std::map<unsigned, cls_ClassMetadata> classes_;
 };
 
+/// Flag with which a module hands over its metadata functions: describe, make and destroy.
+inline constexpr int ddb_metadataFlag = 7;
+
 /// Where the modules hand over their classes' metadata functions at their start.
 class DDB_API cls_MetadataRegistrar {
 public:

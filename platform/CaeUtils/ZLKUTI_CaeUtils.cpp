@@ -5,19 +5,12 @@
 #include "platform/CoreUtils/thr_Singleton.h"
 
 namespace {
-ddb_CallCounter& Calls() {
-  static ddb_CallCounter calls;
-  return calls;
+struct Library;
 }
-}  // namespace
 
 void ZLKUTI_CaeUtils_initialize(int& count) {
-  if (!Calls().Enter()) { return; }
-  ++count;
+  ddb_Start<Library>(count, [] {});
 }
-
 void ZLKUTI_CaeUtils_finalize(int& count) {
-  if (!Calls().Leave()) { return; }
-  --count;
-  thr_ThreadSingleton<omu_ChangeHistory>::Finalize();
+  ddb_Stop<Library>(count, [] { thr_ThreadSingleton<omu_ChangeHistory>::Finalize(); });
 }

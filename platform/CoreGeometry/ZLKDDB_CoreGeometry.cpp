@@ -6,22 +6,18 @@
 #include "platform/CoreUtils/ddb_CallCounter.h"
 
 namespace {
-ddb_CallCounter& Calls() {
-  static ddb_CallCounter calls;
-  return calls;
+struct Library;
 }
-}  // namespace
 
 void ZLKDDB_CoreGeometry_initialize(int& count) {
-  if (!Calls().Enter()) { return; }
-  ++count;
-  cls_MetadataRegistrar::initClassMetadata(&rgnC_Region::InitializeMetadata, 7);
-  cls_MetadataRegistrar::initClassMetadata(&dtmC_DatumRef::InitializeMetadata, 7);
+  ddb_Start<Library>(count, [] {
+    cls_MetadataRegistrar::initClassMetadata(&rgnC_Region::InitializeMetadata, ddb_metadataFlag);
+    cls_MetadataRegistrar::initClassMetadata(&dtmC_DatumRef::InitializeMetadata, ddb_metadataFlag);
+  });
 }
-
 void ZLKDDB_CoreGeometry_finalize(int& count) {
-  if (!Calls().Leave()) { return; }
-  --count;
-  cls_MetadataRegistrar::finalizeModule(rgnC_Region::TypeId() >> 16);
-  cls_MetadataRegistrar::finalizeModule(dtmC_DatumRef::TypeId() >> 16);
+  ddb_Stop<Library>(count, [] {
+    cls_MetadataRegistrar::finalizeModule(rgnC_Region::TypeId() >> 16);
+    cls_MetadataRegistrar::finalizeModule(dtmC_DatumRef::TypeId() >> 16);
+  });
 }

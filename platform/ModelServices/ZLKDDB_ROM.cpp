@@ -3,18 +3,12 @@
 #include "platform/CoreUtils/ddb_CallCounter.h"
 
 namespace {
-ddb_CallCounter& Calls() {
-  static ddb_CallCounter calls;
-  return calls;
+struct Library;
 }
-}  // namespace
 
 void ZLKDDB_ROM_initialize(int& count) {
-  if (!Calls().Enter()) { return; }
-  ++count;
+  ddb_Start<Library>(count, [] {});
 }
-
 void ZLKDDB_ROM_finalize(int& count) {
-  if (!Calls().Leave()) { return; }
-  --count;
+  ddb_Stop<Library>(count, [] {});
 }

@@ -5,20 +5,12 @@
 #include "platform/NonGeometricAttributes/ampC_Amplitude.h"
 
 namespace {
-ddb_CallCounter& Calls() {
-  static ddb_CallCounter calls;
-  return calls;
+struct Library;
 }
-}  // namespace
 
 void ZLKDDB_NonGeometricAttributes_initialize(int& count) {
-  if (!Calls().Enter()) { return; }
-  ++count;
-  cls_MetadataRegistrar::initClassMetadata(&ampC_Amplitude::InitializeMetadata, 7);
+  ddb_Start<Library>(count, [] { cls_MetadataRegistrar::initClassMetadata(&ampC_Amplitude::InitializeMetadata, ddb_metadataFlag); });
 }
-
 void ZLKDDB_NonGeometricAttributes_finalize(int& count) {
-  if (!Calls().Leave()) { return; }
-  --count;
-  cls_MetadataRegistrar::finalizeModule(ampC_Amplitude::TypeId() >> 16);
+  ddb_Stop<Library>(count, [] { cls_MetadataRegistrar::finalizeModule(ampC_Amplitude::TypeId() >> 16); });
 }
