@@ -33,7 +33,7 @@ public:
   int nPoints = 20;
 
   /// Refuses: 40 unless 0 < lower < upper; 39 fewer than two points; 41 a bias that is not above 0.
-  void AssertValid() const;
+  DDB_API void AssertValid() const;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kprC_FrequencyBounds::VisitMembers(visit);

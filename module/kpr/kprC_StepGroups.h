@@ -225,7 +225,7 @@ struct kprC_ModalDamping {
 
   /// Refuses what the components refuse, kind by kind; 23 a mode to which two components of composite damping apply; then 160
   /// a kind that is given both by modes and by frequency.
-  void AssertDamping() const;
+  DDB_API void AssertDamping() const;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     using P = kprC_StepParameters;
@@ -243,7 +243,7 @@ struct kprC_HarmonicDamping : kprC_ModalDamping {
   kprC_StructuralDampingByFrequency structuralDampingByFrequency;
 
   /// Refuses what the other kinds refuse, then the same of structural damping.
-  void AssertDamping() const;
+  DDB_API void AssertDamping() const;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     using P = kprC_StepParameters;
