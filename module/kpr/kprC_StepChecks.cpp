@@ -53,7 +53,8 @@ void kprC_AssertStabilizationSolver(MatrixSolver solver, kprC_AdaptiveStabilizat
 
 void kprC_AssertContactIterations(MatrixSolver solver, kprC_ContactIterations const& contact, kprC_SolutionTechnique const* technique) {
   if (!contact.applyContactIterations) { return; }
-  bool const isDirect = solver == MatrixSolver::DIRECT_SYMMETRIC || solver == MatrixSolver::DIRECT_UNSYMMETRIC || solver == MatrixSolver::SOLVER_DEFAULT;
+  bool const isDirect =
+      solver == MatrixSolver::DIRECT_SYMMETRIC || solver == MatrixSolver::DIRECT_UNSYMMETRIC || solver == MatrixSolver::SOLVER_DEFAULT;
   kprC_Assert(isDirect, ContactIterationsSolver);
   kprC_Assert(technique == nullptr || !IsQuasiNewton(*technique), SolutionTechniquesMixed);
 }
