@@ -24,6 +24,11 @@ bool IsStateWord(cls_Value const& value) {
   return text != nullptr && (*text == "UNSET" || *text == "FREED" || *text == "PROPAGATED");
 }
 
+/// Whether the member is a list of objects that are given as named members.
+bool IsOfObjects(cls_MemberInfo const& info) {
+  return info.many && info.kind == cls_MemberKind::Object && info.typeId != rgnC_Region::TypeId();
+}
+
 /// Whether \p object, a copy made for the trial, takes the value.
 bool Takes(cls_Object& object, std::string_view member, cls_Value const& value) {
   try {
@@ -33,7 +38,10 @@ bool Takes(cls_Object& object, std::string_view member, cls_Value const& value) 
   return false;
 }
 
-[[noreturn]] void RefuseMember(Subject& subject, MemberArgument const& member, cls_Value const& value) {
+[[noreturn]] void RefuseMember(Subject& subject, MemberArgument const& member, cls_Value const& value, std::exception const& error) {
+  if (IsOfObjects(*member.info) && value.As<cls_Value::List>() != nullptr) {  // the refusal names what is wrong in which object
+    RefuseValue(subject, Quoted(member.argument) + ": " + RefusalOf(error).message);
+  }
   std::string hint;
   if (auto const* text = value.As<std::string>(); text != nullptr && !member.info->permissible.empty()) {
     if (auto const nearest = Nearest(*text, member.info->permissible); !nearest.empty()) { hint = "Did you mean " + Quoted(nearest) + "?"; }
@@ -75,12 +83,17 @@ ArgumentInfo Describe(MemberArgument const& argument, bool required) {
 std::string ExpectedValue(cls_MemberInfo const& info) {
   std::string expected;
   switch (info.kind) {
-    case cls_MemberKind::Integer: expected = "a 32-bit integer"; break;
+    case cls_MemberKind::Integer:
+      expected = "a 32-bit integer";
+      if (!info.permissible.empty()) { expected += " or " + QuotedList(info.permissible, info.permissible.size()); }
+      break;
     case cls_MemberKind::Real: expected = "a finite number"; break;
     case cls_MemberKind::String: expected = "a text"; break;
     case cls_MemberKind::Boolean: expected = "true or false"; break;
     case cls_MemberKind::Enumerated: expected = "one of " + QuotedList(info.permissible, info.permissible.size()); break;
-    case cls_MemberKind::Object: expected = info.typeId == rgnC_Region::TypeId() ? "the name of a region" : "a name"; break;
+    case cls_MemberKind::Object:
+      expected = info.typeId == rgnC_Region::TypeId() ? "the name of a region" : info.many ? "an object with named members" : "a name";
+      break;
   }
   if (info.many) { expected = "a list, each " + expected; }
   return info.propagating ? expected + R"(, "UNSET" or "FREED")" : expected;
@@ -117,7 +130,7 @@ void ExplainValues(Subject& subject, cls_Object const& object, std::vector<Membe
     for (auto const& [name, value] : members) {
       MemberArgument const* argument = FindArgument(settable, name);
       if (argument == nullptr || Takes(*trial, argument->info->name, value)) { continue; }
-      if (RefusalOf(error).code < 0) { RefuseMember(subject, *argument, value); }
+      if (RefusalOf(error).code < 0) { RefuseMember(subject, *argument, value, error); }
       subject.member = name;
       subject.atFault = true;
       subject.hint = "Expected " + ExpectedValue(*argument->info) + ".";

@@ -8,13 +8,27 @@
 namespace {
 constexpr bool kAddedMassPermitted = true;
 
+/// Refuses a sequence in which a general step turns nlgeom off after an earlier one had it on. Steps without it, which are
+/// the perturbation steps and those without displacements, neither turn it off nor on.
+void AssertNlgeom(kprC_StepContainer const& steps) {
+  using enum kprC_Step::NlgeomEnm;
+  bool isOn = false;
+  for (std::size_t i = 0; i < steps.Size(); ++i) {
+    kprC_Step::NlgeomEnm const nlgeom = steps.Step(i).Nlgeom();
+    kprC_Assert(!isOn || nlgeom != OFF, kprC_ErrorEnm::NlgeomTurnedOff);
+    isOn = isOn || nlgeom == ON;
+  }
+}
+
 /// Edits a copy of the model, which shares what the edit leaves alone, and puts it in the model's place at the end.
 template <class Edit> void WholeOrNothing(ddr_Model& model, Edit&& edit) {
   omu_ChangeHistory& changes = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
   std::size_t const mark = changes.Size();
   try {
     ddr_Model copy = model;
-    edit(copy.Get<kprC_StepContainer>(ddr_Model::stepsCmd()));
+    auto& steps = copy.Get<kprC_StepContainer>(ddr_Model::stepsCmd());
+    edit(steps);
+    AssertNlgeom(steps);
     kprC_UpdateRepositories(copy);
     model = std::move(copy);
   } catch (...) {

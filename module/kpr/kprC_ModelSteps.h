@@ -11,7 +11,7 @@
 /// history as they were. Linear in the steps and in the attributes.
 ///
 /// Refusals beside those of kprC_StepContainer: what the step's AssertValid refuses, 50 for a procedure that may not stand
-/// there, then what the attributes refuse.
+/// there, 53 when a general step would turn nlgeom off after an earlier one had it on, then what the attributes refuse.
 DDB_API kprC_StepContainer const& kprC_Steps(ddr_Model const& model);
 /// Inserts \p step behind the step called \p previous.
 DDB_API void kprC_InsertStep(ddr_Model& model, cow_String const& previous, cow_String const& name, kprC_StepHandle const& step);

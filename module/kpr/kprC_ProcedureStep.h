@@ -1,17 +1,20 @@
 #pragma once
 
 #include "module/kpr/kprC_AnalysisStep.h"
+#include "module/kpr/kprC_StepGroups.h"
 
-/// What a concrete step class needs beside its own parameters: persistence, its construction command, and the list of
-/// the base's members that its row of the procedure table calls Member. A class with parameters of its own lists them
-/// after these:
+/// What a concrete step class needs beside its own parameters: persistence, its construction command, and a list of the base's
+/// members that its row of the procedure table calls Member and of the groups of parameters that it has. A class with
+/// parameters of its own lists them after these:
 /// \code
-///   template <class V> static constexpr void VisitMembers(V&& visit) {
-///     kprC_ProcedureStep::VisitMembers(visit);
-///     visit(initialIncCmd(), &kprC_StaticStep::initialInc, initialIncText());
-///   }
+///   class kprC_ViscoStep final : public kprC_ProcedureStep<kprC_ViscoStep, kprC_Incrementation, kprC_ContactIterations> {
+///     template <class V> static constexpr void VisitMembers(V&& visit) {
+///       kprC_ProcedureStep::VisitMembers(visit);
+///       visit(cetolCmd(), &kprC_ViscoStep::cetol, cetolText());
+///     }
+///   };
 /// \endcode
-template <class Derived> class kprC_ProcedureStep : public cls_Persistent<Derived, kprC_AnalysisStep> {
+template <class Derived, class... Groups> class kprC_ProcedureStep : public cls_Persistent<Derived, kprC_AnalysisStep>, public Groups... {
   static constexpr kprC_ProcedureRow const& kRow = *kprC_FindProcedure(cls_TypeIdOf<Derived>::value);
 
 public:
@@ -29,5 +32,6 @@ public:
     if constexpr (kRow.convertSDI == Member) { visit(Base::convertSDICmd(), &Base::convertSDI, Base::convertSDIText()); }
     if constexpr (kRow.response == Member) { visit(Base::responseCmd(), &Base::response, Base::responseText()); }
     if constexpr (kRow.adiabatic == Member) { visit(Base::adiabaticCmd(), &Base::adiabatic, Base::adiabaticText()); }
+    (Groups::VisitMembers(visit), ...);
   }
 };

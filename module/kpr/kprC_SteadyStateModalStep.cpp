@@ -1,4 +1,11 @@
 #include "module/kpr/kprC_SteadyStateModalStep.h"
 
+#include "module/kpr/kprC_StepChecks.h"
+
 kprC_SteadyStateModalStep::kprC_SteadyStateModalStep() = default;
 kprC_SteadyStateModalStep::kprC_SteadyStateModalStep(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
+
+void kprC_SteadyStateModalStep::AssertValid() const {
+  kprC_AssertRanges(frequencyRange);
+  AssertDamping();
+}

@@ -64,6 +64,10 @@ public:
   virtual void AssertValid() const = 0;
 
   template <class V> static constexpr void VisitMembers(V&&) {}
+
+protected:
+  /// Raises the numbered refusal that the member's text names, where it names one.
+  [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override;
 };
 
 template <> struct omu_EnumTable<kprC_Step::NlgeomEnm> {

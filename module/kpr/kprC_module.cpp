@@ -5,6 +5,7 @@
 #include "module/kpr/kprC_ProcedureTypeLabelMap.h"
 #include "module/kpr/kprC_StepContainer.h"
 #include "module/kpr/kprC_Steps.h"
+#include "module/kpr/kprC_TimePoint.h"
 #include "module/kpr/kprC_assert.h"
 
 namespace {
@@ -18,8 +19,10 @@ struct Module;
 void kprC_initialize(int& count) {
   ddb_EnterModule<Module>(count, kprC_moduleNumber, kModule, [] {
     mdl_ExtensionSubject::RegisterExtension(ddr_Model::stepsCmd(), cow_Handle<kprC_StepContainer>::Make());
+    mdl_ExtensionSubject::RegisterExtension(kprC_TimePoint::repositoryCmd(), cow_Handle<kprC_TimePointMap>::Make());
     thr_GlobalSingleton<nex_Catalogues>::Instance().Register({kModule, kprC_Errors()});
     cls_MetadataRegistrar::initClassMetadata(&kprC_StepNameProcedurePair::InitializeMetadata, ddb_metadataFlag);
+    cls_MetadataRegistrar::initClassMetadata(&kprC_TimePointMap::InitializeMetadata, ddb_metadataFlag);
 #define KPR_TYPE(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
 #include "module/kpr/kprC_TypeTable.def"
 #undef KPR_TYPE
@@ -31,6 +34,7 @@ void kprC_finalize(int& count) {
     thr_ThreadSingleton<kprC_LabelsBitMap>::Finalize();
     thr_GlobalSingleton<kprC_ProcedureTypeLabelMap>::Finalize();
     thr_GlobalSingleton<nex_Catalogues>::Instance().Withdraw(kModule);
+    mdl_ExtensionSubject::UnregisterExtension(kprC_TimePoint::repositoryCmd());
     mdl_ExtensionSubject::UnregisterExtension(ddr_Model::stepsCmd());
   });
 }

@@ -167,11 +167,19 @@ template <class M> cls_Value cls_ObjectTraits<M>::ToValue(M const& value) {
   return fields;
 }
 
+/// Refuses a member that an object given as named members does not have; \p known are the names of those that it has.
+[[noreturn]] DDB_API void cls_RefuseUnknownMember(std::string_view name, std::string_view known);
+
 template <class M> std::string_view cls_ObjectTraits<M>::FromValue(M& value, cls_Value const& from) {
   auto const* fields = from.As<cls_Value::Fields>();
   if (fields == nullptr) { return "an object with named members"; }
   for (auto const& [name, field] : *fields) {
-    if (!value.SetMember(name, field)) { return "an object with known members only"; }
+    if (value.SetMember(name, field)) { continue; }
+    std::string known;
+    cls_ForEachMember(value, [&](std::string_view own, cls_MemberText const&, auto const&) {
+      known.append(known.empty() ? "" : ", ").append(own);
+    });
+    cls_RefuseUnknownMember(name, known);
   }
   return "";
 }

@@ -14,3 +14,8 @@ void cls_Object::RefuseValue(std::string_view name, cls_MemberText const&, std::
   nex_Exception::Throw(nex_TextException("Invalid value for \"" + std::string(name) + "\": expected " + std::string(expected) + "."),
                        "platform/BasicUtils/cls_Object", __LINE__);
 }
+
+void cls_RefuseUnknownMember(std::string_view name, std::string_view known) {
+  nex_Exception::Throw(nex_TextException("There is no member \"" + std::string(name) + "\": expected one of " + std::string(known) + "."),
+                       "platform/BasicUtils/cls_Object", __LINE__);
+}

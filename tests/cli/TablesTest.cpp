@@ -49,7 +49,9 @@ TEST_F(Tables, StepsTellTheSequenceAndWhatMayFollow) {
     if (label == "STATIC_RIKS") { EXPECT_EQ(row["whyNot"], "The steps behind it could not follow it."); }
   }
   EXPECT_NE(Gattr({"replay", "-", "--on", "m.gadb"}, R"({"command": "StaticRiksStep", "name": "R", "previous": "Step-1"})").status, 0);
-  EXPECT_EQ(Gattr({"replay", "-", "--on", "m.gadb"}, R"({"command": "FrequencyStep", "name": "F", "previous": "Step-1"})").status, 0);
+  EXPECT_EQ(
+      Gattr({"replay", "-", "--on", "m.gadb"}, R"({"command": "FrequencyStep", "name": "F", "previous": "Step-1", "numEigen": 10})").status,
+      0);
 }
 
 TEST_F(Tables, CheckFindsNothingInASoundModelAndTellsWhatItFinds) {

@@ -36,10 +36,11 @@ protected:
 };
 
 TEST_F(Checking, FindsNothingInWhatCommandsMake) {
-  RunJournal(session_, {R"({"command": "StaticLinearPerturbationStep", "name": "S4"})", R"({"command": "FrequencyStep", "name": "S5"})",
-                        R"({"command": "ModalDynamicsStep", "name": "S6"})",
-                        R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "S4"})",
-                        R"({"command": "DisplacementBC", "name": "Push", "createStepName": "S2", "u2": 1, "amplitude": "Ramp"})"});
+  RunJournal(
+      session_,
+      {R"({"command": "StaticLinearPerturbationStep", "name": "S4"})", R"({"command": "FrequencyStep", "name": "S5", "numEigen": 10})",
+       R"({"command": "ModalDynamicsStep", "name": "S6"})", R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "S4"})",
+       R"({"command": "DisplacementBC", "name": "Push", "createStepName": "S2", "u2": 1, "amplitude": "Ramp"})"});
   EXPECT_THAT(Told(session_.Model()), ::testing::IsEmpty());
 }
 

@@ -29,11 +29,26 @@ inline void RunJournal(Session& session, std::vector<std::string> const& lines) 
 /// The construction command of a step by its letter (StepLetters.h).
 inline std::string StepCommand(char letter) { return std::string(kprC_FindProcedure(test::StepOf(letter)->DynTypeId())->command.View()); }
 
+/// What a step of that letter must be given beside its name.
+inline Json StepArguments(char letter) {
+  switch (letter) {
+    case 'E': return {{"haftol", 1.0}};
+    case 'T': return {{"deltmx", 10.0}};
+    case 'F': return {{"numEigen", 10}};
+    case 'U': return Json::parse(R"({"frequencyRange": [{"lower": 1.0, "upper": 10.0}]})");
+    default: return Json::object();
+  }
+}
+/// The command that makes a step.
+inline Json NewStep(char letter, std::string const& name) {
+  Json command = {{"command", StepCommand(letter)}, {"name", name}};
+  command.update(StepArguments(letter));
+  return command;
+}
+
 /// Appends steps S1, S2, ... for the letters behind the "I" of the initial one.
 inline void AppendSteps(Session& session, std::string_view letters) {
-  for (std::size_t i = 1; i < letters.size(); ++i) {
-    RunJournal(session, {R"({"command": ")" + StepCommand(letters[i]) + R"(", "name": "S)" + std::to_string(i) + R"("})"});
-  }
+  for (std::size_t i = 1; i < letters.size(); ++i) { RunJournal(session, {NewStep(letters[i], "S" + std::to_string(i)).dump()}); }
 }
 
 inline kprC_StepAwareRepository const& BoundaryConditions(Session const& session) {

@@ -18,11 +18,14 @@ public:
     std::string const step = "S" + std::to_string(Below(8)), other = "S" + std::to_string(Below(8)), bc = "B" + std::to_string(Below(5));
     double const value = Below(3);
     switch (Below(18)) {
-      case 0: return {{"command", StepCommand("GGGPFMECX"[Below(9)])}, {"name", step}, {"previous", Below(2) == 0 ? "Initial" : other}};
-      case 1: return {{"command", StepCommand("GGGE"[Below(4)])}, {"name", step}};
+      case 0: return With(NewStep("GGGPFMECX"[Below(9)], step), {{"previous", Below(2) == 0 ? "Initial" : other}});
+      case 1: return NewStep("GGGE"[Below(4)], step);
       case 2: return {{"command", "delete"}, {"step", step}};
       case 3: return {{"command", "rename"}, {"step", step}, {"newName", other}};
-      case 4: return {{"command", "replace"}, {"step", step}, {"procedure", StepCommand("GPFE"[Below(4)])}};
+      case 4: {
+        char const letter = "GPFE"[Below(4)];
+        return With({{"command", "replace"}, {"step", step}, {"procedure", StepCommand(letter)}}, StepArguments(letter));
+      }
       case 5: return {{"command", "setValues"}, {"step", step}, {"maxNumInc", Below(50)}};
       case 6:
       case 7: return {{"command", "DisplacementBC"}, {"name", bc}, {"createStepName", step}, {"u1", value}, {"region", "Set-1"}};
@@ -42,6 +45,11 @@ public:
   int Below(int end) { return std::uniform_int_distribution(0, end - 1)(random_); }
 
 private:
+  static Json With(Json command, Json const& arguments) {
+    command.update(arguments);
+    return command;
+  }
+
   std::mt19937 random_;
 };
 
