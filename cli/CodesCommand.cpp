@@ -1,4 +1,5 @@
 #include <CLI/App.hpp>
+#include <algorithm>
 #include <iostream>
 #include <memory>
 
@@ -20,8 +21,8 @@ struct CodesOptions {
 int Codes(CodesOptions const& options) {
   std::vector<nex_Catalogue> const catalogues = thr_GlobalSingleton<nex_Catalogues>::Instance().All();
   if (!options.module.empty()) {
-    std::vector<std::string> modules;
-    for (auto const& catalogue : catalogues) { modules.emplace_back(catalogue.module); }
+    std::vector<std::string> modules(catalogues.size());
+    std::ranges::transform(catalogues, modules.begin(), &nex_Catalogue::module);
     AssertKnown("module", options.module, modules);
   }
   TextTable table({"module", "code", "exception", "text"});

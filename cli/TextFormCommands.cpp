@@ -4,6 +4,7 @@
 
 #include "cli/ModelPath.h"
 #include "cli/Program.h"
+#include "store/StoreError.h"
 #include "store/TextStore.h"
 
 namespace gattr::cli {
@@ -15,7 +16,16 @@ struct Paths {
 
 int Dump(Paths const& paths) {
   ddr_Model const model = ModelPath(paths.from).Open();
-  paths.to.empty() || paths.to == "-" ? WriteText(model, std::cout) : WriteTextFile(model, paths.to);
+  if (!paths.to.empty() && paths.to != "-") {
+    WriteTextFile(model, paths.to);
+    return kDone;
+  }
+  try {
+    WriteText(model, std::cout);
+  } catch (StoreError const&) {
+    if (std::cout) { throw; }
+    throw BadInput("cannot write to standard output");
+  }
   return kDone;
 }
 
