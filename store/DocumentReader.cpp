@@ -213,7 +213,7 @@ std::vector<std::string> DocumentReader::StartMap(std::string_view member) const
   keys.reserve(node.count);
   for (At at = frames_.back().next; at != node.end; at = document_[at].end) { keys.emplace_back(document_.NameOf(at)); }
   if (frames_.size() == kMapDepth) {  // the steps first: the others refer to them
-    std::ranges::stable_partition(keys, [](std::string const& key) { return key == ddr_Model::stepsCmd().View(); });
+    std::stable_partition(keys.begin(), keys.end(), [](std::string const& key) { return key == ddr_Model::stepsCmd().View(); });
   }
   return keys;
 }

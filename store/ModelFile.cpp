@@ -251,7 +251,7 @@ ddr_Model ModelFile::Open() {
   Loader loader(tables, document);
   loader.Load();
   ddr_Model model = DocumentReader(document, true).ReadModel();
-  saved_.reset(new Saved{model, std::make_shared<ModelSteps>(model), loader.TakeNames(), tables.Present()});
+  saved_ = std::make_unique<Saved>(Saved{model, std::make_shared<ModelSteps>(model), loader.TakeNames(), tables.Present()});
   return model;
 }
 

@@ -142,19 +142,17 @@ ddr_Model WithRecords(Liar::Content records) {
 struct RecordRow {
   char const* step;
   mdl_PropagationStatusEnm status;
-  bool state;
+  bool hasState;
 };
 
 Liar::Content Records(std::vector<RecordRow> const& rows) {
-  return [rows](Out out) {
-    out.StartList("states", rows.size());
-    for (RecordRow const& row : rows) {
-      cow_Handle<kbcC_BCState> state;
-      if (row.state) { state = cow_Handle<kbcC_DisplacementBCState>::Make(); }
-      out.WriteNested("", kprC_PropagatingState<kbcC_BCState>(kprC_StepNameProcedurePair(row.step, nullptr), row.status, state));
-    }
-    out.EndList();
-  };
+  cls_xoList<kprC_PropagatingState<kbcC_BCState>> records;
+  for (RecordRow const& row : rows) {
+    cow_Handle<kbcC_BCState> state;
+    if (row.hasState) { state = cow_Handle<kbcC_DisplacementBCState>::Make(); }
+    records.Append({kprC_StepNameProcedurePair(row.step, nullptr), row.status, state});
+  }
+  return [records](Out out) { cls_MemberTraits<std::remove_const_t<decltype(records)>>::Write(out, "states", records); };
 }
 
 TEST(BadContent, IsRefusedWhereRecordsDoNotGoWithTheSteps) {

@@ -55,6 +55,7 @@ struct Store {
   void (*write)(ddr_Model const&, std::filesystem::path const&);
   ddr_Model (*read)(std::filesystem::path const&);
 };
+inline bool IsText(Store const& store) { return std::string_view(store.fileName).ends_with("json"); }
 inline Store const kText{"Model.gattr.json", &gattr::WriteTextFile, &gattr::ReadTextFile};
 inline Store const kModelFile{"Model.gadb",
                               [](ddr_Model const& model, std::filesystem::path const& path) { gattr::ModelFile(path).Save(model); },

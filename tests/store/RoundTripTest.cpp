@@ -15,7 +15,7 @@ ddr_Model WrittenAndRead(Store const& store, ddr_Model const& model) {
 
 class EitherStore : public testing::TestWithParam<Store> {};
 INSTANTIATE_TEST_SUITE_P(Stores, EitherStore, testing::ValuesIn(kStores),
-                         [](auto const& store) { return std::string(store.param.fileName).ends_with("json") ? "Text" : "ModelFile"; });
+                         [](auto const& store) { return IsText(store.param) ? "Text" : "ModelFile"; });
 
 TEST_P(EitherStore, GivesBackAnEqualModel) {
   for (ddr_Model const& model : {ddr_Model(), SmallModel()}) {
