@@ -146,7 +146,8 @@ int Run(ReplayOptions const& options) {
 
 constexpr char const* kFooter = R"(A journal is a text with one command per line, each a JSON object:
 
-  {"command": "StaticStep", "name": "Hold"}
+  {"command": "StaticStep", "name": "Hold", "initialInc": 0.1}
+  {"command": "StaticStep", "name": "Release", "initialInc": 0.1}
   {"command": "Set", "name": "Rim"}
   {"command": "DisplacementBC", "name": "Fix", "createStepName": "Hold", "region": "Rim", "u1": 0.0}
   {"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Release"}

@@ -41,9 +41,9 @@ TEST_F(BadInput, InAJournalIsToldWithItsLineAndLeavesTheModelAlone) {
       {R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "Step-2", "u1": 1e999})", "\"u1\""},
       {R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "Step-2", "u1": "one"})", "finite number"},
       {R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "Step-2", "fixed": "yes"})", "true or false"},
-      {R"({"command": "StaticStep", "name": "Step-3", "nlgeom": "MAYBE"})", "\"OFF\", \"ON\""},
-      {R"({"command": "StaticStep", "name": "Step-3", "previous": "Stp-2"})", "Did you mean \"Step-2\"?"},
-      {R"({"command": "StaticStep", "name": "Step-3", "maxNumInc": 2.5})", "integer"},
+      {R"({"command": "StaticStep", "name": "Step-3", "initialInc": 0.1, "nlgeom": "MAYBE"})", "\"OFF\", \"ON\""},
+      {R"({"command": "StaticStep", "name": "Step-3", "initialInc": 0.1, "previous": "Stp-2"})", "Did you mean \"Step-2\"?"},
+      {R"({"command": "StaticStep", "name": "Step-3", "initialInc": 0.1, "maxNumInc": 2.5})", "integer"},
       {R"({"command": "StaticStep", "name": 3})", "\"name\""},
       {R"({"command": "DisplacementBC", "name": "New", "createStepName": "Step-1", "region": "Rand"})", "\"Rand\""},
   };

@@ -28,10 +28,11 @@ TEST_F(Names, OfAnyKindAreShownAndNeverActed) {
   for (std::string const name : kNames) {
     SCOPED_TRACE(name);
     std::string journal;
-    for (Json const& command : {Json{{"command", "setModel"}, {"name", name}}, Json{{"command", "StaticStep"}, {"name", name}},
-                                Json{{"command", "Set"}, {"name", name}},
-                                Json{{"command", "EncastreBC"}, {"name", name}, {"createStepName", name}, {"region", name}},
-                                Json{{"command", "reset"}, {"boundaryCondition", name}, {"stepName", name}}}) {
+    for (Json const& command :
+         {Json{{"command", "setModel"}, {"name", name}}, Json{{"command", "StaticStep"}, {"name", name}, {"initialInc", 0.1}},
+          Json{{"command", "Set"}, {"name", name}},
+          Json{{"command", "EncastreBC"}, {"name", name}, {"createStepName", name}, {"region", name}},
+          Json{{"command", "reset"}, {"boundaryCondition", name}, {"stepName", name}}}) {
       journal += command.dump() + "\n";
     }
     std::filesystem::remove(Path("m.gadb"));

@@ -71,8 +71,8 @@ private:
 };
 
 /// Two static steps and a condition, created in the first.
-inline constexpr std::string_view kJournal = R"({"command": "StaticStep", "name": "Step-1"}
-{"command": "StaticStep", "name": "Step-2"}
+inline constexpr std::string_view kJournal = R"({"command": "StaticStep", "name": "Step-1", "initialInc": 0.1}
+{"command": "StaticStep", "name": "Step-2", "initialInc": 0.1}
 {"command": "Set", "name": "Rim"}
 {"command": "DisplacementBC", "name": "Fix", "createStepName": "Step-1", "region": "Rim", "u1": 0.0}
 )";

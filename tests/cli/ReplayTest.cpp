@@ -31,8 +31,8 @@ TEST_F(Replay, TracesEveryLineInOneForm) {
 }
 
 TEST_F(Replay, TellsAllHistoriesAfterACommandOnAStep) {
-  Ran const run =
-      Gattr({"replay", "-", "--trace"}, With("{\"command\": \"StaticStep\", \"name\": \"Between\", \"previous\": \"Step-1\"}\n"));
+  Ran const run = Gattr({"replay", "-", "--trace"},
+                        With("{\"command\": \"StaticStep\", \"name\": \"Between\", \"initialInc\": 0.1, \"previous\": \"Step-1\"}\n"));
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.Lines().back()["history"], nlohmann::ordered_json::parse(R"({"Fix": [0, 1, 2, 2]})"));
 }

@@ -104,10 +104,10 @@ TEST_F(Histories, OfAModelAreThoseThatItsCommandsTell) {
   session.SetTrace(true);
   Outcome last;
   for (char const* command :
-       {R"({"command": "StaticStep", "name": "A"})", R"({"command": "FrequencyStep", "name": "B"})", R"({"command": "Set", "name": "S"})",
-        R"({"command": "EncastreBC", "name": "Fix", "createStepName": "Initial", "region": "S"})",
+       {R"({"command": "StaticStep", "name": "A", "initialInc": 0.1})", R"({"command": "FrequencyStep", "name": "B", "numEigen": 10})",
+        R"({"command": "Set", "name": "S"})", R"({"command": "EncastreBC", "name": "Fix", "createStepName": "Initial", "region": "S"})",
         R"({"command": "DisplacementBC", "name": "Push", "createStepName": "A", "region": "S", "u1": 1.0})",
-        R"({"command": "suppress", "boundaryCondition": "Push"})", R"({"command": "StaticStep", "name": "C"})"}) {
+        R"({"command": "suppress", "boundaryCondition": "Push"})", R"({"command": "StaticStep", "name": "C", "initialInc": 0.1})"}) {
     last = session.Execute(Json::parse(command));
     ASSERT_TRUE(last.ok) << last.message;
   }
