@@ -27,11 +27,15 @@ std::string Cause(std::string_view message) {
 
 /// Follows the members while a line is parsed.
 struct Members {
+  static constexpr int kDeepest = 64;  ///< levels of lists and objects; whoever walks a command does so by recursion
+
   std::vector<std::set<std::string>> open;  ///< names seen so far, of the objects not closed yet
   std::string last;
   std::string repeated;
+  bool tooDeep = false;
 
-  bool operator()(int /*depth*/, Json::parse_event_t event, Json& parsed) {
+  bool operator()(int depth, Json::parse_event_t event, Json& parsed) {
+    tooDeep = tooDeep || depth > kDeepest;
     switch (event) {
       case Json::parse_event_t::object_start: open.emplace_back(); break;
       case Json::parse_event_t::object_end: open.pop_back(); break;
@@ -87,6 +91,7 @@ Json JournalReader::Parsed() const {
   } catch (Json::out_of_range const& error) {
     Refuse(0, "the value of " + Quoted(members.last) + " is too large: " + Cause(error.what()) + ".");
   }
+  if (members.tooDeep) { Refuse(0, "the values are nested deeper than " + std::to_string(Members::kDeepest) + " levels."); }
   if (!command.is_object()) { Refuse(1, R"(expected a command, such as {"command": "undo"}.)"); }
   if (!members.repeated.empty()) { Refuse(0, "the member " + Quoted(members.repeated) + " is given twice."); }
   return command;

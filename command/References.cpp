@@ -5,6 +5,7 @@
 #include "command/Text.h"
 #include "framework/ddr_ModelMembers.h"
 #include "module/kfd/kfdC_Field.h"
+#include "module/kpr/kprC_TimePoint.h"
 
 namespace gattr {
 
@@ -25,6 +26,8 @@ constexpr ReferenceKind Kind(std::string_view kind, bool (*uses)(kprC_StepDepend
       .put =
           [](ddr_Model& model, cow_String const& name, cls_Object const& object) {
             auto copy = cow_Handle<T>::Make(dynamic_cast<T const&>(object));
+            if constexpr (requires { copy.Get().name = name; }) { copy.Get().name = name; }
+            if constexpr (requires { copy->AssertValid(); }) { copy->AssertValid(); }
             copy.Get().NewUid();
             model.Get<Map>(Extension()).Insert(name, std::move(copy));
           },
@@ -41,6 +44,7 @@ bool UsesRegion(kprC_StepDependent const& item, std::string_view name) {
 bool UsesAmplitude(kprC_StepDependent const& item, std::string_view name) {
   return std::ranges::any_of(item.Amplitudes(), [&](cow_String const& used) { return used == name; });
 }
+bool IsNoUser(kprC_StepDependent const&, std::string_view) { return false; }
 bool UsesField(kprC_StepDependent const& item, std::string_view name) { return item.FieldName() == name; }
 
 /// A command that declares an object.
@@ -60,6 +64,8 @@ constexpr ReferenceConstruction kConstructions[] = {
      [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<ampC_Amplitude>(); }},
     {kfdC_Field::constructorCmd(), "field", "declares a variation in space that attributes refer to by its name",
      [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<kfdC_Field>(); }},
+    {kprC_TimePoint::constructorCmd(), "timePoint", "declares a sequence of times that output requests refer to by its name",
+     [](cow_String const& name) -> std::unique_ptr<cls_Object> { return std::make_unique<kprC_TimePoint>(name); }},
 };
 
 /// Name and kind belong to the construction.
@@ -131,6 +137,7 @@ std::vector<ReferenceKind> const& ReferenceKinds() {
       Kind<rgnC_Region, ddr_RegionMap, &ddr_Model::regionsCmd>("region", &UsesRegion),
       Kind<ampC_Amplitude, ddr_AmplitudeMap, &ddr_Model::amplitudesCmd>("amplitude", &UsesAmplitude),
       Kind<kfdC_Field, kfdC_FieldMap, &ddr_Model::fieldsCmd>("field", &UsesField),
+      Kind<kprC_TimePoint, kprC_TimePointMap, &kprC_TimePoint::repositoryCmd>("timePoint", &IsNoUser),
   };
   return kinds;
 }

@@ -15,8 +15,8 @@ namespace {
 
 constexpr char const* kSteps = "steps";
 
-/// Increments that a creation leaves out, made from what it gives, so that a step is valid with as little as its name: the
-/// first increment and the largest one are the whole period, the smallest is a hundred-thousandth of it.
+/// The bounds of the increments that a creation with a first increment leaves out: the largest one is the whole period, the
+/// smallest a hundred-thousandth of it. The first increment itself is always the user's to say.
 void CompleteIncrements(kprC_Step& step, kprC_Arguments const& given) {
   using Parameters = kprC_StepParameters;
   auto const isGiven = [&](std::string_view name) {
@@ -31,8 +31,7 @@ void CompleteIncrements(kprC_Step& step, kprC_Arguments const& given) {
   auto const complete = [&](std::string_view name, double value) {
     if (!isGiven(name)) { step.SetMember(name, value); }
   };
-  if (ClassOf(step).Find(Parameters::initialIncCmd()) == nullptr || !(period > 0.0)) { return; }
-  complete(Parameters::initialIncCmd(), isGiven(Parameters::maxIncCmd()) ? std::min(period, number(Parameters::maxIncCmd())) : period);
+  if (!isGiven(Parameters::initialIncCmd()) || ClassOf(step).Find(Parameters::maxIncCmd()) == nullptr || !(period > 0.0)) { return; }
   complete(Parameters::maxIncCmd(), period);
   complete(Parameters::minIncCmd(), std::min({1e-5 * period, number(Parameters::initialIncCmd()), number(Parameters::maxIncCmd())}));
 }

@@ -21,7 +21,7 @@ public:
 
   void Run() {
     auto& entries = history_.Entries();
-    std::size_t const first = static_cast<std::size_t>(History::LowerBound(entries, history_.firstTouched_) - entries.begin());
+    auto const first = static_cast<std::size_t>(History::LowerBound(entries, history_.firstTouched_) - entries.begin());
     if (first > 0) { carry_ = entries[first - 1].carry; }
     std::size_t kept = first;
     for (std::size_t at = first; at < entries.size(); ++at) {

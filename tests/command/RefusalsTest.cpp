@@ -10,8 +10,8 @@ using ::testing::HasSubstr;
 /// What the rows below are refused in.
 std::vector<std::string> const kModel = {
     R"({"command": "StaticStep", "name": "Press", "initialInc": 0.1})",
-    R"({"command": "StaticStep", "name": "Hold"})",
-    R"({"command": "StaticStep", "name": "Release"})",
+    R"({"command": "StaticStep", "name": "Hold", "initialInc": 0.1})",
+    R"({"command": "StaticStep", "name": "Release", "initialInc": 0.1})",
     R"({"command": "StaticLinearPerturbationStep", "name": "Shake"})",
     R"({"command": "Set", "name": "Die", "dimension": 2})",
     R"({"command": "Amplitude", "name": "Ramp"})",
@@ -79,20 +79,26 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Row{R"({"command": "StaticStep"})", kKey, {"StaticStep: The argument \"name\" is missing"}},
         Row{R"({"command": "StaticStep", "name": 7})", kValue, {"\"name\" is a text, not 7"}},
-        Row{R"({"command": "StaticStep", "name": "Hold"})", "kpr 46", {"There is a step \"Hold\" already."}, false},
-        Row{R"({"command": "StaticStep", "name": "X", "previous": "Relase"})", "kpr 81", {"\"previous\"", "Did you mean \"Release\"?"}},
+        Row{R"({"command": "StaticStep", "name": "Hold", "initialInc": 0.1})", "kpr 46", {"There is a step \"Hold\" already."}, false},
+        Row{R"({"command": "StaticStep", "name": "X", "initialInc": 0.1, "previous": "Relase"})",
+            "kpr 81",
+            {"\"previous\"", "Did you mean \"Release\"?"}},
         Row{R"({"command": "StaticStep", "name": "X", "initalInc": 1})", kKey, {"no argument \"initalInc\"", "\"initialInc\""}},
         Row{R"({"command": "StaticStep", "name": "X", "initialInc": "big"})",
             kValue,
             {"\"initialInc\": \"big\"; expected a finite number"}},
-        Row{R"({"command": "StaticStep", "name": "X", "maxNumInc": 1.5})", kValue, {"\"maxNumInc\": 1.5; expected a 32-bit integer"}},
-        Row{R"({"command": "StaticStep", "name": "X", "maxNumInc": 3000000000})", kValue, {"expected a 32-bit integer"}},
-        Row{R"({"command": "StaticStep", "name": "X", "noStop": 1})", kValue, {"expected true or false"}},
-        Row{R"({"command": "StaticStep", "name": "X", "nlgeom": "YES"})", kValue, {"\"ON\"", "\"OFF\""}},
-        Row{R"({"command": "StaticStep", "name": "X", "extrapolation": "PARABOLA"})", kValue, {"Did you mean \"PARABOLIC\"?"}},
+        Row{R"({"command": "StaticStep", "name": "X", "initialInc": 0.1, "maxNumInc": 1.5})",
+            kValue,
+            {"\"maxNumInc\": 1.5; expected a 32-bit integer"}},
+        Row{R"({"command": "StaticStep", "name": "X", "initialInc": 0.1, "maxNumInc": 3000000000})", kValue, {"expected a 32-bit integer"}},
+        Row{R"({"command": "StaticStep", "name": "X", "initialInc": 0.1, "noStop": 1})", kValue, {"expected true or false"}},
+        Row{R"({"command": "StaticStep", "name": "X", "initialInc": 0.1, "nlgeom": "YES"})", kValue, {"\"ON\"", "\"OFF\""}},
+        Row{R"({"command": "StaticStep", "name": "X", "initialInc": 0.1, "extrapolation": "PARABOLA"})",
+            kValue,
+            {"Did you mean \"PARABOLIC\"?"}},
         Row{R"({"command": "StaticStep", "name": "X", "initialInc": 0})", "kpr 71", {"StaticStep \"X\": Initial increment"}, false},
         Row{R"({"command": "StaticStep", "name": "X", "initialInc": 2})", "kpr 75", {"[kpr 75]"}, false},
-        Row{R"({"command": "StaticStep", "name": "X", "timePeriod": -1})", "kpr 74", {}, false},
+        Row{R"({"command": "StaticStep", "name": "X", "initialInc": 0.1, "timePeriod": -1})", "kpr 74", {}, false},
         Row{R"({"command": "FrequencyStep", "name": "X"})", "kpr 155", {}, false},
         Row{R"({"command": "FrequencyStep", "name": "X", "numEigen": "all"})",
             kValue,
@@ -109,12 +115,12 @@ INSTANTIATE_TEST_SUITE_P(
             {"\"frequencyRange\"", "\"upper\"", "a finite number"}},
         Row{R"({"command": "AnnealStep", "name": "X"})", "kpr 50", {"ANNEAL"}, false},
         Row{R"({"command": "AnnealStep", "name": "X", "previous": "Initial"})", "kpr 50", {}, false},
-        Row{R"({"command": "replace", "step": "Press", "procedure": "ImplicitDynamicsStep", "haftol": 1})",
+        Row{R"({"command": "replace", "step": "Press", "procedure": "ImplicitDynamicsStep", "initialInc": 0.1, "haftol": 1})",
             "kbc 19",
             {"replace step \"Press\""},
             false},
         Row{R"({"command": "replace", "step": "Hold", "procedure": "Static"})", kKey, {"Did you mean \"StaticStep\"?"}},
-        Row{R"({"command": "replace", "step": "Initial", "procedure": "StaticStep"})", "kpr 143", {}, false},
+        Row{R"({"command": "replace", "step": "Initial", "procedure": "StaticStep", "initialInc": 0.1})", "kpr 143", {}, false},
         Row{R"({"command": "setValues", "step": "Hold", "initialInc": -1})", "kpr 71", {"setValues step \"Hold\""}, false},
         Row{R"({"command": "setValues", "step": "Hold", "name": "Keep"})", kKey, {"no argument \"name\""}},
         Row{R"({"command": "setValues", "step": "Hald", "initialInc": 1})", "kpr 81", {"Did you mean \"Hold\"?"}},
@@ -223,28 +229,28 @@ TEST_F(Editing, RefusesNumbersThatAreNone) {
 
 TEST_F(Editing, TakesAnyTextAsAName) {
   Session session;
-  RunJournal(session, {R"({"command": "StaticStep", "name": "Größe <b>1</b>"})",
+  RunJournal(session, {R"({"command": "StaticStep", "name": "Größe <b>1</b>", "initialInc": 0.1})",
                        R"({"command": "DisplacementBC", "name": "\u001b[31m\n\"рука\"", "createStepName": "Größe <b>1</b>", "u1": 0})",
                        R"({"command": "deactivate", "boundaryCondition": "\u001b[31m\n\"рука\"", "stepName": "Größe <b>1</b>"})"});
   EXPECT_EQ(HistoryOf(session, "\x1b[31m\n\"рука\""), "0 4");
   EXPECT_EQ(session.UndoLabel(), "deactivate boundaryCondition \"\\u001b[31m\\n\"рука\"\"") << "a label cannot steer a terminal";
-  Outcome const outcome = session.Execute({{"command", "StaticStep"}, {"name", "\xC3\x28"}});
+  Outcome const outcome = session.Execute({{"command", "StaticStep"}, {"name", "\xC3\x28"}, {"initialInc", 0.1}});
   EXPECT_THAT(outcome.message, HasSubstr("\"name\" is not UTF-8"));
 }
 
-TEST_F(Editing, MakesAStepValidWithItsNameAlone) {
+TEST_F(Editing, CompletesTheBoundsOfAStepsIncrements) {
   Session session;
-  RunJournal(session, {R"({"command": "StaticStep", "name": "A"})", R"({"command": "StaticStep", "name": "B", "initialInc": 0.1})",
-                       R"({"command": "StaticStep", "name": "C", "timePeriod": 10, "maxInc": 0.5})",
-                       R"({"command": "StaticStep", "name": "D", "maxInc": 1e-7})"});
+  EXPECT_EQ(session.Execute({{"command", "StaticStep"}, {"name", "A"}}).refused.code, 71) << "the first increment is the user's to say";
+  RunJournal(session, {R"({"command": "StaticStep", "name": "B", "initialInc": 0.1})",
+                       R"({"command": "StaticStep", "name": "C", "initialInc": 0.1, "timePeriod": 10, "maxInc": 0.5})",
+                       R"({"command": "StaticStep", "name": "D", "initialInc": 1e-7, "maxInc": 1e-7})"});
   kprC_StepTable const& steps = BoundaryConditions(session).Steps();
   auto const member = [&](std::size_t step, char const* name) { return *steps[step].procedure->Member(name).As<double>(); };
-  EXPECT_EQ(member(1, "initialInc"), 1.0);
-  EXPECT_EQ(member(2, "initialInc"), 0.1);
-  EXPECT_EQ(member(2, "maxInc"), 1.0);
-  EXPECT_EQ(member(3, "initialInc"), 0.5);
-  EXPECT_EQ(member(3, "minInc"), 1e-4);
-  EXPECT_EQ(member(4, "minInc"), 1e-7);
+  EXPECT_EQ(member(1, "maxInc"), 1.0);
+  EXPECT_EQ(member(1, "minInc"), 1e-5);
+  EXPECT_EQ(member(2, "maxInc"), 0.5);
+  EXPECT_EQ(member(2, "minInc"), 1e-4);
+  EXPECT_EQ(member(3, "minInc"), 1e-7);
 }
 
 TEST_F(Editing, HandsTheWholeRegionToTheAttributesThatUseIt) {

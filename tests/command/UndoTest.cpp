@@ -75,7 +75,7 @@ TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
   Script script(GetParam());
   Session session;
   ddr_Model const initial = session.Model();
-  RunJournal(session, {R"({"command": "Set", "name": "Set-1"})", R"({"command": "StaticStep", "name": "S1"})"});
+  RunJournal(session, {R"({"command": "Set", "name": "Set-1"})", R"({"command": "StaticStep", "name": "S1", "initialInc": 0.1})"});
   int succeeded = 2;
   for (int i = 0; i < 150; ++i) {
     Json const command = script.Next();
@@ -177,7 +177,7 @@ TEST_F(Undo, ForgetsTheOldestEditsWhenTheyFillTheMemory) {
   Session session;
   session.SetUndoMemory(1 << 20);
   constexpr int kSteps = 300;
-  for (int i = 1; i <= kSteps; ++i) { session.Execute({{"command", "StaticStep"}, {"name", std::to_string(i)}}); }
+  for (int i = 1; i <= kSteps; ++i) { session.Execute({{"command", "StaticStep"}, {"name", std::to_string(i)}, {"initialInc", 0.1}}); }
   int undone = 0;
   while (session.Undo()) { ++undone; }
   EXPECT_LT(undone, kSteps);

@@ -4,6 +4,8 @@
 
 namespace {
 
+cls_Value NamedMembers(unsigned typeId);
+
 /// A value of the member's kind that is not \p present.
 cls_Value AnotherValue(cls_MemberInfo const& info, cls_Value const& present) {
   switch (info.kind) {
@@ -16,9 +18,19 @@ cls_Value AnotherValue(cls_MemberInfo const& info, cls_Value const& present) {
         if (!(present == cls_Value(text))) { return text; }
       }
       return info.permissible.front();
-    case cls_MemberKind::Object: return "name";  // regions and datums are given by name
+    case cls_MemberKind::Object: return NamedMembers(info.typeId);
   }
   return {};
+}
+
+/// The members of an object of a class, each off its default; a name where the class does not know members.
+cls_Value NamedMembers(unsigned typeId) {
+  cls_ClassMetadata const* const type = cls_MetadataRegistrar::Registrar().Find(typeId);
+  if (type == nullptr || type->make == nullptr) { return "name"; }
+  cow_Handle<cls_Object> const object = type->make();
+  cls_Value::Fields members;
+  for (cls_MemberInfo const& info : type->members) { members.emplace_back(info.name, AnotherValue(info, object->Member(info.name))); }
+  return members;
 }
 
 /// Sets the member to something else; false where it takes nothing that scripts could give.
@@ -26,7 +38,8 @@ bool SetToAnother(cls_Object& object, cls_MemberInfo const& info) {
   cls_Value const present = object.Member(info.name);
   cls_Value const other = AnotherValue(info, present);
   cls_Value::List const list{other, AnotherValue(info, other)};
-  for (cls_Value const& value : {info.many ? cls_Value(list) : other, cls_Value(list), cls_Value(cls_Value::List{list, list})}) {
+  for (cls_Value const& value :
+       {info.many ? cls_Value(list) : other, cls_Value(list), cls_Value(cls_Value::List{list, list}), cls_Value("name")}) {
     try {
       object.SetMember(info.name, value);
       if (!(object.Member(info.name) == present)) { return true; }
