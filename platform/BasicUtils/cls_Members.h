@@ -176,9 +176,8 @@ template <class M> std::string_view cls_ObjectTraits<M>::FromValue(M& value, cls
   for (auto const& [name, field] : *fields) {
     if (value.SetMember(name, field)) { continue; }
     std::string known;
-    cls_ForEachMember(value, [&](std::string_view own, cls_MemberText const&, auto const&) {
-      known.append(known.empty() ? "" : ", ").append(own);
-    });
+    cls_ForEachMember(
+        value, [&](std::string_view own, cls_MemberText const&, auto const&) { known.append(known.empty() ? "" : ", ").append(own); });
     cls_RefuseUnknownMember(name, known);
   }
   return "";
