@@ -2,7 +2,7 @@
 # Installs the Debian packages that the build, its tests and its checks need. Silent where nothing is missing.
 set -eu
 packages=(g++ cmake ninja-build pkg-config git ccache clang-format clang-tidy
-  libgtest-dev libbenchmark-dev librapidcheck-dev
+  libgtest-dev libbenchmark-dev
   libsqlite3-dev nlohmann-json3-dev libcli11-dev libfmt-dev)
 
 if ! command -v dpkg-query >/dev/null; then

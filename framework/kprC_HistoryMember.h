@@ -13,7 +13,7 @@ template <class Rules> struct cls_MemberTraits<kprC_History<Rules>> {
     info.many = true;
   }
   static void Write(cls_WriteVisitor const& out, std::string_view name, History const& history) {
-    if (out.WritesRuns()) {
+    if (out.WritesOwnRecordsOnly()) {
       out.StartList(name, history.Own().size());
       for (auto const& entry : history.Own()) {
         Record record = history.At(entry.index);

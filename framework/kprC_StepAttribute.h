@@ -225,7 +225,7 @@ public:
   }
 
   void Restored(cls_ReadVisitor const& in) override {
-    if (in.ReadsRuns()) { return; }  // its repository has the steps
+    if (in.ReadsOwnRecordsOnly()) { return; }  // its repository has the steps
     std::size_t const stored = states_.Own().size();
     RestoreHistory(in, Steps());
     std::size_t const create = states_.CreateStep();
@@ -291,7 +291,7 @@ private:
   void RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable const& steps) override {
     // the repository, which calls later, has the name at hand, the visitor then has not
     std::string const member = Name().IsEmpty() ? "states" : std::string(Name().View()) + " / states";
-    bool fits = in.ReadsRuns() || Steps().SameNames(steps);
+    bool fits = in.ReadsOwnRecordsOnly() || Steps().SameNames(steps);
     auto stored = states_.Own();
     for (auto& own : stored) {
       std::size_t const index = steps.Find(Steps().Name(own.index).View());
@@ -309,7 +309,9 @@ private:
                               "\" the status and the state that follow from the steps before");
       }
     }
-    if (in.ReadsRuns() && states_.Own().size() != stored.size()) { in.Refuse(member, "only records that say something of their own"); }
+    if (in.ReadsOwnRecordsOnly() && states_.Own().size() != stored.size()) {
+      in.Refuse(member, "only records that say something of their own");
+    }
   }
 
   void Initialize(kprC_StepTable const& steps) override {

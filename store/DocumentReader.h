@@ -39,7 +39,7 @@ public:
   void EndList() const override;
   std::vector<std::string> StartMap(std::string_view member) const override;
   void EndMap() const override;
-  bool ReadsRuns() const override { return ownRecordsOnly_; }
+  bool ReadsOwnRecordsOnly() const override { return ownRecordsOnly_; }
   [[noreturn]] void Refuse(std::string_view member, std::string_view expected) const override;
 
 private:

@@ -61,7 +61,7 @@ public:
   std::string Encode(cls_Object const& object);
 
   void WriteNested(std::string_view member, cls_Object const& object) const override;
-  bool WritesRuns() const override { return true; }
+  bool WritesOwnRecordsOnly() const override { return true; }
 
 protected:
   void PutNull(std::string_view member) const override { Put(RowTag::Null, member); }

@@ -215,7 +215,10 @@ std::string kprC_StepSequencer::WhyNot(unsigned procedureType) const {
   std::string const last = NameOf(Last().type);
   kprC_ProcedureSet const next = kDirect[IndexOf(Last().type)];
   if (next.IsEmpty()) { return "Nothing may follow a " + last + " step."; }
-  if (kprC_IsExplicit(procedureType)) { return name + " may only be the first step or follow another explicit step."; }
+  if (kprC_IsExplicit(procedureType)) {
+    return name + (procedureType == Anneal ? " may only follow an explicit step."
+                                           : " may only be the first step or follow another explicit step.");
+  }
   if (kprC_IsExplicit(Last().type) || kEndOfMechanics.Contains(Last().type)) {
     return "Only " + NamesOf(next) + " may follow a " + last + " step.";
   }

@@ -40,8 +40,8 @@ public:
   virtual bool StartMap(std::string_view member, std::size_t count) const = 0;
   virtual void EndMap() const = 0;
 
-  /// Whether neighbouring elements of a list that differ in nothing but their place may be written as one with a count.
-  virtual bool WritesRuns() const { return false; }
+  /// Whether a list whose elements follow from some of them may be written as those alone.
+  virtual bool WritesOwnRecordsOnly() const { return false; }
 };
 
 /// Source of persistent objects; reads what a write visitor wrote, under the same names and in the same order.
@@ -69,8 +69,8 @@ public:
   virtual std::vector<std::string> StartMap(std::string_view member) const = 0;
   virtual void EndMap() const = 0;
 
-  /// Whether the source was written by a visitor that writes runs.
-  virtual bool ReadsRuns() const { return false; }
+  /// Whether the source was written by a visitor that takes lists so.
+  virtual bool ReadsOwnRecordsOnly() const { return false; }
 
   /// Refuses the content of \p member: \p expected says what should have stood there.
   [[noreturn]] virtual void Refuse(std::string_view member, std::string_view expected) const = 0;
