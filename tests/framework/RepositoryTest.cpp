@@ -219,7 +219,7 @@ TEST_F(Repository, FollowsTheModelsStepsWholeOrNotAtAll) {
   statics.Get().SetMember("minInc", 1e-5);
   statics.Get().SetMember("maxInc", 1.0);
   kprC_InsertStep(model, "Initial", "Load", statics);
-  kprC_InsertStep(model, "Load", "Modes", step('F'));
+  kprC_InsertStep(model, "Load", "Modes", step('P'));
   auto& conditions = model.Get<Conditions>(ddr_Model::bcCmd());
   conditions.Insert("Fix", Condition("Load"));
   EXPECT_EQ(History(conditions, "Fix"), "0 1 9 ");
