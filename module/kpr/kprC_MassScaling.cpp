@@ -8,7 +8,7 @@ kprC_MassScaling::kprC_MassScaling() = default;
 kprC_MassScaling::kprC_MassScaling(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
 
 bool kprC_MassScaling::IsVariable(MassScalingTypeEnm type, MassScalingOccursEnm occurs) {
-  using enum MassScalingTypeEnm;
+  using enum kprC_MassScalingTypeEnm;
   switch (type) {
     case SEMI_AUTOMATIC: return occurs == MassScalingOccursEnm::THROUGHOUT_STEP;
     case REINITIALIZE: return false;
@@ -20,7 +20,7 @@ bool kprC_MassScaling::IsVariable(MassScalingTypeEnm type, MassScalingOccursEnm 
 
 void kprC_MassScaling::AssertValid() const {
   using enum kprC_ErrorEnm;
-  using enum MassScalingTypeEnm;
+  using enum kprC_MassScalingTypeEnm;
   auto const isNumber = [](int value) { return value != 0 && kprC_IsGiven(value); };
   switch (type) {
     case SEMI_AUTOMATIC:
