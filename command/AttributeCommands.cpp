@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kName = "name", kCreateStep = "createStepName", kStep = "stepName", kFromStep = "fromStepName",
                            kToStep = "toStepName", kNewName = "newName";
-constexpr std::string_view kAmplitude = "amplitude", kField = "fieldName", kGlobal = "(Global)";
+constexpr std::string_view kAmplitude = "amplitude", kField = "fieldName", kConnectors = "connectors", kGlobal = "(Global)";
 /// What a state lists beside what its step says of the members.
 std::vector<std::string_view> const kNotSettable = {"deactivate"};
 
@@ -85,6 +85,18 @@ cls_Value WholeRegion(Call& call, std::string const& name) {
   return cls_ObjectTraits<rgnC_Region>::ToValue(*region);
 }
 
+/// Refuses a connector of a list of names that the model does not know.
+void AssertConnectors(Call& call, cls_Value const& names) {
+  auto const* list = names.As<cls_Value::List>();
+  if (list == nullptr) { return; }
+  auto const& connectors = call.model.ConstGet<ddr_ConnectorMap>(ddr_Model::connectorsCmd());
+  for (cls_Value const& element : *list) {
+    auto const* name = element.As<std::string>();
+    if (name == nullptr || connectors.IsMember(*name)) { continue; }
+    RefuseUnknown(call.subject, "There is no connector " + Quoted(*name) + ".", Suggestion(*name, Texts(connectors.Keys()), "Connectors"));
+  }
+}
+
 /// Completes the members that refer to something of the model and refuses what the model does not know.
 void ResolveReferences(Call& call, kprC_StepAwareRepository const& repository, std::vector<MemberArgument> const& arguments,
                        kprC_Arguments& members) {
@@ -110,6 +122,8 @@ void ResolveReferences(Call& call, kprC_StepAwareRepository const& repository, s
       if (!fields.IsMember(*text)) {
         Refuse(call, repository, kprC_EditRefusal::FieldUnknown, Suggestion(*text, Texts(fields.Keys()), "Fields"));
       }
+    } else if (name == kConnectors) {
+      AssertConnectors(call, value);
     }
   }
   call.subject.member.clear();
@@ -151,10 +165,12 @@ void AssertCreated(Call& call, AttributeTarget const& target, cls_Object const* 
   target.repository.Refuse(kprC_EditRefusal::NoSuchAttribute);
 }
 
-/// Edits the attribute and records that.
+/// Edits the attribute, asks whether it still goes with the model, and records the edit.
 template <class Fn> void Edit(Call& call, AttributeTarget const& target, Fn&& edit) {
   auto& repository = call.model.Get<kprC_StepAwareRepository>(target.extension);
-  edit(*repository.Item(target.name));
+  kprC_StepDependent& item = *repository.Item(target.name);
+  edit(item);
+  AssertInModel(call, item);
   repository.RecordModify(target.name);
 }
 
@@ -177,6 +193,10 @@ cow_String FreeName(Call& call, std::string_view argument, kprC_StepAwareReposit
 
 }  // namespace
 
+void AssertInModel(Call const& call, kprC_StepDependent const& item) {
+  if (!item.IsSuppressed()) { item.AssertInModel(call.model); }
+}
+
 std::vector<CommandInfo> AttributeConstructions() {
   std::vector<CommandInfo> infos;
   for (Family const& family : Families()) {
@@ -184,7 +204,8 @@ std::vector<CommandInfo> AttributeConstructions() {
       std::unique_ptr<kprC_StepDependent> const item = family.make(construction.command);
       std::string unknown;
       item->SetInStep(cow_String(kprC_Step::initialCmd().View()), {}, &unknown);
-      CommandInfo info{std::string(construction.command), std::string(family.group), "creates: " + std::string(construction.label), {}};
+      std::string_view const label = construction.label.empty() ? construction.command : construction.label;
+      CommandInfo info{std::string(construction.command), std::string(family.group), "creates: " + std::string(label), {}};
       info.arguments.push_back({std::string(kName), "the new object's name", "", {}, true});
       info.arguments.push_back({std::string(kCreateStep), "the step in which it is created", "", {}, true});
       for (MemberArgument const& own : OwnArguments(family.extension, *item)) { info.arguments.push_back(Describe(own)); }
@@ -217,7 +238,9 @@ bool ConstructAttribute(Call& call) {
     ResolveReferences(call, repository, members.stateArguments, members.state);
     SetOwn(call, *item, members);
     SetState(call, *item, step, *CreateState(*item), members);
-    call.model.Get<kprC_StepAwareRepository>(family.extension).InsertItem(name, *item);
+    auto& target = call.model.Get<kprC_StepAwareRepository>(family.extension);
+    target.InsertItem(name, *item);
+    AssertInModel(call, *target.ConstItem(name));
     return true;
   }
   return false;

@@ -60,6 +60,7 @@ public:
     auto const again = Copy(item);
     auto const refusal = RefusalBy([&] { suppressed_ ? again->Resume() : item.AssertValid(); });
     if (refusal) { Add(*refusal, FirstInvalidStep(*Copy(item))); }
+    if (auto const inModel = RefusalBy([&] { item.AssertInModel(model_); })) { Add(*inModel, {}); }
     CheckReferences(item);
     CheckHistory(item);
   }
@@ -121,6 +122,10 @@ private:
     auto const& amplitudes = model_.ConstGet<ddr_AmplitudeMap>(ddr_Model::amplitudesCmd());
     for (cow_String const& amplitude : item.Amplitudes()) {
       if (!amplitudes.IsMember(amplitude)) { AddUnknown("amplitude", amplitude, kprC_EditRefusal::AmplitudeValue); }
+    }
+    auto const& connectors = model_.ConstGet<ddr_ConnectorMap>(ddr_Model::connectorsCmd());
+    for (cow_String const& connector : item.Connectors()) {
+      if (!connectors.IsMember(connector)) { AddUnknown("connector", connector, std::nullopt); }
     }
     auto const& fields = model_.ConstGet<kfdC_FieldMap>(ddr_Model::fieldsCmd());
     if (!item.FieldName().IsEmpty() && !fields.IsMember(item.FieldName())) {

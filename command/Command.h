@@ -26,7 +26,7 @@ struct AttributeTarget {
   cow_String name;
 };
 
-/// A kind of objects that attributes refer to by name: regions, amplitudes, fields.
+/// A kind of objects that attributes refer to by name: regions, amplitudes, connectors, fields.
 struct ReferenceKind {
   std::string_view kind;  ///< "region", as commands name one
   std::vector<std::string> (*names)(ddr_Model const& model);
@@ -75,6 +75,9 @@ void ResumeAttribute(Call& call, AttributeTarget const& target);
 void RenameAttribute(Call& call, AttributeTarget const& target);
 void DeleteAttribute(Call& call, AttributeTarget const& target);
 
+/// Asks an attribute, unless it is suppressed, whether it goes with the model as the command leaves it.
+void AssertInModel(Call const& call, kprC_StepDependent const& item);
+
 // commands on what attributes refer to
 std::vector<ReferenceKind> const& ReferenceKinds();
 ReferenceKind const& ReferenceKindOf(std::string_view kind);
@@ -105,5 +108,15 @@ template <class Names> std::vector<std::string> Texts(Names const& names) {
 
 /// 'boundaryCondition "Fix"'.
 std::string ObjectText(std::string_view kind, std::string_view name);
+
+/// Runs \p ask, which asks an attribute that the command does not name; a refusal says whose it is.
+template <class Ask> void AskOther(Call& call, kprC_StepAwareRepository const& repository, cow_String const& name, Ask&& ask) {
+  try {
+    ask();
+  } catch (std::exception const&) {
+    call.subject.hint = "That is what " + ObjectText(repository.ItemCmd(), name) + " refuses.";
+    throw;
+  }
+}
 
 }  // namespace gattr

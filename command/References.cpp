@@ -44,6 +44,9 @@ bool UsesRegion(kprC_StepDependent const& item, std::string_view name) {
 bool UsesAmplitude(kprC_StepDependent const& item, std::string_view name) {
   return std::ranges::any_of(item.Amplitudes(), [&](cow_String const& used) { return used == name; });
 }
+bool UsesConnector(kprC_StepDependent const& item, std::string_view name) {
+  return std::ranges::any_of(item.Connectors(), [&](cow_String const& used) { return used == name; });
+}
 bool IsNoUser(kprC_StepDependent const&, std::string_view) { return false; }
 bool UsesField(kprC_StepDependent const& item, std::string_view name) { return item.FieldName() == name; }
 
@@ -62,6 +65,8 @@ constexpr ReferenceConstruction kConstructions[] = {
      [](cow_String const& name) -> std::unique_ptr<cls_Object> { return std::make_unique<rgnC_Region>(name, rgnC_Surface); }},
     {"Amplitude", "amplitude", "declares a variation over time that attributes refer to by its name",
      [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<ampC_Amplitude>(); }},
+    {"Connector", "connector", "declares a connector element and the components of relative motion that it offers",
+     [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<conC_Connector>(); }},
     {kfdC_Field::constructorCmd(), "field", "declares a variation in space that attributes refer to by its name",
      [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<kfdC_Field>(); }},
     {kprC_TimePoint::constructorCmd(), "timePoint", "declares a sequence of times that output requests refer to by its name",
@@ -83,37 +88,39 @@ std::vector<std::string> RegionMembers(kprC_StepDependent const& item, std::stri
   return members;
 }
 
-/// Calls \p edit with every attribute that refers to the object, separated for change, and records each as modified.
-template <class Edit> void ForEachUser(Call& call, ReferenceKind const& kind, std::string_view name, Edit&& edit) {
-  std::vector<std::pair<cow_String, cow_String>> users;
-  ForEachRepository(call.model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+/// An attribute by its repository's member name and its own.
+struct User {
+  cow_String extension, name;
+};
+
+/// The attributes that refer to the object.
+std::vector<User> UsersOf(ddr_Model const& model, ReferenceKind const& kind, std::string_view name) {
+  std::vector<User> users;
+  ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     repository.ForEach([&](cow_String const& user, kprC_StepDependent const& item) {
-      if (kind.uses(item, name)) { users.emplace_back(extension, user); }
+      if (kind.uses(item, name)) { users.push_back({extension, user}); }
     });
   });
-  for (auto const& [extension, user] : users) {
-    auto& repository = call.model.Get<kprC_StepAwareRepository>(extension);
-    edit(*repository.Item(user));
-    repository.RecordModify(user);
-  }
+  return users;
 }
 
 /// Hands a region that has changed, or changed its name, to the attributes that hold it.
-void HandOut(Call& call, ReferenceKind const& kind, std::string_view name, rgnC_Region const& region) {
+void HandOut(Call& call, std::vector<User> const& users, std::string_view name, rgnC_Region const& region) {
   cls_Value const whole = cls_ObjectTraits<rgnC_Region>::ToValue(region);
-  ForEachUser(call, kind, name, [&](kprC_StepDependent& item) {
+  for (User const& user : users) {
+    auto& repository = call.model.Get<kprC_StepAwareRepository>(user.extension);
+    kprC_StepDependent& item = *repository.Item(user.name);
     for (std::string const& member : RegionMembers(item, name)) { item.SetMember(member, whole); }
-    item.AssertValid();
-  });
+    AskOther(call, repository, user.name, [&] { item.AssertValid(); });
+    repository.RecordModify(user.name);
+  }
 }
 
 void AssertUnused(Call& call, ReferenceKind const& kind, cow_String const& name, std::string_view edit) {
   std::vector<std::string> users;
-  ForEachRepository(call.model, [&](cow_String const&, kprC_StepAwareRepository const& repository) {
-    repository.ForEach([&](cow_String const& user, kprC_StepDependent const& item) {
-      if (kind.uses(item, name)) { users.push_back(ObjectText(repository.ItemCmd(), user)); }
-    });
-  });
+  for (User const& user : UsersOf(call.model, kind, name)) {
+    users.push_back(ObjectText(call.model.ConstGet<kprC_StepAwareRepository>(user.extension).ItemCmd(), user.name));
+  }
   if (users.empty()) { return; }
   std::string text = "The " + std::string(kind.kind) + " " + Quoted(name) + " cannot be " + std::string(edit) + ": it is in use by ";
   constexpr std::size_t kShown = 8;
@@ -136,6 +143,7 @@ std::vector<ReferenceKind> const& ReferenceKinds() {
   static std::vector<ReferenceKind> const kinds = {
       Kind<rgnC_Region, ddr_RegionMap, &ddr_Model::regionsCmd>("region", &UsesRegion),
       Kind<ampC_Amplitude, ddr_AmplitudeMap, &ddr_Model::amplitudesCmd>("amplitude", &UsesAmplitude),
+      Kind<conC_Connector, ddr_ConnectorMap, &ddr_Model::connectorsCmd>("connector", &UsesConnector),
       Kind<kfdC_Field, kfdC_FieldMap, &ddr_Model::fieldsCmd>("field", &UsesField),
       Kind<kprC_TimePoint, kprC_TimePointMap, &kprC_TimePoint::repositoryCmd>("timePoint", &IsNoUser),
   };
@@ -171,7 +179,12 @@ void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const&
   std::unique_ptr<cls_Object> const object = kind.find(call.model, name)->Copy();
   SetMembers(call.subject, *object, ArgumentsOf(*object), call.arguments.Rest());
   kind.put(call.model, name, *object);
-  if (auto const* region = dynamic_cast<rgnC_Region const*>(object.get())) { HandOut(call, kind, name, *region); }
+  std::vector<User> const users = UsersOf(call.model, kind, name);
+  if (auto const* region = dynamic_cast<rgnC_Region const*>(object.get())) { HandOut(call, users, name, *region); }
+  for (User const& user : users) {
+    auto const& repository = call.model.ConstGet<kprC_StepAwareRepository>(user.extension);
+    AskOther(call, repository, user.name, [&] { AssertInModel(call, *repository.ConstItem(user.name)); });
+  }
 }
 
 void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
@@ -181,7 +194,9 @@ void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& na
   object->SetMember(kName, std::string(newName.View()));
   kind.remove(call.model, name);
   kind.put(call.model, newName, *object);
-  if (auto const* region = dynamic_cast<rgnC_Region const*>(object.get())) { return HandOut(call, kind, name, *region); }
+  if (auto const* region = dynamic_cast<rgnC_Region const*>(object.get())) {
+    return HandOut(call, UsersOf(call.model, kind, name), name, *region);
+  }
   AssertUnused(call, kind, name, "renamed");
 }
 

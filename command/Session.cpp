@@ -4,6 +4,7 @@
 #include <new>
 
 #include "command/Command.h"
+#include "command/Members.h"
 #include "command/Text.h"
 #include "module/kpr/kprC_ModelSteps.h"
 
@@ -11,7 +12,7 @@ namespace gattr {
 
 namespace {
 
-constexpr std::string_view kUndo = "undo", kRedo = "redo", kSetModel = "setModel";
+constexpr std::string_view kUndo = "undo", kRedo = "redo", kSetModel = "setModel", kSetModelSpace = "setModelSpace";
 
 /// Makes a change history the thread's own for a while.
 class CurrentHistory {
@@ -34,6 +35,26 @@ bool SetModel(Call& call) {
   return true;
 }
 
+MemberArgument SpaceArgument() {
+  std::string const space(ddr_Model::spaceCmd().View());
+  return {space, cls_MetadataRegistrar::Registrar().Find(ddr_Model::TypeId())->Find(space)};
+}
+
+/// What attributes may say depends on the space: each is asked again.
+bool SetModelSpace(Call& call) {
+  if (call.arguments.Command() != kSetModelSpace) { return false; }
+  MemberArgument const space = SpaceArgument();
+  std::string const text = call.arguments.Text(space.argument);
+  call.arguments.AssertNoRest({space.argument});
+  SetMembers(call.subject, call.model, {space}, {{space.argument, text}});
+  ForEachRepository(call.model, [&](auto const&, kprC_StepAwareRepository const& repository) {
+    repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
+      AskOther(call, repository, name, [&] { AssertInModel(call, item); });
+    });
+  });
+  return true;
+}
+
 std::vector<std::string> CommandNames() {
   std::vector<std::string> names;
   for (CommandInfo const& info : Session::Commands()) { names.push_back(info.name); }
@@ -41,7 +62,8 @@ std::vector<std::string> CommandNames() {
 }
 
 void Run(Call& call) {
-  if (ConstructStep(call) || ConstructAttribute(call) || ConstructReference(call) || RunOnObject(call) || SetModel(call)) { return; }
+  if (ConstructStep(call) || ConstructAttribute(call) || ConstructReference(call) || RunOnObject(call)) { return; }
+  if (SetModel(call) || SetModelSpace(call)) { return; }
   std::string const& command = call.arguments.Command();
   RefuseUnknown(call.subject, "There is no command " + Quoted(command) + ".", Suggestion(command, CommandNames(), "Commands"));
 }
@@ -207,6 +229,7 @@ std::vector<CommandInfo> Session::Commands() {
     infos.push_back(std::move(info));
   }
   infos.push_back({std::string(kSetModel), "session", "gives the model a name", {{"name", "the model's name", "", {}, true}}});
+  infos.push_back({std::string(kSetModelSpace), "session", "says which space the model lives in", {Describe(SpaceArgument(), true)}});
   infos.push_back({std::string(kUndo), "session", "puts back the model before the last command", {}});
   infos.push_back({std::string(kRedo), "session", "does again what undo took back", {}});
   return infos;

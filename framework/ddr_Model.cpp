@@ -4,7 +4,11 @@ ddr_Model::ddr_Model() : name_("Model-1") {
   for (auto const& [member, prototype] : mdl_ExtensionSubject::Registered()) { extensions_.Insert(cow_String(member), prototype); }
 }
 
-ddr_Model::ddr_Model(cls_ReadVisitor const& in) : ddr_Model() { cls_ReadMembers(*this, in); }
+ddr_Model::ddr_Model(cls_ReadVisitor const& in) : ddr_Model() {
+  cls_ForEachMember(*this, [&]<class M>(std::string_view name, cls_MemberText const&, M& value) {
+    if (name != spaceCmd().View() || in.Has(name)) { cls_MemberTraits<M>::Read(in, name, value); }
+  });
+}
 
 mdl_Extension const* ddr_Model::ConstExtension(std::string_view member) const {
   auto const* found = extensions_.ConstFind(member);

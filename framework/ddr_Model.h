@@ -3,6 +3,7 @@
 #include "framework/mdl_Extension.h"
 #include "framework/mdl_ExtensionSubject.h"
 #include "framework/mdl_MapString2ObjCow.h"
+#include "platform/CaeUtils/omu_PrimEnumTraits.h"
 #include "platform/CoreUtils/omn_FixedString.h"
 
 class ddr_Model;
@@ -11,25 +12,40 @@ template <> struct cls_TypeIdOf<ddr_Model> {
   static constexpr char const* kName = "ddr_Model";
 };
 
+/// The space that a model lives in.
+enum class ddr_ModelSpaceEnm { THREE_D, TWO_D_PLANAR, AXISYMMETRIC };
+template <> struct omu_EnumTable<ddr_ModelSpaceEnm> {
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"THREE_D", 0}, {"TWO_D_PLANAR", 1}, {"AXISYMMETRIC", 2}, {nullptr, 0}};
+};
+
 /// One analysis model: its extensions by member name. It starts with those that the modules have registered: the steps,
-/// one repository per family of step-dependent attributes, regions, amplitudes and fields.
+/// one repository per family of step-dependent attributes, regions, amplitudes, connectors and fields.
 ///
 /// A value: a copy is a snapshot that shares everything, and an edit of either separates only what it changes. That is
 /// how transactions and undo keep a model.
 class DDB_API ddr_Model final : public cls_Persistent<ddr_Model, cls_Object> {
 public:
-  /// A model with an empty copy of every registered extension.
+  using SpaceEnm = ddr_ModelSpaceEnm;
+  using enum ddr_ModelSpaceEnm;
+
+  /// A three-dimensional model with an empty copy of every registered extension.
   ddr_Model();
+  /// What was written before models knew their space is three-dimensional.
   explicit ddr_Model(cls_ReadVisitor const& in);
 
   static constexpr omn_FixedString stepsCmd() { return "steps"; }
   static constexpr omn_FixedString bcCmd() { return "boundaryConditions"; }
   static constexpr omn_FixedString regionsCmd() { return "regions"; }
   static constexpr omn_FixedString amplitudesCmd() { return "amplitudes"; }
+  static constexpr omn_FixedString connectorsCmd() { return "connectors"; }
   static constexpr omn_FixedString fieldsCmd() { return "fields"; }
+  static constexpr omn_FixedString spaceCmd() { return "space"; }
 
   cow_String const& Name() const { return name_; }
   void SetName(cow_String name) { name_ = std::move(name); }
+
+  SpaceEnm Space() const { return space_; }
+  void SetSpace(SpaceEnm space) { space_ = space; }
 
   /// The extension under \p member, or null.
   mdl_Extension const* ConstExtension(std::string_view member) const;
@@ -45,11 +61,13 @@ public:
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit("name", &ddr_Model::name_, cls_MemberText{"the model's name"});
+    visit(spaceCmd(), &ddr_Model::space_, cls_MemberText{"the space that it lives in"});
     visit("extensions", &ddr_Model::extensions_, cls_MemberText{"what the model holds, by member name"});
   }
 
 private:
   cow_String name_;
+  omu_PrimEnum<SpaceEnm> space_ = SpaceEnm::THREE_D;
   cow_Map<cow_String, cow_Handle<mdl_Extension>> extensions_;
 };
 

@@ -10,6 +10,8 @@
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
 #include "platform/CoreGeometry/rgnC_Region.h"
 
+class ddr_Model;
+
 /// What the editing layers refuse before they reach an attribute. Each family has a numbered refusal for each.
 enum class kprC_EditRefusal {
   NoSuchAttribute,  ///< no attribute of that name, or none in that step
@@ -64,11 +66,17 @@ public:
   virtual void UpdateStates() = 0;
   /// Re-checks every record against its step; raises the first refusal. Nothing while suppressed.
   virtual void AssertValid() const = 0;
+  /// Refuses what does not go with what \p model holds beside the steps: its space, its connectors and what they offer. Asked
+  /// of an attribute that is not suppressed, after every edit of it or of what it refers to.
+  virtual void AssertInModel(ddr_Model const& /*model*/) const {}
 
   virtual cow_1DArrayList<cow_String> Amplitudes() const = 0;
   virtual cls_xoList<rgnC_Region> Regions(rgnC_RegionType type) const = 0;
   /// Name of the field that the attribute is distributed by; empty when it is not.
   virtual cow_String FieldName() const = 0;
+
+  /// Names of the connectors that the attribute acts on.
+  virtual cow_List<cow_String> Connectors() const { return {}; }
 
   /// The name of the command that makes such an attribute.
   virtual std::string ConstructionName() const = 0;

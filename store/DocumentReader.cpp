@@ -30,7 +30,7 @@ ddr_Model DocumentReader::ReadModel(std::initializer_list<std::string_view> know
   for (std::string_view const member : known) { Take(member, "a value of the store's own"); }
   try {
     ddr_Model model(*this);
-    CheckExtensions(model);
+    CompleteExtensions(model);
     Leave();
     return model;
   } catch (std::bad_alloc const&) { throw; } catch (StoreError const&) {
@@ -40,10 +40,14 @@ ddr_Model DocumentReader::ReadModel(std::initializer_list<std::string_view> know
   }
 }
 
-void DocumentReader::CheckExtensions(ddr_Model const& model) const {
+void DocumentReader::CompleteExtensions(ddr_Model& model) const {
   for (auto const& [member, prototype] : mdl_ExtensionSubject::Registered()) {
     mdl_Extension const* const extension = model.ConstExtension(member);
     if (extension != nullptr && extension->DynTypeId() == prototype->DynTypeId()) { continue; }
+    if (extension == nullptr && member != ddr_Model::stepsCmd().View()) {
+      model.SetExtension(member, prototype);
+      continue;
+    }
     auto const* const type = cls_MetadataRegistrar::Registrar().Find(prototype->DynTypeId());
     document_.Refuse(member, "expected an object of class " + (type != nullptr ? type->name : member));
   }
