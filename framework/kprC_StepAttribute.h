@@ -35,8 +35,8 @@ template <class Error> struct kprC_StepRefusals {
   Error movePropagated;
   Error moveFromPerturbation;
   Error moveNotAdmitted;
-  Error createNotAdmitted;  ///< update of the states, and the check of every record
-  Error anneal;             ///< the check of every record: active in an anneal step
+  Error createNotAdmitted;                ///< update of the states, and the check of every record
+  Error anneal;                           ///< the check of every record: active in an anneal step
   std::optional<Error> setToPropagated;   ///< a caller sets a member to "PROPAGATED"
   std::optional<Error> offInInitialStep;  ///< deactivate, as far as the family refuses these
   std::optional<Error> offInPerturbation;
@@ -260,7 +260,8 @@ public:
   /// that the own records are the ones to ask.
   void AssertValid() const override {
     if (suppress_) { return; }
-    ForEachEditable([this](auto const& own) { Rules::Assert(!Rules::IsAnneal(Steps().ProcedureType(own.index)), Rules::kRefusals.anneal); });
+    ForEachEditable(
+        [this](auto const& own) { Rules::Assert(!Rules::IsAnneal(Steps().ProcedureType(own.index)), Rules::kRefusals.anneal); });
     ForEachEditable([this](auto const& own) {
       bool const carried = own.status != Status_::Created;
       Rules::Assert(Admits(Steps().ProcedureType(own.index), carried), Rules::kRefusals.createNotAdmitted);
