@@ -2,6 +2,8 @@
 
 #include <array>
 #include <concepts>
+#include <cstdlib>
+#include <optional>
 
 #include "framework/kprC_History.h"
 #include "framework/kprC_State.h"
@@ -16,6 +18,7 @@ enum kprC_StatusTrait : std::uint8_t {
   kprC_IllegalMove = 16,
   kprC_Changed = 32,
   kprC_NoReset = 64,
+  kprC_Editable = 128,  ///< may be edited here, and the step has to admit the type of what is set here
 };
 using kprC_StatusTable = std::array<std::uint8_t, 16>;
 
@@ -32,8 +35,12 @@ template <class Error> struct kprC_StepRefusals {
   Error movePropagated;
   Error moveFromPerturbation;
   Error moveNotAdmitted;
-  Error createNotAdmitted;  ///< update of the states, and the check of every record
-  Error setToPropagated;    ///< a caller sets a member to "PROPAGATED"
+  Error createNotAdmitted;                ///< update of the states, and the check of every record
+  Error anneal;                           ///< the check of every record: active in an anneal step
+  std::optional<Error> setToPropagated;   ///< a caller sets a member to "PROPAGATED"
+  std::optional<Error> offInInitialStep;  ///< deactivate, as far as the family refuses these
+  std::optional<Error> offInPerturbation;
+  std::optional<Error> cannotBeOff;  ///< active, but not editable
 };
 
 /// Procedures that nothing may be moved into, and the refusal. \p Set answers Contains(procedureType).
@@ -51,13 +58,18 @@ concept kprC_FamilyRules = requires(unsigned procedureType, typename R::Error er
   { R::kNeverOff } -> std::same_as<unsigned const&>;
   { R::kRefusals } -> std::same_as<kprC_StepRefusals<typename R::Error> const&>;
   { std::begin(R::kMoveTargets)->procedures.Contains(procedureType) } -> std::same_as<bool>;
+  { R::kOnCopy } -> std::same_as<bool const&>;           // a refused operation leaves the attribute as it was
+  { R::kMoveInStepOrder } -> std::same_as<bool const&>;  // a move asks destination and steps between as it meets them
   { R::Kind(procedureType) } -> std::same_as<kprC_StepKind>;
   { R::IsFrequency(procedureType) } -> std::same_as<bool>;
+  { R::IsAnneal(procedureType) } -> std::same_as<bool>;
+  { R::Edit(kprC_EditRefusal::NoSteps) } -> std::same_as<typename R::Error>;
   R::Assert(true, error);
 };
 
 /// The per-step operations of a family, by its page of tables.
-/// Operations test before they change, except Move, and do not roll back. Each ends with the whole history formed anew.
+/// Operations test before they change, except Move. Each ends with the whole history formed anew, and with the check of
+/// every record; what such a late refusal leaves behind is the family's (Rules::kOnCopy).
 template <kprC_FamilyRules Rules> class kprC_StepAttribute : public kprC_StepDependent {
 public:
   using State = typename Rules::State;
@@ -76,9 +88,29 @@ public:
   bool IsSuppressed() const override { return suppress_; }
   void Suppress() override { suppress_ = true; }
   void Resume() override {
-    suppress_ = false;
-    Sync();
+    Edit([&] {
+      suppress_ = false;
+      Sync();
+    });
   }
+
+  rgnC_Region const& Region() const { return region_; }
+  cls_xoList<rgnC_Region> Regions(rgnC_RegionType type) const override {
+    cls_xoList<rgnC_Region> regions;
+    if (region_ && region_.Type() == type) { regions.Append(region_); }
+    return regions;
+  }
+  /// Amplitude names in use, each once, in step order.
+  cow_1DArrayList<cow_String> Amplitudes() const override {
+    cow_Map<cow_String, bool> seen;
+    cow_1DArrayList<cow_String> names;
+    for (auto const& own : states_.Own()) {
+      cow_String const name = own.state->AmplitudeName();
+      if (!name.IsEmpty() && seen.Insert(name, true)) { names.Append(name); }
+    }
+    return names;
+  }
+  cow_String FieldName() const override { return fieldName_; }
 
   kprC_StepTable const& Steps() const override { return states_.Steps(); }
   /// Raises the unknown-step refusal.
@@ -105,7 +137,7 @@ public:
     return index == kprC_StepTable::npos ? cow_String() : Steps().Name(index);
   }
   bool IsMember(cow_String const& step) const override { return states_.Find(step.View()) != kprC_StepTable::npos; }
-  bool IsEditable(cow_String const& step) const override { return IsActive(Status(step)); }
+  bool IsEditable(cow_String const& step) const override { return Is(Status(step), kprC_Editable); }
   cow_String GetEditableStepName(cow_String const& step) const override { return IsEditable(step) ? step : CreateStepName(); }
 
   /// Puts a copy of \p state into the record of \p step. Without records one is begun; false when there are records but
@@ -119,8 +151,10 @@ public:
     }
     std::size_t const index = states_.Find(step.View());
     if (index == kprC_StepTable::npos) { return false; }
-    states_.SetState(index, std::move(copy));
-    if (HasProcedure()) { Sync(); }
+    Edit([&] {
+      states_.SetState(index, std::move(copy));
+      if (HasProcedure()) { Sync(); }
+    });
     return true;
   }
 
@@ -131,7 +165,7 @@ public:
     state->SetSwitchedOff(false);
     for (auto const& [name, value] : members) {
       if (auto const* text = value.template As<std::string>()) {
-        Rules::Assert(*text != "PROPAGATED", Rules::kRefusals.setToPropagated);
+        if (Rules::kRefusals.setToPropagated) { Rules::Assert(*text != "PROPAGATED", *Rules::kRefusals.setToPropagated); }
         AssertMemberState(index, name, *text);
       }
       if (!state->SetMember(name, value)) {
@@ -144,23 +178,32 @@ public:
 
   bool Remove(cow_String const& step) override {
     if (!IsMember(step)) { return false; }
-    states_.SetState(Known(step), nullptr);
-    Sync();
+    Edit([&] {
+      states_.SetState(Known(step), nullptr);
+      Sync();
+    });
     return true;
   }
 
-  /// Refuses an unknown step; then, where the state is on, a step in which the attribute is not active. Nothing where
-  /// there is no state or it is off already.
+  /// Refuses an unknown step, and the initial one where the family says so. Nothing where there is no state or it is off
+  /// already; else refuses a perturbation step where the family does, a step in which the attribute is not active, and one
+  /// in which it is but cannot be edited where the family does.
   void Deactivate(cow_String const& step) override {
     std::size_t const index = Known(step);
+    Refuse(Rules::kRefusals.offInInitialStep, Steps()[index].procedure && Steps().ProcedureType(index) == 0);
     StateHandle state = states_.State(index);
     if (!state || state->SwitchedOff()) { return; }
+    auto const& procedure = Steps()[index].procedure;
+    Refuse(Rules::kRefusals.offInPerturbation, procedure && procedure->Perturbation());
     Rules::Assert(IsActive(states_.Status(index)), Rules::kRefusals.notActive);
-    State& off = state.Get();
-    off.SetSwitchedOff(true);
-    off.NewUid();
-    states_.SetState(index, std::move(state));
-    Sync();
+    Refuse(Rules::kRefusals.cannotBeOff, !Is(states_.Status(index), kprC_Editable));
+    Edit([&] {
+      State& off = state.Get();
+      off.SetSwitchedOff(true);
+      off.NewUid();
+      states_.SetState(index, std::move(state));
+      Sync();
+    });
   }
 
   /// Takes back what \p step says, which must be neither the create step nor of a status that cannot be reset.
@@ -169,44 +212,38 @@ public:
     std::size_t const index = Known(step);
     bool const refused = Rules::kStatuses[static_cast<std::size_t>(states_.Status(index))] & kprC_NoReset;
     Rules::Assert(!refused, Rules::kRefusals.resetNotDeactivated);
-    states_.SetState(index, nullptr);
-    Sync();
+    Edit([&] {
+      states_.SetState(index, nullptr);
+      Sync();
+    });
   }
 
   /// Moves what \p fromStep defines to \p toStep. Equal names: nothing. Refuses an unknown name; what AssertMove refuses;
-  /// a change at the destination or between, in the order in which the records are met; then, with the records between
-  /// emptied already, a source that is not active, propagated or of a perturbation procedure, and a destination whose
-  /// procedure takes nothing or not this type.
+  /// a change at the destination or between, in the family's order; then, with the records between emptied already, a source
+  /// that is not active, propagated or of a perturbation procedure, and a destination whose procedure takes nothing or not
+  /// this type.
   void Move(cow_String const& fromStep, cow_String const& toStep) override {
     if (fromStep == toStep) { return; }
     std::size_t const from = Known(fromStep), to = Known(toStep);
-    AssertMove(from, to);
-    auto const ontoChange = [&] { Rules::Assert(!IsIllegalMove(states_.Status(to)), Rules::kRefusals.moveOntoChange); };
-    if (to < from) { ontoChange(); }
-    std::size_t const first = std::min(from, to) + 1, last = std::max(from, to);
-    AssertNoneChanged(first, last);
-    if (from < to) { ontoChange(); }
-    states_.ClearStates(first, last);
-    states_.NewUid();
-
-    Status_ const status = states_.Status(from);
-    Rules::Assert(IsActive(status), Rules::kRefusals.moveInactive);
-    Rules::Assert(!IsPropagated(status), Rules::kRefusals.movePropagated);
-    auto const& source = Steps()[from].procedure;
-    Rules::Assert(!source || !source->Perturbation(), Rules::kRefusals.moveFromPerturbation);
-    if (auto const& procedure = Steps()[to].procedure) {
-      unsigned const type = kprC_ProcedureTypeOf(procedure.ConstGet());
-      for (auto const& target : Rules::kMoveTargets) { Rules::Assert(!target.procedures.Contains(type), target.refusal); }
-      Rules::Assert(Admits(type, false), Rules::kRefusals.moveNotAdmitted);
-    }
-    StateHandle moved = states_.State(from);
-    if (moved) {
-      moved.Get().ChangeProcedureType(Steps().ProcedureType(to));
-      moved.Get().NewUid();
-    }
-    states_.Set(to, status, std::move(moved));
-    states_.SetState(from, nullptr);
-    Sync();
+    Edit([&] {
+      AssertMove(from, to);
+      bool const destinationFirst = Rules::kMoveInStepOrder && to < from;
+      if (destinationFirst) { AssertNoneChanged(to, to + 1, Rules::kRefusals.moveOntoChange); }
+      std::size_t const first = std::min(from, to) + 1, last = std::max(from, to);
+      AssertNoneChanged(first, last, Rules::kRefusals.moveAcrossChange);
+      if (!destinationFirst) { AssertNoneChanged(to, to + 1, Rules::kRefusals.moveOntoChange); }
+      states_.ClearStates(first, last);
+      states_.NewUid();
+      AssertSourceAndTarget(from, to);
+      StateHandle moved = states_.State(from);
+      if (moved) {
+        moved.Get().ChangeProcedureType(Steps().ProcedureType(to));
+        moved.Get().NewUid();
+      }
+      states_.Set(to, states_.Status(from), std::move(moved));
+      states_.SetState(from, nullptr);
+      Sync();
+    });
   }
 
   void UpdateStates() override {
@@ -214,7 +251,23 @@ public:
     if (index != kprC_StepTable::npos && Steps()[index].procedure) {
       Rules::Assert(Admits(Steps().ProcedureType(index), false), Rules::kRefusals.createNotAdmitted);
     }
-    Sync();
+    Edit([&] { Sync(); });
+  }
+
+  /// Nothing while suppressed. Refuses an attribute that is active in an anneal step, then one whose type a step does not
+  /// admit in which it is; then what the type refuses of itself and of its states. The family says for which statuses a
+  /// step is asked; what is carried rests where its type is not admitted and holds nothing that its source does not, so
+  /// that the own records are the ones to ask.
+  void AssertValid() const override {
+    if (suppress_) { return; }
+    ForEachEditable(
+        [this](auto const& own) { Rules::Assert(!Rules::IsAnneal(Steps().ProcedureType(own.index)), Rules::kRefusals.anneal); });
+    ForEachEditable([this](auto const& own) {
+      bool const carried = own.status != Status_::Created;
+      Rules::Assert(Admits(Steps().ProcedureType(own.index), carried), Rules::kRefusals.createNotAdmitted);
+    });
+    AssertWhole();
+    ForEachEditable([this](auto const& own) { AssertState(*own.state, own.index); });
   }
 
   /// Empties the record of a step whose procedure is being replaced: no state, no procedure, status 0. Refused for the
@@ -233,6 +286,12 @@ public:
     if (told != stored) { in.Refuse("states", "a state in every record from the create step on"); }
   }
 
+  /// Raises the family's refusal.
+  [[noreturn]] static void Refuse(kprC_EditRefusal refusal) {
+    Rules::Assert(false, Rules::Edit(refusal));
+    std::abort();  // not reached: the refusal is raised above
+  }
+
   /// A default state of the type.
   virtual std::unique_ptr<State> NewState() const = 0;
   /// Whether the type may stand in a step of \p procedureType: created or moved there, or \p carried into it.
@@ -247,16 +306,52 @@ protected:
     AssertValid();
   }
 
+  /// Calls \p fn with every own record whose status is an editable one.
+  template <class Fn> void ForEachEditable(Fn&& fn) const {
+    for (auto const& own : states_.Own()) {
+      if (Is(own.status, kprC_Editable)) { fn(own); }
+    }
+  }
+
+  /// What the type refuses of itself as a whole, and of a state in force; \p index is that of its step.
+  virtual void AssertWhole() const {}
+  virtual void AssertState(State const& /*state*/, std::size_t /*index*/) const {}
   /// What the type refuses of a move before anything changes.
   virtual void AssertMove(std::size_t /*from*/, std::size_t /*to*/) const {}
   /// Refuses a word ("UNSET", "FREED", "PROPAGATED") where a member may not take that state in that step.
   /// \p index is npos while the attribute is being created.
   virtual void AssertMemberState(std::size_t /*index*/, std::string_view /*member*/, std::string_view /*word*/) const {}
 
+  [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override {
+    if (text.refusal >= 0) { Rules::Assert(false, static_cast<Error>(text.refusal)); }
+    kprC_StepDependent::RefuseValue(name, text, expected);
+  }
+
   bool suppress_ = false;
+  rgnC_Region region_;
+  cow_String fieldName_;
   kprC_History<Rules> states_;
 
 private:
+  static void Refuse(std::optional<Error> refusal, bool condition) {
+    if (refusal) { Rules::Assert(!condition, *refusal); }
+  }
+  /// Runs what changes the attribute and may be refused late.
+  template <class Fn> void Edit(Fn&& edit) {
+    if constexpr (Rules::kOnCopy) {
+      auto const states = states_;
+      bool const suppressed = suppress_;
+      try {
+        edit();
+      } catch (...) {
+        states_ = states;
+        suppress_ = suppressed;
+        throw;
+      }
+    } else {
+      edit();
+    }
+  }
   static bool Is(Status_ status, unsigned trait) {
     auto const number = static_cast<std::size_t>(status);
     unsigned const traits = number < Rules::kStatuses.size() ? Rules::kStatuses[number] : 0U;
@@ -278,11 +373,23 @@ private:
     }
     return false;
   }
-  void AssertNoneChanged(std::size_t begin, std::size_t end) const {
+  void AssertNoneChanged(std::size_t begin, std::size_t end, Error refusal) const {
     for (auto const& own : states_.Own()) {  // what is carried is never in the way
       bool const inside = own.index >= begin && own.index < end;
-      Rules::Assert(!inside || !IsIllegalMove(own.status), Rules::kRefusals.moveAcrossChange);
+      Rules::Assert(!inside || !IsIllegalMove(own.status), refusal);
     }
+  }
+  void AssertSourceAndTarget(std::size_t from, std::size_t to) const {
+    Status_ const status = states_.Status(from);
+    Rules::Assert(IsActive(status), Rules::kRefusals.moveInactive);
+    Rules::Assert(!IsPropagated(status), Rules::kRefusals.movePropagated);
+    auto const& source = Steps()[from].procedure;
+    Rules::Assert(!source || !source->Perturbation(), Rules::kRefusals.moveFromPerturbation);
+    auto const& procedure = Steps()[to].procedure;
+    if (!procedure) { return; }
+    unsigned const type = kprC_ProcedureTypeOf(procedure.ConstGet());
+    for (auto const& target : Rules::kMoveTargets) { Rules::Assert(!target.procedures.Contains(type), target.refusal); }
+    Rules::Assert(Admits(type, false), Rules::kRefusals.moveNotAdmitted);
   }
   void Form() {
     states_.Form([this](unsigned procedureType) { return Admits(procedureType, true); });
@@ -316,16 +423,18 @@ private:
 
   void Initialize(kprC_StepTable const& steps) override {
     if (steps.Size() == 0) { return; }
-    MatchTo(steps);
-    Sync();
+    Edit([&] {
+      MatchTo(steps);
+      Sync();
+    });
   }
   /// As Initialize, without the check of the records.
   void InitializeStateValues(kprC_StepTable const& steps) override {
     if (steps.Size() == 0) { return; }
-    MatchTo(steps);
-    bool const suppressed = std::exchange(suppress_, true);  // a suppressed attribute is not checked
-    Sync();
-    suppress_ = suppressed;
+    Edit([&] {
+      MatchTo(steps);
+      Form();
+    });
   }
   void MatchTo(kprC_StepTable const& steps) {
     std::size_t const create = states_.CreateStep();
@@ -334,12 +443,16 @@ private:
     states_.MatchTo(steps);
   }
   void InsertStep(std::size_t index, kprC_StepTable const& steps) override {
-    states_.InsertAt(index, steps);
-    Sync();
+    Edit([&] {
+      states_.InsertAt(index, steps);
+      Sync();
+    });
   }
   void RemoveStep(std::size_t index, kprC_StepTable const& steps) override {
-    states_.EraseAt(index, steps);
-    Sync();
+    Edit([&] {
+      states_.EraseAt(index, steps);
+      Sync();
+    });
   }
   void RenameStep(kprC_StepTable const& steps) override { states_.Attach(steps); }
   void AttachSteps(kprC_StepTable const& steps) override { states_.Attach(steps); }

@@ -6,21 +6,7 @@
 template class kprC_History<kbcC_StepRules>;
 template class kprC_StepAttribute<kbcC_StepRules>;
 
-cow_1DArrayList<cow_String> kbcC_BC::Amplitudes() const {
-  cow_Map<cow_String, bool> seen;
-  cow_1DArrayList<cow_String> names;
-  for (auto const& own : States().Own()) {
-    cow_String const& name = own.state->amplitude.ConstGet();
-    if (own.state->amplitude.HasValue() && !name.IsEmpty() && seen.Insert(name, true)) { names.Append(name); }
-  }
-  return names;
-}
-
-cls_xoList<rgnC_Region> kbcC_BC::Regions(rgnC_RegionType type) const {
-  cls_xoList<rgnC_Region> regions;
-  if (region_ && region_.Type() == type) { regions.Append(region_); }
-  return regions;
-}
+kbcC_TypeRow const& kbcC_BC::Type() const { return *kprC_FindType(kbcC_Types(), DynTypeId()); }
 
 bool kbcC_BC::ValidInALoadCase(cow_String const& step, bool raise) const {
   auto const holds = [raise](bool condition, kbcC_ErrorEnm code) {
@@ -63,34 +49,27 @@ void kbcC_BC::AssertMemberState(std::size_t index, std::string_view /*member*/, 
 }
 
 void kbcC_BC::AssertValid() const {
-  if (suppress_) { return; }
-  kbcC_Assert(!UsesField() || !fieldName_.IsEmpty(), kbcC_ErrorEnm::FieldNameMissing);
-  // What is carried rests where its type is not admitted, and holds nothing that its source does not: the own records
-  // are the ones to ask.
-  for (auto const& own : States().Own()) {
-    bool const anneal = Steps().ProcedureType(own.index) == kprC_ProcedureType::Anneal;
-    kbcC_Assert(!anneal || !IsActive(own.status), kbcC_ErrorEnm::AnnealStep);
-  }
-  for (auto const& own : States().Own()) {
-    bool const carried = own.status != mdl_PropagationStatusEnm::Created;
-    kbcC_Assert(!IsActive(own.status) || Admits(Steps().ProcedureType(own.index), carried), kbcC_ErrorEnm::InvalidStep);
-  }
-  for (auto const& own : States().Own()) {
-    if (IsActive(own.status)) { AssertState(*own.state, Steps()[own.index].procedure && Steps().ProcedureType(own.index) == 0); }
-  }
+  kbcC_Assert(suppress_ || !UsesField() || !fieldName_.IsEmpty(), kbcC_ErrorEnm::FieldNameMissing);
+  kprC_StepAttribute::AssertValid();
+}
+
+void kbcC_BC::AssertState(kbcC_BCState const& state, std::size_t index) const {
+  state.AssertValid();
+  if (!IsInitial(index)) { return; }
+  kbcC_Assert(!state.IsFixed(), kbcC_ErrorEnm::FixedInInitialStep);
+  kbcC_Assert(!state.IsNonZero(), kbcC_ErrorEnm::NonZeroInInitialStep);
+}
+
+void kbcC_BC::AssertMove(std::size_t from, std::size_t to) const {
+  auto const& state = States().State(from);
+  kbcC_Assert(!IsInitial(to) || !state || !state->IsNonZero(), kbcC_ErrorEnm::MoveNonZeroToInitialStep);
+}
+
+bool kbcC_BC::ValidByOwnRule(unsigned procedureType, bool carried) const {
+  return carried && Type().staysConstrained && kbcC_kStaysConstrained.Contains(procedureType);
 }
 
 std::string_view kbcC_BC::MemberName(std::string_view command) const {
   if (command == csysCmd()) { return "csys"; }
   return command == distributionTypeCmd() ? distributionCmd().View() : command;
-}
-
-void kbcC_BC::Refuse(kprC_EditRefusal refusal) {
-  kbcC_Assert(false, kbcC_StepRules::Edit(refusal));
-  std::abort();  // not reached: the refusal is raised above
-}
-
-void kbcC_BC::RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const {
-  if (text.refusal >= 0) { kbcC_Assert(false, static_cast<kbcC_ErrorEnm>(text.refusal)); }
-  kprC_StepAttribute::RefuseValue(name, text, expected);
 }

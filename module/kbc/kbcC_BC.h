@@ -7,13 +7,8 @@
 
 class kprC_Step;
 
-enum class kbcC_CategoryEnm { MECHANICAL = 0, THERMAL = 1, FLUID = 2, ELECTRICAL = 3, MASS_DIFFUSION = 4, ACOUSTIC = 5, OTHER_BC = 6 };
 enum class kbcC_DistribTypeEnum { UNIFORM = 0, USER_DEFINED = 1, FIELD = 2 };
 
-template <> struct omu_EnumTable<kbcC_CategoryEnm> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"MECHANICAL", 0},     {"THERMAL", 1},  {"FLUID", 2},    {"ELECTRICAL", 3},
-                                                               {"MASS_DIFFUSION", 4}, {"ACOUSTIC", 5}, {"OTHER_BC", 6}, {nullptr, 0}};
-};
 template <> struct omu_EnumTable<kbcC_DistribTypeEnum> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNIFORM", 0}, {"USER_DEFINED", 1}, {"FIELD", 2}, {nullptr, 0}};
 };
@@ -63,21 +58,15 @@ public:
   static constexpr omn_FixedString fieldNameCmd() { return "fieldName"; }
   static constexpr omn_FixedString upgradeBCMDBCmd() { return "_upgradeBcMdb"; }
 
-  rgnC_Region const& Region() const { return region_; }
   dtmC_DatumRef const& Csys() const { return csys_; }
   DistribTypeEnum DistributionType() const { return distribution_; }
   bool UsesField() const { return distribution_ == FIELD; }
-  cow_String FieldName() const override { return fieldName_; }
-  virtual CategoryEnm Category() const = 0;
-
-  /// Amplitude names in use, each once, in step order.
-  cow_1DArrayList<cow_String> Amplitudes() const override;
-  cls_xoList<rgnC_Region> Regions(rgnC_RegionType type) const override;
+  CategoryEnm Category() const { return Type().category; }
 
   /// Whether a load case may use conditions of this type.
-  virtual bool AllowedInALoadCase() const { return false; }
+  bool AllowedInALoadCase() const { return Type().loadCase == kbcC_LoadCaseEnm::Accepted; }
   /// Whether load cases do not yet support this type.
-  virtual bool NYIForLoadCase() const { return false; }
+  bool NYIForLoadCase() const { return Type().loadCase == kbcC_LoadCaseEnm::NotYet; }
   /// Whether a load case of \p step may use this condition. With \p raise a no is refused: 48 not active there, 49 not of
   /// an accepted type, 50 of a type that load cases do not yet support.
   bool ValidInALoadCase(cow_String const& step, bool raise) const;
@@ -95,13 +84,12 @@ public:
   bool Insert(cow_String const& step, kbcC_BCState const& state) override;
 
   /// Refuses, in this order: 59 no field name with the distribution FIELD, 24 active in an anneal step, 45 active where
-  /// the type is not admitted; then what the type refuses of its states.
+  /// the type is not admitted; what the type refuses; of each state what it refuses itself, 25 fixed and 6 anything but
+  /// zero in the initial step.
   void AssertValid() const override;
 
   /// Commands say "localCsys" and "distributionType" of the members "csys" and "distribution".
   std::string_view MemberName(std::string_view command) const override;
-
-  [[noreturn]] static void Refuse(kprC_EditRefusal refusal);
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit(suppressCmd(), &kbcC_BC::suppress_, cls_MemberText{"whether the condition is suppressed as a whole"});
@@ -114,20 +102,20 @@ public:
 
 protected:
   void AssertMemberState(std::size_t index, std::string_view member, std::string_view word) const override;
-  [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override;
-
-  /// The type's own rule for steps that the table does not grant.
-  virtual bool ValidByOwnRule(unsigned procedureType, bool carried) const = 0;
-  /// What the type refuses of a state in force; \p initial tells the initial step.
-  virtual void AssertState(kbcC_BCState const& state, bool initial) const = 0;
+  void AssertState(kbcC_BCState const& state, std::size_t index) const override;
+  /// Refuses 26: anything but zero moved into the initial step.
+  void AssertMove(std::size_t from, std::size_t to) const override;
+  /// The type's own rule for steps that the table does not grant: what is constrained stays so when it is carried.
+  virtual bool ValidByOwnRule(unsigned procedureType, bool carried) const;
 
 private:
+  bool IsInitial(std::size_t index) const { return Steps()[index].procedure && Steps().ProcedureType(index) == 0; }
+  /// The type's row in the table of types.
+  kbcC_TypeRow const& Type() const;
   /// Refuses 20 for a component freed in the create step (\p index npos: being created); elsewhere 21 for one freed or
   /// unset where the condition is not active, 22 for one unset where it is.
   void AssertComponentState(std::size_t index, bool freed, bool unset) const;
 
-  rgnC_Region region_;
   dtmC_DatumRef csys_;
   omu_PrimEnum<DistribTypeEnum, 1> distribution_;
-  cow_String fieldName_;
 };

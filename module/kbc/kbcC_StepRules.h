@@ -5,7 +5,8 @@
 
 #include "framework/kprC_StepAttribute.h"
 #include "module/kbc/kbcC_BCState.h"
-#include "module/kpr/kprC_Procedures.h"
+#include "module/kpr/kprC_Admission.h"
+#include "platform/CaeUtils/omu_PrimEnumTraits.h"
 
 /// What sets boundary conditions apart from the other families: statuses, procedures and refusals, as tables.
 struct DDB_API kbcC_StepRules {
@@ -16,16 +17,16 @@ struct DDB_API kbcC_StepRules {
   /// How a status is classified; one without a row is refused.
   static constexpr kprC_StatusTable kStatuses = {
       /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
-      /*  1 Created                   */ kprC_Known | kprC_Active | kprC_IllegalMove | kprC_Changed,
-      /*  2 Propagated                */ kprC_Known | kprC_Active | kprC_Propagated,
-      /*  3 Modified                  */ kprC_Known | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
+      /*  1 Created                   */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed,
+      /*  2 Propagated                */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
+      /*  3 Modified                  */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
       /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
       /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
       /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
       /*  7 not carried here          */ kprC_Known | kprC_NoReset,
       /*  8                           */ 0,
-      /*  9 PropagatedFromBaseState   */ kprC_Known | kprC_Active | kprC_Propagated,
-      /* 10 ModifiedFromBaseState     */ kprC_Known | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
+      /*  9 PropagatedFromBaseState   */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
+      /* 10 ModifiedFromBaseState     */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
       /* 11 off for this step only    */ kprC_Known | kprC_Changed,
       /* 12 BuiltIn                   */ kprC_Known | kprC_BuiltIn,
       /* 13                           */ kprC_NoReset,
@@ -67,8 +68,14 @@ struct DDB_API kbcC_StepRules {
       .moveFromPerturbation = Error::MoveFromPerturbation,
       .moveNotAdmitted = Error::MoveToInvalidStep,
       .createNotAdmitted = Error::InvalidStep,
+      .anneal = Error::AnnealStep,
       .setToPropagated = Error::StateSetToPropagated,
+      .offInInitialStep = {},
+      .offInPerturbation = {},
+      .cannotBeOff = {},
   };
+  static constexpr bool kOnCopy = false;
+  static constexpr bool kMoveInStepOrder = true;
   /// Procedures that nothing is moved into, in the order in which they are asked.
   static constexpr kprC_MoveTarget<kprC_ProcedureSet, Error> kMoveTargets[] = {
       {kprC_perturbationProcedures, Error::MoveToPerturbation},
@@ -104,34 +111,38 @@ struct DDB_API kbcC_StepRules {
     return kprC_perturbationProcedures.Contains(procedureType) ? kprC_StepKind::Perturbation : kprC_StepKind::General;
   }
   static constexpr bool IsFrequency(unsigned procedureType) { return procedureType == kprC_ProcedureType::Frequency; }
+  static constexpr bool IsAnneal(unsigned procedureType) { return procedureType == kprC_ProcedureType::Anneal; }
   static void Assert(bool condition, Error code) { kbcC_Assert(condition, code); }
 };
 
-// procedures in whose steps an amplitude, a complex value or a magnitude means nothing or something
-inline constexpr kprC_ProcedureSet kbcC_kNoAmplitude = {kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency,
-                                                        kprC_ProcedureType::StaticRiks, kprC_ProcedureType::StaticLinearPerturbation,
-                                                        kprC_ProcedureType::ComplexFrequency};
-inline constexpr kprC_ProcedureSet kbcC_kComplex = {kprC_ProcedureType::SteadyStateDirect};
-inline constexpr kprC_ProcedureSet kbcC_kNoMagnitude = {kprC_ProcedureType::Frequency, kprC_ProcedureType::ComplexFrequency};
+enum class kbcC_CategoryEnm { MECHANICAL = 0, THERMAL = 1, FLUID = 2, ELECTRICAL = 3, MASS_DIFFUSION = 4, ACOUSTIC = 5, OTHER_BC = 6 };
+/// Whether a load case may use conditions of a type.
+enum class kbcC_LoadCaseEnm {
+  Accepted,
+  Refused,  ///< 49
+  NotYet,   ///< 50
+};
 
-/// The own rule of a type whose degrees of freedom, once constrained, stay so: carried, it stands in every perturbation
-/// procedure that solves for them and in the modal-based ones; nothing is added for a creation.
+template <> struct omu_EnumTable<kbcC_CategoryEnm> {
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"MECHANICAL", 0},     {"THERMAL", 1},  {"FLUID", 2},    {"ELECTRICAL", 3},
+                                                               {"MASS_DIFFUSION", 4}, {"ACOUSTIC", 5}, {"OTHER_BC", 6}, {nullptr, 0}};
+};
+
+/// What is constrained stays so: carried, a condition of most types stands in every perturbation procedure that solves for
+/// its degrees of freedom and in the modal-based ones. Nothing is added for a creation.
 inline constexpr kprC_ProcedureSet kbcC_kStaysConstrained =
     kbcC_StepRules::kModal | kprC_ProcedureSet{kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency,
                                                kprC_ProcedureType::StaticLinearPerturbation, kprC_ProcedureType::SteadyStateDirect,
                                                kprC_ProcedureType::SteadyStateSubspace};
-inline constexpr bool kbcC_StaysConstrained(unsigned procedureType, bool carried) {
-  return carried && kbcC_kStaysConstrained.Contains(procedureType);
-}
 
-/// One row of the table of types by procedure: a type and the procedures in whose steps it may be created.
-struct kbcC_AdmissionRow {
-  unsigned typeId;
-  std::string_view type;  ///< the class's name
-  bool mechanical;        ///< in the mechanical list of its procedures, else in the other list
-  kprC_ProcedureSet procedures;
+/// What sets a type apart: a row of the table of types.
+struct kbcC_TypeRow : kprC_AdmissionRow {
+  kbcC_CategoryEnm category;
+  bool mechanical;  ///< in the mechanical list of its procedures, else in the other list
+  kbcC_LoadCaseEnm loadCase;
+  bool staysConstrained;  ///< kbcC_kStaysConstrained holds for it
 };
-/// The table of types by procedure.
-DDB_API std::span<kbcC_AdmissionRow const> kbcC_Admission();
+/// The table of types, mechanical ones first.
+DDB_API std::span<kbcC_TypeRow const> kbcC_Types();
 /// Whether the table grants the type of that identity a step of \p procedureType (0: the initial step).
 DDB_API bool kbcC_isValidBCTypeforStep(unsigned typeId, unsigned procedureType);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "framework/kprC_TypeOf.h"
 #include "module/kbc/kbcC_BC.h"
 #include "module/kpr/kprC_BucklingCase.h"
 
@@ -11,13 +12,13 @@ template <> struct omu_EnumTable<kbcC_TypeNameEnm> {
 };
 
 /// Per-step state of a symmetry, antisymmetry or encastre condition.
-class DDB_API kbcC_TypeBCState final : public kprC_StateOf<kbcC_TypeBCState, kbcC_BCState> {
+class DDB_API kbcC_TypeBCState final : public kbcC_StateOf<kbcC_TypeBCState> {
 public:
   static constexpr omn_FixedString typeNameCmd() { return "typeName"; }
   static constexpr omn_FixedString buckleCaseCmd() { return "buckleCase"; }
 
-  kbcC_TypeBCState();
-  explicit kbcC_TypeBCState(cls_ReadVisitor const& in);
+  kbcC_TypeBCState() = default;
+  explicit kbcC_TypeBCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
 
   mdl_PropAttr<omu_PrimEnum<kbcC_TypeNameEnm, 1>> typeName;        ///< the kind of constraint
   mdl_PropAttr<omu_PrimEnum<kprC_BucklingCaseEnm, 1>> buckleCase;  ///< which part of a buckle step it acts in
@@ -36,10 +37,22 @@ struct kbcC_TypeBCKind {
   kbcC_TypeNameEnm kind;
 };
 
-/// Symmetry, antisymmetry, pinned and encastre conditions: constraints named by their kind.
+/// What the symmetry types have in common.
 ///
 /// Refuses in addition: 46 an edit where the condition is carried unchanged.
-class DDB_API kbcC_TypeBC final : public cls_Persistent<kbcC_TypeBC, kbcC_BC> {
+template <class Derived, class State> class kbcC_Unedited : public kprC_TypeOf<Derived, State, kbcC_BC> {
+public:
+  using kprC_TypeOf<Derived, State, kbcC_BC>::kprC_TypeOf;
+
+  bool Insert(cow_String const& step, kbcC_BCState const& state) override {
+    std::size_t const index = this->States().Find(step.View());
+    kbcC_Assert(index == kprC_StepTable::npos || !this->IsPropagated(this->StatusAt(index)), kbcC_ErrorEnm::TypedEditedInPropagatedStep);
+    return kbcC_BC::Insert(step, state);
+  }
+};
+
+/// Symmetry, antisymmetry, pinned and encastre conditions: constraints named by their kind.
+class DDB_API kbcC_TypeBC final : public kbcC_Unedited<kbcC_TypeBC, kbcC_TypeBCState> {
 public:
   using TypeNameEnm = kbcC_TypeNameEnm;
   using enum kbcC_TypeNameEnm;
@@ -50,24 +63,30 @@ public:
       {"YasymmBC", YASYMM}, {"ZasymmBC", ZASYMM}, {"PinnedBC", PINNED}, {"EncastreBC", ENCASTRE},
   };
 
-  explicit kbcC_TypeBC(TypeNameEnm kind = XSYMM);
-  explicit kbcC_TypeBC(cls_ReadVisitor const& in);
+  explicit kbcC_TypeBC(TypeNameEnm kind = XSYMM) : kind_(kind) {}
+  explicit kbcC_TypeBC(cls_ReadVisitor const& in) : kbcC_Unedited(in) {}
 
-  CategoryEnm Category() const override { return MECHANICAL; }
-  bool AllowedInALoadCase() const override { return true; }
   std::unique_ptr<kbcC_BCState> NewState() const override;
   /// The command of the kind that the create step sets.
   std::string ConstructionName() const override;
-  std::string Label() const override { return std::string(label().View()); }
-
-  bool Insert(cow_String const& step, kbcC_BCState const& state) override;
-
-  template <class V> static constexpr void VisitMembers(V&& visit) { kbcC_BC::VisitMembers(visit); }
-
-protected:
-  bool ValidByOwnRule(unsigned procedureType, bool carried) const override;
-  void AssertState(kbcC_BCState const&, bool) const override {}
 
 private:
-  TypeNameEnm kind_;  // of the states that NewState makes
+  TypeNameEnm kind_ = XSYMM;  // of the states that NewState makes
+};
+
+/// Per-step state of a plain symmetry condition: nothing but that it is there.
+class DDB_API kbcC_SymmBCState final : public kbcC_StateOf<kbcC_SymmBCState> {
+public:
+  kbcC_SymmBCState() = default;
+  explicit kbcC_SymmBCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
+
+  template <class V> static constexpr void VisitMembers(V&& visit) { kbcC_BCState::VisitMembers(visit); }
+};
+
+/// Plain symmetry conditions.
+class DDB_API kbcC_SymmBC final : public kbcC_Unedited<kbcC_SymmBC, kbcC_SymmBCState> {
+public:
+  using kbcC_Unedited::kbcC_Unedited;
+  static constexpr omn_FixedString constructorCmd() { return "SymmBC"; }
+  static constexpr omn_FixedString label() { return ""; }
 };

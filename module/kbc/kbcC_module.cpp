@@ -1,20 +1,18 @@
 #include "module/kbc/kbcC_module.h"
 
-#include "framework/ddb_Module.h"
+#include "framework/ddb_FamilyModule.h"
 #include "framework/ddr_Shortcut.h"
-#include "framework/kprC_PropagatingContainer.h"
+#include "module/kbc/kbcC_ConnectorBC.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
+#include "module/kbc/kbcC_MotionBC.h"
+#include "module/kbc/kbcC_SubmodelBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
 
 namespace {
-struct Module;
-
-template <class T> std::unique_ptr<kbcC_BC> Make() { return std::make_unique<T>(); }
-template <std::size_t Kind> std::unique_ptr<kbcC_BC> MakeKind() { return std::make_unique<kbcC_TypeBC>(kbcC_TypeBC::kKinds[Kind].kind); }
-
-template <class T> constexpr kbcC_Constructor Row() { return {T::constructorCmd(), T::label(), &Make<T>}; }
+template <class T> constexpr kbcC_Constructor Row() { return kprC_ConstructorOf<kbcC_BC, T>(); }
 template <std::size_t Kind> constexpr kbcC_Constructor KindRow() {
-  return {kbcC_TypeBC::kKinds[Kind].constructorCmd, kbcC_TypeBC::label(), &MakeKind<Kind>};
+  return {kbcC_TypeBC::kKinds[Kind].constructorCmd, kbcC_TypeBC::label(),
+          []() -> std::unique_ptr<kbcC_BC> { return std::make_unique<kbcC_TypeBC>(kbcC_TypeBC::kKinds[Kind].kind); }};
 }
 
 constexpr kbcC_Constructor kConstructors[] = {
@@ -27,25 +25,31 @@ constexpr kbcC_Constructor kConstructors[] = {
     KindRow<5>(),
     KindRow<6>(),
     KindRow<7>(),
+    Row<kbcC_SymmBC>(),
+    Row<kbcC_VelocityBC>(),
+    Row<kbcC_AccelerationBC>(),
+    Row<kbcC_ConnDisplacementBC>(),
+    Row<kbcC_ConnVelocityBC>(),
+    Row<kbcC_ConnAccelerationBC>(),
+    Row<kbcC_MassFlowBC>(),
+    Row<kbcC_TemperatureBC>(),
+    Row<kbcC_PorePressureBC>(),
+    Row<kbcC_AcousticPressureBC>(),
+    Row<kbcC_FluidCavityPressureBC>(),
+    Row<kbcC_ElectricPotentialBC>(),
+    Row<kbcC_ConcentrationBC>(),
+    Row<kbcC_SubmodelBC>(),
 };
-static_assert(std::size(kConstructors) == 1 + std::size(kbcC_TypeBC::kKinds), "a row for each kind");
 }  // namespace
 
 std::span<kbcC_Constructor const> kbcC_Constructors() { return kConstructors; }
 
 void kbcC_initialize(int& count) {
-  ddb_EnterModule<Module>(count, kbcC_moduleNumber, kbcC_BC::kModule, [] {
-    mdl_ExtensionSubject::RegisterExtension(ddr_Model::bcCmd(), cow_Handle<kprC_PropagatingContainer<kbcC_BC>>::Make());
-    thr_GlobalSingleton<nex_Catalogues>::Instance().Register({kbcC_BC::kModule, kbcC_Errors()});
+  ddb_EnterFamily<kbcC_BC>(count, kbcC_moduleNumber, ddr_Model::bcCmd(), kbcC_Errors(), [] {
 #define KBC_TYPE(number, Class, name) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
 #include "module/kbc/kbcC_TypeTable.def"
 #undef KBC_TYPE
   });
 }
 
-void kbcC_finalize(int& count) {
-  ddb_LeaveModule<Module>(count, kbcC_moduleNumber, [] {
-    thr_GlobalSingleton<nex_Catalogues>::Instance().Withdraw(kbcC_BC::kModule);
-    mdl_ExtensionSubject::UnregisterExtension(ddr_Model::bcCmd());
-  });
-}
+void kbcC_finalize(int& count) { ddb_LeaveFamily<kbcC_BC>(count, kbcC_moduleNumber, ddr_Model::bcCmd()); }

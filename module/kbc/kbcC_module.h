@@ -1,8 +1,8 @@
 #pragma once
 
 #include <span>
-#include <string>
 
+#include "framework/kprC_Constructor.h"
 #include "module/kbc/kbcC_BC.h"
 
 /// Starts the module of boundary conditions: number 664 in the component table, an empty repository as the model's
@@ -12,11 +12,6 @@ DDB_API void kbcC_initialize(int& count);
 /// Mirrors kbcC_initialize at the last call.
 DDB_API void kbcC_finalize(int& count);
 
-/// A construction command and what it makes.
-struct kbcC_Constructor {
-  std::string_view command;  ///< "DisplacementBC"
-  std::string_view label;    ///< the type's label
-  std::unique_ptr<kbcC_BC> (*make)();
-};
 /// The construction commands of the family.
+using kbcC_Constructor = kprC_Constructor<kbcC_BC>;
 DDB_API std::span<kbcC_Constructor const> kbcC_Constructors();

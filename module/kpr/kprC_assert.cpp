@@ -2,8 +2,7 @@
 
 #include <iterator>
 
-#include "platform/BasicUtils/nex_Exception.h"
-#include "platform/CoreUtils/atr_String.h"
+#include "platform/CaeUtils/omu_Refusals.h"
 
 namespace {
 
@@ -15,13 +14,12 @@ constexpr nex_ErrorRow kRows[] = {
 };
 static_assert(nex_CodesAreDense(kRows) && std::size(kRows) == 251, "kprC_Errors.def: in code order, none missing, none empty");
 
+constexpr omu_RefusalTable kTable = {"kpr", "generated/module/kpr/com/impl/kprC_assert", __LINE__, __LINE__, kRows};
+
 }  // namespace
 
 void kprC_Assert(bool condition, kprC_ErrorEnm code) {
-  if (condition) { return; }
-  nex_ErrorRow const* const row = nex_FindRow(kRows, static_cast<int>(code));
-  atr_String const text = row != nullptr ? atr_translate(row->text) : atr_String();
-  nex_Exception::Throw(nex_TextException(text, {"kpr", static_cast<int>(code)}), "generated/module/kpr/com/impl/kprC_assert", __LINE__);
+  if (!condition) { omu_Refuse(kTable, static_cast<int>(code)); }
 }
 
 std::span<nex_ErrorRow const> kprC_Errors() { return kRows; }

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "module/kbc/kbcC_BCState.h"
+#include "module/kpr/kprC_BucklingCase.h"
+
+// What a state prescribes along (the first three) and about the axes 1 to 3 (the last three) of its coordinate system:
+// the members that a condition on a region and one on connectors have in common.
+
+/// The line of a list for one component.
+constexpr cls_MemberText kbcC_Component(std::string_view meaning, std::string_view unit) {
+  return {meaning, unit, static_cast<int>(kbcC_ErrorEnm::ComponentValue)};
+}
+
+/// Displacements and rotations.
+template <class Derived> class kbcC_Displacements : public kbcC_StateOf<Derived> {
+public:
+  static constexpr omn_FixedString u1Cmd() { return "u1"; }
+  static constexpr omn_FixedString u2Cmd() { return "u2"; }
+  static constexpr omn_FixedString u3Cmd() { return "u3"; }
+  static constexpr omn_FixedString ur1Cmd() { return "ur1"; }
+  static constexpr omn_FixedString ur2Cmd() { return "ur2"; }
+  static constexpr omn_FixedString ur3Cmd() { return "ur3"; }
+  static constexpr omn_FixedString fixedCmd() { return "fixed"; }
+  static constexpr omn_FixedString buckleCaseCmd() { return "buckleCase"; }
+
+  mdl_PropAttr<double> u1, u2, u3;                                 ///< length
+  mdl_PropAttr<double> ur1, ur2, ur3;                              ///< radians
+  mdl_PropAttr<bool> fixed;                                        ///< held where the step begins, whatever that is
+  mdl_PropAttr<omu_PrimEnum<kprC_BucklingCaseEnm, 1>> buckleCase;  ///< which part of a buckle step it acts in
+
+  /// Refuses 16 a value together with "fixed".
+  void AssertValid() const override { kbcC_Assert(!this->IsFixed() || !this->SetsNonZero(), kbcC_ErrorEnm::PrescribedWhileFixed); }
+
+  template <class V> static constexpr void VisitComponents(V&& visit) {
+    visit(u1Cmd(), &Derived::u1, kbcC_Component("displacement along axis 1", "length"));
+    visit(u2Cmd(), &Derived::u2, kbcC_Component("displacement along axis 2", "length"));
+    visit(u3Cmd(), &Derived::u3, kbcC_Component("displacement along axis 3", "length"));
+    visit(ur1Cmd(), &Derived::ur1, kbcC_Component("rotation about axis 1", "radians"));
+    visit(ur2Cmd(), &Derived::ur2, kbcC_Component("rotation about axis 2", "radians"));
+    visit(ur3Cmd(), &Derived::ur3, kbcC_Component("rotation about axis 3", "radians"));
+  }
+  template <class V> static constexpr void VisitMembers(V&& visit) {
+    kbcC_BCState::VisitMembers(visit);
+    VisitComponents(visit);
+    visit(fixedCmd(), &Derived::fixed, cls_MemberText{"held where the step begins", "", static_cast<int>(kbcC_ErrorEnm::FixedValue)});
+    visit(buckleCaseCmd(), &Derived::buckleCase, cls_MemberText{"the part of a buckle step that it acts in"});
+  }
+};
+
+/// Velocities and angular velocities.
+template <class Derived> class kbcC_Velocities : public kbcC_StateOf<Derived> {
+public:
+  mdl_PropAttr<double> v1, v2, v3;     ///< length/time
+  mdl_PropAttr<double> vr1, vr2, vr3;  ///< radians/time
+
+  template <class V> static constexpr void VisitComponents(V&& visit) {
+    visit("v1", &Derived::v1, kbcC_Component("velocity along axis 1", "length/time"));
+    visit("v2", &Derived::v2, kbcC_Component("velocity along axis 2", "length/time"));
+    visit("v3", &Derived::v3, kbcC_Component("velocity along axis 3", "length/time"));
+    visit("vr1", &Derived::vr1, kbcC_Component("angular velocity about axis 1", "radians/time"));
+    visit("vr2", &Derived::vr2, kbcC_Component("angular velocity about axis 2", "radians/time"));
+    visit("vr3", &Derived::vr3, kbcC_Component("angular velocity about axis 3", "radians/time"));
+  }
+  template <class V> static constexpr void VisitMembers(V&& visit) {
+    kbcC_BCState::VisitMembers(visit);
+    VisitComponents(visit);
+  }
+};
+
+/// Accelerations and angular accelerations.
+template <class Derived> class kbcC_Accelerations : public kbcC_StateOf<Derived> {
+public:
+  mdl_PropAttr<double> a1, a2, a3;     ///< length/time^2
+  mdl_PropAttr<double> ar1, ar2, ar3;  ///< radians/time^2
+
+  template <class V> static constexpr void VisitComponents(V&& visit) {
+    visit("a1", &Derived::a1, kbcC_Component("acceleration along axis 1", "length/time^2"));
+    visit("a2", &Derived::a2, kbcC_Component("acceleration along axis 2", "length/time^2"));
+    visit("a3", &Derived::a3, kbcC_Component("acceleration along axis 3", "length/time^2"));
+    visit("ar1", &Derived::ar1, kbcC_Component("angular acceleration about axis 1", "radians/time^2"));
+    visit("ar2", &Derived::ar2, kbcC_Component("angular acceleration about axis 2", "radians/time^2"));
+    visit("ar3", &Derived::ar3, kbcC_Component("angular acceleration about axis 3", "radians/time^2"));
+  }
+  template <class V> static constexpr void VisitMembers(V&& visit) {
+    kbcC_BCState::VisitMembers(visit);
+    VisitComponents(visit);
+  }
+};

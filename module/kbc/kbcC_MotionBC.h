@@ -1,0 +1,35 @@
+#pragma once
+
+#include "framework/kprC_TypeOf.h"
+#include "module/kbc/kbcC_BC.h"
+#include "module/kbc/kbcC_Components.h"
+
+/// Per-step state of a velocity condition.
+class DDB_API kbcC_VelocityBCState final : public kbcC_Velocities<kbcC_VelocityBCState> {
+public:
+  kbcC_VelocityBCState() = default;
+  explicit kbcC_VelocityBCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
+};
+
+/// Velocities and angular velocities of a region.
+class DDB_API kbcC_VelocityBC final : public kprC_TypeOf<kbcC_VelocityBC, kbcC_VelocityBCState, kbcC_BC> {
+public:
+  using kprC_TypeOf::kprC_TypeOf;
+  static constexpr omn_FixedString constructorCmd() { return "VelocityBC"; }
+  static constexpr omn_FixedString label() { return "Velocity/Angular velocity"; }
+};
+
+/// Per-step state of an acceleration condition.
+class DDB_API kbcC_AccelerationBCState final : public kbcC_Accelerations<kbcC_AccelerationBCState> {
+public:
+  kbcC_AccelerationBCState() = default;
+  explicit kbcC_AccelerationBCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
+};
+
+/// Accelerations and angular accelerations of a region.
+class DDB_API kbcC_AccelerationBC final : public kprC_TypeOf<kbcC_AccelerationBC, kbcC_AccelerationBCState, kbcC_BC> {
+public:
+  using kprC_TypeOf::kprC_TypeOf;
+  static constexpr omn_FixedString constructorCmd() { return "AccelerationBC"; }
+  static constexpr omn_FixedString label() { return "Acceleration/Angular acceleration"; }
+};
