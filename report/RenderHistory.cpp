@@ -171,6 +171,7 @@ void RenderJson(std::ostream& out, HistoryTable const& table) {
 
 void RenderHtml(std::ostream& out, HistoryTable const& table) {
   std::string const title = HtmlText(table.model.empty() ? "Histories" : table.model);
+  std::string const space = SpaceText(table);
   out << "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" << title << R"(</title>
 <style>
 body { font: 14px/1.5 system-ui, sans-serif; margin: 2em; color: #222 }
@@ -182,7 +183,8 @@ small, .faint { color: #999; font-weight: normal }
 .off { background: #ffd6d1 } .held { background: #dff1fa }
 </style></head><body>
 <h1>)" << title
-      << "</h1>\n<p class=\"faint\">" << SpaceText(table) << "</p>\n<table>\n<tr><th>attribute</th><th>type</th>";
+      << "</h1>\n"
+      << (space.empty() ? "" : "<p>" + space + "</p>\n") << "<table>\n<tr><th>attribute</th><th>type</th>";
   for (auto const& step : table.steps) {
     out << "<th>" << HtmlText(step.name) << "<br><small>" << HtmlText(Lower(step.procedure)) << "</small></th>";
   }
