@@ -294,8 +294,6 @@ public:
 
   /// A default state of the type.
   virtual std::unique_ptr<State> NewState() const = 0;
-  /// Whether the type may stand in a step of \p procedureType: created or moved there, or \p carried into it.
-  virtual bool Admits(unsigned procedureType, bool carried) const = 0;
 
 protected:
   kprC_History<Rules> const& States() const { return states_; }
