@@ -6,7 +6,6 @@
 #include "cli/Program.h"
 #include "command/Families.h"
 #include "command/Text.h"
-#include "module/kbc/kbcC_BC.h"
 #include "module/kpr/kprC_ProcedureTypeLabelMap.h"
 #include "module/kpr/kprC_Steps.h"
 #include "report/HistoryTable.h"
@@ -90,14 +89,14 @@ Made Make(std::string_view command) {
 }
 
 void AddAdmission(Description& description, cls_Object const& object) {
-  auto const* condition = dynamic_cast<kbcC_BC const*>(&object);
-  if (condition == nullptr) { return; }
+  auto const* attribute = dynamic_cast<kprC_StepDependent const*>(&object);
+  if (attribute == nullptr) { return; }
   auto& created = description.createdIn.emplace();
   auto& carried = description.carriedInto.emplace();
   auto const sort = [&](unsigned procedureType) {
-    if (condition->Admits(procedureType, false)) {
+    if (attribute->Admits(procedureType, false)) {
       created.push_back(ProcedureText(procedureType));
-    } else if (condition->Admits(procedureType, true)) {
+    } else if (attribute->Admits(procedureType, true)) {
       carried.push_back(ProcedureText(procedureType));
     }
   };

@@ -35,8 +35,8 @@ template <class Error> struct kprC_StepRefusals {
   Error movePropagated;
   Error moveFromPerturbation;
   Error moveNotAdmitted;
-  Error createNotAdmitted;  ///< update of the states, and the check of every record
-  Error anneal;             ///< the check of every record: active in an anneal step
+  Error createNotAdmitted;                ///< update of the states, and the check of every record
+  Error anneal;                           ///< the check of every record: active in an anneal step
   std::optional<Error> setToPropagated;   ///< a caller sets a member to "PROPAGATED"
   std::optional<Error> offInInitialStep;  ///< deactivate, as far as the family refuses these
   std::optional<Error> offInPerturbation;
@@ -289,8 +289,6 @@ public:
 
   /// A default state of the type.
   virtual std::unique_ptr<State> NewState() const = 0;
-  /// Whether the type may stand in a step of \p procedureType: created or moved there, or \p carried into it.
-  virtual bool Admits(unsigned procedureType, bool carried) const = 0;
 
 protected:
   kprC_History<Rules> const& States() const { return states_; }
@@ -310,7 +308,8 @@ protected:
 
   /// The part of AssertValid that asks the steps alone.
   void AssertSteps() const {
-    ForEachEditable([this](auto const& own) { Rules::Assert(!Rules::IsAnneal(Steps().ProcedureType(own.index)), Rules::kRefusals.anneal); });
+    ForEachEditable(
+        [this](auto const& own) { Rules::Assert(!Rules::IsAnneal(Steps().ProcedureType(own.index)), Rules::kRefusals.anneal); });
     ForEachEditable([this](auto const& own) {
       bool const carried = own.status != Status_::Created;
       Rules::Assert(Admits(Steps().ProcedureType(own.index), carried), Rules::kRefusals.createNotAdmitted);

@@ -6,8 +6,8 @@
 #include "platform/BasicUtils/cls_Persistent.h"
 
 /// A concrete type of a family: everything that follows from its state's class, its construction name and its label.
-/// \p Derived gives the two as static constructorCmd() and label(); one that several commands make answers itself. All its stored members are those of \p Base; one that
-/// has more lists them and reads them itself.
+/// \p Derived gives the two as static constructorCmd() and label(); one that several commands make answers itself. All its stored members
+/// are those of \p Base; one that has more lists them and reads them itself.
 template <class Derived, class StateClass, class Base> class kprC_TypeOf : public cls_Persistent<Derived, Base> {
 public:
   kprC_TypeOf() = default;

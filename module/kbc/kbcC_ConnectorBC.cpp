@@ -1,5 +1,19 @@
 #include "module/kbc/kbcC_ConnectorBC.h"
 
+#include "framework/ddr_ModelMembers.h"
+
 void kbcC_ConnectorBC::AssertInModel(ddr_Model const& model) const {
-  kbcC_BC::AssertInModel(model);
+  constexpr int kComponents = 6;
+  auto const& known = model.ConstGet<ddr_ConnectorMap>(ddr_Model::connectorsCmd());
+  unsigned offers = ~0U;
+  for (cow_String const& name : connectors_) {
+    conC_Connector const* connector = known.ConstGet(name);
+    for (int component = 1; connector != nullptr && component <= kComponents; ++component) {
+      if (!connector->Offers(component)) { offers &= ~(1U << component); }
+    }
+  }
+  ForEachEditable([offers](auto const& own) {
+    std::string const missing = own.state->ComponentsBeyond(offers);
+    kbcC_AssertContent(missing.empty(), kbcC_ContentErrorEnm::UnavailableComponents, missing);
+  });
 }

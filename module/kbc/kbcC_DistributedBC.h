@@ -119,8 +119,9 @@ public:
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kbcC_DistributedBCState::VisitMembers(visit);
-    visit(dofCmd(), &kbcC_TemperatureBCState::dof,
-          cls_MemberText{"temperature point through the thickness of a shell, 11 to 31", "", static_cast<int>(kbcC_ErrorEnm::DofOutOfRange)});
+    visit(
+        dofCmd(), &kbcC_TemperatureBCState::dof,
+        cls_MemberText{"temperature point through the thickness of a shell, 11 to 31", "", static_cast<int>(kbcC_ErrorEnm::DofOutOfRange)});
     visit(shellCmd(), &kbcC_TemperatureBCState::shell, cls_MemberText{"whether the region is on shells"});
   }
 };

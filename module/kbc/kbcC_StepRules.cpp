@@ -14,9 +14,22 @@ using enum kbcC_LoadCaseEnm;
 using Set = kprC_ProcedureSet;
 
 // Sets of procedures that several rows share.
-constexpr Set kConstraining = {Initial, Static, StaticRiks, Visco, ImplicitDynamics, Geostatic, Soils, CoupledTempDisplacement,
-                               ExplicitDynamics, TempDisplacementDynamics, Buckle, Frequency, StaticLinearPerturbation,
-                               SteadyStateDirect, SteadyStateSubspace, SubstructureGenerate};
+constexpr Set kConstraining = {Initial,
+                               Static,
+                               StaticRiks,
+                               Visco,
+                               ImplicitDynamics,
+                               Geostatic,
+                               Soils,
+                               CoupledTempDisplacement,
+                               ExplicitDynamics,
+                               TempDisplacementDynamics,
+                               Buckle,
+                               Frequency,
+                               StaticLinearPerturbation,
+                               SteadyStateDirect,
+                               SteadyStateSubspace,
+                               SubstructureGenerate};
 constexpr Set kInMotion = {Initial, ImplicitDynamics, ExplicitDynamics, TempDisplacementDynamics};
 constexpr Set kConnectorInTime = {Initial, Static, Visco, ImplicitDynamics, ExplicitDynamics, TempDisplacementDynamics};
 constexpr Set kStepwise = {Buckle, Frequency, StaticLinearPerturbation, SteadyStateDirect, SteadyStateSubspace};
