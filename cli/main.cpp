@@ -50,7 +50,7 @@ int Parse(CLI::App& program, int argc, char** argv, Action& action) {
   try {
     program.parse(argc, argv);
   } catch (CLI::ParseError const& error) {
-    if (error.get_exit_code() == 0) { return program.exit(error, std::cout, std::cerr); }  // help was asked for
+    if (error.get_exit_code() == 0) { return program.exit(error, std::cout, std::cerr); }  // help or the version was asked for
     auto const chosen = program.get_subcommands();
     std::string const command = chosen.empty() ? "gattr" : "gattr " + chosen.front()->get_name();
     return Fail(fmt::format("{} (`{} --help` tells more)", OneLine(error.what()), command));
@@ -64,6 +64,7 @@ int Run(int argc, char** argv) {
       "Sets up analysis models step by step: boundary conditions, the history of each over all steps, and why an edit is refused.",
       "gattr");
   program.footer(kFooter)->require_subcommand(1);
+  program.set_version_flag("--version", "gattr " GATTR_VERSION, "Print the version and exit");
   program.get_formatter()->column_width(30);
   program.get_formatter()->label("REQUIRED", "");
   Action action;

@@ -162,7 +162,7 @@ void AssertNotSuppressed(AttributeTarget const& target) {
 void AssertCreated(Call& call, AttributeTarget const& target, cls_Object const* state) {
   if (state != nullptr) { return; }
   call.subject.hint = "Its creation has been removed; delete it and create it anew.";
-  target.repository.Refuse(kprC_EditRefusal::NoSuchAttribute);
+  target.repository.Refuse(kprC_EditRefusal::NotInStep);
 }
 
 /// Edits the attribute, asks whether it still goes with the model, and records the edit.
@@ -230,6 +230,7 @@ bool ConstructAttribute(Call& call) {
     cow_String const step = StepArgument(call, kCreateStep);
     if (steps.Size() == 0) { repository.Refuse(kprC_EditRefusal::NoSteps); }
     if (!steps.IsMember(step)) { repository.Refuse(kprC_EditRefusal::UnknownStep); }
+    if (!family.inInitialStep && steps.Index(step) == 0) { repository.Refuse(kprC_EditRefusal::InInitialStep); }
 
     std::string unknown;
     item->SetInStep(step, {}, &unknown);  // begins with a default state, which tells what it takes
@@ -270,7 +271,7 @@ void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
   if (!kprC_Steps(call.model).IsMember(step)) { target.repository.Refuse(kprC_EditRefusal::UnknownStep); }
   if (!target.item.IsEditable(step)) {
     call.subject.hint = "It has the status " + std::to_string(static_cast<int>(target.item.Status(step))) + " there.";
-    target.repository.Refuse(kprC_EditRefusal::NoSuchAttribute);
+    target.repository.Refuse(target.item.IsActiveIn(step) ? kprC_EditRefusal::ReadOnlyInStep : kprC_EditRefusal::NotInStep);
   }
   ResolveReferences(call, target.repository, members.stateArguments, members.state);
   Edit(call, target, [&](kprC_StepDependent& item) { SetState(call, item, step, *state, members); });

@@ -1,6 +1,7 @@
 #include "command/Families.h"
 
 #include "framework/ddr_Model.h"
+#include "module/kbc/kbcC_ConnectorBC.h"
 #include "module/kbc/kbcC_module.h"
 
 namespace gattr {
@@ -20,8 +21,9 @@ template <auto Constructors> std::unique_ptr<kprC_StepDependent> Make(std::strin
   return nullptr;
 }
 
-template <auto Constructors> constexpr Family Row(std::string_view extension, std::string_view group, std::span<OwnArgument const> own) {
-  return {extension, group, own, &List<Constructors>, &Make<Constructors>};
+template <auto Constructors>
+constexpr Family Row(std::string_view extension, std::string_view group, bool inInitialStep, std::span<OwnArgument const> own) {
+  return {extension, group, inInitialStep, own, &List<Constructors>, &Make<Constructors>};
 }
 
 constexpr OwnArgument kBoundaryCondition[] = {
@@ -29,10 +31,11 @@ constexpr OwnArgument kBoundaryCondition[] = {
     {kbcC_BC::csysCmd(), "csys"},
     {kbcC_BC::distributionTypeCmd(), kbcC_BC::distributionCmd()},
     {kbcC_BC::fieldNameCmd(), kbcC_BC::fieldNameCmd()},
+    {kbcC_ConnectorBC::connectorsCmd(), kbcC_ConnectorBC::connectorsCmd()},
 };
 
 constexpr Family kFamilies[] = {
-    Row<kbcC_Constructors>(ddr_Model::bcCmd(), "boundary conditions", kBoundaryCondition),
+    Row<kbcC_Constructors>(ddr_Model::bcCmd(), "boundary conditions", true, kBoundaryCondition),
 };
 
 }  // namespace

@@ -26,6 +26,7 @@ struct OwnArgument {
 struct Family {
   std::string_view extension;  ///< member name of its repository
   std::string_view group;      ///< heading in help
+  bool inInitialStep;          ///< whether its attributes may be created in the initial step
   std::span<OwnArgument const> own;
   std::vector<Construction> (*constructions)();
   /// A new attribute; null when the command is none of the family's.

@@ -137,6 +137,7 @@ public:
     return index == kprC_StepTable::npos ? cow_String() : Steps().Name(index);
   }
   bool IsMember(cow_String const& step) const override { return states_.Find(step.View()) != kprC_StepTable::npos; }
+  bool IsActiveIn(cow_String const& step) const override { return IsActive(Status(step)); }
   bool IsEditable(cow_String const& step) const override { return Is(Status(step), kprC_Editable); }
   cow_String GetEditableStepName(cow_String const& step) const override { return IsEditable(step) ? step : CreateStepName(); }
 

@@ -23,6 +23,9 @@ enum class kprC_EditRefusal {
   AmplitudeName,    ///< a text that cannot be an amplitude's name
   AmplitudeValue,   ///< an amplitude that the model does not know, or no text at all
   FieldUnknown,     ///< a field that the model does not know
+  NotInStep,        ///< the attribute is not active in the step in which it is edited
+  ReadOnlyInStep,   ///< it is, but cannot be edited there
+  InInitialStep,    ///< one is created in the initial step, and the family has none there
 };
 
 /// Members by name, as a command gives them.
@@ -51,6 +54,8 @@ public:
   /// Name of the first step whose record holds a state; empty when none does.
   virtual cow_String CreateStepName() const = 0;
   virtual bool IsMember(cow_String const& step) const = 0;
+  /// Whether the attribute is in force in the step.
+  virtual bool IsActiveIn(cow_String const& step) const = 0;
   virtual bool IsEditable(cow_String const& step) const = 0;
   /// \p step where it can be edited, else the create step.
   virtual cow_String GetEditableStepName(cow_String const& step) const = 0;

@@ -55,6 +55,7 @@ std::string ProcedureText(unsigned procedureType) {
 HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
   HistoryTable table;
   table.model = model.Name().View();
+  table.space = model.Space();
   kprC_StepTable const& steps = kprC_Steps(model).Table();
   std::vector<std::size_t> columns;
   for (std::size_t i = 0; i < steps.Size(); ++i) {

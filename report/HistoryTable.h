@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "framework/ddr_Model.h"
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
 #include "report/Display.h"
 
@@ -38,6 +39,7 @@ struct HistoryTable {
   };
 
   std::string model;
+  ddr_Model::SpaceEnm space = ddr_Model::THREE_D;
   std::vector<Step> steps;
   std::vector<Row> rows;
 };

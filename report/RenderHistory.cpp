@@ -20,6 +20,13 @@ std::string Lower(std::string_view label) {
 
 std::string TypeText(HistoryTable::Row const& row) { return row.suppressed ? row.type + " (suppressed)" : row.type; }
 
+std::string_view SpaceName(HistoryTable const& table) { return omu_PrimEnum<ddr_Model::SpaceEnm>(table.space).View(); }
+
+/// "space: AXISYMMETRIC"; empty for a three-dimensional model, which goes without saying.
+std::string SpaceText(HistoryTable const& table) {
+  return table.space == ddr_Model::THREE_D ? "" : "space: " + std::string(SpaceName(table));
+}
+
 struct Column {
   std::string name, procedure;  // shown
   std::size_t width;
@@ -47,6 +54,8 @@ public:
   }
 
   void Print() {
+    std::string const space = SpaceText(table_);
+    if (!space.empty()) { out_ << Styled(space, Style::Faint, layout_.color) << '\n'; }
     std::size_t begin = 0;
     do {
       bool const withTypes = begin == 0;
@@ -143,7 +152,7 @@ void RenderCsv(std::ostream& out, HistoryTable const& table) {
 
 void RenderJson(std::ostream& out, HistoryTable const& table) {
   // line by line: one value for the whole of a large model would take many times its memory
-  out << "{\n  \"model\": " << JsonLine(table.model) << ",\n  \"steps\": [";
+  out << "{\n  \"model\": " << JsonLine(table.model) << ",\n  \"space\": " << JsonLine(SpaceName(table)) << ",\n  \"steps\": [";
   char const* separator = "";
   for (auto const& step : table.steps) {
     out << separator << "\n    " << JsonLine({{"name", step.name}, {"procedure", step.procedure}, {"perturbation", step.perturbation}});
@@ -162,6 +171,7 @@ void RenderJson(std::ostream& out, HistoryTable const& table) {
 
 void RenderHtml(std::ostream& out, HistoryTable const& table) {
   std::string const title = HtmlText(table.model.empty() ? "Histories" : table.model);
+  std::string const space = SpaceText(table);
   out << "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\"><title>" << title << R"(</title>
 <style>
 body { font: 14px/1.5 system-ui, sans-serif; margin: 2em; color: #222 }
@@ -173,7 +183,8 @@ small, .faint { color: #999; font-weight: normal }
 .off { background: #ffd6d1 } .held { background: #dff1fa }
 </style></head><body>
 <h1>)" << title
-      << "</h1>\n<table>\n<tr><th>attribute</th><th>type</th>";
+      << "</h1>\n"
+      << (space.empty() ? "" : "<p>" + space + "</p>\n") << "<table>\n<tr><th>attribute</th><th>type</th>";
   for (auto const& step : table.steps) {
     out << "<th>" << HtmlText(step.name) << "<br><small>" << HtmlText(Lower(step.procedure)) << "</small></th>";
   }

@@ -88,7 +88,9 @@ struct DDB_API kbcC_StepRules {
   /// What the editing layers refuse.
   static constexpr Error Edit(kprC_EditRefusal refusal) {
     switch (refusal) {
-      case kprC_EditRefusal::NoSuchAttribute: return Error::NotInStepOrInactive;
+      case kprC_EditRefusal::NoSuchAttribute:
+      case kprC_EditRefusal::NotInStep:
+      case kprC_EditRefusal::ReadOnlyInStep: return Error::NotInStepOrInactive;
       case kprC_EditRefusal::NoSteps: return Error::NoSteps;
       case kprC_EditRefusal::NoAttributes: return Error::NoBoundaryConditions;
       case kprC_EditRefusal::NameInUse: return Error::NameInUse;
@@ -97,6 +99,7 @@ struct DDB_API kbcC_StepRules {
       case kprC_EditRefusal::AmplitudeName: return Error::AmplitudeName;
       case kprC_EditRefusal::AmplitudeValue: return Error::AmplitudeValue;
       case kprC_EditRefusal::FieldUnknown: return Error::FieldUnknown;
+      case kprC_EditRefusal::InInitialStep: return Error::InvalidForStepType;
     }
     return Error::UnknownStatus;
   }

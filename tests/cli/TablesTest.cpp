@@ -1,3 +1,5 @@
+#include <gmock/gmock.h>
+
 #include "tests/cli/Program.h"
 
 namespace {
@@ -131,6 +133,19 @@ TEST_F(Tables, CodesListEveryRefusalOfAModule) {
   EXPECT_EQ(codes[5]["exception"], "omu_ValueErrorException");
   EXPECT_EQ(Json::parse(Gattr({"codes", "kpr", "--format", "json"}).out).size(), 251U);
   EXPECT_NE(Gattr({"codes"}).out.find("kbc     9     nex_TextException"), std::string::npos);
+}
+
+TEST_F(Tables, TheSpaceIsToldWithTheHistories) {
+  EXPECT_EQ(Json::parse(Gattr({"history", "m.gadb", "--format", "json"}).out)["space"], "THREE_D");
+  EXPECT_EQ(Gattr({"replay", "-", "--on", "m.gadb", "-o", "m.gadb"}, R"({"command": "setModelSpace", "space": "AXISYMMETRIC"})").status, 0);
+  EXPECT_EQ(Gattr({"history", "m.gadb"}).out.find("space: AXISYMMETRIC\n"), 0U);
+  EXPECT_NE(Gattr({"history", "m.gadb", "--format", "html"}).out.find("space: AXISYMMETRIC"), std::string::npos);
+}
+
+TEST_F(Tables, TheVersionIsTold) {
+  Ran const run = Gattr({"--version"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, ::testing::MatchesRegex("gattr [0-9]+[.][0-9]+[.][0-9]+\n"));
 }
 
 TEST_F(Tables, HelpTeachesWithAnExample) {

@@ -15,6 +15,7 @@ std::vector<std::string> const kModel = {
     R"({"command": "StaticLinearPerturbationStep", "name": "Shake"})",
     R"({"command": "Set", "name": "Die", "dimension": 2})",
     R"({"command": "Amplitude", "name": "Ramp"})",
+    R"({"command": "Connector", "name": "Hinge", "components": [1, 4]})",
     R"({"command": "AnalyticalField", "name": "Bow", "description": "parabola over the width"})",
     R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "Initial", "region": "Die", "u1": 0})",
     R"({"command": "DisplacementBC", "name": "Push", "createStepName": "Press", "u2": -1.5, "amplitude": "Ramp"})",
@@ -69,6 +70,8 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"({"command": "redo"})", kText, {"nothing to redo"}, false},
         Row{R"({"command": "undo", "dryRun": "yes"})", kValue, {"\"dryRun\" is true or false, not \"yes\""}},
         Row{R"({"command": "setModel", "name": ""})", kValue, {"\"name\" is empty"}},
+        Row{R"({"command": "setModelSpace"})", kKey, {"\"space\" is missing"}},
+        Row{R"({"command": "setModelSpace", "space": "THREE_DE"})", kValue, {"\"AXISYMMETRIC\"", "Did you mean \"THREE_D\"?"}},
         Row{R"({"command": "deactivate", "stepName": "Hold"})", kKey, {"object is missing", "\"boundaryCondition\", \"step\", \"region\""}},
         Row{R"({"command": "rename", "step": "Hold", "region": "Die", "newName": "A"})", kKey, {"no argument \"region\""}},
         Row{R"({"command": "deactivate", "step": "Hold"})", kKey, {"\"deactivate\" is no command on a step"}},
@@ -205,6 +208,14 @@ INSTANTIATE_TEST_SUITE_P(
                       Row{R"({"command": "rename", "amplitude": "Ramp", "newName": "Slope"})", kText, {"cannot be renamed"}, false},
                       Row{R"({"command": "delete", "field": "Bow"})", kText, {"in use by boundaryCondition \"Rest\""}, false},
                       Row{R"({"command": "delete", "amplitude": "Rmp"})", kKey, {"no amplitude \"Rmp\"", "Did you mean \"Ramp\"?"}},
+                      Row{R"({"command": "Connector", "name": "Hinge"})", kValue, {"There is a connector \"Hinge\" already"}},
+                      Row{R"({"command": "Connector", "name": "Pin", "components": [1, 0, 7, 1]})",
+                          kValue,
+                          {"Connector \"Pin\"", "from 1 to 6, each at most once, not 0, 7, 1 again."},
+                          false},
+                      Row{R"({"command": "setValues", "connector": "Hinge", "components": [-1]})", kValue, {"not -1."}, false},
+                      Row{R"({"command": "setValues", "connector": "Hinge", "components": 1})", kValue, {"a list, each a 32-bit integer"}},
+                      Row{R"({"command": "delete", "connector": "Hing"})", kKey, {"Did you mean \"Hinge\"?"}},
                       Row{R"({"command": "suppress", "region": "Die"})", kKey, {"\"suppress\" is no command on a region"}}));
 
 class Editing : public CommandTest {};

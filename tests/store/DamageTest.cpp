@@ -48,6 +48,8 @@ TEST(DamagedText, IsRefusedWithThePlaceAndWhatWasExpected) {
       {"\"version\": 1", "\"version\": 2", "version: expected 1, found the later version 2"},
       {"\"version\": 1", "\"version\": \"1\"", "version: expected a number from 1 on"},
       {"\"name\": \"Bracket", "\"title\": \"Bracket", "name: expected a text, found nothing"},
+      {"\"TWO_D_PLANAR\"", "\"FLAT\"", "space: omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: FLAT"},
+      {"\"components\": [", "\"components\": [4, ", "connectors / Hinge / components: expected integers from 1 to 6, each at most once"},
       {"\"extensions\": {", "\"extensions\": {\"regions\": {},", "regions: stands twice"},
       {"\"u1\": 0.1,", "\"u1\": \"0.1\",", "boundaryConditions / Move / states[1] / state / u1: expected a finite number, found \"0.1\""},
       {"\"u1\": 0.1,", "\"u1\": 1e999,", "boundaryConditions / Move / states[1] / state / u1: expected a finite number"},

@@ -118,15 +118,19 @@ inline void SetInStep(ddr_Model& model, std::string const& name, std::string con
   bcs.RecordModify(name);
 }
 
-/// Five steps; conditions that are created, changed, freed, switched off, suppressed; regions and amplitudes.
+/// Five steps in the plane; conditions that are created, changed, freed, switched off, suppressed; regions, amplitudes, connectors.
 inline ddr_Model SmallModel() {
   ddr_Model model;
   model.SetName("Bracket \"A\"\n\xC3\xA4");
+  model.SetSpace(ddr_Model::TWO_D_PLANAR);
   AppendSteps(model, 5);
   auto& regions = model.Get<ddr_RegionMap>(ddr_Model::regionsCmd());
   regions.Insert("Set-1", cow_Handle<rgnC_Region>::Make("Set-1"));
   regions.Insert("Surf-1", cow_Handle<rgnC_Region>::Make("Surf-1", rgnC_Surface));
   model.Get<ddr_AmplitudeMap>(ddr_Model::amplitudesCmd()).Insert("Ramp", cow_Handle<ampC_Amplitude>::Make());
+  auto hinge = cow_Handle<conC_Connector>::Make();
+  hinge.Get().SetMember("components", cls_Value(cls_Value::List{1, 4}));
+  model.Get<ddr_ConnectorMap>(ddr_Model::connectorsCmd()).Insert("Hinge", hinge);
   BCs& bcs = GetBCs(model);
   bcs.Insert("Fix", Displacement("Initial", 0.0));
   bcs.Insert("Move", Displacement("Step-1", 0.1));

@@ -23,6 +23,7 @@ TEST_P(EitherStore, GivesBackAnEqualModel) {
     EXPECT_TRUE(read.Equals(model));
     EXPECT_EQ(Dump(read), Dump(model));
     EXPECT_EQ(read.Name(), model.Name());
+    EXPECT_EQ(read.Space(), model.Space());
   }
 }
 
@@ -208,6 +209,16 @@ TEST(Text, IsTheSameForEqualModelsHoweverTheyWereMade) {
   ddr_Model zero = model;
   SetInStep(zero, "Fix", "Initial", {{"u1", -0.0}});
   EXPECT_EQ(Dump(zero), Dump(model));
+}
+
+TEST(Text, OfAModelThatKnewNeitherItsSpaceNorConnectorsIsTaken) {
+  ddr_Model const model;
+  nlohmann::json old = nlohmann::json::parse(Dump(model));
+  old.erase("space");
+  old["extensions"].erase("connectors");
+  EXPECT_EQ(Dump(Parse(old.dump())), Dump(model));
+  old["extensions"].erase("steps");
+  EXPECT_EQ(Refusal([&] { Parse(old.dump()); }), "Model.gattr.json: steps: expected an object of class kprC_StepContainer");
 }
 
 TEST(Text, MayHaveItsMembersInAnyOrderAndAnyLayout) {

@@ -1,0 +1,97 @@
+#include <gmock/gmock.h>
+
+#include "command/Check.h"
+#include "framework/ddr_ModelMembers.h"
+#include "framework/kprC_PropagatingContainer.h"
+#include "module/kbc/kbcC_ConnectorBC.h"
+#include "tests/command/CommandTest.h"
+
+namespace gattr {
+namespace {
+
+using ::testing::HasSubstr;
+
+/// Connectors, and a condition "Drive" that sets u1 of the connector "Hinge" in S1.
+Session Hinged(std::string const& components) {
+  Session session;
+  AppendSteps(session, "IGG");
+  RunJournal(session, {R"({"command": "Connector", "name": "Hinge", "description": "of the door", "components": )" + components + "}",
+                       R"({"command": "Connector", "name": "Weld"})"});
+  kbcC_ConnDisplacementBC drive;
+  drive.SetMember("connectors", cls_Value(cls_Value::List{"Hinge"}));
+  kbcC_ConnDisplacementBCState state;
+  state.u1 = 0.5;
+  drive.Insert("S1", state);
+  ddr_Model model = session.Model();
+  model.Get<kprC_StepAwareRepository>(ddr_Model::bcCmd()).InsertItem("Drive", drive);
+  return Session(model);
+}
+
+class InModel : public CommandTest {
+protected:
+  /// Runs a command, which is to be refused with that text in its message and to change nothing.
+  void ExpectRefused(std::string_view command, std::string_view message) {
+    ddr_Model const before = session_.Model();
+    Outcome const outcome = session_.Execute(Line(command));
+    EXPECT_FALSE(outcome.ok) << command;
+    EXPECT_THAT(outcome.message, HasSubstr(message));
+    EXPECT_TRUE(session_.Model().Equals(before)) << command;
+  }
+  /// Runs a command, which is to succeed and to be undone whole.
+  void ExpectUndone(std::string_view command) {
+    ddr_Model const before = session_.Model();
+    Outcome const outcome = session_.Execute(Line(command));
+    EXPECT_TRUE(outcome.ok) << outcome.message;
+    EXPECT_FALSE(session_.Model().Equals(before)) << command;
+    EXPECT_TRUE(session_.Undo());
+    EXPECT_TRUE(session_.Model().Equals(before)) << command;
+    session_.Redo();
+  }
+  Session session_ = Hinged("[1, 4]");
+};
+
+TEST_F(InModel, AnAttributeUsesWhatItsConnectorOffers) {
+  ExpectRefused(R"({"command": "setValuesInStep", "boundaryCondition": "Drive", "stepName": "S2", "u2": 1})", "u2");
+  ExpectRefused(R"({"command": "setValues", "boundaryCondition": "Drive", "ur2": 1})", "ur2");
+  ExpectRefused(R"({"command": "setValues", "connector": "Hinge", "components": [4, 5]})",
+                "u1). That is what boundaryCondition \"Drive\" refuses.");
+  ExpectUndone(R"({"command": "setValues", "connector": "Hinge", "components": [1, 2]})");
+  ExpectUndone(R"({"command": "setValuesInStep", "boundaryCondition": "Drive", "stepName": "S2", "u2": 1})");
+}
+
+TEST_F(InModel, AConnectorInUseKeepsItsName) {
+  ExpectRefused(R"({"command": "delete", "connector": "Hinge"})", "in use by boundaryCondition \"Drive\"");
+  ExpectRefused(R"({"command": "rename", "connector": "Hinge", "newName": "Pin"})", "cannot be renamed");
+  ExpectUndone(R"({"command": "rename", "connector": "Weld", "newName": "Pin"})");
+  ExpectUndone(R"({"command": "delete", "connector": "Pin"})");
+}
+
+TEST_F(InModel, ASuppressedAttributeIsAskedWhenItIsResumed) {
+  RunJournal(session_, {R"({"command": "suppress", "boundaryCondition": "Drive"})"});
+  ExpectUndone(R"({"command": "setValues", "connector": "Hinge", "components": [4]})");
+  ExpectRefused(R"({"command": "resume", "boundaryCondition": "Drive"})", "u1");
+  std::vector<Finding> const findings = Check(session_.Model());
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_TRUE(findings[0].suppressed);
+  EXPECT_THAT(findings[0].refusal.message, HasSubstr("u1"));
+}
+
+TEST_F(InModel, TheSpaceIsAskedOfEveryAttributeAndStepsOfNone) {
+  ExpectUndone(R"({"command": "setModelSpace", "space": "AXISYMMETRIC"})");
+  EXPECT_EQ(session_.Model().Space(), ddr_Model::AXISYMMETRIC);
+  session_ = Hinged("[4]");  // with a condition that does not go with the model
+  ExpectRefused(R"({"command": "setModelSpace", "space": "TWO_D_PLANAR"})", "u1). That is what boundaryCondition \"Drive\" refuses.");
+  ExpectUndone(R"({"command": "StaticStep", "name": "S3", "initialInc": 0.1})");
+  ExpectUndone(R"({"command": "delete", "step": "S2"})");
+}
+
+TEST_F(InModel, ChecksTellOfAConnectorThatTheModelDoesNotHave) {
+  ddr_Model model = session_.Model();
+  model.Get<ddr_ConnectorMap>(ddr_Model::connectorsCmd()).Remove("Hinge");
+  std::vector<Finding> const findings = Check(model);
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(findings[0].refusal.message, "There is no connector \"Hinge\".");
+}
+
+}  // namespace
+}  // namespace gattr
