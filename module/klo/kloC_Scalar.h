@@ -13,7 +13,7 @@ template <> struct omu_EnumTable<kloC_DistTypeEnm> {
 template <class Base, class Enum = kloC_DistTypeEnm> class kloC_WithDistribution : public Base {
 public:
   static constexpr omn_FixedString distTypeCmd() { return "distType"; }
-  static constexpr cls_MemberText distTypeText() { return {"how the load varies over the region"}; }
+  static constexpr cls_MemberText distTypeText() { return kloC_Value("how the load varies over the region"); }
 
   mdl_PropAttr<omu_PrimEnum<Enum, 1>> distType;
 

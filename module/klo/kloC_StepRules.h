@@ -97,6 +97,9 @@ struct DDB_API kloC_StepRules {
       case kprC_EditRefusal::AmplitudeName: return Error::AmplitudeName;
       case kprC_EditRefusal::AmplitudeValue: return Error::AmplitudeName;
       case kprC_EditRefusal::FieldUnknown: return Error::FieldUnknown;
+      case kprC_EditRefusal::NotInStep: return Error::NotInStepOrInactive;
+      case kprC_EditRefusal::ReadOnlyInStep: return Error::ReadOnly;
+      case kprC_EditRefusal::InInitialStep: return Error::DefinedInInitialStep;
     }
     return Error::UnknownStatus;
   }
