@@ -261,12 +261,7 @@ public:
   /// that the own records are the ones to ask.
   void AssertValid() const override {
     if (suppress_) { return; }
-    ForEachEditable(
-        [this](auto const& own) { Rules::Assert(!Rules::IsAnneal(Steps().ProcedureType(own.index)), Rules::kRefusals.anneal); });
-    ForEachEditable([this](auto const& own) {
-      bool const carried = own.status != Status_::Created;
-      Rules::Assert(Admits(Steps().ProcedureType(own.index), carried), Rules::kRefusals.createNotAdmitted);
-    });
+    AssertSteps();
     AssertWhole();
     ForEachEditable([this](auto const& own) { AssertState(*own.state, own.index); });
   }
@@ -312,6 +307,15 @@ protected:
     }
   }
 
+  /// The part of AssertValid that asks the steps alone.
+  void AssertSteps() const {
+    ForEachEditable(
+        [this](auto const& own) { Rules::Assert(!Rules::IsAnneal(Steps().ProcedureType(own.index)), Rules::kRefusals.anneal); });
+    ForEachEditable([this](auto const& own) {
+      bool const carried = own.status != Status_::Created;
+      Rules::Assert(Admits(Steps().ProcedureType(own.index), carried), Rules::kRefusals.createNotAdmitted);
+    });
+  }
   /// What the type refuses of itself as a whole, and of a state in force; \p index is that of its step.
   virtual void AssertWhole() const {}
   virtual void AssertState(State const& /*state*/, std::size_t /*index*/) const {}

@@ -93,5 +93,22 @@ TEST_F(InModel, ChecksTellOfAConnectorThatTheModelDoesNotHave) {
   EXPECT_EQ(findings[0].refusal.message, "There is no connector \"Hinge\".");
 }
 
+TEST_F(InModel, ARegionThatAStepNamesKeepsItsName) {
+  session_ = Session();
+  RunJournal(session_, {R"({"command": "Set", "name": "Fillet"})", R"({"command": "ExplicitDynamicsStep", "name": "Roll"})",
+                        R"({"command": "setValues", "step": "Roll", "massScaling": [{"dt": 1e-6}, {"dt": 1e-7, "region": "Fillet"}]})"});
+  ExpectRefused(R"({"command": "delete", "region": "Fillet"})", "in use by step \"Roll\"");
+  ExpectRefused(R"({"command": "rename", "region": "Fillet", "newName": "Edge"})", "cannot be renamed: it is in use by step \"Roll\"");
+  EXPECT_TRUE(Check(session_.Model()).empty());
+  ddr_Model model = session_.Model();
+  model.Get<ddr_RegionMap>(ddr_Model::regionsCmd()).Remove("Fillet");
+  std::vector<Finding> const findings = Check(model);
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(findings[0].step, "Roll");
+  EXPECT_EQ(findings[0].refusal.message, "There is no region \"Fillet\".");
+  ExpectUndone(R"({"command": "setValues", "step": "Roll", "massScaling": []})");
+  ExpectUndone(R"({"command": "delete", "region": "Fillet"})");
+}
+
 }  // namespace
 }  // namespace gattr

@@ -1,0 +1,29 @@
+#include "module/klo/kloC_BoltLoad.h"
+
+void kloC_BoltLoad::Deactivate(cow_String const& /*step*/) { kloC_Assert(false, kloC_ErrorEnm::BoltDeactivated); }
+
+void kloC_BoltLoad::Move(cow_String const& /*fromStep*/, cow_String const& /*toStep*/) { kloC_Assert(false, kloC_ErrorEnm::BoltMoved); }
+
+void kloC_BoltLoad::AssertWhole() const {
+  std::size_t const create = States().CreateStep();
+  if (create == kprC_StepTable::npos) { return; }
+  constexpr std::size_t kFirstAnalysisStep = 1;  // behind the initial step
+  auto const& procedure = Steps()[create].procedure;
+  bool const general = !procedure || !procedure->Perturbation();
+  kloC_Assert(create == kFirstAnalysisStep && general, kloC_ErrorEnm::BoltNotInFirstStep);
+}
+
+void kloC_BoltLoad::AssertState(kloC_LoadState const& state, std::size_t index) const {
+  bool const fixed = dynamic_cast<kloC_BoltLoadState const&>(state).boltMethod == kloC_BoltMethodEnm::FIXED;
+  kloC_Assert(!IsCreateStep(index) || !fixed, kloC_ErrorEnm::BoltCreatedFixed);
+  kloC_Load::AssertState(state, index);
+}
+
+void kloC_BoltLoad::AssertInModel(ddr_Model const& model) const {
+  kloC_Load::AssertInModel(model);
+  if (Region().InstanceKind() != rgnC_Solid) { return; }
+  ForEachEditable([](auto const& own) {
+    auto const& axis = dynamic_cast<kloC_BoltLoadState const&>(*own.state).dtmReference;
+    kloC_Assert(axis.HasValue() && !axis.ConstGet().IsEmpty(), kloC_ErrorEnm::BoltWithoutAxis);
+  });
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "framework/kprC_StepAttribute.h"
+#include "framework/kprC_TypeOf.h"
+#include "module/klo/kloC_LoadState.h"
+#include "module/klo/kloC_StepRules.h"
+
+/// Forms the histories of loads.
+using kloC_LoadPropagator = kprC_Propagator<kloC_StepRules>;
+extern template class DDB_API kprC_History<kloC_StepRules>;
+extern template class DDB_API kprC_StepAttribute<kloC_StepRules>;
+
+/// Base of every load. The per-step operations, with their refusals, are those of kprC_StepAttribute under the family's
+/// rules (kloC_StepRules.h); a type adds its state and what it alone refuses.
+class DDB_API kloC_Load : public cls_Persistent<kloC_Load, kprC_StepAttribute<kloC_StepRules>> {
+public:
+  using CategoryEnm = kloC_CategoryEnm;
+  using enum kloC_CategoryEnm;
+
+  static constexpr char const* kModule = "klo";
+
+  static constexpr omn_FixedString loadCmd() { return "load"; }
+  static constexpr omn_FixedString itemCmd() { return loadCmd(); }
+  static constexpr omn_FixedString loadRepositoryCmd() { return "loads"; }
+  static constexpr omn_FixedString copyConstructorCmd() { return "Load"; }
+  static constexpr omn_FixedString regionCmd() { return "region"; }
+  static constexpr omn_FixedString suppressCmd() { return "suppress"; }
+  static constexpr omn_FixedString fieldNameCmd() { return "fieldName"; }
+
+  /// Whether the load has a state in \p step, switched off or not. False for a step that it does not know.
+  bool HasStep(cow_String const& step) const;
+  /// Refuses 32 unless the load is in force in \p step: there, active and not suppressed.
+  void CheckStep(cow_String const& step) const;
+
+  CategoryEnm Category() const { return Type().category; }
+  /// Whether a load case may combine loads of this type.
+  bool AllowedInALoadCase() const { return Type().loadCase != kloC_LoadCaseEnm::Refused; }
+  /// Whether load cases do not yet support this type.
+  bool NYIForLoadCase() const { return Type().loadCase == kloC_LoadCaseEnm::NotYet; }
+  /// Whether a load case of \p step may use this load. With \p raise a no is refused: 53 not active there, 54 not of an
+  /// accepted type, 55 of a type that load cases do not yet support.
+  bool ValidInALoadCase(cow_String const& step, bool raise) const;
+
+  /// Whether the type may stand in a step of \p procedureType, created there or carried into it.
+  bool Admits(unsigned procedureType, bool /*carried*/) const override { return Type().procedures.Contains(procedureType); }
+
+  /// Refuses, in this order: 18 in force in an anneal step, 34 in a step that does not admit the type; what the type
+  /// refuses as a whole; of each state 41 no magnitude in the create step, what the state refuses itself, 70 no field
+  /// name with the distribution FIELD, and what the type refuses there. A step is asked where the status is 1, 2 or 3.
+  /// Nothing while suppressed.
+  using kprC_StepAttribute::AssertValid;
+  /// The part of AssertValid that asks for no magnitude: 18 and 34.
+  void AssertValidAnyMagnitude() const;
+  /// Refuses what the space of \p model cannot have.
+  void AssertInModel(ddr_Model const& model) const override;
+
+  template <class V> static constexpr void VisitMembers(V&& visit) {
+    visit(regionCmd(), &kloC_Load::region_, cls_MemberText{"the set or surface that it acts on"});
+    visit(suppressCmd(), &kloC_Load::suppress_, cls_MemberText{"whether the load is suppressed as a whole"});
+    visit("states", &kloC_Load::states_, cls_MemberText{"the per-step records"});
+    visit(fieldNameCmd(), &kloC_Load::fieldName_, cls_MemberText{"the field that the distribution FIELD takes"});
+  }
+
+protected:
+  /// The type's row in the table of types; that of its own for a type which is not in it.
+  virtual kloC_TypeRow const& Type() const { return *kprC_FindType(kloC_Types(), DynTypeId()); }
+  void AssertState(kloC_LoadState const& state, std::size_t index) const override;
+  bool IsCreateStep(std::size_t index) const { return index == States().CreateStep(); }
+};

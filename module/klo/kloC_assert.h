@@ -1,0 +1,21 @@
+#pragma once
+
+#include <span>
+
+#include "platform/BasicUtils/nex_ErrorTable.h"
+#include "platform/CoreUtils/ddb_Export.h"
+
+/// The refusals of loads. The number of an enumerator is its code; kloC_Errors.def gives the texts.
+enum class kloC_ErrorEnm : int {
+#define KLO_ERROR(code, name, exception, text) name = code,
+#include "module/klo/kloC_Errors.def"
+#undef KLO_ERROR
+};
+
+/// Does nothing when \p condition holds; otherwise throws the exception of \p code with its text: a nex_TextException or
+/// an omu_ValueErrorException as the table says. A number that the table does not hold throws a nex_TextException with an
+/// empty text.
+DDB_API void kloC_Assert(bool condition, kloC_ErrorEnm code);
+
+/// The table of the refusals, in the order of their codes.
+DDB_API std::span<nex_ErrorRow const> kloC_Errors();

@@ -1,0 +1,208 @@
+#include "tests/module/klo/kloTest.h"
+
+namespace {
+
+using LoadHistory = test::OneLoad;
+
+TEST_F(LoadHistory, FollowsFromStepsAndEdits) {
+  struct Edit_ {
+    std::string_view operation;
+    char const* step;
+    int code;
+    char const* history;
+  };
+  struct {
+    char const* steps;
+    char const* created;
+    char const* history;
+    std::vector<Edit_> edits;
+  } const rows[] = {
+      {"IGPGP",
+       "S1",
+       "0 1 8 2 8",
+       {{"modify", "S3", -1, "0 1 8 3 8"},
+        {"modify", "S2", -1, "0 1 8 3 8"},
+        {"deactivate", "S2", 8, "0 1 8 3 8"},
+        {"deactivate", "S3", -1, "0 1 8 4 5"},
+        {"reset", "S3", -1, "0 1 8 2 8"},
+        {"deactivate", "S1", -1, "0 4 5 5 5"}}},
+      {"IGPPG", "S2", "0 0 1 7 7", {}},
+      {"IGFMCG", "S1", "0 1 8 8 8 2", {}},
+      {"IGSUG", "S1", "0 1 2 8 2", {}},
+      {"IXAX", "S1", "0 1 6 2", {{"modify", "S2", 18, "0 1 6 2"}, {"deactivate", "S3", -1, "0 1 6 4"}}},
+      {"IGHG", "S1", "0 1 6 2", {{"modify", "S2", 34, "0 1 6 2"}}},
+      {"IGGG", "S1", "0 1 2 2", {{"modify", "S2", -1, "0 1 3 2"}, {"remove", "S2", -1, "0 1 2 2"}, {"remove", "S1", -1, "0 0 0 0"}}},
+  };
+  for (auto const& row : rows) {
+    SCOPED_TRACE(std::string(row.steps) + " created in " + row.created);
+    ASSERT_EQ(Create(row.steps, row.created), -1);
+    EXPECT_EQ(History(), row.history);
+    for (Edit_ const& edit : row.edits) {
+      int const code = edit.operation == "modify"       ? Edit(edit.step, {{"cf1", 2.0}})
+                       : edit.operation == "deactivate" ? Deactivate(edit.step)
+                       : edit.operation == "reset"      ? Reset(edit.step)
+                                                        : test::CodeOf([&] { Load().Remove(edit.step); });
+      EXPECT_EQ(code, edit.code) << edit.operation << " " << edit.step;
+      EXPECT_EQ(History(), edit.history) << edit.operation << " " << edit.step;
+    }
+  }
+}
+
+TEST_F(LoadHistory, DropsWhatAPerturbationStepWouldChange) {
+  ASSERT_EQ(Create("IGPG", "S1"), -1);
+  ASSERT_EQ(Edit("S2", {{"cf1", 7.0}}), -1);
+  EXPECT_EQ(Load().StateAt(2)->Member("cf1"), cls_Value(1.0));
+  EXPECT_EQ(Load().StateAt(3)->Member("cf1"), cls_Value(1.0));
+}
+
+TEST_F(LoadHistory, IsNotCreatedWhereTheTypeIsNotAdmitted) {
+  struct {
+    char const* steps;
+    char const* step;
+    int code;
+  } const rows[] = {{"IG", "Initial", 34}, {"IXA", "S2", 18}, {"IGF", "S2", 34}, {"IH", "S1", 34}, {"IGC", "S2", 34}, {"IGP", "S2", -1}};
+  for (auto const& row : rows) { EXPECT_EQ(Create(row.steps, row.step), row.code) << row.steps << " " << row.step; }
+  EXPECT_EQ(Create("IG", "S1", {{"cf1", "PROPAGATED"}}), 21);
+  EXPECT_EQ(Create("IG", "S1", {{"cf1", "much"}}), 21);
+  EXPECT_EQ(Create("IG", "S1", {{"cf1", 1.0}, {"amplitude", 3}}), 17);
+}
+
+TEST_F(LoadHistory, IsNotSwitchedOffInThisOrderOfRefusals) {
+  ASSERT_EQ(Create("IGPGGXAX", "S3"), -1);
+  ASSERT_EQ(Deactivate("S7"), -1);
+  ASSERT_EQ(History(), "0 0 0 1 2 2 6 4");
+  EXPECT_EQ(Deactivate("Nowhere"), 31);
+  EXPECT_EQ(Deactivate("Initial"), 31);
+  EXPECT_EQ(Deactivate("S2"), -1) << "not there yet: nothing to do, not even in a perturbation step";
+  EXPECT_EQ(Deactivate("S7"), -1) << "off already";
+  EXPECT_EQ(Deactivate("S6"), 9);
+  ASSERT_EQ(Create("IGPPG", "S2"), -1);
+  EXPECT_EQ(Deactivate("S3"), 8) << "a perturbation step before a load that is not active";
+  EXPECT_EQ(Deactivate("S4"), 9);
+}
+
+TEST_F(LoadHistory, IsNotMovedInThisOrderOfRefusals) {
+  struct {
+    char const* steps;
+    char const* created;
+    std::vector<char const*> modified;
+    char const* from;
+    char const* to;
+    int code;
+  } const rows[] = {
+      {"IGGGG", "S1", {"S2"}, "S1", "Nowhere", 31},  {"IGGGG", "S1", {"S2"}, "Nowhere", "Nowhere", -1},
+      {"IGGGG", "S1", {}, "S1", "S1", -1},           {"IGGGG", "S1", {"S2", "S3"}, "S1", "S3", 22},
+      {"IGGGG", "S1", {"S2", "S3"}, "S3", "S1", 22}, {"IGGGG", "S1", {}, "Initial", "S1", 23},
+      {"IGGGG", "S1", {}, "S2", "S1", 23},           {"IGGGG", "S3", {}, "S1", "S2", 13},
+      {"IGPGG", "S1", {}, "S3", "S2", 14},           {"IGPPG", "S2", {}, "S2", "S3", 24},
+      {"IGPPG", "S1", {}, "S2", "S3", 24},           {"IGPMG", "S1", {}, "S1", "S2", 25},
+      {"IGFMG", "S1", {}, "S1", "S3", 25},           {"IXAXX", "S1", {}, "S1", "S2", 26},
+      {"IGHGG", "S1", {}, "S1", "S2", 33},           {"IGGGG", "S1", {}, "S1", "Initial", 33},
+      {"IGPGG", "S1", {}, "S1", "S3", -1},
+  };
+  for (auto const& row : rows) {
+    SCOPED_TRACE(std::string(row.steps) + " created in " + row.created + ", " + row.from + " to " + row.to);
+    ASSERT_EQ(Create(row.steps, row.created), -1);
+    for (char const* step : row.modified) { ASSERT_EQ(Edit(step, {{"cf2", 1.0}}), -1); }
+    auto const before = Load().Copy();
+    std::string const history = History();
+    EXPECT_EQ(Move(row.from, row.to), row.code);
+    if (row.code == -1) { continue; }
+    EXPECT_EQ(History(), history);
+    EXPECT_TRUE(Load().Equals(*before)) << "a refused move leaves the load as it was";
+  }
+  EXPECT_EQ(History(), "0 0 0 1 2") << "the last row moves";
+}
+
+TEST_F(LoadHistory, IsResetWhereAStepSaysSomethingThatCanBeTakenBack) {
+  ASSERT_EQ(Create("IGGGGA", "S1"), -1);
+  ASSERT_EQ(Edit("S2", {{"cf1", 2.0}}), -1);
+  ASSERT_EQ(Deactivate("S3"), -1);
+  ASSERT_EQ(History(), "0 1 3 4 5 6");
+  EXPECT_EQ(Reset("S1"), 15);
+  for (char const* step : {"Initial", "S2", "S4", "S5"}) { EXPECT_EQ(Reset(step), 68) << step; }
+  EXPECT_EQ(Reset("Nowhere"), 31);
+  EXPECT_EQ(Reset("S3"), -1);
+  EXPECT_EQ(History(), "0 1 3 2 2 6");
+}
+
+TEST_F(LoadHistory, StaysAsItWasWhenAnEditIsRefusedLate) {
+  ASSERT_EQ(Create("IGGG", "S1", {{"magnitude", 1.0}}, "Pressure"), -1);
+  auto const before = Load().Copy();
+  EXPECT_EQ(Edit("S2", {{"distType", "HYDROSTATIC"}, {"hZero", 2.0}, {"hReference", 2.0}}), 20);
+  EXPECT_TRUE(Load().Equals(*before));
+  Load().Suppress();
+  EXPECT_EQ(Edit("S2", {{"distType", "HYDROSTATIC"}}), -1) << "nothing is checked while it is suppressed";
+  EXPECT_EQ(History(), "0 1 3 2");
+  EXPECT_EQ(test::CodeOf([&] { Load().AssertValidAnyMagnitude(); }), -1);
+  EXPECT_EQ(test::CodeOf([&] { Load().Resume(); }), 20);
+  EXPECT_TRUE(Load().IsSuppressed());
+  kprC_StepTable const shorter = Load().Steps().WithRemoved(1);
+  loads.UpdateSteps(shorter);
+  EXPECT_TRUE(loads.IsEmpty()) << "goes with the step that created it";
+}
+
+TEST_F(LoadHistory, OfABoltBeginsInTheFirstStepAndNeverEnds) {
+  kprC_Arguments const force = {{"magnitude", 5.0}};
+  EXPECT_EQ(Create("IGG", "S2", force, "BoltLoad"), 37);
+  EXPECT_EQ(Create("IPG", "S2", force, "BoltLoad"), 37);
+  EXPECT_EQ(Create("IPG", "S1", force, "BoltLoad"), 34) << "perturbation procedures do not admit it at all";
+  EXPECT_EQ(Create("IGG", "S1", {{"boltMethod", "FIXED"}}, "BoltLoad"), 38);
+  ASSERT_EQ(Create("IGG", "S1", force, "BoltLoad"), -1);
+  EXPECT_EQ(Edit("S2", {{"boltMethod", "FIXED"}}), -1);
+  EXPECT_EQ(History(), "0 1 3");
+  for (char const* step : {"S1", "S2", "Initial", "Nowhere"}) {
+    EXPECT_EQ(Deactivate(step), 35) << step;
+    EXPECT_EQ(Move(step, "S2"), 36) << step;
+  }
+  EXPECT_EQ(test::CodeOf([&] { loads.UpdateSteps(Load().Steps().WithInserted(1, {"New", test::StepOf('G')})); }), 37);
+}
+
+TEST_F(LoadHistory, ClassifiesStatusesByItsTable) {
+  std::string active, propagated, builtIn, illegalMove, changed, refused;
+  for (int number = -1; number <= 16; ++number) {
+    auto const status = static_cast<mdl_PropagationStatusEnm>(number);
+    std::string const text = std::to_string(number) + " ";
+    int const code = test::CodeOf([&] {
+      active += kloC_Load::IsActive(status) ? text : "";
+      propagated += kloC_Load::IsPropagated(status) ? text : "";
+      builtIn += kloC_Load::IsBuiltIn(status) ? text : "";
+      illegalMove += kloC_Load::IsIllegalMove(status) ? text : "";
+      changed += kloC_Load::ChangedInStep(status) ? text : "";
+    });
+    if (code == 48) { refused += text; }
+  }
+  EXPECT_EQ(active, "1 2 3 8 ");
+  EXPECT_EQ(propagated, "2 ");
+  EXPECT_EQ(builtIn, "8 ");
+  EXPECT_EQ(illegalMove, "1 3 4 ");
+  EXPECT_EQ(changed, "1 3 4 ");
+  EXPECT_EQ(refused, "-1 9 10 11 12 13 14 15 16 ");
+}
+
+TEST_F(LoadHistory, IsAskedForByStep) {
+  ASSERT_EQ(Create("IGGPG", "S2", {{"cf1", 1.0}, {"amplitude", "Ramp"}}), -1);
+  ASSERT_EQ(Deactivate("S4"), -1);
+  ASSERT_EQ(History(), "0 0 1 8 4");
+  struct {
+    char const* step;
+    bool has, editable;
+    int check, loadCase;
+  } const rows[] = {{"Initial", false, false, 32, 53}, {"S1", false, false, 32, 53}, {"S2", true, true, -1, -1},
+                    {"S3", true, false, -1, -1},       {"S4", true, false, 32, 53},  {"Nowhere", false, false, 32, 53}};
+  for (auto const& row : rows) {
+    SCOPED_TRACE(row.step);
+    EXPECT_EQ(Load().HasStep(row.step), row.has);
+    EXPECT_EQ(test::CodeOf([&] { Load().CheckStep(row.step); }), row.check);
+    EXPECT_EQ(test::CodeOf([&] { Load().ValidInALoadCase(row.step, true); }), row.loadCase);
+    EXPECT_EQ(Load().ValidInALoadCase(row.step, false), row.loadCase == -1);
+    if (Load().IsMember(row.step)) { EXPECT_EQ(Load().IsEditable(row.step), row.editable); }
+  }
+  EXPECT_EQ(Load().GetEditableStepName("S3"), "S2");
+  EXPECT_EQ(Load().Amplitudes().Size(), 1U);
+  Load().Suppress();
+  EXPECT_EQ(test::CodeOf([&] { Load().CheckStep("S2"); }), 32);
+  EXPECT_FALSE(Load().ValidInALoadCase("S2", false));
+}
+
+}  // namespace
