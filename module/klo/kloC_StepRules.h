@@ -100,9 +100,6 @@ struct DDB_API kloC_StepRules {
       case kprC_EditRefusal::NotInStep: return Error::NotInStepOrInactive;
       case kprC_EditRefusal::ReadOnlyInStep: return Error::ReadOnly;
       case kprC_EditRefusal::InInitialStep: return Error::DefinedInInitialStep;
-      case kprC_EditRefusal::NotInStep: return Error::NotInStepOrInactive;
-      case kprC_EditRefusal::ReadOnlyInStep: return Error::ReadOnly;
-      case kprC_EditRefusal::InInitialStep: return Error::DefinedInInitialStep;
     }
     return Error::UnknownStatus;
   }
