@@ -77,23 +77,15 @@ void Refuse(Call& call, kprC_StepAwareRepository const& repository, kprC_EditRef
 
 /// The model's region of that name with all that the model knows of it.
 cls_Value WholeRegion(Call& call, std::string const& name) {
-  auto const& regions = call.model.ConstGet<ddr_RegionMap>(ddr_Model::regionsCmd());
-  rgnC_Region const* region = regions.ConstGet(name);
-  if (region == nullptr) {
-    RefuseUnknown(call.subject, "There is no region " + Quoted(name) + ".", Suggestion(name, Texts(regions.Keys()), "Regions"));
-  }
-  return cls_ObjectTraits<rgnC_Region>::ToValue(*region);
+  return cls_ObjectTraits<rgnC_Region>::ToValue(dynamic_cast<rgnC_Region const&>(Referred(call, ReferenceKindOf("region"), name)));
 }
 
 /// Refuses a connector of a list of names that the model does not know.
 void AssertConnectors(Call& call, cls_Value const& names) {
   auto const* list = names.As<cls_Value::List>();
   if (list == nullptr) { return; }
-  auto const& connectors = call.model.ConstGet<ddr_ConnectorMap>(ddr_Model::connectorsCmd());
   for (cls_Value const& element : *list) {
-    auto const* name = element.As<std::string>();
-    if (name == nullptr || connectors.IsMember(*name)) { continue; }
-    RefuseUnknown(call.subject, "There is no connector " + Quoted(*name) + ".", Suggestion(*name, Texts(connectors.Keys()), "Connectors"));
+    if (auto const* name = element.As<std::string>()) { Referred(call, ReferenceKindOf("connector"), *name); }
   }
 }
 

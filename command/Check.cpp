@@ -25,7 +25,13 @@ std::optional<Refusal> RefusalBy(std::function<void()> const& run) {
   return std::nullopt;
 }
 
+/// What is told of a name that the model does not have where no module numbers that.
+Refusal Unknown(std::string_view kind, std::string_view name) {
+  return {"", -1, "omu_KeyErrorException", "There is no " + ObjectText(kind, name) + "."};
+}
+
 void CheckSteps(ddr_Model const& model, std::vector<Finding>& findings) {
+  auto const& regions = model.ConstGet<ddr_RegionMap>(ddr_Model::regionsCmd());
   kprC_StepContainer const& steps = kprC_Steps(model);
   std::string const kind(kprC_Step::stepCmd().View());
   kprC_StepSequencer sequencer(true);
@@ -39,6 +45,9 @@ void CheckSteps(ddr_Model const& model, std::vector<Finding>& findings) {
       if (auto refusal = RefusalBy([&] { sequencer.Append(type); })) { add(*std::move(refusal), sequencer.WhyNot(type)); }
     }
     if (auto refusal = RefusalBy([&] { steps.Step(i).AssertValid(); })) { add(*std::move(refusal), {}); }
+    for (std::string const& region : RegionsOf(steps.Step(i))) {
+      if (!regions.IsMember(region)) { add(Unknown("region", region), {}); }
+    }
   }
 }
 
@@ -74,11 +83,11 @@ private:
     findings_.push_back({kind_, name_, std::move(step), std::move(refusal), std::move(detail), suppressed_});
   }
   void AddUnknown(std::string_view kind, std::string_view name, std::optional<kprC_EditRefusal> numbered) {
-    std::string const text = "There is no " + ObjectText(kind, name) + ".";
+    Refusal unknown = Unknown(kind, name);
     if (numbered) {
-      Add(*RefusalBy([&] { repository_.Refuse(*numbered); }), {}, text);
+      Add(*RefusalBy([&] { repository_.Refuse(*numbered); }), {}, unknown.message);
     } else {
-      Add({"", -1, "omu_KeyErrorException", text}, {});
+      Add(std::move(unknown), {});
     }
   }
 

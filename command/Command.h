@@ -6,6 +6,7 @@
 #include "command/Arguments.h"
 #include "command/Session.h"
 #include "framework/kprC_StepAwareRepository.h"
+#include "module/kpr/kprC_Step.h"
 
 /// What the command tables share: one command on its way, and the kinds of objects that it may name.
 namespace gattr {
@@ -63,6 +64,11 @@ void RenameStep(Call& call, cow_String const& name);
 void DeleteStep(Call& call, cow_String const& name);
 void ReplaceStep(Call& call, cow_String const& name);
 
+/// Names of the regions that a member of a step names, in the records of a list too.
+std::vector<std::string> RegionsOf(kprC_Step const& step, cls_MemberInfo const& member);
+/// The same of all its members.
+std::vector<std::string> RegionsOf(kprC_Step const& step);
+
 // commands on an attribute
 void SetAttributeValues(Call& call, AttributeTarget const& target);
 void SetAttributeValuesInStep(Call& call, AttributeTarget const& target);
@@ -81,6 +87,8 @@ void AssertInModel(Call const& call, kprC_StepDependent const& item);
 // commands on what attributes refer to
 std::vector<ReferenceKind> const& ReferenceKinds();
 ReferenceKind const& ReferenceKindOf(std::string_view kind);
+/// The object of that name. Refused with the nearest name where the model has none.
+cls_Object const& Referred(Call& call, ReferenceKind const& kind, std::string_view name);
 void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const& name);
 void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& name);
 void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& name);

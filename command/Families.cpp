@@ -3,6 +3,7 @@
 #include "framework/ddr_Model.h"
 #include "module/kbc/kbcC_ConnectorBC.h"
 #include "module/kbc/kbcC_module.h"
+#include "module/klo/kloC_module.h"
 
 namespace gattr {
 
@@ -34,8 +35,14 @@ constexpr OwnArgument kBoundaryCondition[] = {
     {kbcC_ConnectorBC::connectorsCmd(), kbcC_ConnectorBC::connectorsCmd()},
 };
 
+constexpr OwnArgument kLoad[] = {
+    {kloC_Load::regionCmd(), kloC_Load::regionCmd()},
+    {kloC_Load::fieldNameCmd(), kloC_Load::fieldNameCmd()},
+};
+
 constexpr Family kFamilies[] = {
     Row<kbcC_Constructors>(ddr_Model::bcCmd(), "boundary conditions", true, kBoundaryCondition),
+    Row<kloC_Constructors>(kloC_Load::loadRepositoryCmd(), "loads", false, kLoad),
 };
 
 }  // namespace

@@ -45,10 +45,7 @@ bool RunOnReference(Call& call, ObjectCommand const& command, ReferenceKind cons
   if (!call.arguments.Has(kind.kind)) { return false; }
   if (command.onReference == nullptr) { RefuseKind(call, command, kind.kind); }
   cow_String const name = Named(call, kind.kind);
-  if (kind.find(call.model, name) == nullptr) {
-    RefuseUnknown(call.subject, "There is no " + std::string(kind.kind) + " " + Quoted(name) + ".",
-                  Suggestion(name, kind.names(call.model), "There are"));
-  }
+  Referred(call, kind, name);
   command.onReference(call, kind, name);
   return true;
 }

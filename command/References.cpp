@@ -1,10 +1,12 @@
 #include <algorithm>
+#include <iterator>
 
 #include "command/Command.h"
 #include "command/Members.h"
 #include "command/Text.h"
 #include "framework/ddr_ModelMembers.h"
 #include "module/kfd/kfdC_Field.h"
+#include "module/kpr/kprC_ModelSteps.h"
 #include "module/kpr/kprC_TimePoint.h"
 
 namespace gattr {
@@ -12,7 +14,7 @@ namespace gattr {
 namespace {
 
 constexpr char const* kGroup = "references";
-constexpr std::string_view kName = "name", kNewName = "newName";
+constexpr std::string_view kName = "name", kNewName = "newName", kRegion = "region";
 
 /// A kind whose objects, of class \p T, the model keeps in a \p Map under the member name \p Extension().
 template <class T, class Map, auto Extension>
@@ -59,9 +61,9 @@ struct ReferenceConstruction {
 };
 
 constexpr ReferenceConstruction kConstructions[] = {
-    {"Set", "region", "declares a set: a region of the model that attributes act on",
+    {"Set", kRegion, "declares a set: a region of the model that attributes act on",
      [](cow_String const& name) -> std::unique_ptr<cls_Object> { return std::make_unique<rgnC_Region>(name, rgnC_Set); }},
-    {"Surface", "region", "declares a surface: a region of the model that attributes act on",
+    {"Surface", kRegion, "declares a surface: a region of the model that attributes act on",
      [](cow_String const& name) -> std::unique_ptr<cls_Object> { return std::make_unique<rgnC_Region>(name, rgnC_Surface); }},
     {"Amplitude", "amplitude", "declares a variation over time that attributes refer to by its name",
      [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<ampC_Amplitude>(); }},
@@ -116,13 +118,28 @@ void HandOut(Call& call, std::vector<User> const& users, std::string_view name, 
   }
 }
 
-void AssertUnused(Call& call, ReferenceKind const& kind, cow_String const& name, std::string_view edit) {
+std::vector<std::string> AttributesWith(Call& call, ReferenceKind const& kind, std::string_view name) {
   std::vector<std::string> users;
   for (User const& user : UsersOf(call.model, kind, name)) {
     users.push_back(ObjectText(call.model.ConstGet<kprC_StepAwareRepository>(user.extension).ItemCmd(), user.name));
   }
+  return users;
+}
+
+/// The steps that name a region.
+std::vector<std::string> StepsWith(Call& call, ReferenceKind const& kind, std::string_view name) {
+  std::vector<std::string> users;
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  for (std::size_t i = 0; kind.kind == kRegion && i < steps.Size(); ++i) {
+    if (std::ranges::count(RegionsOf(steps.Step(i)), name) > 0) { users.push_back(ObjectText(kprC_Step::stepCmd(), steps.Name(i))); }
+  }
+  return users;
+}
+
+void AssertUnused(Call& call, ReferenceKind const& kind, std::string_view name, std::string_view edit,
+                  std::vector<std::string> const& users) {
   if (users.empty()) { return; }
-  std::string text = "The " + std::string(kind.kind) + " " + Quoted(name) + " cannot be " + std::string(edit) + ": it is in use by ";
+  std::string text = "The " + ObjectText(kind.kind, name) + " cannot be " + std::string(edit) + ": it is in use by ";
   constexpr std::size_t kShown = 8;
   for (std::size_t i = 0; i < std::min(users.size(), kShown); ++i) { text += (i == 0 ? "" : ", ") + users[i]; }
   if (users.size() > kShown) { text += " and " + std::to_string(users.size() - kShown) + " more"; }
@@ -141,7 +158,7 @@ cow_String FreeName(Call& call, std::string_view argument, ReferenceKind const& 
 
 std::vector<ReferenceKind> const& ReferenceKinds() {
   static std::vector<ReferenceKind> const kinds = {
-      Kind<rgnC_Region, ddr_RegionMap, &ddr_Model::regionsCmd>("region", &UsesRegion),
+      Kind<rgnC_Region, ddr_RegionMap, &ddr_Model::regionsCmd>(kRegion, &UsesRegion),
       Kind<ampC_Amplitude, ddr_AmplitudeMap, &ddr_Model::amplitudesCmd>("amplitude", &UsesAmplitude),
       Kind<conC_Connector, ddr_ConnectorMap, &ddr_Model::connectorsCmd>("connector", &UsesConnector),
       Kind<kfdC_Field, kfdC_FieldMap, &ddr_Model::fieldsCmd>("field", &UsesField),
@@ -151,6 +168,14 @@ std::vector<ReferenceKind> const& ReferenceKinds() {
 }
 
 ReferenceKind const& ReferenceKindOf(std::string_view kind) { return *std::ranges::find(ReferenceKinds(), kind, &ReferenceKind::kind); }
+
+cls_Object const& Referred(Call& call, ReferenceKind const& kind, std::string_view name) {
+  cls_Object const* object = kind.find(call.model, name);
+  if (object == nullptr) {
+    RefuseUnknown(call.subject, "There is no " + ObjectText(kind.kind, name) + ".", Suggestion(name, kind.names(call.model), "There are"));
+  }
+  return *object;
+}
 
 std::vector<CommandInfo> ReferenceConstructions() {
   std::vector<CommandInfo> infos;
@@ -194,15 +219,16 @@ void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& na
   object->SetMember(kName, std::string(newName.View()));
   kind.remove(call.model, name);
   kind.put(call.model, newName, *object);
-  if (auto const* region = dynamic_cast<rgnC_Region const*>(object.get())) {
-    return HandOut(call, UsersOf(call.model, kind, name), name, *region);
-  }
-  AssertUnused(call, kind, name, "renamed");
+  auto const* region = dynamic_cast<rgnC_Region const*>(object.get());
+  AssertUnused(call, kind, name, "renamed", region != nullptr ? StepsWith(call, kind, name) : AttributesWith(call, kind, name));
+  if (region != nullptr) { HandOut(call, UsersOf(call.model, kind, name), name, *region); }
 }
 
 void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
   call.arguments.AssertNoRest({});
-  AssertUnused(call, kind, name, "deleted");
+  std::vector<std::string> users = AttributesWith(call, kind, name);
+  std::ranges::move(StepsWith(call, kind, name), std::back_inserter(users));
+  AssertUnused(call, kind, name, "deleted", users);
   kind.remove(call.model, name);
 }
 

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "command/Command.h"
 #include "command/Members.h"
@@ -8,6 +9,7 @@
 #include "module/kpr/kprC_StepSequencer.h"
 #include "module/kpr/kprC_Steps.h"
 #include "module/kpr/kprC_assert.h"
+#include "platform/CoreGeometry/rgnC_Region.h"
 
 namespace gattr {
 
@@ -36,11 +38,32 @@ void CompleteIncrements(kprC_Step& step, kprC_Arguments const& given) {
   complete(Parameters::minIncCmd(), std::min({1e-5 * period, number(Parameters::initialIncCmd()), number(Parameters::maxIncCmd())}));
 }
 
+void AddRegions(cls_MemberInfo const& info, cls_Value const& value, std::vector<std::string>& names) {
+  if (auto const* list = value.As<cls_Value::List>()) {
+    for (cls_Value const& element : *list) { AddRegions(info, element, names); }
+  } else if (info.typeId == rgnC_Region::TypeId()) {
+    if (auto const* name = value.As<std::string>(); name != nullptr && !name->empty()) { names.push_back(*name); }
+  } else if (auto const* fields = value.As<cls_Value::Fields>()) {
+    cls_ClassMetadata const& record = *cls_MetadataRegistrar::Registrar().Find(info.typeId);
+    for (auto const& [name, field] : *fields) { AddRegions(*record.Find(name), field, names); }
+  }
+}
+
+/// Sets members of a step and refuses one that names a region which the model does not have.
+void SetStepMembers(Call& call, kprC_Step& step, kprC_Arguments const& members) {
+  SetMembers(call.subject, step, MemberArguments(step), members);
+  for (auto const& [name, value] : members) {
+    std::string const before = std::exchange(call.subject.member, name);
+    for (std::string const& region : RegionsOf(step, *ClassOf(step).Find(name))) { Referred(call, ReferenceKindOf("region"), region); }
+    call.subject.member = before;
+  }
+}
+
 /// A step by its construction command with the members that are left of the call's arguments.
 kprC_StepHandle Constructed(Call& call, std::string_view command) {
   kprC_StepHandle step = kprC_ConstructStep(command);
   kprC_Arguments const members = call.arguments.Rest();
-  SetMembers(call.subject, step.Get(), MemberArguments(*step), members);
+  SetStepMembers(call, step.Get(), members);
   CompleteIncrements(step.Get(), members);
   return step;
 }
@@ -81,6 +104,18 @@ cow_String NewStepName(Call& call, std::string_view argument) {
 
 }  // namespace
 
+std::vector<std::string> RegionsOf(kprC_Step const& step, cls_MemberInfo const& member) {
+  std::vector<std::string> names;
+  AddRegions(member, step.Member(member.name), names);
+  return names;
+}
+
+std::vector<std::string> RegionsOf(kprC_Step const& step) {
+  std::vector<std::string> names;
+  for (cls_MemberInfo const& member : ClassOf(step).members) { AddRegions(member, step.Member(member.name), names); }
+  return names;
+}
+
 std::vector<CommandInfo> StepConstructions() {
   std::vector<CommandInfo> infos;
   for (std::string const& command : ConstructionNames()) {
@@ -119,7 +154,7 @@ void SetStepValues(Call& call, cow_String const& name) {
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   kprC_StepHandle step = steps.Handle(steps.Index(name));
   step.Get().NewUid();
-  SetMembers(call.subject, step.Get(), MemberArguments(*step), call.arguments.Rest());
+  SetStepMembers(call, step.Get(), call.arguments.Rest());
   kprC_ReplaceStep(call.model, name, step);
 }
 

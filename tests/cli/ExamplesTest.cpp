@@ -51,6 +51,42 @@ TEST_F(Examples, ModalStepsBuildOnThePrestressedState) {
       "Tip": [0, 1, 10, 12, 12, 3]})"));
 }
 
+TEST_F(Examples, TheQuenchedPlateIsHandedFromOneTemperatureToTheNext) {
+  EXPECT_EQ(Histories("quenched_plate.jsonl"), Json::parse(R"({
+      "Bath": [0, 0, 0, 1, 4, 5],
+      "Furnace": [0, 1, 4, 5, 5, 5],
+      "Ground": [1, 6, 6, 6, 9, 6],
+      "Hooks": [0, 1, 3, 4, 5, 5],
+      "Shop": [0, 0, 0, 0, 0, 1],
+      "Supply": [0, 0, 0, 0, 1, 6]})"));
+}
+
+TEST_F(Examples, TheCrankIsDrivenByOneConditionAtATime) {
+  EXPECT_EQ(Histories("crank.jsonl"), Json::parse(R"({
+      "Housing": [1, 9, 9, 9, 9, 9],
+      "Lock": [1, 9, 4, 5, 5, 5],
+      "Piston": [0, 1, 3, 2, 2, 2],
+      "Speed": [0, 0, 0, 1, 3, 3],
+      "Spin-Up": [0, 0, 1, 4, 5, 5]})"));
+  Ran const run = Gattr({"replay", "--on", "m.gadb", "-"},
+                        R"({"command": "setValuesInStep", "boundaryCondition": "Piston", "stepName": "Slow", "u2": 0.1, "ur3": 0.1})"
+                        "\n");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_NE(run.err.find("(CORM: u2, ur3)"), std::string::npos) << run.err;
+}
+
+TEST_F(Examples, TheExcavationDrainsEachFloorInItsTime) {
+  EXPECT_EQ(Histories("excavation.jsonl"), Json::parse(R"({
+      "Bedrock": [1, 9, 9, 9, 9, 9, 9],
+      "Drained-4m": [0, 0, 1, 4, 5, 6, 5],
+      "Drained-8m": [0, 0, 0, 1, 4, 6, 5],
+      "Far-End": [1, 9, 9, 9, 9, 9, 9],
+      "Far-Water": [0, 1, 2, 2, 2, 6, 2],
+      "Middle": [1, 9, 9, 9, 9, 9, 9],
+      "Water-Table": [1, 9, 9, 9, 9, 6, 9],
+      "Well": [0, 0, 1, 3, 2, 6, 4]})"));
+}
+
 TEST_F(Examples, DemoShowsThemAndLeavesAModel) {
   std::filesystem::create_directory(Path("examples"));
   for (char const* file : {"demo.sh", "forming.jsonl", "prestressed_modes.jsonl"}) {

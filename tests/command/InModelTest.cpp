@@ -79,6 +79,8 @@ TEST_F(InModel, ASuppressedAttributeIsAskedWhenItIsResumed) {
 TEST_F(InModel, TheSpaceIsAskedOfEveryAttributeAndStepsOfNone) {
   ExpectUndone(R"({"command": "setModelSpace", "space": "AXISYMMETRIC"})");
   EXPECT_EQ(session_.Model().Space(), ddr_Model::AXISYMMETRIC);
+  RunJournal(session_, {R"({"command": "ConcentratedForce", "name": "Push", "createStepName": "S1", "cf3": 1})"});
+  ExpectRefused(R"({"command": "setModelSpace", "space": "TWO_D_PLANAR"})", "[klo 11] That is what load \"Push\" refuses.");
   session_ = Hinged("[4]");  // with a condition that does not go with the model
   ExpectRefused(R"({"command": "setModelSpace", "space": "TWO_D_PLANAR"})", "u1). That is what boundaryCondition \"Drive\" refuses.");
   ExpectUndone(R"({"command": "StaticStep", "name": "S3", "initialInc": 0.1})");
@@ -91,6 +93,23 @@ TEST_F(InModel, ChecksTellOfAConnectorThatTheModelDoesNotHave) {
   std::vector<Finding> const findings = Check(model);
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_EQ(findings[0].refusal.message, "There is no connector \"Hinge\".");
+}
+
+TEST_F(InModel, ARegionThatAStepNamesKeepsItsName) {
+  session_ = Session();
+  RunJournal(session_, {R"({"command": "Set", "name": "Fillet"})", R"({"command": "ExplicitDynamicsStep", "name": "Roll"})",
+                        R"({"command": "setValues", "step": "Roll", "massScaling": [{"dt": 1e-6}, {"dt": 1e-7, "region": "Fillet"}]})"});
+  ExpectRefused(R"({"command": "delete", "region": "Fillet"})", "in use by step \"Roll\"");
+  ExpectRefused(R"({"command": "rename", "region": "Fillet", "newName": "Edge"})", "cannot be renamed: it is in use by step \"Roll\"");
+  EXPECT_TRUE(Check(session_.Model()).empty());
+  ddr_Model model = session_.Model();
+  model.Get<ddr_RegionMap>(ddr_Model::regionsCmd()).Remove("Fillet");
+  std::vector<Finding> const findings = Check(model);
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(findings[0].step, "Roll");
+  EXPECT_EQ(findings[0].refusal.message, "There is no region \"Fillet\".");
+  ExpectUndone(R"({"command": "setValues", "step": "Roll", "massScaling": []})");
+  ExpectUndone(R"({"command": "delete", "region": "Fillet"})");
 }
 
 }  // namespace

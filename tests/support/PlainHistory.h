@@ -1,0 +1,213 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "framework/kprC_State.h"
+#include "tests/support/ProcedureNames.h"
+
+/// The history of an attribute in the plainest form: one record per step, every state a list of members as texts, every
+/// pass a walk over all records. The measure for the engine, which keeps runs and shares states, and for the members'
+/// operations, which come from the lists of the types.
+namespace test::plain {
+
+struct Member {
+  std::string value;
+  int state = 0;      // 0 unset, 1 set, 2 propagated, 3 freed
+  std::string blank;  // the value of a member that has none
+  bool operator==(Member const&) const = default;
+
+  void Drop(int to) {
+    value = blank;
+    state = to;
+  }
+};
+
+struct State {
+  bool off = false;
+  std::map<std::string, Member> members;
+  bool operator==(State const&) const = default;
+
+  bool Modified() const {
+    return std::ranges::any_of(members, [](auto const& member) { return member.second.state == 1 || member.second.state == 3; });
+  }
+  State Carried(bool switchedOff) const {
+    State next = *this;
+    next.off = switchedOff;
+    for (auto& [name, member] : next.members) {
+      if (member.state == 1) { member.state = 2; }
+      if (member.state != 2) { member.Drop(0); }
+    }
+    return next;
+  }
+  State With(State const& own, bool switchedOff) const {
+    State merged = *this;
+    merged.off = switchedOff;
+    for (auto const& [name, member] : own.members) {
+      if (member.state == 1) { merged.members[name] = member; }
+      if (member.state == 3) { merged.members[name].Drop(3); }
+    }
+    return merged;
+  }
+};
+
+/// Takes down what a state stores, member by member.
+class Telling final : public cls_WriteVisitor {
+public:
+  static std::vector<std::pair<std::string, std::string>> Of(cls_Object const& object) {
+    Telling const telling;
+    object.DBWrite(telling);
+    return telling.members_;
+  }
+
+  bool StartWrite(unsigned, cls_Uid const&) const override { return true; }
+  void WriteBool(std::string_view member, bool value) const override { Put(member, value ? "true" : "false"); }
+  void WriteInteger(std::string_view member, long long value) const override { Put(member, std::to_string(value)); }
+  void WriteReal(std::string_view member, double value) const override { Put(member, std::to_string(value)); }
+  void WriteText(std::string_view member, std::string_view value) const override { Put(member, std::string(value)); }
+  void WriteNull(std::string_view member) const override { Put(member, "null"); }
+  void WriteObject(std::string_view member, cls_Object const& object) const override { WriteNested(member, object); }
+  void WriteNested(std::string_view member, cls_Object const& object) const override {
+    StartList(member, 1);
+    object.DBWrite(*this);
+    EndList();
+  }
+  void StartList(std::string_view member, std::size_t) const override {
+    Put(member, "");
+    ++depth_;
+  }
+  void EndList() const override { --depth_; }
+  bool StartMap(std::string_view member, std::size_t count) const override { return StartList(member, count), true; }
+  void EndMap() const override { EndList(); }
+
+private:
+  void Put(std::string_view member, std::string const& text) const {
+    if (depth_ == 0) { return static_cast<void>(members_.emplace_back(member, text)); }
+    members_.back().second += std::string(member) + "(" + text + ")";
+  }
+
+  mutable std::vector<std::pair<std::string, std::string>> members_;
+  mutable int depth_ = 0;
+};
+
+/// A state told plainly; \p blank has every member unset and is null for itself.
+inline State Told(kprC_State const& state, State const* blank) {
+  static std::map<std::string, int> const states = {{"UNSET", 0}, {"SET", 1}, {"PROPAGATED", 2}, {"FREED", 3}};
+  State told;
+  told.off = state.SwitchedOff();
+  auto const stored = Telling::Of(state);
+  for (std::size_t i = 0; i + 1 < stored.size(); ++i) {
+    auto const& [name, value] = stored[i];
+    auto const& [next, word] = stored[i + 1];  // a propagating member is followed by its companion
+    if (next == name + "State") { told.members[name] = {value, states.at(word), blank == nullptr ? value : blank->members.at(name).value}; }
+  }
+  return told;
+}
+
+struct Record {
+  unsigned procedure = 0;  // 0 for the initial step
+  int status = 0;
+  std::optional<State> state;
+};
+
+/// "STA1:u1=0.5 STA4off:u1~0.5": what is set (=), propagated (~), freed (-), and unset but not blank (?).
+inline std::string Text(std::vector<Record> const& records) {
+  std::ostringstream out;
+  for (Record const& record : records) {
+    out << NameOfProcedure(record.procedure) << record.status;
+    if (record.state) {
+      out << (record.state->off ? "off:" : ":");
+      for (auto const& [name, member] : record.state->members) {
+        if (member.state != 0 || member.value != member.blank) { out << name << "?=~-"[member.state] << member.value << ','; }
+      }
+    }
+    out << ' ';
+  }
+  return out.str();
+}
+
+/// What a family's records become, written down beside the library's own tables. The general statuses 1 to 7 mean the same
+/// for all families.
+struct Rules {
+  kprC_ProcedureSet perturbation, modal;  ///< kinds of steps; all others are general
+  int carriedFromInitial, changedFromInitial;
+  int perturbationCarried;
+  int perturbationChanged;  ///< 0: a change in a perturbation step is dropped
+  int perturbationOff;
+  bool asksInPerturbation;  ///< a perturbation step passes over what it does not admit
+  bool staysWhenRefused;    ///< a refused edit leaves the attribute as it was
+};
+
+/// One pass over \p records; \p admits tells for a procedure whether the type may be carried into it.
+inline void Pass(std::vector<Record>& records, Rules const& rules, std::function<bool(unsigned)> const& admits) {
+  bool created = false, hasBase = false, baseOff = false, untouched = false;
+  State source;
+  int frequency = 0;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    Record& record = records[i];
+    bool const modal = rules.modal.Contains(record.procedure);
+    bool const perturbation = !modal && rules.perturbation.Contains(record.procedure);
+    bool own = false, off = false;
+    if (record.state) {
+      bool const neverOff = record.status == 0 || (record.status >= 5 && record.status <= 8) || record.status == 12 || record.status == 13;
+      if (record.status == 1 && !created) {
+        own = true;
+        off = record.state->off;
+      } else if (record.status != 1 && record.state->off && !neverOff) {
+        off = true;
+      } else {
+        own = record.state->Modified();
+      }
+    }
+    auto const give = [&](int status, std::optional<State> state) {
+      record.status = status;
+      record.state = std::move(state);
+    };
+    State const on = source.Carried(false), switchedOff = source.Carried(true);
+    bool const passedOver = !own && (!perturbation || rules.asksInPerturbation) && !admits(record.procedure);
+    if (!created && !own && !off) {
+      give(0, std::nullopt);
+    } else if (!created) {
+      created = true;
+      source = *record.state;
+      record.status = source.off ? 4 : 1;
+      hasBase = !modal && !perturbation;
+      baseOff = hasBase && source.off;
+      untouched = i == 0 && record.procedure == 0;
+    } else if (!hasBase) {
+      give(modal && frequency == 1 ? 12 : 7, on);
+    } else if (modal) {
+      bool const admitted = admits(record.procedure);
+      give(!admitted ? 6 : baseOff || frequency == 11 ? 5 : 12, !admitted && baseOff ? switchedOff : on);
+    } else if (passedOver) {
+      give(6, baseOff ? switchedOff : on);
+    } else if (baseOff) {
+      give(5, own ? on.With(*record.state, true) : switchedOff);
+    } else if (perturbation) {
+      if (off) {
+        give(rules.perturbationOff, switchedOff);
+      } else if (own && rules.perturbationChanged != 0) {
+        give(rules.perturbationChanged, on.With(*record.state, false));
+      } else {
+        give(rules.perturbationCarried, on);
+      }
+    } else if (off) {
+      give(4, switchedOff);
+      baseOff = true;
+    } else if (own) {
+      give(untouched ? rules.changedFromInitial : 3, on.With(*record.state, false));
+      untouched = false;
+      source = *record.state;
+    } else {
+      give(untouched ? rules.carriedFromInitial : 2, on);
+    }
+    if (record.procedure == kprC_ProcedureType::Frequency) { frequency = record.status; }
+  }
+}
+
+}  // namespace test::plain

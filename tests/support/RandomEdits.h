@@ -1,0 +1,293 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <random>
+
+#include "framework/kprC_Constructor.h"
+#include "framework/kprC_PropagatingContainer.h"
+#include "tests/support/Library.h"
+#include "tests/support/PlainHistory.h"
+
+namespace test {
+
+/// A random script of edits of one attribute and of the steps below it. After every edit that is not refused, the history
+/// is the plain one, with one creation at most and none but the family's statuses, and a second pass changes nothing, not
+/// even which object a record holds. A refused edit leaves the attribute as it was where the family says so.
+/// \tparam Attribute the family's base class
+template <class Attribute> class RandomEdits {
+public:
+  enum Kind { Set, Free, Deactivate, Reset, Remove, Move, Suppress, Resume, InsertStep, RemoveStep, ReplaceStep, kKinds };
+  static constexpr std::array<char const*, kKinds> kKindNames = {"set",      "free",   "deactivate", "reset",      "remove",     "move",
+                                                                 "suppress", "resume", "insertStep", "removeStep", "replaceStep"};
+  /// Edits of each kind that were not refused.
+  using Counts = std::array<int, kKinds>;
+
+  RandomEdits(kprC_Constructor<Attribute> const& type, plain::Rules const& rules, unsigned seed)
+      : rules_(rules), random_(seed), fresh_(type.make()), script_(std::string(type.command) + ", seed " + std::to_string(seed) + ":") {
+    auto const state = fresh_->NewState();
+    for (cls_MemberInfo const& info : cls_MetadataRegistrar::Registrar().Find(state->DynTypeId())->members) {
+      if (info.propagating) { members_.push_back(&info); }
+    }
+    for (cls_MemberInfo const* member : members_) { state->SetMember(member->name, "UNSET"); }
+    blank_ = plain::Told(*state, nullptr);
+  }
+
+  void Run(int edits, Counts& counts) {
+    ASSERT_NO_FATAL_FAILURE(Create());
+    for (edit_ = 1; edit_ <= edits && repository_.IsMember(kName); ++edit_) {
+      Kind const kind = kOften[UpTo(kOften.size() - 1)];
+      Repository const before = repository_;
+      std::string const told = plain::Text(Told());
+      expected_ = Told();
+      bool applied = false;
+      if (CodeOf([&] { applied = Do(kind); }) >= 0) {
+        script_ += " (refused)";
+        if (rules_.staysWhenRefused && kind < InsertStep) { ASSERT_EQ(plain::Text(Told()), told) << script_; }
+        repository_ = before;
+      } else if (applied) {
+        ++counts[kind];
+        ASSERT_NO_FATAL_FAILURE(Check());
+      }
+    }
+  }
+
+private:
+  using Repository = kprC_PropagatingContainer<Attribute>;
+  /// Kinds as often as it takes for enough of them to come through.
+  static constexpr auto kOften =
+      std::to_array<Kind>({Set,    Set,  Set,  Free, Free, Free,     Deactivate, Deactivate, Reset,      Reset,
+                           Remove, Move, Move, Move, Move, Suppress, Resume,     InsertStep, RemoveStep, ReplaceStep});
+  static constexpr char const* kName = "A";
+
+  std::size_t UpTo(std::size_t n) { return std::uniform_int_distribution<std::size_t>(0, n)(random_); }
+  kprC_StepTable const& Steps() const { return repository_.Steps(); }
+  Attribute const& Item() const { return repository_.ConstGet(kName); }
+  Attribute& Item() { return repository_.Get(kName); }
+  plain::State Told(cls_Object const& state) const { return plain::Told(dynamic_cast<kprC_State const&>(state), &blank_); }
+  /// The engine's records, told plainly.
+  std::vector<plain::Record> Told() const {
+    std::vector<plain::Record> records(Steps().Size());
+    for (std::size_t i = 0; i < records.size(); ++i) {
+      records[i] = {Steps().ProcedureType(i), static_cast<int>(Item().StatusAt(i)), std::nullopt};
+      if (cls_Object const* state = Item().StateAt(i)) { records[i].state = Told(*state); }
+    }
+    return records;
+  }
+  /// A step, one in two times or \p mostly one in which the attribute says something.
+  std::size_t Where(bool mostly) {
+    bool const own = UpTo(mostly ? 7 : 1) != 0;
+    std::size_t at = 0;
+    for (int tries = 0; tries < 20; ++tries) {
+      at = UpTo(Steps().Size() - 1);
+      if (!own || Attribute::ChangedInStep(Item().StatusAt(at))) { break; }
+    }
+    return at;
+  }
+  void Note(std::string_view what, std::size_t at) { script_.append(" ").append(what).append(" ").append(std::to_string(at)); }
+
+  /// A procedure, one in two times one that the type is created in.
+  unsigned Procedure() {
+    bool const admitted = UpTo(1) == 0;
+    for (;;) {
+      unsigned const type = kprC_procedures[UpTo(kprC_procedures.size() - 1)].type;
+      if (!admitted || fresh_->Admits(type, false)) { return type; }
+    }
+  }
+  cls_Value Value(cls_MemberInfo const& info, bool zero) {
+    auto const number = static_cast<int>(UpTo(20));
+    auto const one = [&]() -> cls_Value {
+      switch (info.kind) {
+        case cls_MemberKind::Integer: return 11 + number;
+        case cls_MemberKind::Real: return zero ? 0.0 : 1.0 + number;
+        case cls_MemberKind::String: return "T" + std::to_string(number);
+        case cls_MemberKind::Boolean: return !zero && number % 4 == 0;
+        case cls_MemberKind::Enumerated: return info.permissible[static_cast<std::size_t>(number) % info.permissible.size()];
+        case cls_MemberKind::Object: break;
+      }
+      cls_Value::Fields fields;
+      for (cls_MemberInfo const& inner : cls_MetadataRegistrar::Registrar().Find(info.typeId)->members) {
+        fields.emplace_back(inner.name, Value(inner, zero));
+      }
+      return fields;
+    };
+    return info.many ? cls_Value(cls_Value::List{one()}) : one();
+  }
+
+  /// A sequence, and the attribute created in one of its steps with a value in every member; checked where its type is
+  /// admitted there, suppressed where it is not.
+  void Create() {
+    kprC_StepSequence steps;
+    steps.Append(NamedStep("Initial", 0));
+    script_ += " INI";
+    for (std::size_t n = 1, last = 2 + UpTo(8); n <= last; ++n) {
+      unsigned const type = Procedure();
+      steps.Append(NamedStep("S" + std::to_string(n), type));
+      script_.append(" ").append(NameOfProcedure(type));
+    }
+    kprC_StepTable const table(std::move(steps));
+    std::size_t at = UpTo(table.Size() - 1);
+    for (int tries = 0; tries < 10 && !fresh_->Admits(table.ProcedureType(at), false); ++tries) { at = UpTo(table.Size() - 1); }
+    Note("created in", at);
+    kprC_Arguments values;
+    for (cls_MemberInfo const* member : members_) {
+      bool const zero = at == 0 || member->kind == cls_MemberKind::Boolean;
+      values.emplace_back(member->name, Value(*member, zero));
+    }
+    std::string unknown;
+    ASSERT_TRUE(fresh_->SetInStep(table.Name(at), values, &unknown)) << script_ << unknown;
+    repository_.UpdateSteps(table);
+    if (CodeOf([&] { repository_.Insert(kName, *fresh_); }) < 0) { return; }
+    fresh_->Suppress();
+    repository_.ForcedInsert(kName, *fresh_);
+    script_ += " suppressed";
+  }
+
+  /// Edits the attribute, and the plain records as far as the next pass does not; false where there is nothing to edit.
+  bool Do(Kind kind) {
+    std::size_t const at = Where(kind == Move || kind == Free), to = UpTo(Steps().Size() - 1);
+    cow_String const name = Steps().Name(at);
+    plain::Record& record = expected_[at];
+    bool const takesAll = (kind == Remove || kind == RemoveStep) && name == Item().CreateStepName();
+    if (takesAll && UpTo(9) != 0) { return false; }
+    switch (kind) {
+      case Set:
+      case Free: return SetMembers(at, kind == Free);
+      case Deactivate:
+        Note("deactivate", at);
+        if (record.state) { record.state->off = true; }
+        Item().Deactivate(name);
+        return true;
+      case Reset:
+        Note("reset", at);
+        record.state.reset();
+        Item().Reset(name);
+        return true;
+      case Remove:
+        Note("remove", at);
+        record.state.reset();
+        return Item().Remove(name);
+      case Move: return at != to && MoveRecord(at, to);
+      case Suppress:
+        script_ += " suppress";
+        Item().Suppress();
+        return true;
+      case Resume:
+        script_ += " resume";
+        Item().Resume();
+        return true;
+      case InsertStep: {
+        unsigned const procedure = Procedure();
+        Note("insert step behind", at);
+        script_.append(" ").append(NameOfProcedure(procedure));
+        expected_.insert(expected_.begin() + static_cast<std::ptrdiff_t>(at) + 1, plain::Record{procedure, 0, {}});
+        repository_.UpdateSteps(Steps().WithInserted(at + 1, NamedStep("N" + std::to_string(edit_), procedure)));
+        return true;
+      }
+      case RemoveStep: return at != 0 && TakeStep(at);
+      case ReplaceStep: {
+        unsigned const procedure = Procedure();
+        if (at == 0 || procedure == record.procedure) { return false; }
+        Note("replace step", at);
+        script_.append(" ").append(NameOfProcedure(procedure));
+        record = {procedure, 0, {}};
+        repository_.UpdateSteps(Steps().WithReplaced(at, NamedStep(std::string(name.View()), procedure)));
+        return true;
+      }
+      case kKinds: break;
+    }
+    return false;
+  }
+
+  /// Gives some members, or none, a value, or frees one.
+  bool SetMembers(std::size_t at, bool free) {
+    Note(free ? "free in" : "set in", at);
+    kprC_Arguments members;
+    for (cls_MemberInfo const* member : members_) {
+      if (free ? members.empty() && UpTo(1) == 0 : UpTo(2) == 0) {
+        members.emplace_back(member->name, free ? cls_Value("FREED") : Value(*member, at == 0));
+        script_ += " " + member->name;
+      }
+    }
+    if (free && members.empty()) { return false; }
+    std::unique_ptr<cls_Object> own = fresh_->NewState();
+    if (cls_Object const* present = Item().StateAt(at)) { own = present->Copy(); }
+    for (auto const& [member, value] : members) { own->SetMember(member, value); }
+    expected_[at].state = Told(*own);
+    expected_[at].state->off = false;
+    std::string unknown;
+    return Item().SetInStep(Steps().Name(at), members, &unknown);
+  }
+  bool MoveRecord(std::size_t at, std::size_t to) {
+    Note("move", at);
+    Note("to", to);
+    for (std::size_t i = std::min(at, to) + 1; i < std::max(at, to); ++i) { expected_[i].state.reset(); }
+    expected_[to].status = expected_[at].status;
+    expected_[to].state.reset();
+    if (cls_Object const* present = Item().StateAt(at)) {
+      std::unique_ptr<cls_Object> const moved = present->Copy();
+      dynamic_cast<kprC_State&>(*moved).ChangeProcedureType(Steps().ProcedureType(to));
+      expected_[to].state = Told(*moved);
+    }
+    expected_[at].state.reset();
+    Item().Move(Steps().Name(at), Steps().Name(to));
+    return true;
+  }
+  /// With the step of its creation goes the attribute.
+  bool TakeStep(std::size_t at) {
+    Note("remove step", at);
+    bool const goes = Item().CreateStepName() == Steps().Name(at);
+    expected_.erase(expected_.begin() + static_cast<std::ptrdiff_t>(at));
+    repository_.UpdateSteps(Steps().WithRemoved(at));
+    EXPECT_EQ(repository_.IsMember(kName), !goes) << script_;
+    return true;
+  }
+
+  void Check() {
+    if (!repository_.IsMember(kName)) { return; }
+    plain::Pass(expected_, rules_, [this](unsigned procedureType) { return fresh_->Admits(procedureType, true); });
+    std::string const expected = plain::Text(expected_);
+    ASSERT_EQ(plain::Text(Told()), expected) << script_;
+
+    int creations = 0;
+    std::vector<cls_Object const*> objects;
+    for (std::size_t i = 0; i < Steps().Size(); ++i) {
+      auto const status = Item().StatusAt(i);
+      creations += status == mdl_PropagationStatusEnm::Created ? 1 : 0;
+      objects.push_back(Item().StateAt(i));
+      ASSERT_NO_THROW(Attribute::IsActive(status)) << script_;
+    }
+    ASSERT_LE(creations, 1) << script_;
+    repository_.UpdateSteps(Steps());
+    ASSERT_EQ(plain::Text(Told()), expected) << "second pass, " << script_;
+    for (std::size_t i = 0; i < objects.size(); ++i) { ASSERT_EQ(Item().StateAt(i), objects[i]) << i << ", " << script_; }
+  }
+
+  plain::Rules const rules_;
+  std::mt19937 random_;
+  std::unique_ptr<Attribute> fresh_;  // of the type, with its creation alone
+  std::vector<cls_MemberInfo const*> members_;
+  plain::State blank_;
+  Repository repository_;
+  std::vector<plain::Record> expected_;  // the history that the edit gives, before the pass
+  int edit_ = 0;
+  std::string script_;  // what was done, for messages
+};
+
+/// Runs scripts of every type of a family. Each kind of edit must have come through for each type.
+template <class Attribute>
+void ExpectPlainHistories(std::span<kprC_Constructor<Attribute> const> types, plain::Rules const& rules, unsigned scripts) {
+  unsigned seed = 0;
+  for (auto const& type : types) {
+    typename RandomEdits<Attribute>::Counts counts{};
+    for (unsigned script = 0; script < scripts; ++script) {
+      ASSERT_NO_FATAL_FAILURE(RandomEdits<Attribute>(type, rules, ++seed).Run(30, counts));
+    }
+    for (std::size_t kind = 0; kind < counts.size(); ++kind) {
+      EXPECT_GT(counts[kind], 0) << type.command << ": " << RandomEdits<Attribute>::kKindNames[kind];
+    }
+  }
+}
+
+}  // namespace test
