@@ -30,6 +30,11 @@ public:
   }
 };
 
+/// The line of a list for a component or another value that is prescribed; it refuses 36 what does not fit.
+constexpr cls_MemberText kbcC_Component(std::string_view meaning, std::string_view unit) {
+  return {meaning, unit, static_cast<int>(kbcC_ErrorEnm::ComponentValue)};
+}
+
 /// The answers of a state class from its lists: \p Derived lists what it prescribes in VisitValues, or as components in
 /// the order of their numbers in VisitComponents, and may have a member "fixed".
 template <class Derived, class Base = kbcC_BCState> class kbcC_StateOf : public kprC_StateOf<Derived, Base> {

@@ -6,11 +6,6 @@
 // What a state prescribes along (the first three) and about the axes 1 to 3 (the last three) of its coordinate system:
 // the members that a condition on a region and one on connectors have in common.
 
-/// The line of a list for one component.
-constexpr cls_MemberText kbcC_Component(std::string_view meaning, std::string_view unit) {
-  return {meaning, unit, static_cast<int>(kbcC_ErrorEnm::ComponentValue)};
-}
-
 /// Displacements and rotations.
 template <class Derived> class kbcC_Displacements : public kbcC_StateOf<Derived> {
 public:

@@ -68,7 +68,9 @@ public:
 };
 
 class DDB_API kbcC_MassFlowBCState final : public kbcC_OneValue<kbcC_MassFlowBCState> {
+public:
   using kbcC_OneValue::kbcC_OneValue;
+  static constexpr cls_MemberText value() { return kbcC_Component("rate at which material passes the connector", "length/time"); }
 };
 /// Flow of material into connectors. The command keeps the name that users know, "MaterialFlowBC".
 class DDB_API kbcC_MassFlowBC final : public kprC_TypeOf<kbcC_MassFlowBC, kbcC_MassFlowBCState, kbcC_ConnectorBC> {

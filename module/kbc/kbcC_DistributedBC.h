@@ -5,7 +5,7 @@
 
 // Conditions that prescribe one value, and their states.
 
-/// Per-step state of a condition that prescribes one value.
+/// Per-step state of a condition that prescribes one value. Types give its meaning and unit as value().
 class DDB_API kbcC_DistributedBCState : public kbcC_StateOf<kbcC_DistributedBCState> {
 public:
   static constexpr omn_FixedString magnitudeCmd() { return "magnitude"; }
@@ -17,16 +17,17 @@ public:
   mdl_PropAttr<double> magnitude;  ///< the prescribed value, in the unit of the quantity
   mdl_PropAttr<bool> fixed;        ///< held where the step begins, whatever that is
 
-  template <class V> static constexpr void VisitValues(V&& visit) {
-    visit(magnitudeCmd(), &kbcC_DistributedBCState::magnitude,
-          cls_MemberText{"the prescribed value", "of the quantity", static_cast<int>(kbcC_ErrorEnm::ComponentValue)});
-  }
-  template <class V> static constexpr void VisitMembers(V&& visit) {
+  /// What the value is in a type that does not say.
+  static constexpr cls_MemberText value() { return kbcC_Component("the prescribed value", "of the quantity"); }
+
+  template <class V> static constexpr void VisitValues(V&& visit) { visit(magnitudeCmd(), &kbcC_DistributedBCState::magnitude, value()); }
+  template <class Type, class V> static constexpr void VisitFor(V&& visit) {
     kbcC_BCState::VisitMembers(visit);
-    VisitValues(visit);
+    visit(magnitudeCmd(), &kbcC_DistributedBCState::magnitude, Type::value());
     visit(fixedCmd(), &kbcC_DistributedBCState::fixed,
           cls_MemberText{"held where the step begins", "", static_cast<int>(kbcC_ErrorEnm::FixedValue)});
   }
+  template <class V> static constexpr void VisitMembers(V&& visit) { VisitFor<kbcC_DistributedBCState>(visit); }
 };
 
 /// Base of the conditions that prescribe one value.
@@ -35,72 +36,30 @@ public:
   template <class V> static constexpr void VisitMembers(V&& visit) { kbcC_BC::VisitMembers(visit); }
 };
 
-/// A state that is just the one value, as a class of its own.
+/// A state that is just the one value, as a class of its own. \p Derived says as value() what it is.
 template <class Derived> class kbcC_OneValue : public kbcC_StateOf<Derived, kbcC_DistributedBCState> {
 public:
   kbcC_OneValue() = default;
   explicit kbcC_OneValue(cls_ReadVisitor const& in) { cls_ReadMembers(static_cast<kbcC_DistributedBCState&>(*this), in); }
 
-  template <class V> static constexpr void VisitMembers(V&& visit) { kbcC_DistributedBCState::VisitMembers(visit); }
+  template <class V> static constexpr void VisitMembers(V&& visit) { kbcC_DistributedBCState::VisitFor<Derived>(visit); }
 };
 
-class DDB_API kbcC_PorePressureBCState final : public kbcC_OneValue<kbcC_PorePressureBCState> {
-  using kbcC_OneValue::kbcC_OneValue;
-};
-/// Pressure of the fluid in the pores of a medium.
-class DDB_API kbcC_PorePressureBC final : public kprC_TypeOf<kbcC_PorePressureBC, kbcC_PorePressureBCState, kbcC_DistributedBC> {
-public:
-  using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "PorePressureBC"; }
-  static constexpr omn_FixedString label() { return "Pore pressure"; }
-};
-
-class DDB_API kbcC_AcousticPressureBCState final : public kbcC_OneValue<kbcC_AcousticPressureBCState> {
-  using kbcC_OneValue::kbcC_OneValue;
-};
-/// Pressure in an acoustic medium.
-class DDB_API kbcC_AcousticPressureBC final
-    : public kprC_TypeOf<kbcC_AcousticPressureBC, kbcC_AcousticPressureBCState, kbcC_DistributedBC> {
-public:
-  using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "AcousticPressureBC"; }
-  static constexpr omn_FixedString label() { return "Acoustic pressure"; }
-};
-
-class DDB_API kbcC_FluidCavityPressureBCState final : public kbcC_OneValue<kbcC_FluidCavityPressureBCState> {
-  using kbcC_OneValue::kbcC_OneValue;
-};
-/// Pressure of the fluid in a cavity.
-class DDB_API kbcC_FluidCavityPressureBC final
-    : public kprC_TypeOf<kbcC_FluidCavityPressureBC, kbcC_FluidCavityPressureBCState, kbcC_DistributedBC> {
-public:
-  using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "FluidCavityPressureBC"; }
-  static constexpr omn_FixedString label() { return "Fluid cavity pressure"; }
-};
-
-class DDB_API kbcC_ElectricPotentialBCState final : public kbcC_OneValue<kbcC_ElectricPotentialBCState> {
-  using kbcC_OneValue::kbcC_OneValue;
-};
-/// Electric potential.
-class DDB_API kbcC_ElectricPotentialBC final
-    : public kprC_TypeOf<kbcC_ElectricPotentialBC, kbcC_ElectricPotentialBCState, kbcC_DistributedBC> {
-public:
-  using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "ElectricPotentialBC"; }
-  static constexpr omn_FixedString label() { return "Electric potential"; }
-};
-
-class DDB_API kbcC_ConcentrationBCState final : public kbcC_OneValue<kbcC_ConcentrationBCState> {
-  using kbcC_OneValue::kbcC_OneValue;
-};
-/// Normalized concentration of a diffusing species.
-class DDB_API kbcC_ConcentrationBC final : public kprC_TypeOf<kbcC_ConcentrationBC, kbcC_ConcentrationBCState, kbcC_DistributedBC> {
-public:
-  using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "ConcentrationBC"; }
-  static constexpr omn_FixedString label() { return "Mass concentration"; }
-};
+// One class of conditions and one of states for each row of the table.
+#define KBC_ONE_VALUE(Name, text, meaning, unit)                                                                        \
+  class DDB_API kbcC_##Name##BCState final : public kbcC_OneValue<kbcC_##Name##BCState> {                               \
+  public:                                                                                                               \
+    using kbcC_OneValue::kbcC_OneValue;                                                                                 \
+    static constexpr cls_MemberText value() { return kbcC_Component(meaning, unit); }                                   \
+  };                                                                                                                    \
+  class DDB_API kbcC_##Name##BC final : public kprC_TypeOf<kbcC_##Name##BC, kbcC_##Name##BCState, kbcC_DistributedBC> { \
+  public:                                                                                                               \
+    using kprC_TypeOf::kprC_TypeOf;                                                                                     \
+    static constexpr omn_FixedString constructorCmd() { return #Name "BC"; }                                            \
+    static constexpr omn_FixedString label() { return text; }                                                           \
+  };
+#include "module/kbc/kbcC_OneValueBCs.def"
+#undef KBC_ONE_VALUE
 
 /// Per-step state of a temperature condition.
 class DDB_API kbcC_TemperatureBCState final : public kbcC_StateOf<kbcC_TemperatureBCState, kbcC_DistributedBCState> {
@@ -110,6 +69,9 @@ public:
 
   kbcC_TemperatureBCState() = default;
   explicit kbcC_TemperatureBCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
+  static constexpr cls_MemberText value() { return kbcC_Component("temperature", "temperature"); }
+
+  static constexpr cls_MemberText value() { return kbcC_Component("temperature", "temperature"); }
 
   mdl_PropAttr<int> dof;     ///< degree of freedom of the temperature point through a shell's thickness, 11 to 31
   mdl_PropAttr<bool> shell;  ///< whether the region is on shells
