@@ -88,6 +88,14 @@ TEST_F(InModel, TheSpaceIsAskedOfEveryAttributeAndStepsOfNone) {
   ExpectUndone(R"({"command": "delete", "step": "S2"})");
 }
 
+TEST_F(InModel, ALoadRefusesASpaceThatItDoesNotGoWith) {
+  RunJournal(session_, {R"({"command": "Gravity", "name": "Weight", "createStepName": "S1", "comp1": -9.81})"});
+  ExpectRefused(R"({"command": "setModelSpace", "space": "AXISYMMETRIC"})", "That is what load \"Weight\" refuses. [klo 47]");
+  ExpectUndone(R"({"command": "setModelSpace", "space": "TWO_D_PLANAR"})");
+  RunJournal(session_, {R"({"command": "suppress", "load": "Weight"})", R"({"command": "setModelSpace", "space": "AXISYMMETRIC"})"});
+  ExpectRefused(R"({"command": "resume", "load": "Weight"})", "[klo 47]");
+}
+
 TEST_F(InModel, ChecksTellOfAConnectorThatTheModelDoesNotHave) {
   ddr_Model model = session_.Model();
   model.Get<ddr_ConnectorMap>(ddr_Model::connectorsCmd()).Remove("Hinge");
