@@ -55,7 +55,7 @@ std::string TypeText(cls_MemberInfo const& info) {
       type = held == nullptr ? "object" : held->name;
     }
   }
-  return info.many ? "list of " + type : type;
+  return info.table ? "table of " + type : info.many ? "list of " + type : type;
 }
 
 /// \p presets may be null.

@@ -95,7 +95,7 @@ std::string ExpectedValue(cls_MemberInfo const& info) {
       expected = info.typeId == rgnC_Region::TypeId() ? "the name of a region" : info.many ? "an object with named members" : "a name";
       break;
   }
-  if (info.many) { expected = "a list, each " + expected; }
+  if (info.many) { expected = (info.table ? "a list of rows of one length, each value " : "a list, each ") + expected; }
   return info.propagating ? expected + R"(, "UNSET" or "FREED")" : expected;
 }
 

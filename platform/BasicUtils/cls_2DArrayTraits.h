@@ -13,7 +13,7 @@ template <class T> struct cls_MemberTraits<cow_2DArray<T>> : cls_PlainTraits {
 
   static void Describe(cls_MemberInfo& info) {
     cls_MemberTraits<T>::Describe(info);
-    info.many = true;
+    info.many = info.table = true;
   }
   static void Write(cls_WriteVisitor const& out, std::string_view name, Table const& table) {
     cls_MemberTraits<Rows>::Write(out, name, RowsOf(table));

@@ -30,6 +30,7 @@ struct cls_MemberInfo {
   cls_MemberKind kind = cls_MemberKind::Object;
   unsigned typeId = 0;                   ///< of an object member; 0 for a plain value
   bool many = false;                     ///< a list of values
+  bool table = false;                    ///< a list of rows, which are lists of values of one length
   bool propagating = false;              ///< has a companion "<name>State"
   std::vector<std::string> permissible;  ///< texts of an enumerated member, in row order
   std::string meaning, unit;

@@ -23,6 +23,14 @@ std::vector<std::string> const kModel = {
     R"({"command": "DisplacementBC", "name": "Rest", "createStepName": "Press", "u3": 0,
         "distributionType": "FIELD", "fieldName": "Bow"})",
     R"({"command": "suppress", "boundaryCondition": "Rest"})",
+    R"({"command": "Surface", "name": "Shank", "instanceKind": "SOLID"})",
+    R"({"command": "Surface", "name": "Washer"})",
+    R"({"command": "ConcentratedForce", "name": "Pull", "createStepName": "Press", "region": "Die", "cf1": 10, "amplitude": "Ramp"})",
+    R"({"command": "ConcentratedForce", "name": "Late", "createStepName": "Release", "cf2": 5})",
+    R"({"command": "BoltLoad", "name": "Bolt", "createStepName": "Press", "region": "Shank", "magnitude": 9e4, "dtmReference": "Axis-1"})",
+    R"({"command": "BoltLoad", "name": "Stud", "createStepName": "Press", "region": "Washer", "magnitude": 9e4})",
+    R"({"command": "Pressure", "name": "Idle", "createStepName": "Press", "magnitude": 2, "distType": "FIELD", "fieldName": "Bow"})",
+    R"({"command": "suppress", "load": "Idle"})",
 };
 
 struct Row {
@@ -30,6 +38,7 @@ struct Row {
   char const* refusal;  ///< "kbc 5", or the exception of one without a number
   std::vector<char const*> message;
   bool badInput = true;
+  char const* space = "THREE_D";
 };
 
 void PrintTo(Row const& row, std::ostream* out) { *out << row.command; }
@@ -39,8 +48,10 @@ class Refusals : public CommandTest, public ::testing::WithParamInterface<Row> {
 TEST_P(Refusals, NameWhatIsWrongAndChangeNothing) {
   Session session;
   RunJournal(session, kModel);
+  RunJournal(session, {Json{{"command", "setModelSpace"}, {"space", GetParam().space}}.dump()});
   ddr_Model const before = session.Model();
   std::size_t const changes = session.Changes().Size(), journal = session.Journal().size();
+  std::string const label = session.UndoLabel();
   Outcome const outcome = session.Execute(Line(GetParam().command));
   EXPECT_FALSE(outcome.ok);
   Refusal const& refused = outcome.refused;
@@ -51,7 +62,7 @@ TEST_P(Refusals, NameWhatIsWrongAndChangeNothing) {
   EXPECT_TRUE(session.Model().Equals(before));
   EXPECT_EQ(session.Changes().Size(), changes);
   EXPECT_EQ(session.Journal().size(), journal);
-  EXPECT_EQ(session.UndoLabel(), "suppress boundaryCondition \"Rest\"");
+  EXPECT_EQ(session.UndoLabel(), label);
 }
 
 constexpr char const* kKey = "omu_KeyErrorException";
@@ -72,7 +83,9 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"({"command": "setModel", "name": ""})", kValue, {"\"name\" is empty"}},
         Row{R"({"command": "setModelSpace"})", kKey, {"\"space\" is missing"}},
         Row{R"({"command": "setModelSpace", "space": "THREE_DE"})", kValue, {"\"AXISYMMETRIC\"", "Did you mean \"THREE_D\"?"}},
-        Row{R"({"command": "deactivate", "stepName": "Hold"})", kKey, {"object is missing", "\"boundaryCondition\", \"step\", \"region\""}},
+        Row{R"({"command": "deactivate", "stepName": "Hold"})",
+            kKey,
+            {"object is missing", "\"boundaryCondition\", \"load\", \"step\", \"region\""}},
         Row{R"({"command": "rename", "step": "Hold", "region": "Die", "newName": "A"})", kKey, {"no argument \"region\""}},
         Row{R"({"command": "deactivate", "step": "Hold"})", kKey, {"\"deactivate\" is no command on a step"}},
         Row{R"({"command": "replace", "boundaryCondition": "Fix"})", kKey, {"no command on a boundaryCondition"}}));
@@ -206,6 +219,104 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"({"command": "rename", "boundaryCondition": "Push", "newName": "Fix"})", "kbc 5", {"boundaryCondition \"Fix\""}, false}));
 
 INSTANTIATE_TEST_SUITE_P(
+    OfLoads, Refusals,
+    ::testing::Values(
+        Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Initial", "cf1": 1})", "klo 2", {"\"New\""}, false},
+        Row{R"({"command": "Pressure", "name": "Pull", "createStepName": "Hold", "magnitude": 1})", "klo 5", {"load \"Pull\""}, false},
+        Row{R"({"command": "rename", "load": "Late", "newName": "Pull"})", "klo 5", {"load \"Pull\""}, false},
+        Row{R"({"command": "deactivate", "load": "Pul", "stepName": "Hold"})", "klo 4", {"Did you mean \"Pull\"?"}},
+        Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hodl", "cf1": 1})", "klo 31", {"\"Hold\"?"}},
+        Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hold", "magnitude": 1})", kKey, {"\"magnitude\""}},
+        Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hold", "region": "Dye"})", kKey, {"\"Die\"?"}},
+        Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hold"})", "klo 41", {}, false},
+        Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hold", "cf1": "much"})", "klo 21", {"finite number"}},
+        Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hold", "cf1": "PROPAGATED"})", "klo 21", {"\"cf1\""}},
+        Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hold", "amplitude": 4})", "klo 17", {"\"amplitude\""}},
+        Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hold", "amplitude": "Rump"})", "klo 17", {"\"Ramp\"?"}},
+        Row{R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Hold", "amplitude": ""})", "klo 17", {"\"amplitude\""}},
+        Row{R"({"command": "Pressure", "name": "New", "createStepName": "Hold", "magnitude": 1, "fieldName": "Bog"})",
+            "klo 71",
+            {"\"Bow\"?"}},
+        Row{R"({"command": "Pressure", "name": "New", "createStepName": "Hold", "magnitude": 1, "distType": "FIELD"})",
+            "klo 70",
+            {},
+            false},
+        Row{R"({"command": "Pressure", "name": "New", "createStepName": "Hold", "magnitude": 1, "distType": "ROUND"})",
+            "klo 21",
+            {"\"HYDROSTATIC\""}},
+        Row{R"({"command": "SurfaceHeatFlux", "name": "New", "createStepName": "Hold", "magnitude": 1})", "klo 34", {}, false},
+        Row{R"({"command": "ConcentratedHeatFlux", "name": "New", "createStepName": "Hold", "dof": 1.5})", "klo 40", {"32-bit integer"}},
+        Row{R"({"command": "SurfaceTraction", "name": "New", "createStepName": "Hold", "magnitude": 1, "directionVector": [1, 2, 3]})",
+            "klo 21",
+            {"a list of rows of one length, each value a finite number"}},
+        Row{R"({"command": "SurfaceTraction", "name": "New", "createStepName": "Hold", "magnitude": 1, "csys": "A", "userCsys": "B"})",
+            "klo 66",
+            {},
+            false},
+        Row{R"({"command": "CoriolisForce", "name": "New", "createStepName": "Hold", "magnitude": 1, "coordAxisPt2": [1]})",
+            "klo 10",
+            {},
+            false},
+        Row{R"({"command": "CoriolisForce", "name": "New", "createStepName": "Hold", "magnitude": 1, "coordAxisPt1": [0, 0, 1]})",
+            "klo 57",
+            {},
+            false},
+        Row{R"({"command": "InertiaRelief", "name": "New", "createStepName": "Hold", "fixed": true})", "klo 52", {}, false},
+        Row{R"({"command": "InertiaRelief", "name": "New", "createStepName": "Hold", "localCsys": "Wheel"})", "klo 51", {}, false},
+        Row{R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Shake", "cf1": 1})", "klo 12", {"status 8"}, false},
+        Row{R"({"command": "setValuesInStep", "load": "Late", "stepName": "Hold", "cf1": 1})", "klo 32", {"status 0"}, false},
+        Row{R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Hodl", "cf1": 1})", "klo 31", {"\"Hold\"?"}},
+        Row{R"({"command": "setValuesInStep", "load": "Idle", "stepName": "Hold", "magnitude": 1})", "klo 61", {"\"Idle\""}, false},
+        Row{R"({"command": "setValues", "load": "Idle", "magnitude": 1})", "klo 61", {}, false},
+        Row{R"({"command": "move", "load": "Idle", "fromStepName": "Press", "toStepName": "Hold"})", "klo 61", {}, false},
+        Row{R"({"command": "setValues", "load": "Pull", "cf1": 0})", "klo 41", {}, false},
+        Row{R"({"command": "deactivate", "load": "Pull", "stepName": "Initial"})", "klo 31", {}, false},
+        Row{R"({"command": "deactivate", "load": "Pull", "stepName": "Shake"})", "klo 8", {}, false},
+        Row{R"({"command": "reset", "load": "Pull", "stepName": "Press"})", "klo 15", {}, false},
+        Row{R"({"command": "move", "load": "Pull", "fromStepName": "Hold", "toStepName": "Release"})", "klo 14", {}, false},
+        Row{R"({"command": "move", "load": "Pull", "fromStepName": "Press", "toStepName": "Shake"})", "klo 25", {}, false},
+        Row{R"({"command": "BoltLoad", "name": "New", "createStepName": "Press", "region": "Shank", "magnitude": 1})", "klo 39", {}, false},
+        Row{R"({"command": "setValues", "load": "Bolt", "dtmReference": null})", "klo 39", {}, false},
+        Row{R"({"command": "setValues", "load": "Stud", "region": "Shank"})", "klo 39", {}, false},
+        Row{R"({"command": "setValues", "region": "Washer", "instanceKind": "SOLID"})",
+            "klo 39",
+            {"That is what load \"Stud\" refuses."},
+            false},
+        Row{R"({"command": "BoltLoad", "name": "New", "createStepName": "Hold", "magnitude": 1})", "klo 37", {}, false},
+        Row{R"({"command": "StaticStep", "name": "New", "previous": "Initial", "initialInc": 0.1})", "klo 37", {}, false},
+        Row{R"({"command": "BoltLoad", "name": "New", "createStepName": "Press", "boltMethod": "FIXED"})", "klo 38", {}, false},
+        Row{R"({"command": "deactivate", "load": "Bolt", "stepName": "Hold"})", "klo 35", {}, false},
+        Row{R"({"command": "move", "load": "Bolt", "fromStepName": "Press", "toStepName": "Hold"})", "klo 36", {}, false}));
+
+constexpr char const* kPlanar = "TWO_D_PLANAR";
+constexpr char const* kAxisymmetric = "AXISYMMETRIC";
+
+INSTANTIATE_TEST_SUITE_P(
+    OfLoadsInTheSpaceOfTheModel, Refusals,
+    ::testing::Values(
+        Row{R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Hold", "cf3": 1})", "klo 11", {}, false, kPlanar},
+        Row{R"({"command": "RotationalBodyForce", "name": "New", "createStepName": "Hold", "magnitude": 1, "centrifugal": true,
+                "coordAxisPt2": [0, 1, 0]})",
+            "klo 45",
+            {},
+            false,
+            kPlanar},
+        Row{R"({"command": "RotationalBodyForce", "name": "New", "createStepName": "Hold", "magnitude": 1, "centrifugal": true,
+                "coordAxisPt2": [0, 2]})",
+            "klo 44",
+            {},
+            false,
+            kAxisymmetric},
+        Row{R"({"command": "RotationalBodyForce", "name": "New", "createStepName": "Hold", "magnitude": 1, "rotaryAcceleration": true})",
+            "klo 46",
+            {},
+            false,
+            kAxisymmetric},
+        Row{R"({"command": "Gravity", "name": "New", "createStepName": "Hold", "comp1": 9.81})", "klo 47", {}, false, kAxisymmetric},
+        Row{R"({"command": "InertiaRelief", "name": "New", "createStepName": "Hold", "u3": true})", "klo 49", {}, false, kPlanar},
+        Row{R"({"command": "InertiaRelief", "name": "New", "createStepName": "Hold", "u1": true})", "klo 50", {}, false, kAxisymmetric}));
+
+INSTANTIATE_TEST_SUITE_P(
     OfWhatAttributesReferTo, Refusals,
     ::testing::Values(Row{R"({"command": "Set", "name": "Die"})", kValue, {"There is a region \"Die\" already"}},
                       Row{R"({"command": "Surface", "name": "Die"})", kValue, {"There is a region \"Die\" already"}},
@@ -233,6 +344,7 @@ class Editing : public CommandTest {};
 
 TEST_F(Editing, SaysThatThereAreNoAttributesAtAll) {
   Session session;
+  EXPECT_EQ(session.Execute(Line(R"({"command": "suppress", "load": "Pull"})")).refused.message, "There are no loads defined.");
   Outcome const outcome = session.Execute(Line(R"({"command": "suppress", "boundaryCondition": "Fix"})"));
   EXPECT_EQ(outcome.refused.code, 2);
   EXPECT_EQ(outcome.refused.message, "There are no boundary conditions.");
