@@ -71,8 +71,6 @@ public:
   explicit kbcC_TemperatureBCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
   static constexpr cls_MemberText value() { return kbcC_Component("temperature", "temperature"); }
 
-  static constexpr cls_MemberText value() { return kbcC_Component("temperature", "temperature"); }
-
   mdl_PropAttr<int> dof;     ///< degree of freedom of the temperature point through a shell's thickness, 11 to 31
   mdl_PropAttr<bool> shell;  ///< whether the region is on shells
 
