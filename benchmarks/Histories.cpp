@@ -32,21 +32,21 @@ struct Size {
   explicit Size(benchmark::State const& state)
       : steps(static_cast<std::size_t>(state.range(0))),
         attributes(static_cast<std::size_t>(state.range(1))),
-        kind(state.range(2) == 0 ? bench::Steps::Uniform : bench::Steps::Alternating) {}
+        mix(static_cast<bench::Mix>(state.range(2))) {}
   std::size_t steps, attributes;
-  bench::Steps kind;
+  bench::Mix mix;
 };
 
 /// Measures \p work against moving the records of \p attributes.
 template <class Before, class Work>
 void Measure(benchmark::State& state, Size const& size, std::size_t attributes, Before&& before, Work&& work) {
-  bench::Measure(state, bench::SecondsToMove(size.steps * attributes, attributes * bench::kStatesPerCondition), before, work);
+  bench::Measure(state, bench::SecondsToMove(size.steps * attributes, attributes * bench::kStatesPerAttribute), before, work);
 }
 
 void Build(benchmark::State& state) {
   Size const size(state);
   ddr_Model steps;
-  bench::AddSteps(steps, size.steps, size.kind);
+  bench::AddSteps(steps, size.steps, size.mix);
   ddr_Model model;
   std::size_t heap = 0;
   Measure(
@@ -56,13 +56,13 @@ void Build(benchmark::State& state) {
         Changes().TruncateTo(0);
         heap = heapBytes;
       },
-      [&] { bench::AddConditions(model, size.attributes); });
+      [&] { bench::AddAttributes(model, size.attributes, size.mix); });
   state.counters["heap"] = static_cast<double>(heapBytes - heap) / static_cast<double>(size.steps * size.attributes);
 }
 
 void InsertStep(benchmark::State& state) {
   Size const size(state);
-  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.kind);
+  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.mix);
   cow_String const middle = bench::StepAt(model, size.steps / 2);
   ddr_Model edited;
   Measure(
@@ -71,7 +71,7 @@ void InsertStep(benchmark::State& state) {
 
 void UndoInsertStep(benchmark::State& state) {
   Size const size(state);
-  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.kind);
+  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.mix);
   cow_String const middle = bench::StepAt(model, size.steps / 2);
   ddr_Model edited;
   Measure(
@@ -83,43 +83,45 @@ void UndoInsertStep(benchmark::State& state) {
       [&] { edited = model; });
 }
 
-/// One edit of one attribute in the last quarter, with its snapshot for undo and its record.
-void Edit(ddr_Model& model, cow_String const& step, cow_String const& name, double value) {
-  auto& conditions = model.Get<bench::Repository>(ddr_Model::bcCmd());
-  conditions.Get(name).Insert(step, bench::Values(value));
-  conditions.RecordModify(name);
+/// One edit of the attribute in the middle, of a load where there are loads.
+void EditMiddle(ddr_Model& model, Size const& size, cow_String const& step, double value) {
+  std::size_t const middle = size.attributes / 2 | 1U;
+  bench::IsLoad(middle, size.mix) ? bench::Edit<bench::Loads>(model, step, bench::NameOf(middle), value)
+                                  : bench::Edit<bench::Conditions>(model, step, bench::NameOf(middle), value);
 }
 
 void EditOne(benchmark::State& state) {
   Size const size(state);
-  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.kind);
-  cow_String const step = bench::StepAt(model, size.steps / 3), name = bench::NameOf(size.attributes / 2);
+  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.mix);
+  cow_String const step = bench::StepAt(model, size.steps / 3);
   ddr_Model edited;
   double value = 0.0;
   Measure(
-      state, size, 1, [&] { edited = model; }, [&] { Edit(edited, step, name, value += 1.0); });
+      state, size, 1, [&] { edited = model; }, [&] { EditMiddle(edited, size, step, value += 1.0); });
 }
 
 void UndoEdit(benchmark::State& state) {
   Size const size(state);
-  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.kind);
-  cow_String const step = bench::StepAt(model, size.steps / 3), name = bench::NameOf(size.attributes / 2);
+  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.mix);
+  cow_String const step = bench::StepAt(model, size.steps / 3);
   ddr_Model edited;
   Measure(
       state, size, 1,
       [&] {
         edited = model;
-        Edit(edited, step, name, 1.0);
+        EditMiddle(edited, size, step, 1.0);
       },
       [&] { edited = model; });
 }
 
 void Sizes(benchmark::internal::Benchmark* b) {
-  b->ArgNames({"steps", "attributes", "alternating"})->Unit(benchmark::kMicrosecond)->UseManualTime();
+  b->ArgNames({"steps", "attributes", "mix"})->Unit(benchmark::kMicrosecond)->UseManualTime();
   for (long const steps : {10, 100, 1000, 10000}) { b->Args({steps, 100, 0}); }
   for (long const attributes : {1000, 10000}) { b->Args({100, attributes, 0}); }
   b->Args({10000, 1000, 0});
-  for (long const steps : {1000, 10000}) { b->Args({steps, 100, 1}); }
+  for (long const mix : {1, 2}) {
+    for (long const steps : {1000, 10000}) { b->Args({steps, 100, mix}); }
+  }
 }
 BENCHMARK(Build)->Apply(Sizes);
 BENCHMARK(InsertStep)->Apply(Sizes);

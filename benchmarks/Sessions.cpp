@@ -16,8 +16,8 @@ bench::Library const library;
 struct Size {
   explicit Size(benchmark::State const& state)
       : steps(static_cast<std::size_t>(state.range(0))), attributes(static_cast<std::size_t>(state.range(1))) {}
-  ddr_Model Model() const { return bench::ModelOf(steps, attributes, bench::Steps::Uniform); }
-  std::size_t Bytes() const { return attributes * (steps * 40 + bench::kStatesPerCondition * 64); }
+  ddr_Model Model() const { return bench::ModelOf(steps, attributes, bench::Mix::Uniform); }
+  std::size_t Bytes() const { return attributes * (steps * 40 + bench::kStatesPerAttribute * 64); }
   std::size_t steps, attributes;
 };
 
@@ -60,14 +60,14 @@ void EditCommandOnce(benchmark::State& state) {
   double value = 0.0;
   gattr::Json command;
   bench::Measure(
-      state, bench::SecondsToMove(size.steps, bench::kStatesPerCondition),
+      state, bench::SecondsToMove(size.steps, bench::kStatesPerAttribute),
       [&] { command = EditCommand(session.Model(), size, value += 1.0); }, [&] { Run(state, session, command); });
 }
 void UndoEditCommand(benchmark::State& state) {
   Size const size(state);
   gattr::Session session(size.Model());
   bench::Measure(
-      state, bench::SecondsToMove(size.steps, bench::kStatesPerCondition),
+      state, bench::SecondsToMove(size.steps, bench::kStatesPerAttribute),
       [&] { Run(state, session, EditCommand(session.Model(), size, 5.0)); }, [&] { session.Undo(); });
 }
 void InsertStepCommand(benchmark::State& state) {
@@ -75,7 +75,7 @@ void InsertStepCommand(benchmark::State& state) {
   gattr::Session session(size.Model());
   gattr::Json const command = InsertCommand(session.Model(), size);
   bench::Measure(
-      state, bench::SecondsToMove(size.steps * size.attributes, size.attributes * bench::kStatesPerCondition), [&] { session.Undo(); },
+      state, bench::SecondsToMove(size.steps * size.attributes, size.attributes * bench::kStatesPerAttribute), [&] { session.Undo(); },
       [&] { Run(state, session, command); });
 }
 void UndoInsertStepCommand(benchmark::State& state) {
@@ -83,7 +83,7 @@ void UndoInsertStepCommand(benchmark::State& state) {
   gattr::Session session(size.Model());
   gattr::Json const command = InsertCommand(session.Model(), size);
   bench::Measure(
-      state, bench::SecondsToMove(size.steps * size.attributes, size.attributes * bench::kStatesPerCondition),
+      state, bench::SecondsToMove(size.steps * size.attributes, size.attributes * bench::kStatesPerAttribute),
       [&] { Run(state, session, command); }, [&] { session.Undo(); });
 }
 
@@ -114,7 +114,7 @@ void SaveAfterOneEdit(benchmark::State& state) {
   file.Save(session.Model());
   double value = 0.0;
   bench::Measure(
-      state, SecondsToWrite(size.steps * 40 + bench::kStatesPerCondition * 64),
+      state, SecondsToWrite(size.steps * 40 + bench::kStatesPerAttribute * 64),
       [&] { Run(state, session, EditCommand(session.Model(), size, value += 1.0)); }, [&] { file.Save(session.Model()); });
   std::filesystem::remove(path);
 }

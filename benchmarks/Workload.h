@@ -10,6 +10,7 @@
 #include "framework/kprC_PropagatingContainer.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
+#include "module/klo/kloC_ConcentratedLoads.h"
 #include "module/kpr/kprC_ModelSteps.h"
 #include "module/kpr/kprC_Steps.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
@@ -17,12 +18,11 @@
 /// The models that the benchmarks work on, and the limit that they are measured against.
 namespace bench {
 
-using Repository = kprC_PropagatingContainer<kbcC_BC>;
-
-/// How the steps of a model follow each other.
-enum class Steps {
-  Uniform,      ///< general steps only
+/// What a model is made of.
+enum class Mix {
+  Uniform,      ///< conditions over general steps only
   Alternating,  ///< a perturbation step after every general one: no two neighbouring records are alike
+  Families,     ///< general steps; every second attribute is a load
 };
 
 inline kprC_StepHandle StaticStep() {
@@ -33,49 +33,70 @@ inline kprC_StepHandle StaticStep() {
   return step;
 }
 
-inline void AddSteps(ddr_Model& model, std::size_t count, Steps kind) {
+inline void AddSteps(ddr_Model& model, std::size_t count, Mix mix) {
   std::vector<kprC_StepContainer::NamedStep> steps;
   for (std::size_t i = 1; i < count; ++i) {
     kprC_StepHandle step = StaticStep();
-    if (kind == Steps::Alternating && i % 2 == 0) { step = cow_Handle<kprC_StaticLinearPerturbationStep>::Make(); }
+    if (mix == Mix::Alternating && i % 2 == 0) { step = cow_Handle<kprC_StaticLinearPerturbationStep>::Make(); }
     steps.push_back({cow_String("Step-" + std::to_string(i)), step});
   }
   model.Get<kprC_StepContainer>(ddr_Model::stepsCmd()).Insert("Initial", steps);
   kprC_UpdateRepositories(model);
 }
 
-inline cow_String NameOf(std::size_t attribute) { return cow_String("BC-" + std::to_string(attribute)); }
+inline cow_String NameOf(std::size_t attribute) { return cow_String("A-" + std::to_string(attribute)); }
 /// A general step near \p index.
 inline cow_String StepAt(ddr_Model const& model, std::size_t index) { return kprC_Steps(model).Name(index | 1U); }
 
-inline kbcC_DisplacementBCState Values(double u1) {
-  kbcC_DisplacementBCState state;
-  state.u1 = u1;
-  return state;
-}
-
-/// Every condition created in step 2, modified in S/4 and S/2, switched off in 3S/4.
-inline void AddConditions(ddr_Model& model, std::size_t attributes) {
-  std::size_t const steps = kprC_Steps(model).Size();
-  auto& conditions = model.Get<Repository>(ddr_Model::bcCmd());
-  for (std::size_t a = 0; a < attributes; ++a) {
-    cow_String const name = NameOf(a);
-    kbcC_DisplacementBC condition;
-    condition.Insert(StepAt(model, 2), Values(1.0));
-    conditions.Insert(name, condition);
-    conditions.Get(name).Insert(StepAt(model, steps / 4), Values(2.0));
-    conditions.RecordModify(name);
-    conditions.Get(name).Insert(StepAt(model, steps / 2), Values(3.0));
-    conditions.RecordModify(name);
-    conditions.Get(name).Deactivate(StepAt(model, 3 * steps / 4));
-    conditions.RecordModify(name);
+/// What the benchmarks need to know of a family.
+struct Conditions {
+  using Base = kbcC_BC;
+  using Type = kbcC_DisplacementBC;
+  static auto& In(ddr_Model& model) { return model.Get<kprC_PropagatingContainer<Base>>(ddr_Model::bcCmd()); }
+  static auto Values(double value) {
+    kbcC_DisplacementBCState state;
+    state.u1 = value;
+    return state;
   }
+};
+struct Loads {
+  using Base = kloC_Load;
+  using Type = kloC_ConcentratedForce;
+  static auto& In(ddr_Model& model) { return model.Get<kprC_PropagatingContainer<Base>>(kloC_Load::loadRepositoryCmd()); }
+  static auto Values(double value) {
+    kloC_ConcentratedForceState state;
+    state.c1 = value;
+    return state;
+  }
+};
+
+/// One edit of one attribute with its record.
+template <class Family> void Edit(ddr_Model& model, cow_String const& step, cow_String const& name, double value) {
+  auto& repository = Family::In(model);
+  repository.Get(name).Insert(step, Family::Values(value));
+  repository.RecordModify(name);
 }
 
-inline ddr_Model ModelOf(std::size_t steps, std::size_t attributes, Steps kind) {
+/// An attribute created in step 2, modified in S/4 and S/2, switched off in 3S/4.
+template <class Family> void Add(ddr_Model& model, cow_String const& name) {
+  std::size_t const steps = kprC_Steps(model).Size();
+  typename Family::Type attribute;
+  attribute.Insert(StepAt(model, 2), Family::Values(1.0));
+  Family::In(model).Insert(name, attribute);
+  Edit<Family>(model, StepAt(model, steps / 4), name, 2.0);
+  Edit<Family>(model, StepAt(model, steps / 2), name, 3.0);
+  Family::In(model).Get(name).Deactivate(StepAt(model, 3 * steps / 4));
+  Family::In(model).RecordModify(name);
+}
+inline bool IsLoad(std::size_t attribute, Mix mix) { return mix == Mix::Families && attribute % 2 == 1; }
+inline void AddAttributes(ddr_Model& model, std::size_t attributes, Mix mix) {
+  for (std::size_t a = 0; a < attributes; ++a) { IsLoad(a, mix) ? Add<Loads>(model, NameOf(a)) : Add<Conditions>(model, NameOf(a)); }
+}
+
+inline ddr_Model ModelOf(std::size_t steps, std::size_t attributes, Mix mix) {
   ddr_Model model;
-  AddSteps(model, steps, kind);
-  AddConditions(model, attributes);
+  AddSteps(model, steps, mix);
+  AddAttributes(model, attributes, mix);
   return model;
 }
 
@@ -100,8 +121,8 @@ inline double SecondsToMove(std::size_t records, std::size_t states) {
   });
 }
 
-/// The states that a condition of the workload holds: one per own record and one per stretch that carries it.
-inline constexpr std::size_t kStatesPerCondition = 8;
+/// The states that an attribute of the workload holds: one per own record and one per stretch that carries it.
+inline constexpr std::size_t kStatesPerAttribute = 8;
 
 /// Times \p work, after \p before, which does not count; the counter "limit" is its time over that of the limit.
 template <class Before, class Work> void Measure(benchmark::State& state, double limit, Before&& before, Work&& work) {

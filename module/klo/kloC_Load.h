@@ -5,6 +5,8 @@
 #include "module/klo/kloC_LoadState.h"
 #include "module/klo/kloC_StepRules.h"
 
+/// A load's record of a step.
+using kloC_StateQuad = kprC_PropagatingState<kloC_LoadState>;
 /// Forms the histories of loads.
 using kloC_LoadPropagator = kprC_Propagator<kloC_StepRules>;
 extern template class DDB_API kprC_History<kloC_StepRules>;
@@ -29,6 +31,8 @@ public:
 
   /// Whether the load has a state in \p step, switched off or not. False for a step that it does not know.
   bool HasStep(cow_String const& step) const;
+  /// False for a step that the load does not know.
+  bool IsEditable(cow_String const& step) const override { return IsMember(step) && kprC_StepAttribute::IsEditable(step); }
   /// Refuses 32 unless the load is in force in \p step: there, active and not suppressed.
   void CheckStep(cow_String const& step) const;
 

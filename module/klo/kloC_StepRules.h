@@ -94,7 +94,7 @@ struct DDB_API kloC_StepRules {
       case kprC_EditRefusal::NameInUse: return Error::NameInUse;
       case kprC_EditRefusal::UnknownStep: return Error::StepUnknown;
       case kprC_EditRefusal::Suppressed: return Error::Suppressed;
-      case kprC_EditRefusal::AmplitudeName: return Error::AmplitudeName;
+      case kprC_EditRefusal::AmplitudeName:
       case kprC_EditRefusal::AmplitudeValue: return Error::AmplitudeName;
       case kprC_EditRefusal::FieldUnknown: return Error::FieldUnknown;
       case kprC_EditRefusal::NotInStep: return Error::NotInStepOrInactive;

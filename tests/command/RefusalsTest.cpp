@@ -83,7 +83,9 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"({"command": "setModel", "name": ""})", kValue, {"\"name\" is empty"}},
         Row{R"({"command": "setModelSpace"})", kKey, {"\"space\" is missing"}},
         Row{R"({"command": "setModelSpace", "space": "THREE_DE"})", kValue, {"\"AXISYMMETRIC\"", "Did you mean \"THREE_D\"?"}},
-        Row{R"({"command": "deactivate", "stepName": "Hold"})", kKey, {"object is missing", "\"boundaryCondition\", \"step\", \"region\""}},
+        Row{R"({"command": "deactivate", "stepName": "Hold"})",
+            kKey,
+            {"object is missing", "\"boundaryCondition\", \"load\", \"step\", \"region\""}},
         Row{R"({"command": "rename", "step": "Hold", "region": "Die", "newName": "A"})", kKey, {"no argument \"region\""}},
         Row{R"({"command": "deactivate", "step": "Hold"})", kKey, {"\"deactivate\" is no command on a step"}},
         Row{R"({"command": "replace", "boundaryCondition": "Fix"})", kKey, {"no command on a boundaryCondition"}}));
