@@ -20,7 +20,7 @@
 ///
 /// A value: a copy is a snapshot and shares everything until one of both is changed. Asking is logarithmic in the own
 /// records, changing linear in them. Carried records share one state object.
-/// \tparam Rules the family's tables: State, kPass, kNeverOff, Kind(procedureType), IsFrequency(procedureType).
+/// \tparam Rules the family's tables: State, kPass, Kind(procedureType), IsFrequency(procedureType).
 template <class Rules> class kprC_History {
 public:
   using State_ = typename Rules::State;

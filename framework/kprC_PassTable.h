@@ -31,3 +31,6 @@ struct kprC_PassTable {
   bool keepsPerturbationChange;      ///< false: an own change in a perturbation step is dropped
   bool asksAdmissionInPerturbation;  ///< false: a perturbation step carries what it does not admit
 };
+
+/// Statuses in which a state's switched-off flag is not the step's own doing, a bit each.
+inline constexpr unsigned kprC_neverOff = 1U << 0 | 1U << 5 | 1U << 6 | 1U << 7 | 1U << 8 | 1U << 12 | 1U << 13;

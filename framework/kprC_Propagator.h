@@ -42,7 +42,7 @@ private:
   static bool IsModified(Handle const& state) { return state->IsModified() || state->IsConditionModified(); }
   static Own Classify(Entry const& entry) {
     if (entry.status == Status::Created) { return Own::Creation; }
-    bool const mayBeOff = ((Rules::kNeverOff >> static_cast<unsigned>(entry.status)) & 1U) == 0;
+    bool const mayBeOff = ((kprC_neverOff >> static_cast<unsigned>(entry.status)) & 1U) == 0;
     if (mayBeOff && entry.state->SwitchedOff()) { return Own::Off; }
     return IsModified(entry.state) ? Own::Change : Own::Carried;
   }

@@ -22,6 +22,29 @@ enum kprC_StatusTrait : std::uint8_t {
 };
 using kprC_StatusTable = std::array<std::uint8_t, 16>;
 
+/// The statuses of which every family has the same idea.
+inline constexpr kprC_StatusTable kprC_commonStatuses = {
+    /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
+    /*  1 Created                   */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed,
+    /*  2 Propagated                */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
+    /*  3 Modified                  */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
+    /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
+    /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
+    /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
+    /*  7 not carried here          */ kprC_Known | kprC_NoReset,
+    /*  8                           */ 0,
+    /*  9                           */ 0,
+    /* 10                           */ kprC_NoReset,
+    /* 11                           */ 0,
+    /* 12                           */ 0,
+    /* 13                           */ kprC_NoReset,
+};
+/// \p table with a family's own row for a status.
+constexpr kprC_StatusTable kprC_WithStatus(kprC_StatusTable table, mdl_PropagationStatusEnm status, unsigned traits) {
+  table[static_cast<std::size_t>(status)] = static_cast<std::uint8_t>(traits);
+  return table;
+}
+
 /// A family's refusals of the per-step operations; \p Error is the family's enumeration of codes.
 template <class Error> struct kprC_StepRefusals {
   Error unknownStep;
@@ -55,7 +78,6 @@ concept kprC_FamilyRules = requires(unsigned procedureType, typename R::Error er
   requires std::derived_from<typename R::State, kprC_State>;
   { R::kStatuses } -> std::same_as<kprC_StatusTable const&>;
   { R::kPass } -> std::same_as<kprC_PassTable const&>;
-  { R::kNeverOff } -> std::same_as<unsigned const&>;
   { R::kRefusals } -> std::same_as<kprC_StepRefusals<typename R::Error> const&>;
   { std::begin(R::kMoveTargets)->procedures.Contains(procedureType) } -> std::same_as<bool>;
   { R::kOnCopy } -> std::same_as<bool const&>;           // a refused operation leaves the attribute as it was

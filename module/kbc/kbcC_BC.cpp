@@ -6,18 +6,6 @@
 template class kprC_History<kbcC_StepRules>;
 template class kprC_StepAttribute<kbcC_StepRules>;
 
-kbcC_TypeRow const& kbcC_BC::Type() const { return *kprC_FindType(kbcC_Types(), DynTypeId()); }
-
-bool kbcC_BC::ValidInALoadCase(cow_String const& step, bool raise) const {
-  auto const holds = [raise](bool condition, kbcC_ErrorEnm code) {
-    if (raise) { kbcC_Assert(condition, code); }
-    return condition;
-  };
-  return holds(!suppress_ && IsMember(step) && IsActive(Status(step)), kbcC_ErrorEnm::LoadCaseNotActive) &&
-         holds(AllowedInALoadCase() || NYIForLoadCase(), kbcC_ErrorEnm::LoadCaseType) &&
-         holds(!NYIForLoadCase(), kbcC_ErrorEnm::LoadCaseNotSupported);
-}
-
 bool kbcC_BC::ValidInStep(unsigned procedureType, bool carried, bool /*isInitial*/, bool /*isExplicit*/) const {
   return kbcC_isValidBCTypeforStep(DynTypeId(), procedureType) || ValidByOwnRule(procedureType, carried);
 }

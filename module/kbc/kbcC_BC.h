@@ -20,7 +20,7 @@ extern template class DDB_API kprC_StepAttribute<kbcC_StepRules>;
 
 /// Base of every boundary condition. The per-step operations, with their refusals, are those of kprC_StepAttribute under
 /// the family's rules (kbcC_StepRules.h); a type adds its state, its category and what it alone refuses.
-class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_StepAttribute<kbcC_StepRules>> {
+class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_TypedAttribute<kbcC_StepRules>> {
 public:
   using CategoryEnm = kbcC_CategoryEnm;
   using enum kbcC_CategoryEnm;
@@ -61,16 +61,6 @@ public:
   dtmC_DatumRef const& Csys() const { return csys_; }
   DistribTypeEnum DistributionType() const { return distribution_; }
   bool UsesField() const { return distribution_ == FIELD; }
-  CategoryEnm Category() const { return Type().category; }
-
-  /// Whether a load case may use conditions of this type.
-  bool AllowedInALoadCase() const { return Type().loadCase == kbcC_LoadCaseEnm::Accepted; }
-  /// Whether load cases do not yet support this type.
-  bool NYIForLoadCase() const { return Type().loadCase == kbcC_LoadCaseEnm::NotYet; }
-  /// Whether a load case of \p step may use this condition. With \p raise a no is refused: 48 not active there, 49 not of
-  /// an accepted type, 50 of a type that load cases do not yet support.
-  bool ValidInALoadCase(cow_String const& step, bool raise) const;
-
   /// Whether the type may stand in a step of \p procedureType: the table of types by procedure grants it, or the type's
   /// own rule, which is told with \p carried whether the condition is carried into the step.
   bool ValidInStep(unsigned procedureType, bool carried, bool isInitial, bool isExplicit) const;
@@ -110,8 +100,6 @@ protected:
 
 private:
   bool IsInitial(std::size_t index) const { return Steps()[index].procedure && Steps().ProcedureType(index) == 0; }
-  /// The type's row in the table of types.
-  kbcC_TypeRow const& Type() const;
   /// Refuses 20 for a component freed in the create step (\p index npos: being created); elsewhere 21 for one freed or
   /// unset where the condition is not active, 22 for one unset where it is.
   void AssertComponentState(std::size_t index, bool freed, bool unset) const;

@@ -9,7 +9,7 @@
 namespace {
 using enum kprC_ProcedureType::Enm;
 using enum kbcC_CategoryEnm;
-using enum kbcC_LoadCaseEnm;
+using enum kprC_LoadCase;
 
 using Set = kprC_ProcedureSet;
 
@@ -39,33 +39,33 @@ constexpr bool kMechanicalList = true, kOtherList = false, kStays = true, kRests
 
 // clang-format off
 constexpr kbcC_TypeRow kTypes[] = {
-    //  type and the procedures that admit its creation                   category        list             load case  carried
-    {Of<kbcC_DisplacementBC>(kConstraining),                              MECHANICAL,     kMechanicalList, Accepted,  kStays},
-    {Of<kbcC_TypeBC>(kConstraining),                                      MECHANICAL,     kMechanicalList, Accepted,  kStays},
-    {Of<kbcC_SymmBC>(kConstraining),                                      MECHANICAL,     kMechanicalList, Accepted,  kStays},
-    {Of<kbcC_VelocityBC>(kInMotion | Set{Static, Visco, Geostatic, Soils,
-                                         CoupledTempDisplacement}),       MECHANICAL,     kMechanicalList, Accepted,  kStays},
-    {Of<kbcC_AccelerationBC>(kInMotion),                                  MECHANICAL,     kMechanicalList, Accepted,  kStays},
-    {Of<kbcC_ConnDisplacementBC>(kConnectorInTime | kStepwise
-                                 | Set{StaticRiks}),                      MECHANICAL,     kMechanicalList, NotYet,    kStays},
-    {Of<kbcC_ConnVelocityBC>(kConnectorInTime),                           MECHANICAL,     kMechanicalList, NotYet,    kStays},
-    {Of<kbcC_ConnAccelerationBC>(kInMotion),                              MECHANICAL,     kMechanicalList, NotYet,    kStays},
-    {Of<kbcC_SubmodelBC>({Static, StaticRiks, Visco, ImplicitDynamics, Geostatic, Soils, CoupledTempDisplacement, HeatTransfer,
-                          CoupledThermalElectric, MassDiffusion, ExplicitDynamics, TempDisplacementDynamics,
-                          StaticLinearPerturbation}),                     OTHER_BC,       kOtherList,      NotYet,    kStays},
-    {Of<kbcC_TemperatureBC>({Initial, HeatTransfer, CoupledTempDisplacement, CoupledThermalElectric,
-                             TempDisplacementDynamics}),                  THERMAL,        kOtherList,      Refused,   kRests},
-    {Of<kbcC_PorePressureBC>({Initial, Geostatic, Soils}),                FLUID,          kOtherList,      Refused,   kStays},
-    {Of<kbcC_AcousticPressureBC>(kStepwise | Set{Initial, Static, Visco, ImplicitDynamics, ExplicitDynamics,
-                                                 TempDisplacementDynamics}),
-                                                                          ACOUSTIC,       kOtherList,      Refused,   kStays},
-    {Of<kbcC_FluidCavityPressureBC>({Initial, Static, StaticRiks, Visco, ImplicitDynamics,
-                                     StaticLinearPerturbation}),          FLUID,          kOtherList,      Refused,   kStays},
-    {Of<kbcC_ElectricPotentialBC>({Initial, Static, ImplicitDynamics, CoupledThermalElectric, Frequency,
-                                   StaticLinearPerturbation, SteadyStateDirect}),
-                                                                          ELECTRICAL,     kOtherList,      Refused,   kStays},
-    {Of<kbcC_ConcentrationBC>({Initial, MassDiffusion}),                  MASS_DIFFUSION, kOtherList,      Refused,   kRests},
-    {Of<kbcC_MassFlowBC>({Initial, Static, Visco, ImplicitDynamics}),     OTHER_BC,       kOtherList,      NotYet,    kStays},
+    //   type and the procedures that admit its creation                  category        load case  list             carried
+    {{Of<kbcC_DisplacementBC>(kConstraining),                             MECHANICAL,     Accepted}, kMechanicalList, kStays},
+    {{Of<kbcC_TypeBC>(kConstraining),                                     MECHANICAL,     Accepted}, kMechanicalList, kStays},
+    {{Of<kbcC_SymmBC>(kConstraining),                                     MECHANICAL,     Accepted}, kMechanicalList, kStays},
+    {{Of<kbcC_VelocityBC>(kInMotion | Set{Static, Visco, Geostatic, Soils,
+                                          CoupledTempDisplacement}),      MECHANICAL,     Accepted}, kMechanicalList, kStays},
+    {{Of<kbcC_AccelerationBC>(kInMotion),                                 MECHANICAL,     Accepted}, kMechanicalList, kStays},
+    {{Of<kbcC_ConnDisplacementBC>(kConnectorInTime | kStepwise
+                                  | Set{StaticRiks}),                     MECHANICAL,     NotYet},   kMechanicalList, kStays},
+    {{Of<kbcC_ConnVelocityBC>(kConnectorInTime),                          MECHANICAL,     NotYet},   kMechanicalList, kStays},
+    {{Of<kbcC_ConnAccelerationBC>(kInMotion),                             MECHANICAL,     NotYet},   kMechanicalList, kStays},
+    {{Of<kbcC_SubmodelBC>({Static, StaticRiks, Visco, ImplicitDynamics, Geostatic, Soils, CoupledTempDisplacement, HeatTransfer,
+                           CoupledThermalElectric, MassDiffusion, ExplicitDynamics, TempDisplacementDynamics,
+                           StaticLinearPerturbation}),                    OTHER_BC,       NotYet},   kOtherList,      kStays},
+    {{Of<kbcC_TemperatureBC>({Initial, HeatTransfer, CoupledTempDisplacement, CoupledThermalElectric,
+                              TempDisplacementDynamics}),                 THERMAL,        Refused},  kOtherList,      kRests},
+    {{Of<kbcC_PorePressureBC>({Initial, Geostatic, Soils}),               FLUID,          Refused},  kOtherList,      kStays},
+    {{Of<kbcC_AcousticPressureBC>(kStepwise | Set{Initial, Static, Visco, ImplicitDynamics, ExplicitDynamics,
+                                                  TempDisplacementDynamics}),
+                                                                          ACOUSTIC,       Refused},  kOtherList,      kStays},
+    {{Of<kbcC_FluidCavityPressureBC>({Initial, Static, StaticRiks, Visco, ImplicitDynamics,
+                                      StaticLinearPerturbation}),         FLUID,          Refused},  kOtherList,      kStays},
+    {{Of<kbcC_ElectricPotentialBC>({Initial, Static, ImplicitDynamics, CoupledThermalElectric, Frequency,
+                                    StaticLinearPerturbation, SteadyStateDirect}),
+                                                                          ELECTRICAL,     Refused},  kOtherList,      kStays},
+    {{Of<kbcC_ConcentrationBC>({Initial, MassDiffusion}),                 MASS_DIFFUSION, Refused},  kOtherList,      kRests},
+    {{Of<kbcC_MassFlowBC>({Initial, Static, Visco, ImplicitDynamics}),    OTHER_BC,       NotYet},   kOtherList,      kStays},
 };
 // clang-format on
 }  // namespace

@@ -3,36 +3,43 @@
 #include <span>
 #include <string_view>
 
-#include "framework/kprC_StepAttribute.h"
 #include "module/kbc/kbcC_BCState.h"
-#include "module/kpr/kprC_Admission.h"
+#include "module/kpr/kprC_TypedAttribute.h"
 #include "platform/CaeUtils/omu_PrimEnumTraits.h"
 
+enum class kbcC_CategoryEnm { MECHANICAL = 0, THERMAL = 1, FLUID = 2, ELECTRICAL = 3, MASS_DIFFUSION = 4, ACOUSTIC = 5, OTHER_BC = 6 };
+template <> struct omu_EnumTable<kbcC_CategoryEnm> {
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"MECHANICAL", 0},     {"THERMAL", 1},  {"FLUID", 2},    {"ELECTRICAL", 3},
+                                                               {"MASS_DIFFUSION", 4}, {"ACOUSTIC", 5}, {"OTHER_BC", 6}, {nullptr, 0}};
+};
+
+/// What sets a type apart: a row of the table of types.
+struct kbcC_TypeRow : kprC_TypeRow<kbcC_CategoryEnm> {
+  bool mechanical;        ///< in the mechanical list of its procedures, else in the other list
+  bool staysConstrained;  ///< kbcC_kStaysConstrained holds for it
+};
+/// The table of types, mechanical ones first.
+DDB_API std::span<kbcC_TypeRow const> kbcC_Types();
+
 /// What sets boundary conditions apart from the other families: statuses, procedures and refusals, as tables.
-struct DDB_API kbcC_StepRules {
+struct DDB_API kbcC_StepRules : kprC_ProcedureRules {
   using State = kbcC_BCState;
   using Error = kbcC_ErrorEnm;
   using Status = mdl_PropagationStatusEnm;
+  using TypeRow = kbcC_TypeRow;
+  static std::span<TypeRow const> Types() { return kbcC_Types(); }
 
   /// How a status is classified; one without a row is refused.
-  static constexpr kprC_StatusTable kStatuses = {
-      /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
-      /*  1 Created                   */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed,
-      /*  2 Propagated                */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
-      /*  3 Modified                  */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
-      /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
-      /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
-      /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
-      /*  7 not carried here          */ kprC_Known | kprC_NoReset,
-      /*  8                           */ 0,
-      /*  9 PropagatedFromBaseState   */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
-      /* 10 ModifiedFromBaseState     */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
-      /* 11 off for this step only    */ kprC_Known | kprC_Changed,
-      /* 12 BuiltIn                   */ kprC_Known | kprC_BuiltIn,
-      /* 13                           */ kprC_NoReset,
-      /* 14                           */ 0,
-      /* 15                           */ 0,
-  };
+  static constexpr kprC_StatusTable kStatuses = [] {
+    constexpr unsigned carried = kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated;
+    constexpr unsigned changed = kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset;
+    kprC_StatusTable table = kprC_commonStatuses;
+    table = kprC_WithStatus(table, Status::PropagatedFromBaseState, carried);
+    table = kprC_WithStatus(table, Status::ModifiedFromBaseState, changed);
+    table = kprC_WithStatus(table, Status::Inactive11, kprC_Known | kprC_Changed);  // off for this step only
+    table = kprC_WithStatus(table, Status::BuiltIn, kprC_Known | kprC_BuiltIn);
+    return table;
+  }();
 
   /// What the propagator gives.
   static constexpr kprC_PassTable kPass = {
@@ -52,8 +59,6 @@ struct DDB_API kbcC_StepRules {
       .keepsPerturbationChange = true,
       .asksAdmissionInPerturbation = true,
   };
-  /// Statuses in which the switched-off flag is not the step's own doing.
-  static constexpr unsigned kNeverOff = 1U << 0 | 1U << 5 | 1U << 6 | 1U << 7 | 1U << 8 | 1U << 12 | 1U << 13;
 
   static constexpr kprC_StepRefusals<Error> kRefusals = {
       .unknownStep = Error::UnknownStepType,
@@ -74,17 +79,12 @@ struct DDB_API kbcC_StepRules {
       .offInPerturbation = {},
       .cannotBeOff = {},
   };
+  static constexpr kprC_LoadCaseRefusals<Error> kLoadCase = {Error::LoadCaseNotActive, Error::LoadCaseType, Error::LoadCaseNotSupported};
   static constexpr bool kOnCopy = false;
   static constexpr bool kMoveInStepOrder = true;
-  /// Procedures that nothing is moved into, in the order in which they are asked.
-  static constexpr kprC_MoveTarget<kprC_ProcedureSet, Error> kMoveTargets[] = {
-      {kprC_perturbationProcedures, Error::MoveToPerturbation},
-      {{kprC_ProcedureType::Anneal}, Error::MoveToAnneal},
-      {{kprC_ProcedureType::ModalDynamics}, Error::MoveToModalDynamics},
-      {{kprC_ProcedureType::RandomResponse}, Error::MoveToRandomResponse},
-      {{kprC_ProcedureType::ResponseSpectrum}, Error::MoveToResponseSpectrum},
-      {{kprC_ProcedureType::SteadyStateModal}, Error::MoveToSteadyStateModal},
-  };
+  static constexpr auto kMoveTargets =
+      MoveTargets(Error::MoveToPerturbation, Error::MoveToAnneal, Error::MoveToModalDynamics, Error::MoveToRandomResponse,
+                  Error::MoveToResponseSpectrum, Error::MoveToSteadyStateModal);
   /// What the editing layers refuse.
   static constexpr Error Edit(kprC_EditRefusal refusal) {
     switch (refusal) {
@@ -111,24 +111,9 @@ struct DDB_API kbcC_StepRules {
 
   static constexpr kprC_StepKind Kind(unsigned procedureType) {
     if (kModal.Contains(procedureType)) { return kprC_StepKind::Modal; }
-    return kprC_perturbationProcedures.Contains(procedureType) ? kprC_StepKind::Perturbation : kprC_StepKind::General;
+    return kprC_ProcedureRules::Kind(procedureType);
   }
-  static constexpr bool IsFrequency(unsigned procedureType) { return procedureType == kprC_ProcedureType::Frequency; }
-  static constexpr bool IsAnneal(unsigned procedureType) { return procedureType == kprC_ProcedureType::Anneal; }
   static void Assert(bool condition, Error code) { kbcC_Assert(condition, code); }
-};
-
-enum class kbcC_CategoryEnm { MECHANICAL = 0, THERMAL = 1, FLUID = 2, ELECTRICAL = 3, MASS_DIFFUSION = 4, ACOUSTIC = 5, OTHER_BC = 6 };
-/// Whether a load case may use conditions of a type.
-enum class kbcC_LoadCaseEnm {
-  Accepted,
-  Refused,  ///< 49
-  NotYet,   ///< 50
-};
-
-template <> struct omu_EnumTable<kbcC_CategoryEnm> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"MECHANICAL", 0},     {"THERMAL", 1},  {"FLUID", 2},    {"ELECTRICAL", 3},
-                                                               {"MASS_DIFFUSION", 4}, {"ACOUSTIC", 5}, {"OTHER_BC", 6}, {nullptr, 0}};
 };
 
 /// What is constrained stays so: carried, a condition of most types stands in every perturbation procedure that solves for
@@ -138,14 +123,5 @@ inline constexpr kprC_ProcedureSet kbcC_kStaysConstrained =
                                                kprC_ProcedureType::StaticLinearPerturbation, kprC_ProcedureType::SteadyStateDirect,
                                                kprC_ProcedureType::SteadyStateSubspace};
 
-/// What sets a type apart: a row of the table of types.
-struct kbcC_TypeRow : kprC_AdmissionRow {
-  kbcC_CategoryEnm category;
-  bool mechanical;  ///< in the mechanical list of its procedures, else in the other list
-  kbcC_LoadCaseEnm loadCase;
-  bool staysConstrained;  ///< kbcC_kStaysConstrained holds for it
-};
-/// The table of types, mechanical ones first.
-DDB_API std::span<kbcC_TypeRow const> kbcC_Types();
 /// Whether the table grants the type of that identity a step of \p procedureType (0: the initial step).
 DDB_API bool kbcC_isValidBCTypeforStep(unsigned typeId, unsigned procedureType);

@@ -12,15 +12,6 @@ void kloC_Load::CheckStep(cow_String const& step) const {
   kloC_Assert(!suppress_ && HasStep(step) && IsActive(Status(step)), kloC_ErrorEnm::NotInStepOrInactive);
 }
 
-bool kloC_Load::ValidInALoadCase(cow_String const& step, bool raise) const {
-  auto const holds = [raise](bool condition, kloC_ErrorEnm code) {
-    if (raise) { kloC_Assert(condition, code); }
-    return condition;
-  };
-  return holds(!suppress_ && HasStep(step) && IsActive(Status(step)), kloC_ErrorEnm::LoadCaseNotActive) &&
-         holds(AllowedInALoadCase(), kloC_ErrorEnm::LoadCaseType) && holds(!NYIForLoadCase(), kloC_ErrorEnm::LoadCaseConnector);
-}
-
 void kloC_Load::AssertValidAnyMagnitude() const {
   if (!suppress_) { AssertSteps(); }
 }

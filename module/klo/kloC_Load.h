@@ -14,7 +14,7 @@ extern template class DDB_API kprC_StepAttribute<kloC_StepRules>;
 
 /// Base of every load. The per-step operations, with their refusals, are those of kprC_StepAttribute under the family's
 /// rules (kloC_StepRules.h); a type adds its state and what it alone refuses.
-class DDB_API kloC_Load : public cls_Persistent<kloC_Load, kprC_StepAttribute<kloC_StepRules>> {
+class DDB_API kloC_Load : public cls_Persistent<kloC_Load, kprC_TypedAttribute<kloC_StepRules>> {
 public:
   using CategoryEnm = kloC_CategoryEnm;
   using enum kloC_CategoryEnm;
@@ -35,15 +35,6 @@ public:
   bool IsEditable(cow_String const& step) const override { return IsMember(step) && kprC_StepAttribute::IsEditable(step); }
   /// Refuses 32 unless the load is in force in \p step: there, active and not suppressed.
   void CheckStep(cow_String const& step) const;
-
-  CategoryEnm Category() const { return Type().category; }
-  /// Whether a load case may combine loads of this type.
-  bool AllowedInALoadCase() const { return Type().loadCase != kloC_LoadCaseEnm::Refused; }
-  /// Whether load cases do not yet support this type.
-  bool NYIForLoadCase() const { return Type().loadCase == kloC_LoadCaseEnm::NotYet; }
-  /// Whether a load case of \p step may use this load. With \p raise a no is refused: 53 not active there, 54 not of an
-  /// accepted type, 55 of a type that load cases do not yet support.
-  bool ValidInALoadCase(cow_String const& step, bool raise) const;
 
   /// Whether the type may stand in a step of \p procedureType, created there or carried into it.
   bool Admits(unsigned procedureType, bool /*carried*/) const override { return Type().procedures.Contains(procedureType); }
@@ -66,8 +57,6 @@ public:
   }
 
 protected:
-  /// The type's row in the table of types; that of its own for a type which is not in it.
-  virtual kloC_TypeRow const& Type() const { return *kprC_FindType(kloC_Types(), DynTypeId()); }
   void AssertState(kloC_LoadState const& state, std::size_t index) const override;
   bool IsCreateStep(std::size_t index) const { return index == States().CreateStep(); }
 };

@@ -5,7 +5,7 @@
 namespace {
 using enum kprC_ProcedureType::Enm;
 using enum kloC_CategoryEnm;
-using enum kloC_LoadCaseEnm;
+using enum kprC_LoadCase;
 
 using Set = kprC_ProcedureSet;
 

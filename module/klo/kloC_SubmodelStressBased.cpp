@@ -8,7 +8,7 @@ kloC_TypeRow const& kloC_SubmodelStressBased::Type() const {
   static constexpr kloC_TypeRow row = {
       {TypeId(), label(), {kprC_ProcedureType::Static, kprC_ProcedureType::StaticLinearPerturbation}},
       kloC_CategoryEnm::OTHER_LOAD,
-      kloC_LoadCaseEnm::Accepted,
+      kprC_LoadCase::Accepted,
   };
   return row;
 }

@@ -13,6 +13,15 @@ struct kprC_AdmissionRow {
   kprC_ProcedureSet procedures;
 };
 
+/// Whether load cases take attributes of a type.
+enum class kprC_LoadCase { Accepted, Refused, NotYet };
+
+/// A row of the table of types of a family that has categories and takes part in load cases.
+template <class CategoryEnm> struct kprC_TypeRow : kprC_AdmissionRow {
+  CategoryEnm category;
+  kprC_LoadCase loadCase;
+};
+
 /// The row of the type of that identity; null when the table has none.
 template <class Row> constexpr Row const* kprC_FindType(std::span<Row const> rows, unsigned typeId) {
   auto const row = std::ranges::find(rows, typeId, &Row::typeId);
