@@ -20,6 +20,10 @@ say "Frequencies and modal steps on a pre-stressed state."
 run replay examples/prestressed_modes.jsonl -o "$out/prestressed_modes.gadb"
 run history "$out/prestressed_modes.gadb"
 
+say "Loads: bolts that keep their length under pressure, and a step that looks at them in the base state."
+run replay examples/bolted_flange.jsonl -o "$out/bolted_flange.gadb"
+run history "$out/bolted_flange.gadb"
+
 say "An edit that makes no sense is refused, by number, and changes nothing."
 edit='{"command": "move", "boundaryCondition": "Punch", "fromStepName": "Draw-1", "toStepName": "Retract"}'
 printf "$ echo '%s' | gattr replay --on %s -\n" "$edit" "$out/forming.gadb"

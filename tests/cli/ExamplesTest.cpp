@@ -87,9 +87,43 @@ TEST_F(Examples, TheExcavationDrainsEachFloorInItsTime) {
       "Well": [0, 0, 1, 3, 2, 6, 4]})"));
 }
 
+TEST_F(Examples, TheBoltedFlangeKeepsItsBoltsAndLosesItsPressure) {
+  EXPECT_EQ(Histories("bolted_flange.jsonl"), Json::parse(R"({
+      "Saddle": [1, 9, 9, 9, 9, 9, 9],
+      "Symmetry": [1, 9, 9, 9, 9, 9, 9],
+      "Blind": [0, 0, 1, 8, 8, 3, 4],
+      "Bolt-1": [0, 1, 3, 8, 8, 2, 2],
+      "Bolt-2": [0, 1, 3, 8, 8, 2, 2],
+      "Bolt-3": [0, 1, 3, 8, 8, 2, 2],
+      "Bore": [0, 0, 1, 8, 8, 3, 4],
+      "Pump": [0, 0, 0, 0, 1, 7, 7],
+      "Weight": [0, 1, 2, 8, 8, 2, 2]})"));
+}
+
+TEST_F(Examples, TheRotorIsLookedAtInTheSpunState) {
+  EXPECT_EQ(Histories("rotor.jsonl"), Json::parse(R"({
+      "Bearings": [1, 9, 9, 12, 9, 9, 9, 9],
+      "Braking": [0, 0, 0, 0, 0, 0, 0, 1],
+      "Coriolis": [0, 1, 8, 8, 8, 3, 8, 3],
+      "Gas": [0, 1, 8, 8, 8, 2, 8, 4],
+      "Rotation": [0, 1, 8, 8, 8, 3, 8, 3],
+      "Unbalance": [0, 0, 0, 0, 1, 7, 7, 7]})"));
+}
+
+TEST_F(Examples, TheFireGrowsAndIsPutOut) {
+  EXPECT_EQ(Histories("fire.jsonl"), Json::parse(R"({
+      "Ground": [0, 1, 2, 2, 2],
+      "Upper-Deck": [0, 1, 2, 3, 2],
+      "Cables": [0, 0, 1, 4, 5],
+      "Drain": [0, 0, 1, 4, 5],
+      "Plume": [0, 1, 3, 3, 4],
+      "Smoke": [0, 0, 1, 3, 4],
+      "Spray": [0, 0, 0, 1, 4]})"));
+}
+
 TEST_F(Examples, DemoShowsThemAndLeavesAModel) {
   std::filesystem::create_directory(Path("examples"));
-  for (char const* file : {"demo.sh", "forming.jsonl", "prestressed_modes.jsonl"}) {
+  for (char const* file : {"demo.sh", "forming.jsonl", "prestressed_modes.jsonl", "bolted_flange.jsonl"}) {
     std::filesystem::copy(Folder() / file, Path("examples"));
   }
   std::string const command = "GATTR='" GATTR_PROGRAM "' '" + Path("examples/demo.sh").string() + "' > '" + Path("out").string() + "' 2>&1";

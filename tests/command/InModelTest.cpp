@@ -90,7 +90,7 @@ TEST_F(InModel, TheSpaceIsAskedOfEveryAttributeAndStepsOfNone) {
 
 TEST_F(InModel, ALoadRefusesASpaceThatItDoesNotGoWith) {
   RunJournal(session_, {R"({"command": "Gravity", "name": "Weight", "createStepName": "S1", "comp1": -9.81})"});
-  ExpectRefused(R"({"command": "setModelSpace", "space": "AXISYMMETRIC"})", "That is what load \"Weight\" refuses. [klo 47]");
+  ExpectRefused(R"({"command": "setModelSpace", "space": "AXISYMMETRIC"})", "[klo 47] That is what load \"Weight\" refuses.");
   ExpectUndone(R"({"command": "setModelSpace", "space": "TWO_D_PLANAR"})");
   RunJournal(session_, {R"({"command": "suppress", "load": "Weight"})", R"({"command": "setModelSpace", "space": "AXISYMMETRIC"})"});
   ExpectRefused(R"({"command": "resume", "load": "Weight"})", "[klo 47]");

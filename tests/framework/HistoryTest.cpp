@@ -5,6 +5,7 @@
 
 #include "framework/kprC_PropagatingContainer.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
+#include "module/klo/kloC_ConcentratedLoads.h"
 #include "tests/framework/PlainHistory.h"
 #include "tests/support/Library.h"
 #include "tests/support/StepLetters.h"
@@ -14,73 +15,96 @@ namespace {
 using Repository = kprC_PropagatingContainer<kbcC_BC>;
 using Member = mdl_PropAttr<double>;
 
-/// A repository with one displacement condition "B", edited by words.
+/// A history that is edited by words.
 class Script {
 public:
-  Script(std::string_view steps, std::string const& createStep) {
-    repository.UpdateSteps(kprC_StepTable(test::StepsOf(steps)));
-    kbcC_DisplacementBC condition;
-    kbcC_DisplacementBCState state;
-    state.u1 = 0.0;
-    condition.Insert(cow_String(createStep), state);
-    repository.Insert("B", condition);
-  }
-
+  virtual ~Script() = default;
   /// "modify S3", "insert S1" (values with a clear flag), "deactivate S4", "reset S4", "remove S3", "move S1 S3",
   /// "insertStep P S1" (behind S1), "removeStep S2". Answers "refused CODE" where the operation is refused.
-  std::string Do(std::string const& edit) {
+  virtual std::string Do(std::string const& edit) = 0;
+  virtual std::string History() const = 0;
+};
+
+/// That of one attribute "A", the only one of its repository.
+/// \tparam Attribute the family's base class
+template <class Attribute> class ScriptOf final : public Script {
+public:
+  /// \p members are given a value: the first one by the creation, the second one by later edits.
+  ScriptOf(std::string_view steps, std::string const& createStep, Attribute& attribute, std::pair<char const*, char const*> members,
+           double created)
+      : edited_(members.second) {
+    repository_.UpdateSteps(kprC_StepTable(test::StepsOf(steps)));
+    auto const state = attribute.NewState();
+    state->SetMember(members.first, created);
+    attribute.Insert(cow_String(createStep), *state);
+    repository_.Insert("A", attribute);
+  }
+
+  std::string Do(std::string const& edit) override {
     std::istringstream words(edit);
     std::string what, one, two;
     words >> what >> one >> two;
-    Repository const before = repository;
+    auto const before = repository_;
     int const code = test::CodeOf([&] {
       if (what == "insertStep") {
         InsertStep(one[0], two);
       } else if (what == "removeStep") {
-        kprC_StepTable const& steps = repository.Steps();
-        repository.UpdateSteps(steps.WithRemoved(steps.Find(one)));
+        kprC_StepTable const& steps = repository_.Steps();
+        repository_.UpdateSteps(steps.WithRemoved(steps.Find(one)));
       } else {
-        kbcC_BC& condition = repository.Get("B");
-        if (what == "modify" || what == "insert") {
-          kbcC_DisplacementBCState state;
-          state.u2 = what == "modify" ? 0.5 : 0.0;
-          condition.Insert(cow_String(one), state);
-        } else if (what == "deactivate") {
-          condition.Deactivate(cow_String(one));
-        } else if (what == "reset") {
-          condition.Reset(cow_String(one));
-        } else if (what == "remove") {
-          condition.Remove(cow_String(one));
-        } else if (what == "move") {
-          condition.Move(cow_String(one), cow_String(two));
-        } else {
-          throw std::invalid_argument(edit);
-        }
+        Edit(repository_.Get("A"), what, cow_String(one), cow_String(two));
       }
     });
     if (code < 0) { return History(); }
-    repository = before;
+    repository_ = before;
     return "refused " + std::to_string(code);
   }
-  std::string History() const {
+  std::string History() const override {
     std::string statuses;
-    if (!repository.IsMember("B")) { return "gone"; }
-    for (auto const status : repository.ConstGet("B").History()) {
+    if (!repository_.IsMember("A")) { return "gone"; }
+    for (auto const status : repository_.ConstGet("A").History()) {
       statuses += (statuses.empty() ? "" : " ") + std::to_string(static_cast<int>(status));
     }
     return statuses;
   }
 
-  Repository repository;
-
 private:
-  void InsertStep(char letter, std::string const& after) {
-    kprC_StepTable const& steps = repository.Steps();
-    std::string const name = "N" + std::to_string(++inserted_);
-    repository.UpdateSteps(steps.WithInserted(steps.Find(after) + 1, kprC_StepNameProcedurePair(cow_String(name), test::StepOf(letter))));
+  void Edit(Attribute& attribute, std::string const& what, cow_String const& step, cow_String const& toStep) const {
+    if (what == "modify" || what == "insert") {
+      auto const state = attribute.NewState();
+      state->SetMember(edited_, what == "modify" ? 0.5 : 0.0);
+      attribute.Insert(step, *state);
+    } else if (what == "deactivate") {
+      attribute.Deactivate(step);
+    } else if (what == "reset") {
+      attribute.Reset(step);
+    } else if (what == "remove") {
+      attribute.Remove(step);
+    } else if (what == "move") {
+      attribute.Move(step, toStep);
+    } else {
+      throw std::invalid_argument(what);
+    }
   }
+  void InsertStep(char letter, std::string const& after) {
+    kprC_StepTable const& steps = repository_.Steps();
+    std::string const name = "N" + std::to_string(++inserted_);
+    repository_.UpdateSteps(steps.WithInserted(steps.Find(after) + 1, kprC_StepNameProcedurePair(cow_String(name), test::StepOf(letter))));
+  }
+
+  kprC_PropagatingContainer<Attribute> repository_;
+  char const* edited_;
   int inserted_ = 0;
 };
+
+std::unique_ptr<Script> OfDisplacement(std::string_view steps, std::string const& createStep) {
+  kbcC_DisplacementBC condition;
+  return std::make_unique<ScriptOf<kbcC_BC>>(steps, createStep, condition, std::pair{"u1", "u2"}, 0.0);
+}
+std::unique_ptr<Script> OfForce(std::string_view steps, std::string const& createStep) {
+  kloC_ConcentratedForce force;
+  return std::make_unique<ScriptOf<kloC_Load>>(steps, createStep, force, std::pair{"cf1", "cf2"}, 1.0);
+}
 
 class History : public test::WithLibrary {};
 
@@ -113,32 +137,34 @@ TEST_F(History, FollowsTheEditsOfADisplacementCondition) {
       {"IGAG", "S1", {{"move S1 S2", "refused 29"}, {"move S1 S3", "0 0 0 1"}}},
   };
   for (Row const& row : rows) {
-    Script script(row.steps, row.created);
+    auto const script = OfDisplacement(row.steps, row.created);
     std::string told = std::string(row.steps) + " [" + row.created + "]";
     for (auto const& [edit, history] : row.edits) {
       told += std::string("; ") + edit;
-      EXPECT_EQ(*edit == '\0' ? script.History() : script.Do(edit), history) << told;
+      EXPECT_EQ(*edit == '\0' ? script->History() : script->Do(edit), history) << told;
     }
   }
 }
 
-/// docs/histories.md tells analysts what to expect: blocks "IGG [S1]", then an edit and the history after it per line.
+/// docs/histories.md tells analysts what to expect: blocks "IGG [S1]", then an edit and the history after it per line; of a
+/// displacement condition, or of a force where the block says so.
 TEST_F(History, IsWhatTheDocumentationSays) {
   std::ifstream page(GATTR_SOURCE_DIR "/docs/histories.md");
   ASSERT_TRUE(page);
   std::unique_ptr<Script> script;
   std::string line, told;
   int blocks = 0, edits = 0;
-  for (bool inside = false; std::getline(page, line);) {
+  decltype(&OfForce) make = nullptr;
+  while (std::getline(page, line)) {
     if (line.starts_with("```")) {
-      inside = line == "```history";
+      make = line == "```history" ? &OfDisplacement : line == "```history force" ? &OfForce : nullptr;
       script.reset();
-    } else if (inside && !script) {
+    } else if (make != nullptr && !script) {
       std::size_t const bracket = line.find(" [");
-      script = std::make_unique<Script>(line.substr(0, bracket), line.substr(bracket + 2, line.size() - bracket - 3));
+      script = make(line.substr(0, bracket), line.substr(bracket + 2, line.size() - bracket - 3));
       told = line;
       ++blocks;
-    } else if (inside) {
+    } else if (make != nullptr) {
       std::size_t const gap = line.find("  ");
       std::string const edit = line.substr(0, gap);
       told += "; " + edit;
@@ -146,8 +172,8 @@ TEST_F(History, IsWhatTheDocumentationSays) {
       ++edits;
     }
   }
-  EXPECT_GE(blocks, 8);
-  EXPECT_GE(edits, 20);
+  EXPECT_GE(blocks, 12);
+  EXPECT_GE(edits, 40);
 }
 
 /// The records of the engine, told plainly.

@@ -14,6 +14,7 @@
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
+#include "module/klo/kloC_Loads.h"
 #include "module/kpr/kprC_ModelSteps.h"
 #include "module/kpr/kprC_Steps.h"
 #include "store/ModelFile.h"
@@ -118,7 +119,37 @@ inline void SetInStep(ddr_Model& model, std::string const& name, std::string con
   bcs.RecordModify(name);
 }
 
-/// Five steps in the plane; conditions that are created, changed, freed, switched off, suppressed; regions, amplitudes, connectors.
+using Loads = kprC_PropagatingContainer<kloC_Load>;
+
+/// Loads with a history, and with a state over each of the bases: one value, spread or not, components, points, a traction.
+inline void AddLoads(ddr_Model& model) {
+  Loads& loads = model.Get<Loads>(kloC_Load::loadRepositoryCmd());
+  std::string unknown;
+  auto const set = [&](kloC_Load& load, char const* step, kprC_Arguments const& members) {
+    ASSERT_TRUE(load.SetInStep(step, members, &unknown)) << unknown;
+  };
+  auto const add = [&](char const* name, kloC_Load&& load, kprC_Arguments const& members) {
+    set(load, "Step-1", members);
+    loads.Insert(name, load);
+  };
+  using List = cls_Value::List;
+  kloC_Pressure pressure;
+  pressure.SetMember("region", cls_Value("Surf-1"));
+  add("Press", std::move(pressure), {{"magnitude", 0.1}, {"distType", "HYDROSTATIC"}, {"hZero", 3.0}, {"hReference", -1.0 / 7.0}});
+  add("Pipe", kloC_PipePressure(), {{"magnitude", -2.0}, {"diameter", 0.3}});
+  add("Pull", kloC_ConcentratedForce(), {{"useComplex", true}, {"complexC2Imag", 1e-9}, {"cf1", "FREED"}});
+  add("Spin", kloC_RotationalBodyForce(),
+      {{"magnitude", 100.0}, {"centrifugal", true}, {"coordAxisPt1", List{0.0, 0.5}}, {"coordAxisPt2", List{0.0, 0.5, 1.0}}});
+  add("Shear", kloC_SurfaceTraction(), {{"magnitude", 5.0}, {"directionVector", List{List{0.0, 0.0}, List{0.0, 2.5}}}});
+  add("Bolt", kloC_BoltLoad(), {{"magnitude", 9e4}});
+  set(loads.Get("Bolt"), "Step-2", {{"boltMethod", "FIXED"}});
+  set(loads.Get("Pull"), "Step-3", {{"amplitude", "Ramp"}, {"complexC1Real", 2.0}});
+  loads.Get("Pull").Deactivate("Step-4");
+  loads.Get("Pipe").Suppress();
+}
+
+/// Five steps in the plane; conditions that are created, changed, freed, switched off, suppressed; loads; regions, amplitudes,
+/// connectors.
 inline ddr_Model SmallModel() {
   ddr_Model model;
   model.SetName("Bracket \"A\"\n\xC3\xA4");
@@ -142,5 +173,6 @@ inline ddr_Model SmallModel() {
   SetInStep(model, "Move", "Step-4", {{"u1", "FREED"}});
   bcs.Get("Hold").Deactivate("Step-4");
   bcs.Get("Clamp").Suppress();
+  AddLoads(model);
   return model;
 }

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
+#include <iterator>
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -32,13 +36,35 @@ inline std::string Head(std::vector<std::string> const& cells, std::size_t centr
   return Row(cells) + "|" + Joined(rule, "|") + "|\n";
 }
 
-/// The members that the class \p typeId has beside those of \p baseId, with their units: "`u1`, `u2` (length), `fixed`".
-inline std::string OwnMembers(unsigned typeId, unsigned baseId) {
+/// The head under which a page shows the types of a label.
+struct PageHead {
+  char const* head;
+  std::string_view label;
+};
+
+/// The types of a family by head and label, each head with the commands of its label. Every type must have its head.
+template <class Attribute>
+std::vector<PageType<Attribute>> PageTypes(std::span<kprC_Constructor<Attribute> const> constructors, std::span<PageHead const> heads) {
+  std::vector<PageType<Attribute>> types;
+  std::size_t shown = 0;
+  for (auto const& [head, label] : heads) {
+    auto& type = types.emplace_back(PageType<Attribute>{head, {}});
+    std::ranges::copy_if(constructors, std::back_inserter(type.commands),
+                         [label = label](auto const& constructor) { return constructor.label == label; });
+    shown += type.commands.size();
+  }
+  EXPECT_EQ(shown, constructors.size()) << "types without a head, or heads of one label";
+  return types;
+}
+
+/// The members that the class \p typeId has beside those of \p baseId and those that the page tells of in words, \p told,
+/// with their units: "`u1`, `u2` (length), `fixed`".
+inline std::string OwnMembers(unsigned typeId, unsigned baseId, std::set<std::string> const& told) {
   cls_ClassRegistrar const& classes = cls_MetadataRegistrar::Registrar();
   std::string members, unit;
   auto const closeUnit = [&] { members += unit.empty() ? "" : " (" + unit + ")"; };
   for (cls_MemberInfo const& member : classes.Find(typeId)->members) {
-    if (classes.Find(baseId)->Find(member.name) != nullptr) { continue; }
+    if (classes.Find(baseId)->Find(member.name) != nullptr || told.contains(member.name)) { continue; }
     if (member.unit != unit) { closeUnit(); }
     members += (members.empty() ? "`" : ", `") + member.name + "`";
     unit = member.unit;
@@ -47,15 +73,15 @@ inline std::string OwnMembers(unsigned typeId, unsigned baseId) {
   return members;
 }
 
-/// Head, commands, label, category and own members of each type.
-template <class Attribute> std::string TableOfTypes(std::span<PageType<Attribute> const> types) {
+/// Head, commands, label, category and own members of each type, without those that the page tells of in words.
+template <class Attribute> std::string TableOfTypes(std::vector<PageType<Attribute>> const& types, std::set<std::string> const& told = {}) {
   std::string table = Head({"short", "command", "label", "category", "members"}, 5);
   for (PageType<Attribute> const& type : types) {
     auto const item = type.commands.front().make();
     std::vector<std::string> commands, members;
     for (auto const& constructor : type.commands) { commands.push_back("`" + std::string(constructor.command) + "`"); }
-    for (std::string const& own :
-         {OwnMembers(item->DynTypeId(), Attribute::TypeId()), OwnMembers(item->NewState()->DynTypeId(), Attribute::State::TypeId())}) {
+    for (std::string const& own : {OwnMembers(item->DynTypeId(), Attribute::TypeId(), told),
+                                   OwnMembers(item->NewState()->DynTypeId(), Attribute::State::TypeId(), told)}) {
       if (!own.empty()) { members.push_back(own); }
     }
     omu_PrimEnum<typename Attribute::CategoryEnm, 1> const category(item->Category());
@@ -66,7 +92,7 @@ template <class Attribute> std::string TableOfTypes(std::span<PageType<Attribute
 
 /// Types by procedures: ● may be created there, ○ is only carried into it. Types with the same answers share a column,
 /// procedures with the same answers a row.
-template <class Attribute> std::string TableOfAdmission(std::span<PageType<Attribute> const> types) {
+template <class Attribute> std::string TableOfAdmission(std::vector<PageType<Attribute>> const& types) {
   std::vector<std::string> names = {"Initial"};
   std::vector<unsigned> procedures = {kprC_ProcedureType::Initial};
   for (bool const perturbation : {false, true}) {

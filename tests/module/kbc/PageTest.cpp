@@ -9,52 +9,34 @@ namespace {
 
 constexpr char const* kPage = "docs/boundary-conditions.md";
 
-class BoundaryConditionsPage : public test::WithLibrary {
-protected:
-  BoundaryConditionsPage() {
-    struct Head {
-      std::string_view head, label;
-    };
-    constexpr Head kHeads[] = {
-        {"D", "Displacement/Rotation"},
-        {"S", "Symmetry/Antisymmetry/Encastre"},
-        {"S", ""},
-        {"V", "Velocity/Angular velocity"},
-        {"A", "Acceleration/Angular acceleration"},
-        {"cD", "Connector displacement"},
-        {"cV", "Connector velocity"},
-        {"cA", "Connector acceleration"},
-        {"cF", "Connector material flow"},
-        {"T", "Temperature"},
-        {"PP", "Pore pressure"},
-        {"AP", "Acoustic pressure"},
-        {"FC", "Fluid cavity pressure"},
-        {"EP", "Electric potential"},
-        {"MC", "Mass concentration"},
-        {"SUB", "Submodel"},
-    };
-    for (Head const& head : kHeads) {
-      auto& type = types_.emplace_back(test::PageType<kbcC_BC>{std::string(head.head), {}});
-      std::ranges::copy_if(kbcC_Constructors(), std::back_inserter(type.commands),
-                           [&](kbcC_Constructor const& constructor) { return constructor.label == head.label; });
-      shown_ += type.commands.size();
-    }
-  }
-  std::span<test::PageType<kbcC_BC> const> Types() const { return types_; }
-  std::size_t Shown() const { return shown_; }
-
-private:
-  std::vector<test::PageType<kbcC_BC>> types_;
-  std::size_t shown_ = 0;
+constexpr test::PageHead kHeads[] = {
+    {"D", "Displacement/Rotation"},
+    {"S", "Symmetry/Antisymmetry/Encastre"},
+    {"S", ""},
+    {"V", "Velocity/Angular velocity"},
+    {"A", "Acceleration/Angular acceleration"},
+    {"cD", "Connector displacement"},
+    {"cV", "Connector velocity"},
+    {"cA", "Connector acceleration"},
+    {"cF", "Connector material flow"},
+    {"T", "Temperature"},
+    {"PP", "Pore pressure"},
+    {"AP", "Acoustic pressure"},
+    {"FC", "Fluid cavity pressure"},
+    {"EP", "Electric potential"},
+    {"MC", "Mass concentration"},
+    {"SUB", "Submodel"},
 };
 
-TEST_F(BoundaryConditionsPage, ShowsEveryType) {
-  EXPECT_EQ(Shown(), kbcC_Constructors().size());
-  test::ExpectOnPage(kPage, "types", test::TableOfTypes(Types()));
-}
+class BoundaryConditionsPage : public test::WithLibrary {
+protected:
+  std::vector<test::PageType<kbcC_BC>> const types = test::PageTypes(kbcC_Constructors(), kHeads);
+};
+
+TEST_F(BoundaryConditionsPage, ShowsEveryType) { test::ExpectOnPage(kPage, "types", test::TableOfTypes(types)); }
 
 TEST_F(BoundaryConditionsPage, ShowsWhichProcedureAdmitsWhichType) {
-  test::ExpectOnPage(kPage, "procedures", test::TableOfAdmission(Types()));
+  test::ExpectOnPage(kPage, "procedures", test::TableOfAdmission(types));
 }
 
 }  // namespace
