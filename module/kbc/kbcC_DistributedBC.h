@@ -78,7 +78,7 @@ public:
   void AssertValid() const override;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    kbcC_DistributedBCState::VisitMembers(visit);
+    kbcC_DistributedBCState::VisitFor<kbcC_TemperatureBCState>(visit);
     visit(
         dofCmd(), &kbcC_TemperatureBCState::dof,
         cls_MemberText{"temperature point through the thickness of a shell, 11 to 31", "", static_cast<int>(kbcC_ErrorEnm::DofOutOfRange)});

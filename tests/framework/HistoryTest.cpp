@@ -1,19 +1,14 @@
 #include <fstream>
 #include <memory>
-#include <random>
 #include <sstream>
 
 #include "framework/kprC_PropagatingContainer.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/klo/kloC_ConcentratedLoads.h"
-#include "tests/framework/PlainHistory.h"
 #include "tests/support/Library.h"
 #include "tests/support/StepLetters.h"
 
 namespace {
-
-using Repository = kprC_PropagatingContainer<kbcC_BC>;
-using Member = mdl_PropAttr<double>;
 
 /// A history that is edited by words.
 class Script {
@@ -174,140 +169,6 @@ TEST_F(History, IsWhatTheDocumentationSays) {
   }
   EXPECT_GE(blocks, 12);
   EXPECT_GE(edits, 40);
-}
-
-/// The records of the engine, told plainly.
-std::vector<plain::Record> Told(kbcC_BC const& condition, std::string const& letters) {
-  std::vector<plain::Record> records(letters.size());
-  for (std::size_t i = 0; i < records.size(); ++i) {
-    records[i].step = letters[i];
-    records[i].status = static_cast<int>(condition.StatusAt(i));
-    if (auto const* state = dynamic_cast<kbcC_DisplacementBCState const*>(condition.StateAt(i))) {
-      auto const member = [](Member const& m) { return plain::Member{m.ConstGet(), m.State()}; };
-      records[i].state = plain::State{state->SwitchedOff(), {member(state->u1), member(state->u2), member(state->u3)}};
-    }
-  }
-  return records;
-}
-
-std::string Text(std::vector<plain::Record> const& records) {
-  std::ostringstream out;
-  for (plain::Record const& r : records) {
-    out << r.step << r.status;
-    if (r.state) {
-      out << (r.state->off ? "!" : ":");
-      for (plain::Member const& m : r.state->u) {
-        out << m.state << (m.state == 1 || m.state == 2 ? "=" + std::to_string(int(m.value)) : "");
-      }
-    }
-    out << ' ';
-  }
-  return out.str();
-}
-
-TEST_F(History, IsTheOneThatAWalkOverEveryRecordGives) {
-  std::string const letters = "GGGPFMCSUXAHT";
-  kbcC_DisplacementBC const type;
-  auto const admits = [&](char letter) { return type.Admits(kprC_ProcedureTypeOf(test::StepOf(letter).ConstGet()), true); };
-  for (unsigned seed = 0; seed < 300; ++seed) {
-    std::mt19937 random(seed);
-    auto const upTo = [&](std::size_t n) { return std::uniform_int_distribution<std::size_t>(0, n)(random); };
-    std::string sequence = "I";
-    for (std::size_t n = 2 + upTo(8); n > 0; --n) { sequence += letters[upTo(letters.size() - 1)]; }
-
-    kprC_StepTable steps(test::StepsOf(sequence));
-    Repository repository;
-    repository.UpdateSteps(steps);
-    kbcC_DisplacementBC condition;
-    kbcC_DisplacementBCState first;
-    first.u1 = 0.0;
-    condition.Insert(steps.Name(upTo(sequence.size() - 1)), first);
-    repository.ForcedInsert("B", condition);
-    repository.Get("B").Suppress();  // no edit is refused for what AssertValid alone finds
-    std::string done;
-    for (int edit = 0; edit < 25 && repository.IsMember("B"); ++edit) {
-      std::vector<plain::Record> expected = Told(repository.ConstGet("B"), sequence);
-      std::size_t const at = upTo(sequence.size() - 1), to = upTo(sequence.size() - 1);
-      cow_String const name = repository.Steps().Name(at);
-      plain::Record& record = expected[at];
-      Repository const before = repository;
-      try {
-        switch (upTo(6)) {
-          case 0: {  // set or free some members
-            kbcC_DisplacementBCState state;
-            plain::State own;
-            Member* const members[] = {&state.u1, &state.u2, &state.u3};
-            for (std::size_t i = 0; i < 3; ++i) {
-              std::size_t const choice = upTo(2);
-              if (choice == 1) { *members[i] = double(edit), own.u[i] = {double(edit), 1}; }
-              if (choice == 2 && record.status == 2) { *members[i] = mdl_Freed, own.u[i] = {0.0, 3}; }
-            }
-            record.state = own;
-            done += " insert " + std::to_string(at);
-            repository.Get("B").Insert(name, state);
-            break;
-          }
-          case 1:
-            if (record.state) { record.state->off = true; }
-            done += " deactivate " + std::to_string(at);
-            repository.Get("B").Deactivate(name);
-            break;
-          case 2:
-            record.state.reset();
-            done += " reset " + std::to_string(at);
-            repository.Get("B").Reset(name);
-            break;
-          case 3:
-            record.state.reset();
-            done += " remove " + std::to_string(at);
-            repository.Get("B").Remove(name);
-            break;
-          case 4: {
-            if (at == to) { continue; }
-            for (std::size_t i = std::min(at, to) + 1; i < std::max(at, to); ++i) { expected[i].state.reset(); }
-            expected[to].status = expected[at].status;
-            expected[to].state = expected[at].state;
-            expected[at].state.reset();
-            done += " move " + std::to_string(at) + ">" + std::to_string(to);
-            repository.Get("B").Move(name, repository.Steps().Name(to));
-            break;
-          }
-          case 5: {
-            char const letter = letters[upTo(letters.size() - 1)];
-            sequence.insert(sequence.begin() + static_cast<std::ptrdiff_t>(at) + 1, letter);
-            expected.insert(expected.begin() + static_cast<std::ptrdiff_t>(at) + 1, plain::Record{letter, 0, {}});
-            cow_String const added("N" + std::to_string(edit));
-            done += std::string(" insertStep ") + letter + std::to_string(at);
-            repository.UpdateSteps(repository.Steps().WithInserted(at + 1, kprC_StepNameProcedurePair(added, test::StepOf(letter))));
-            break;
-          }
-          default:
-            if (at == 0) { continue; }
-            if (repository.ConstGet("B").CreateStepName() == name) { continue; }
-            sequence.erase(at, 1);
-            expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(at));
-            done += " removeStep " + std::to_string(at);
-            repository.UpdateSteps(repository.Steps().WithRemoved(at));
-            break;
-        }
-      } catch (nex_TextException const&) {
-        repository = before;
-        done += " (refused)";
-        continue;
-      }
-      plain::Pass(expected, admits);
-      std::vector<plain::Record> const got = Told(repository.ConstGet("B"), sequence);
-      ASSERT_EQ(Text(got), Text(expected)) << "seed " << seed << ":" << done;
-
-      // a second pass changes nothing, and no state gets another object
-      kbcC_BC const& now = repository.ConstGet("B");
-      std::vector<cls_Object const*> objects;
-      for (std::size_t i = 0; i < sequence.size(); ++i) { objects.push_back(now.StateAt(i)); }
-      repository.UpdateSteps(repository.Steps());
-      ASSERT_EQ(Text(Told(repository.ConstGet("B"), sequence)), Text(expected)) << "second pass, seed " << seed << ":" << done;
-      for (std::size_t i = 0; i < sequence.size(); ++i) { ASSERT_EQ(repository.ConstGet("B").StateAt(i), objects[i]) << i; }
-    }
-  }
 }
 
 }  // namespace
