@@ -142,7 +142,7 @@ inline void AddLoads(ddr_Model& model) {
       {{"magnitude", 100.0}, {"centrifugal", true}, {"coordAxisPt1", List{0.0, 0.5}}, {"coordAxisPt2", List{0.0, 0.5, 1.0}}});
   add("Shear", kloC_SurfaceTraction(), {{"magnitude", 5.0}, {"directionVector", List{List{0.0, 0.0}, List{0.0, 2.5}}}});
   add("Bolt", kloC_BoltLoad(), {{"magnitude", 9e4}});
-  set(loads.Get("Bolt"), "Step-2", {{"boltMethod", "FIXED"}});
+  set(loads.Get("Bolt"), "Step-3", {{"boltMethod", "FIXED"}});
   set(loads.Get("Pull"), "Step-3", {{"amplitude", "Ramp"}, {"complexC1Real", 2.0}});
   loads.Get("Pull").Deactivate("Step-4");
   loads.Get("Pipe").Suppress();
