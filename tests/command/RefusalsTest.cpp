@@ -25,7 +25,7 @@ std::vector<std::string> const kModel = {
     R"({"command": "suppress", "boundaryCondition": "Rest"})",
     R"({"command": "Surface", "name": "Shank", "instanceKind": "SOLID"})",
     R"({"command": "Surface", "name": "Washer"})",
-    R"({"command": "ConcentratedForce", "name": "Pull", "createStepName": "Press", "region": "Die", "cf1": 10, "amplitude": "Ramp"})",
+    R"({"command": "ConcentratedForce", "name": "Pull", "createStepName": "Press", "cf1": 10, "amplitude": "Ramp"})",
     R"({"command": "ConcentratedForce", "name": "Late", "createStepName": "Release", "cf2": 5})",
     R"({"command": "BoltLoad", "name": "Bolt", "createStepName": "Press", "region": "Shank", "magnitude": 9e4, "dtmReference": "Axis-1"})",
     R"({"command": "BoltLoad", "name": "Stud", "createStepName": "Press", "region": "Washer", "magnitude": 9e4})",
@@ -423,7 +423,7 @@ TEST_F(Editing, RenamesAttributesAndSteps) {
   ASSERT_EQ(renamed.history.size(), 1U);
   EXPECT_EQ(renamed.history[0].first, "Drive");
   Outcome const step = session.Execute(Line(R"({"command": "rename", "step": "Press", "newName": "Form"})"));
-  EXPECT_EQ(step.history.size(), 4U) << "a command on a step tells of every attribute";
+  EXPECT_EQ(step.history.size(), 9U) << "a command on a step tells of every attribute";
   EXPECT_EQ(BoundaryConditions(session).ConstItem("Drive")->CreateStepName(), "Form");
 }
 
