@@ -3,15 +3,10 @@
 #include "framework/kprC_StepAttribute.h"
 #include "module/kbc/kbcC_BCState.h"
 #include "module/kbc/kbcC_StepRules.h"
+#include "module/kpr/kprC_Prescribed.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
 
 class kprC_Step;
-
-enum class kbcC_DistribTypeEnum { UNIFORM = 0, USER_DEFINED = 1, FIELD = 2 };
-
-template <> struct omu_EnumTable<kbcC_DistribTypeEnum> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNIFORM", 0}, {"USER_DEFINED", 1}, {"FIELD", 2}, {nullptr, 0}};
-};
 
 /// Forms the histories of boundary conditions.
 using kbcC_BCPropagator = kprC_Propagator<kbcC_StepRules>;
@@ -24,8 +19,8 @@ class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_TypedAttribute<kbcC_
 public:
   using CategoryEnm = kbcC_CategoryEnm;
   using enum kbcC_CategoryEnm;
-  using DistribTypeEnum = kbcC_DistribTypeEnum;
-  using enum kbcC_DistribTypeEnum;
+  using DistribTypeEnum = kprC_DistributionEnm;
+  using enum kprC_DistributionEnm;
 
   static constexpr char const* kModule = "kbc";
 

@@ -40,8 +40,11 @@ constexpr cls_MemberText kbcC_Component(std::string_view meaning, std::string_vi
 template <class Derived, class Base = kbcC_BCState> class kbcC_StateOf : public kprC_StateOf<Derived, Base> {
 public:
   bool IsFixed() const override {
-    if constexpr (requires(Derived const& state) { state.fixed; }) { return this->Self().fixed == true; }
-    return false;
+    if constexpr (requires(Derived const& state) { state.fixed; }) {
+      return this->Self().fixed.HasValue() && this->Self().fixed.ConstGet();
+    } else {
+      return false;
+    }
   }
   bool IsNonZero() const override {
     return AnyValue([](mdl_PropAttr<double> const& value) { return value.HasValue() && value.ConstGet() != 0.0; });

@@ -1,9 +1,8 @@
 #include "module/kbc/kbcC_DistributedBC.h"
 
 void kbcC_TemperatureBCState::AssertValid() const {
-  constexpr int kFirstDof = 11, kLastDof = 31;
   kbcC_Assert(shell != true || dof.HasValue(), kbcC_ErrorEnm::ShellDofMissing);
-  kbcC_Assert(!dof.HasValue() || (dof.ConstGet() >= kFirstDof && dof.ConstGet() <= kLastDof), kbcC_ErrorEnm::DofOutOfRange);
+  kbcC_Assert(!dof.HasValue() || kprC_IsTemperature(dof.ConstGet()), kbcC_ErrorEnm::DofOutOfRange);
 }
 
 void kbcC_TemperatureBC::AssertWhole() const {

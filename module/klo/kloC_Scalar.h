@@ -1,16 +1,11 @@
 #pragma once
 
 #include "module/klo/kloC_Load.h"
-
-/// How a load varies over its region.
-enum class kloC_DistTypeEnm { UNIFORM, USER_DEFINED, FIELD };
-template <> struct omu_EnumTable<kloC_DistTypeEnm> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNIFORM", 0}, {"USER_DEFINED", 1}, {"FIELD", 2}, {nullptr, 0}};
-};
+#include "module/kpr/kprC_Prescribed.h"
 
 /// What a distribution adds to a state: the member "distType", and what follows from it. \p Enum has at least the
 /// enumerators USER_DEFINED and FIELD.
-template <class Base, class Enum = kloC_DistTypeEnm> class kloC_WithDistribution : public Base {
+template <class Base, class Enum = kprC_DistributionEnm> class kloC_WithDistribution : public Base {
 public:
   static constexpr omn_FixedString distTypeCmd() { return "distType"; }
   static constexpr cls_MemberText distTypeText() { return kloC_Value("how the load varies over the region"); }
