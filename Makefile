@@ -12,7 +12,7 @@ help: ## this list
 setup: ## install the Debian packages that are missing
 	@cmake/setup.sh
 
-build: setup ## library, tools and tests, in build/release
+build: setup ## library, tools, tests and benchmarks, in build/release
 	@cmake --preset release >/dev/null
 	@cmake --build --preset release -j $(JOBS)
 
@@ -27,10 +27,8 @@ asan: setup ## the same under the address and undefined-behaviour sanitizers
 demo: build ## replay an example, print its histories, leave a model file
 	@PATH="$(CURDIR)/$(BUILD)/bin:$$PATH" examples/demo.sh
 
-bench: setup ## build and run the benchmarks; BENCH_ARGS goes to each
-	@cmake --preset bench >/dev/null
-	@cmake --build --preset bench -j $(JOBS)
-	@for program in build/bench/bin/bench_*; do echo "$${program##*/}"; "$$program" $(BENCH_ARGS) || exit 1; done
+bench: build ## run the benchmarks; BENCH_ARGS goes to each
+	@for program in $(BUILD)/bin/bench_*; do echo "$${program##*/}"; "$$program" $(BENCH_ARGS) || exit 1; done
 
 format: setup ## write all sources in the house's format
 	@cmake/sources.sh | xargs clang-format -i
