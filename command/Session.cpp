@@ -202,17 +202,28 @@ void Session::RedoEdit() {
 
 std::vector<NamedHistory> Session::Histories(Touched const& touched) const {
   std::vector<NamedHistory> histories;
-  auto const tell = [&](cow_String const& name, kprC_StepDependent const& item) {
+  auto const tell = [&](std::string name, kprC_StepDependent const& item) {
     std::vector<int> statuses;
     for (mdl_PropagationStatusEnm const status : item.History()) { statuses.push_back(static_cast<int>(status)); }
-    histories.emplace_back(std::string(name.View()), std::move(statuses));
+    histories.emplace_back(std::move(name), std::move(statuses));
   };
   if (touched.all) {
-    ForEachRepository(model_, [&](auto const&, kprC_StepAwareRepository const& repository) { repository.ForEach(tell); });
+    auto const isShared = [&](cow_String const& name) {
+      int families = 0;
+      ForEachRepository(model_, [&](auto const&, kprC_StepAwareRepository const& repository) {
+        families += repository.ConstItem(name) != nullptr ? 1 : 0;
+      });
+      return families > 1;
+    };
+    ForEachRepository(model_, [&](auto const&, kprC_StepAwareRepository const& repository) {
+      repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
+        tell(isShared(name) ? ObjectText(repository.ItemCmd(), name) : std::string(name.View()), item);
+      });
+    });
   } else if (!touched.extension.empty()) {
     auto const& repository = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
     for (cow_String const& name : touched.names) {
-      if (kprC_StepDependent const* item = repository.ConstItem(name)) { tell(name, *item); }
+      if (kprC_StepDependent const* item = repository.ConstItem(name)) { tell(std::string(name.View()), *item); }
     }
   }
   return histories;

@@ -91,8 +91,9 @@ public:
   /// What the commands recorded: one tuple for each change in a repository.
   omu_ChangeHistory const& Changes() const { return changes_; }
 
-  /// Whether outcomes tell histories: of the attribute that a command names, of all attributes after a command on a step.
-  /// Off at first, as the latter costs as much as the whole model; always told of a dry run.
+  /// Whether outcomes tell histories: of the attribute that a command names, of all attributes after a command on a step, with
+  /// its kind where another family uses the name too. Off at first, as the latter costs as much as the whole model; always
+  /// told of a dry run.
   void SetTrace(bool on) { trace_ = on; }
 
   /// What the snapshots of edits that can be undone may hold, roughly, in bytes; 512 MiB at first. The last edit is always kept.

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <set>
+
 #include "tests/command/CommandTest.h"
 
 namespace gattr {
@@ -422,8 +424,13 @@ TEST_F(Editing, RenamesAttributesAndSteps) {
   Outcome const renamed = session.Execute(Line(R"({"command": "rename", "boundaryCondition": "Push", "newName": "Drive"})"));
   ASSERT_EQ(renamed.history.size(), 1U);
   EXPECT_EQ(renamed.history[0].first, "Drive");
+  EXPECT_TRUE(session.Execute(Line(R"({"command": "rename", "load": "Pull", "newName": "Drive"})")).ok);
   Outcome const step = session.Execute(Line(R"({"command": "rename", "step": "Press", "newName": "Form"})"));
   EXPECT_EQ(step.history.size(), 9U) << "a command on a step tells of every attribute";
+  std::set<std::string> names;
+  for (auto const& [name, statuses] : step.history) { names.insert(name); }
+  EXPECT_EQ(names.size(), 9U);
+  EXPECT_TRUE(names.contains(R"(load "Drive")") && names.contains(R"(boundaryCondition "Drive")")) << "told apart by their kind";
   EXPECT_EQ(BoundaryConditions(session).ConstItem("Drive")->CreateStepName(), "Form");
 }
 
