@@ -56,6 +56,7 @@ public:
   dtmC_DatumRef const& Csys() const { return csys_; }
   DistribTypeEnum DistributionType() const { return distribution_; }
   bool UsesField() const { return distribution_ == FIELD; }
+
   /// Whether the type may stand in a step of \p procedureType: the table of types by procedure grants it, or the type's
   /// own rule, which is told with \p carried whether the condition is carried into the step.
   bool ValidInStep(unsigned procedureType, bool carried, bool isInitial, bool isExplicit) const;
