@@ -3,26 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <set>
-#include <string>
 
-#include "platform/BasicUtils/nex_Exception.h"
-#include "platform/CaeUtils/omu_ValueErrorException.h"
+#include "tests/support/Thrown.h"
 
 namespace {
 
-/// What kbcC_Assert throws for a code: class, text, source, line and origin in one line.
-std::string Thrown(int code) {
-  auto const show = [](char const* kind, auto const& e) {
-    return std::string(kind) + " " + std::string(e.Text().View()) + "|" + e.SourceName() + ":" + std::to_string(e.Line()) + "|" +
-           e.Module() + std::to_string(e.Code());
-  };
-  try {
-    kbcC_Assert(false, static_cast<kbcC_ErrorEnm>(code));
-  } catch (omu_ValueErrorException const& e) { return show("value", e); } catch (nex_TextException const& e) {
-    return show("text", e);
-  }
-  return "nothing";
-}
+std::string Thrown(int code) { return test::Thrown(&kbcC_Assert, code); }
 
 // Which codes throw which exception is interface: this list changes on purpose only.
 TEST(BoundaryConditionRefusals, AreValueErrorsForTheCodesThatRefuseAValueOnly) {

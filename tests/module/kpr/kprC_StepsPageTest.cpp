@@ -1,20 +1,17 @@
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <optional>
 
 #include "module/kpr/kprC_StepSequencer.h"
 #include "tests/module/kpr/kprTestSteps.h"
+#include "tests/support/Page.h"
 
-// docs/steps.md shows which procedure may follow which in a table between these two lines. Run with GATTR_WRITE_DOCS=1 in the
-// environment, the test writes the table instead of comparing it.
+// docs/steps.md shows which procedure may follow which in a table that is made here.
 
 namespace {
 
-constexpr char const* kPage = GATTR_SOURCE_DIR "/docs/steps.md";
-constexpr std::string_view kBegin = "<!-- table of followers: begin -->\n";
-constexpr std::string_view kEnd = "<!-- table of followers: end -->";
+constexpr char const* kPage = "docs/steps.md";
 
 using Sequence = std::vector<unsigned>;
 
@@ -76,23 +73,10 @@ std::string Table() {
   return table;
 }
 
-TEST(StepsPage, ShowsWhichProcedureMayFollowWhich) {
-  std::ifstream in(kPage);
-  std::string page{std::istreambuf_iterator<char>(in), {}};
-  std::size_t const begin = page.find(kBegin);
-  std::size_t const end = page.find(kEnd);
-  ASSERT_TRUE(begin != std::string::npos && end != std::string::npos) << kPage;
-  std::size_t const at = begin + kBegin.size();
-  std::string const table = Table();
-  if (std::getenv("GATTR_WRITE_DOCS") != nullptr) {
-    std::ofstream(kPage) << page.replace(at, end - at, table);
-  } else {
-    EXPECT_EQ(page.substr(at, end - at), table);
-  }
-}
+TEST(StepsPage, ShowsWhichProcedureMayFollowWhich) { test::ExpectOnPage(kPage, "table of followers", Table()); }
 
 TEST(StepsPage, NamesEveryProcedure) {
-  std::ifstream in(kPage);
+  std::ifstream in(std::string(GATTR_SOURCE_DIR "/") + kPage);
   std::string const page{std::istreambuf_iterator<char>(in), {}};
   for (kprC_ProcedureRow const& row : kprC_procedures) {
     std::string const command = "`" + std::string(row.command.View()) + "`";
