@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "framework/kprC_PropagatingContainer.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/klo/kloC_ConcentratedLoads.h"
-#include "module/kpr/kprC_ModelSteps.h"
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "module/kpr/steps/kprC_Steps.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
 
 /// The models that the benchmarks work on, and the limit that they are measured against.

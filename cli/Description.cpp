@@ -5,10 +5,10 @@
 
 #include "cli/Program.h"
 #include "command/Families.h"
-#include "command/Text.h"
-#include "module/kpr/kprC_ProcedureTypeLabelMap.h"
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
+#include "module/kpr/steps/kprC_Steps.h"
 #include "report/HistoryTable.h"
+#include "text/Text.h"
 
 namespace gattr::cli {
 namespace {

@@ -3,8 +3,8 @@
 #include <string_view>
 
 #include "cli/Program.h"
-#include "command/Text.h"
 #include "store/TextStore.h"
+#include "text/Text.h"
 
 namespace gattr::cli {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "command/Text.h"
+#include "text/Text.h"
 
 namespace gattr::cli {
 

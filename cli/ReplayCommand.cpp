@@ -15,8 +15,8 @@
 #include "cli/Program.h"
 #include "command/Journal.h"
 #include "command/Session.h"
-#include "command/Text.h"
 #include "report/Display.h"
+#include "text/Text.h"
 
 namespace gattr::cli {
 namespace {

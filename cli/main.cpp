@@ -7,9 +7,9 @@
 #include <iostream>
 
 #include "cli/Program.h"
-#include "command/Text.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "report/Display.h"
+#include "text/Text.h"
 
 namespace gattr::cli {
 namespace {

@@ -5,8 +5,9 @@ cd "$(dirname "$0")/.."
 
 base="platform/CoreUtils platform/BasicUtils"
 library="platform framework"
-tools="$library module store command"
-# Room: the rooms that it may include beside itself. The longest room that a file lies in counts.
+kpr="$library module/kpr/kprC_TypeTable.h module/kpr/kprC_assert.h"
+tools="$library module text store command"
+# Room: the rooms or headers that it may include beside itself. The longest room that a file lies in counts.
 rooms="
 platform/CoreUtils:
 platform/BasicUtils: platform/CoreUtils
@@ -17,6 +18,12 @@ platform/ModelServices: $base
 framework: platform
 module: $library module
 module/kpr: $library
+module/kpr/engine: $kpr
+module/kpr/procedures: $kpr module/kpr/engine
+module/kpr/family: $kpr module/kpr/engine module/kpr/procedures
+module/kpr/records: $kpr module/kpr/engine
+module/kpr/steps: $kpr module/kpr/engine module/kpr/procedures module/kpr/records
+module/kpr/model: $kpr module/kpr/engine module/kpr/procedures module/kpr/records module/kpr/steps
 module/kbc: $library module/kpr
 module/klo: $library module/kpr
 module/kin: $library module/kpr
@@ -31,14 +38,15 @@ module/kar: $library
 module/kfd: $library
 module/kcn: $library
 module/utf: $library
-store: $library
-command: $library module store
+text: platform
+store: $library module/kpr/engine text
+command: $library module text store
 report: $tools
 cli: $tools report
 "
 
-cmake/sources.sh platform framework module store command report cli | xargs grep -nH '^ *# *include *"' | awk -v rooms="$rooms" '
-  function inside(path, room) { return index(path, room "/") == 1 }
+cmake/sources.sh platform framework module text store command report cli | xargs grep -nH '^ *# *include *"' | awk -v rooms="$rooms" '
+  function inside(path, room) { return path == room || index(path, room "/") == 1 }
   function room_of(path,  room, best) {
     for (room in allowed) { if (inside(path, room) && length(room) > length(best)) { best = room } }
     return best

@@ -14,6 +14,6 @@ tidy_one() {
 }
 export -f tidy_one
 
-files=$(cmake/sources.sh platform framework module store command report cli | grep '\.cpp$')
+files=$(cmake/sources.sh platform framework module text store command report cli | grep '\.cpp$')
 echo "$files" | xargs -P "${JOBS:-2}" -I{} bash -c 'tidy_one {}'
 echo "lint: $(echo "$files" | wc -l) files clean"

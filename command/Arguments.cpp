@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "command/Text.h"
+#include "text/Text.h"
 
 namespace gattr {
 

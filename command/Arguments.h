@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "command/Session.h"
-#include "framework/kprC_StepDependent.h"
+#include "module/kpr/engine/kprC_StepDependent.h"
 #include "platform/CaeUtils/omu_KeyErrorException.h"
 #include "platform/CaeUtils/omu_ValueErrorException.h"
 

@@ -3,11 +3,11 @@
 #include "command/Command.h"
 #include "command/Families.h"
 #include "command/Members.h"
-#include "command/Text.h"
 #include "framework/ddr_ModelMembers.h"
 #include "module/kfd/kfdC_Field.h"
-#include "module/kpr/kprC_ModelSteps.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
+#include "text/Text.h"
 
 namespace gattr {
 

@@ -7,8 +7,8 @@
 #include "command/Command.h"
 #include "framework/ddr_ModelMembers.h"
 #include "module/kfd/kfdC_Field.h"
-#include "module/kpr/kprC_ModelSteps.h"
-#include "module/kpr/kprC_StepSequencer.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
 
 namespace gattr {

@@ -5,8 +5,8 @@
 
 #include "command/Arguments.h"
 #include "command/Session.h"
-#include "framework/kprC_StepAwareRepository.h"
-#include "module/kpr/kprC_Step.h"
+#include "module/kpr/engine/kprC_StepAwareRepository.h"
+#include "module/kpr/steps/kprC_Step.h"
 
 /// What the command tables share: one command on its way, and the kinds of objects that it may name.
 namespace gattr {

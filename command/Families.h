@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "framework/kprC_StepDependent.h"
+#include "module/kpr/engine/kprC_StepDependent.h"
 
 namespace gattr {
 

@@ -5,7 +5,7 @@
 #include <set>
 #include <vector>
 
-#include "command/Text.h"
+#include "text/Text.h"
 
 namespace gattr {
 

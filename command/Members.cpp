@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "command/Text.h"
 #include "platform/CoreGeometry/rgnC_Region.h"
+#include "text/Text.h"
 
 namespace gattr {
 

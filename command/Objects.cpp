@@ -1,9 +1,9 @@
 #include <algorithm>
 
 #include "command/Command.h"
-#include "command/Text.h"
-#include "module/kpr/kprC_ModelSteps.h"
 #include "module/kpr/kprC_assert.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "text/Text.h"
 
 namespace gattr {
 

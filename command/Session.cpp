@@ -5,8 +5,8 @@
 
 #include "command/Command.h"
 #include "command/Members.h"
-#include "command/Text.h"
-#include "module/kpr/kprC_ModelSteps.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "text/Text.h"
 
 namespace gattr {
 

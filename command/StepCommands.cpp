@@ -3,13 +3,13 @@
 
 #include "command/Command.h"
 #include "command/Members.h"
-#include "command/Text.h"
-#include "module/kpr/kprC_AnalysisStep.h"
-#include "module/kpr/kprC_ModelSteps.h"
-#include "module/kpr/kprC_StepSequencer.h"
-#include "module/kpr/kprC_Steps.h"
 #include "module/kpr/kprC_assert.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "module/kpr/procedures/kprC_StepSequencer.h"
+#include "module/kpr/steps/kprC_AnalysisStep.h"
+#include "module/kpr/steps/kprC_Steps.h"
 #include "platform/CoreGeometry/rgnC_Region.h"
+#include "text/Text.h"
 
 namespace gattr {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "framework/kprC_StepAwareRepository.h"
-#include "module/kpr/kprC_ModelSteps.h"
-#include "module/kpr/kprC_ProcedureTypeLabelMap.h"
+#include "module/kpr/engine/kprC_StepAwareRepository.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "platform/CoreUtils/thr_Singleton.h"
 
 namespace gattr {

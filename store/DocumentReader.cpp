@@ -6,8 +6,8 @@
 #include <new>
 #include <utility>
 
-#include "framework/kprC_Procedure.h"
 #include "framework/mdl_ExtensionSubject.h"
+#include "module/kpr/engine/kprC_Procedure.h"
 #include "store/StoreError.h"
 
 namespace gattr {

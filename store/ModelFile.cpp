@@ -6,7 +6,7 @@
 #include <system_error>
 #include <utility>
 
-#include "framework/kprC_StepAwareRepository.h"
+#include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "store/Database.h"
 #include "store/DocumentReader.h"
 #include "store/ModelSteps.h"

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "framework/ddr_Model.h"
-#include "framework/kprC_StepNameProcedurePair.h"
+#include "module/kpr/engine/kprC_StepNameProcedurePair.h"
 
 namespace gattr {
 

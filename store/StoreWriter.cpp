@@ -4,7 +4,7 @@
 
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 #include "store/StoreError.h"
-#include "store/Utf8.h"
+#include "text/Text.h"
 
 namespace gattr {
 

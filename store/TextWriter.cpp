@@ -5,7 +5,7 @@
 #include <ostream>
 #include <utility>
 
-#include "framework/kprC_Procedure.h"
+#include "module/kpr/engine/kprC_Procedure.h"
 #include "store/StoreError.h"
 
 namespace gattr {

@@ -1,7 +1,7 @@
 #include "module/kbc/kbcC_BC.h"
 
-#include "module/kpr/kprC_Procedures.h"
-#include "module/kpr/kprC_Step.h"
+#include "module/kpr/procedures/kprC_Procedures.h"
+#include "module/kpr/steps/kprC_Step.h"
 
 template class kprC_History<kbcC_StepRules>;
 template class kprC_StepAttribute<kbcC_StepRules>;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "framework/kprC_StepAttribute.h"
+#include "module/kbc/Rules.h"
 #include "module/kbc/kbcC_BCState.h"
-#include "module/kbc/kbcC_StepRules.h"
-#include "module/kpr/kprC_Prescribed.h"
+#include "module/kpr/engine/kprC_StepAttribute.h"
+#include "module/kpr/family/kprC_Prescribed.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
 
 class kprC_Step;

@@ -2,7 +2,7 @@
 
 #include "module/kbc/kbcC_TypeTable.h"
 #include "module/kbc/kbcC_assert.h"
-#include "module/kpr/kprC_AmplitudeState.h"
+#include "module/kpr/family/kprC_AmplitudeState.h"
 
 /// What a boundary condition sets in a step: base of the types' states.
 class DDB_API kbcC_BCState : public kprC_StateOf<kbcC_BCState, kprC_AmplitudeState<&kbcC_Assert>> {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "module/kbc/kbcC_BCState.h"
-#include "module/kpr/kprC_BucklingCase.h"
+#include "module/kpr/family/kprC_BucklingCase.h"
 
 // What a state prescribes along (the first three) and about the axes 1 to 3 (the last three) of its coordinate system:
 // the members that a condition on a region and one on connectors have in common.

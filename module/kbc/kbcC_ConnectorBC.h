@@ -1,9 +1,9 @@
 #pragma once
 
-#include "framework/kprC_TypeOf.h"
 #include "module/kbc/kbcC_BC.h"
 #include "module/kbc/kbcC_Components.h"
 #include "module/kbc/kbcC_DistributedBC.h"
+#include "module/kpr/family/kprC_TypeOf.h"
 
 // Conditions on connectors, and their states.
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/kprC_TypeOf.h"
 #include "module/kbc/kbcC_BC.h"
 #include "module/kbc/kbcC_Components.h"
+#include "module/kpr/family/kprC_TypeOf.h"
 
 /// Per-step state of a displacement condition: three displacements and three rotations.
 class DDB_API kbcC_DisplacementBCState final : public kbcC_Displacements<kbcC_DisplacementBCState> {

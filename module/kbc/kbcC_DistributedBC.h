@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/kprC_TypeOf.h"
 #include "module/kbc/kbcC_BC.h"
+#include "module/kpr/family/kprC_TypeOf.h"
 
 // Conditions that prescribe one value, and their states.
 

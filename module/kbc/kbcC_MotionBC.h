@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/kprC_TypeOf.h"
 #include "module/kbc/kbcC_BC.h"
 #include "module/kbc/kbcC_Components.h"
+#include "module/kpr/family/kprC_TypeOf.h"
 
 /// Per-step state of a velocity condition.
 class DDB_API kbcC_VelocityBCState final : public kbcC_Velocities<kbcC_VelocityBCState> {

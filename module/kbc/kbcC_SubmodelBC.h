@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/kprC_TypeOf.h"
 #include "module/kbc/kbcC_BC.h"
+#include "module/kpr/family/kprC_TypeOf.h"
 
 /// Per-step state of a submodel condition: where in the results of the global model its values come from.
 class DDB_API kbcC_SubmodelBCState final : public kbcC_StateOf<kbcC_SubmodelBCState> {

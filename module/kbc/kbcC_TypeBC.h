@@ -1,8 +1,8 @@
 #pragma once
 
-#include "framework/kprC_TypeOf.h"
 #include "module/kbc/kbcC_BC.h"
-#include "module/kpr/kprC_BucklingCase.h"
+#include "module/kpr/family/kprC_BucklingCase.h"
+#include "module/kpr/family/kprC_TypeOf.h"
 
 enum class kbcC_TypeNameEnm { XSYMM = 0, YSYMM = 1, ZSYMM = 2, ENCASTRE = 3, PINNED = 4, XASYMM = 5, YASYMM = 6, ZASYMM = 7 };
 

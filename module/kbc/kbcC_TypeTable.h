@@ -12,7 +12,7 @@ inline constexpr unsigned kbcC_moduleNumber = 0x298;  ///< 664
 // the classes' names, then their identities
 #define KBC_TYPE(number, Class, name) class Class;
 #define KBC_TYPE_INSTANCE(number, Class, name)
-#include "module/kbc/kbcC_TypeTable.def"
+#include "module/kbc/Types.def"
 #undef KBC_TYPE
 
 /// The way to the boundary conditions of a model.
@@ -23,5 +23,5 @@ using kbcC_BCContainerShortcut = ddr_MemberShortcut<ddr_Model, kprC_PropagatingC
     static constexpr unsigned value = kbcC_moduleNumber << 16 | (number); \
     static constexpr char const* kName = name;                            \
   };
-#include "module/kbc/kbcC_TypeTable.def"
+#include "module/kbc/Types.def"
 #undef KBC_TYPE

@@ -12,7 +12,7 @@ constexpr bool Value = true;
 constexpr bool Text = false;
 constexpr nex_ErrorRow kRows[] = {
 #define KBC_ERROR(code, name, exception, text) {code, exception, text, #name},
-#include "module/kbc/kbcC_Errors.def"
+#include "module/kbc/Errors.def"
 #undef KBC_ERROR
 };
 static_assert(nex_CodesAreDense(kRows) && std::size(kRows) == 61, "kbcC_Errors.def: in code order, none missing, none empty");

@@ -9,7 +9,7 @@
 /// The refusals of boundary conditions. The number of an enumerator is its code; kbcC_Errors.def gives the texts.
 enum class kbcC_ErrorEnm : int {
 #define KBC_ERROR(code, name, exception, text) name = code,
-#include "module/kbc/kbcC_Errors.def"
+#include "module/kbc/Errors.def"
 #undef KBC_ERROR
 };
 

@@ -1,12 +1,12 @@
 #include "module/kbc/kbcC_module.h"
 
-#include "framework/ddb_FamilyModule.h"
 #include "framework/ddr_Shortcut.h"
 #include "module/kbc/kbcC_ConnectorBC.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/kbc/kbcC_MotionBC.h"
 #include "module/kbc/kbcC_SubmodelBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
+#include "module/kpr/family/ddb_FamilyModule.h"
 
 namespace {
 template <class T> constexpr kbcC_Constructor Row() { return kprC_ConstructorOf<kbcC_BC, T>(); }
@@ -47,7 +47,7 @@ std::span<kbcC_Constructor const> kbcC_Constructors() { return kConstructors; }
 void kbcC_initialize(int& count) {
   ddb_EnterFamily<kbcC_BC>(count, kbcC_moduleNumber, ddr_Model::bcCmd(), kbcC_Errors(), [] {
 #define KBC_TYPE(number, Class, name) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
-#include "module/kbc/kbcC_TypeTable.def"
+#include "module/kbc/Types.def"
 #undef KBC_TYPE
   });
 }

@@ -2,8 +2,8 @@
 
 #include <span>
 
-#include "framework/kprC_Constructor.h"
 #include "module/kbc/kbcC_BC.h"
+#include "module/kpr/family/kprC_Constructor.h"
 
 /// Starts the module of boundary conditions: number 664 in the component table, an empty repository as the model's
 /// extension "boundaryConditions", the classes' metadata, the catalogue of refusals. Counted: only the first call works,

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "framework/kprC_StepAttribute.h"
-#include "framework/kprC_TypeOf.h"
+#include "module/klo/Rules.h"
 #include "module/klo/kloC_LoadState.h"
-#include "module/klo/kloC_StepRules.h"
+#include "module/kpr/engine/kprC_StepAttribute.h"
+#include "module/kpr/family/kprC_TypeOf.h"
 
 /// A load's record of a step.
 using kloC_StateQuad = kprC_PropagatingState<kloC_LoadState>;

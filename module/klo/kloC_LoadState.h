@@ -3,7 +3,7 @@
 #include "framework/ddr_Model.h"
 #include "module/klo/kloC_TypeTable.h"
 #include "module/klo/kloC_assert.h"
-#include "module/kpr/kprC_AmplitudeState.h"
+#include "module/kpr/family/kprC_AmplitudeState.h"
 
 /// What a load sets in a step: base of the types' states.
 class DDB_API kloC_LoadState : public kprC_StateOf<kloC_LoadState, kprC_AmplitudeState<&kloC_Assert>> {

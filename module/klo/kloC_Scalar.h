@@ -1,7 +1,7 @@
 #pragma once
 
 #include "module/klo/kloC_Load.h"
-#include "module/kpr/kprC_Prescribed.h"
+#include "module/kpr/family/kprC_Prescribed.h"
 
 /// What a distribution adds to a state: the member "distType", and what follows from it. \p Enum has at least the
 /// enumerators USER_DEFINED and FIELD.

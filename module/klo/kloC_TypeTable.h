@@ -12,7 +12,7 @@ inline constexpr unsigned kloC_moduleNumber = 0x288;  ///< 648
 // the classes' names, then their identities
 #define KLO_TYPE(number, Class, name) class Class;
 #define KLO_TYPE_INSTANCE(number, Class, name)
-#include "module/klo/kloC_TypeTable.def"
+#include "module/klo/Types.def"
 
 /// The way to the loads of a model.
 using kloC_LoadContainerShortcut = ddr_MemberShortcut<ddr_Model, kprC_PropagatingContainer<kloC_Load>, 1>;
@@ -22,4 +22,4 @@ using kloC_LoadContainerShortcut = ddr_MemberShortcut<ddr_Model, kprC_Propagatin
     static constexpr unsigned value = kloC_moduleNumber << 16 | (number); \
     static constexpr char const* kName = name;                            \
   };
-#include "module/klo/kloC_TypeTable.def"
+#include "module/klo/Types.def"

@@ -10,7 +10,7 @@ constexpr bool Value = true;
 constexpr bool Text = false;
 constexpr nex_ErrorRow kRows[] = {
 #define KLO_ERROR(code, name, exception, text) {code, exception, text, #name},
-#include "module/klo/kloC_Errors.def"
+#include "module/klo/Errors.def"
 #undef KLO_ERROR
 };
 static_assert(nex_CodesAreDense(kRows) && std::size(kRows) == 73, "kloC_Errors.def: in code order, none missing, none empty");

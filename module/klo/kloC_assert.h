@@ -8,7 +8,7 @@
 /// The refusals of loads. The number of an enumerator is its code; kloC_Errors.def gives the texts.
 enum class kloC_ErrorEnm : int {
 #define KLO_ERROR(code, name, exception, text) name = code,
-#include "module/klo/kloC_Errors.def"
+#include "module/klo/Errors.def"
 #undef KLO_ERROR
 };
 

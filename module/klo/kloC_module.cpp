@@ -1,13 +1,13 @@
 #include "module/klo/kloC_module.h"
 
-#include "framework/ddb_FamilyModule.h"
 #include "framework/ddr_Shortcut.h"
 #include "module/klo/kloC_Loads.h"
+#include "module/kpr/family/ddb_FamilyModule.h"
 
 namespace {
 constexpr kloC_Constructor kConstructors[] = {
 #define KLO_LOAD(number, Class) kprC_ConstructorOf<kloC_Load, Class>(),
-#include "module/klo/kloC_TypeTable.def"
+#include "module/klo/Types.def"
 };
 
 cow_List<atr_String> TypesOf(kloC_CategoryEnm category, unsigned procedureType) {
@@ -38,7 +38,7 @@ cow_List<atr_String> kloC_getOtherLoadTypesforStep(unsigned procedureType) { ret
 void kloC_initialize(int& count) {
   ddb_EnterFamily<kloC_Load>(count, kloC_moduleNumber, kloC_Load::loadRepositoryCmd(), kloC_Errors(), [] {
 #define KLO_TYPE(number, Class, name) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
-#include "module/klo/kloC_TypeTable.def"
+#include "module/klo/Types.def"
   });
 }
 

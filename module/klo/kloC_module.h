@@ -2,8 +2,8 @@
 
 #include <span>
 
-#include "framework/kprC_Constructor.h"
 #include "module/klo/kloC_Load.h"
+#include "module/kpr/family/kprC_Constructor.h"
 
 /// Starts the module of loads: number 648 in the component table, an empty repository as the model's extension "loads", the
 /// classes' metadata, the catalogue of refusals. Counted: only the first call works, and adds one to \p count.

@@ -10,5 +10,5 @@ inline constexpr unsigned kprC_moduleNumber = 0x23C;
     static constexpr unsigned value = kprC_moduleNumber << 16 | (number); \
     static constexpr char const* kName = #Class;                          \
   };
-#include "module/kpr/kprC_TypeTable.def"
+#include "module/kpr/Types.def"
 #undef KPR_TYPE

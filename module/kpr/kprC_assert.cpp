@@ -9,7 +9,7 @@ namespace {
 constexpr bool Text = false;
 constexpr nex_ErrorRow kRows[] = {
 #define KPR_ERROR(code, name, exception, text) {code, exception, text, #name},
-#include "module/kpr/kprC_Errors.def"
+#include "module/kpr/Errors.def"
 #undef KPR_ERROR
 };
 static_assert(nex_CodesAreDense(kRows) && std::size(kRows) == 251, "kprC_Errors.def: in code order, none missing, none empty");

@@ -9,7 +9,7 @@
 /// the texts.
 enum class kprC_ErrorEnm : int {
 #define KPR_ERROR(code, name, exception, text) name = code,
-#include "module/kpr/kprC_Errors.def"
+#include "module/kpr/Errors.def"
 #undef KPR_ERROR
 };
 

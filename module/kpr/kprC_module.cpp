@@ -2,11 +2,11 @@
 
 #include "framework/ddb_Module.h"
 #include "framework/ddr_Model.h"
-#include "module/kpr/kprC_ProcedureTypeLabelMap.h"
-#include "module/kpr/kprC_StepContainer.h"
-#include "module/kpr/kprC_Steps.h"
-#include "module/kpr/kprC_TimePoint.h"
 #include "module/kpr/kprC_assert.h"
+#include "module/kpr/model/kprC_StepContainer.h"
+#include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
+#include "module/kpr/records/kprC_TimePoint.h"
+#include "module/kpr/steps/kprC_Steps.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ void kprC_initialize(int& count) {
     cls_MetadataRegistrar::initClassMetadata(&kprC_StepNameProcedurePair::InitializeMetadata, ddb_metadataFlag);
     cls_MetadataRegistrar::initClassMetadata(&kprC_TimePointMap::InitializeMetadata, ddb_metadataFlag);
 #define KPR_TYPE(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
-#include "module/kpr/kprC_TypeTable.def"
+#include "module/kpr/Types.def"
 #undef KPR_TYPE
   });
 }

@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 
 #include "framework/ddr_ModelMembers.h"
-#include "framework/kprC_PropagatingContainer.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
-#include "module/kpr/kprC_ModelSteps.h"
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "module/kpr/steps/kprC_Steps.h"
 #include "tests/command/CommandTest.h"
 
 namespace gattr {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "command/Session.h"
-#include "framework/kprC_StepAwareRepository.h"
+#include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "tests/support/Library.h"
 #include "tests/support/StepLetters.h"
 

@@ -2,8 +2,8 @@
 
 #include "command/Check.h"
 #include "framework/ddr_ModelMembers.h"
-#include "framework/kprC_PropagatingContainer.h"
 #include "module/kbc/kbcC_ConnectorBC.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "tests/command/CommandTest.h"
 
 namespace gattr {

@@ -2,9 +2,9 @@
 #include <cstdio>
 
 #include "framework/ddr_Model.h"
-#include "framework/kprC_PropagatingContainer.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kbc/kbcC_BC.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
 #include "platform/CaeUtils/omu_ValueErrorException.h"
 

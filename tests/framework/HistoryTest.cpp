@@ -2,9 +2,9 @@
 #include <memory>
 #include <sstream>
 
-#include "framework/kprC_PropagatingContainer.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/klo/kloC_ConcentratedLoads.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "tests/support/Library.h"
 #include "tests/support/StepLetters.h"
 

@@ -1,4 +1,4 @@
-#include "framework/kprC_PropagatingContainer.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
 
 #include <gmock/gmock.h>
 
@@ -9,7 +9,7 @@
 #include "framework/mdl_IdRepositoryOfCows.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
-#include "module/kpr/kprC_ModelSteps.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
 #include "platform/BasicUtils/nex_Exception.h"
 #include "tests/support/Library.h"
 #include "tests/support/StepLetters.h"

@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "command/Text.h"
+#include "text/Text.h"
 
 namespace gattr {
 namespace {

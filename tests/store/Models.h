@@ -10,13 +10,13 @@
 #include <vector>
 
 #include "framework/ddr_ModelMembers.h"
-#include "framework/kprC_PropagatingContainer.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
 #include "module/klo/kloC_Loads.h"
-#include "module/kpr/kprC_ModelSteps.h"
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "module/kpr/steps/kprC_Steps.h"
 #include "store/ModelFile.h"
 #include "store/StoreError.h"
 #include "store/TextStore.h"

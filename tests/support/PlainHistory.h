@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/kprC_State.h"
+#include "module/kpr/engine/kprC_State.h"
 #include "tests/support/ProcedureNames.h"
 
 /// The history of an attribute in the plainest form: one record per step, every state a list of members as texts, every

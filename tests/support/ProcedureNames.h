@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "framework/kprC_StepTable.h"
-#include "module/kpr/kprC_Procedures.h"
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/engine/kprC_StepTable.h"
+#include "module/kpr/procedures/kprC_Procedures.h"
+#include "module/kpr/steps/kprC_Steps.h"
 
 /// Short names of all procedures, for tables of tests: "INI STA GEO".
 namespace test {

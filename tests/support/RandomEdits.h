@@ -6,8 +6,8 @@
 #include <random>
 #include <set>
 
-#include "framework/kprC_Constructor.h"
-#include "framework/kprC_PropagatingContainer.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
+#include "module/kpr/family/kprC_Constructor.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
 #include "tests/support/Library.h"
 #include "tests/support/PlainHistory.h"

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "framework/kprC_StepTable.h"
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/engine/kprC_StepTable.h"
+#include "module/kpr/steps/kprC_Steps.h"
 
 /// Step sequences written as letters: I initial, G static general, E implicit dynamics, X explicit dynamics, A anneal,
 /// T coupled temperature-displacement, H heat transfer, P static linear perturbation, F frequency, M modal dynamics,

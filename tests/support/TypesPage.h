@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "framework/kprC_Constructor.h"
-#include "module/kpr/kprC_Procedures.h"
+#include "module/kpr/family/kprC_Constructor.h"
+#include "module/kpr/procedures/kprC_Procedures.h"
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 #include "platform/CaeUtils/omu_PrimEnumTraits.h"
 

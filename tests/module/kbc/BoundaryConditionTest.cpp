@@ -1,11 +1,11 @@
 #include <gmock/gmock.h>
 
 #include "framework/ddr_Model.h"
-#include "framework/kprC_PropagatingContainer.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
 #include "module/kbc/kbcC_module.h"
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
+#include "module/kpr/steps/kprC_Steps.h"
 #include "tests/support/Library.h"
 #include "tests/support/StepLetters.h"
 

@@ -3,10 +3,10 @@
 #include <map>
 
 #include "framework/ddr_ModelMembers.h"
-#include "framework/kprC_PropagatingContainer.h"
 #include "module/kbc/kbcC_DistributedBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
 #include "module/kbc/kbcC_module.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "tests/support/Library.h"
 #include "tests/support/ProcedureNames.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "framework/kprC_PropagatingContainer.h"
 #include "module/klo/kloC_module.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "tests/support/Library.h"
 #include "tests/support/StepLetters.h"
 

@@ -1,4 +1,4 @@
-#include "module/kpr/kprC_FrequencyStep.h"
+#include "module/kpr/steps/kprC_FrequencyStep.h"
 
 #include "tests/module/kpr/kprTestMembers.h"
 

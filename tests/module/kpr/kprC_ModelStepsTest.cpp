@@ -1,4 +1,4 @@
-#include "module/kpr/kprC_ModelSteps.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
 
 #include "module/kpr/kprC_module.h"
 #include "tests/module/kpr/kprTestMembers.h"

@@ -1,9 +1,9 @@
-#include "module/kpr/kprC_Procedures.h"
+#include "module/kpr/procedures/kprC_Procedures.h"
 
 #include <algorithm>
 #include <functional>
 
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/steps/kprC_Steps.h"
 #include "tests/module/kpr/kprTestSteps.h"
 
 namespace {

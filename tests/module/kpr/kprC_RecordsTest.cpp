@@ -1,9 +1,9 @@
 #include <cmath>
 
-#include "module/kpr/kprC_Damping.h"
-#include "module/kpr/kprC_FrequencyRange.h"
-#include "module/kpr/kprC_MassScaling.h"
-#include "module/kpr/kprC_TimePoint.h"
+#include "module/kpr/records/kprC_Damping.h"
+#include "module/kpr/records/kprC_FrequencyRange.h"
+#include "module/kpr/records/kprC_MassScaling.h"
+#include "module/kpr/records/kprC_TimePoint.h"
 #include "tests/module/kpr/kprTestMembers.h"
 
 namespace {

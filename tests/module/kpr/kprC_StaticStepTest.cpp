@@ -1,4 +1,4 @@
-#include "module/kpr/kprC_StaticStep.h"
+#include "module/kpr/steps/kprC_StaticStep.h"
 
 #include <limits>
 

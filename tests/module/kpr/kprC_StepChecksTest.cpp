@@ -1,4 +1,4 @@
-#include "module/kpr/kprC_StepChecks.h"
+#include "module/kpr/steps/kprC_StepChecks.h"
 
 #include <algorithm>
 

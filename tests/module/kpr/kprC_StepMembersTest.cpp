@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "framework/ddr_Model.h"
-#include "module/kpr/kprC_TimePoint.h"
 #include "module/kpr/kprC_module.h"
+#include "module/kpr/records/kprC_TimePoint.h"
 #include "platform/CoreGeometry/rgnC_Region.h"
 #include "tests/module/kpr/kprTestMembers.h"
 

@@ -1,4 +1,4 @@
-#include "module/kpr/kprC_StepSequencer.h"
+#include "module/kpr/procedures/kprC_StepSequencer.h"
 
 #include <algorithm>
 #include <iterator>
@@ -6,8 +6,8 @@
 #include <random>
 #include <set>
 
-#include "module/kpr/kprC_StepContainer.h"
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/model/kprC_StepContainer.h"
+#include "module/kpr/steps/kprC_Steps.h"
 #include "tests/module/kpr/kprTestSteps.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <iterator>
 #include <optional>
 
-#include "module/kpr/kprC_StepSequencer.h"
+#include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "tests/module/kpr/kprTestSteps.h"
 #include "tests/support/Page.h"
 

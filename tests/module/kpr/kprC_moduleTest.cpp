@@ -1,8 +1,8 @@
 #include "module/kpr/kprC_module.h"
 
 #include "framework/ddr_Model.h"
-#include "module/kpr/kprC_StepContainer.h"
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/model/kprC_StepContainer.h"
+#include "module/kpr/steps/kprC_Steps.h"
 #include "tests/module/kpr/kprTestSteps.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "module/kpr/kprC_Steps.h"
+#include "module/kpr/steps/kprC_Steps.h"
 #include "tests/module/kpr/kprTestSteps.h"
 
 /// Members to be set, by name.

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "module/kpr/kprC_ProcedureTypeLabelMap.h"
+#include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "platform/BasicUtils/nex_Exception.h"
 #include "platform/CoreUtils/thr_Singleton.h"
 

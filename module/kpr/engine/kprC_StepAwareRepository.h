@@ -1,0 +1,39 @@
+#pragma once
+
+#include "framework/mdl_Extension.h"
+#include "module/kpr/engine/kprC_StepDependent.h"
+
+/// A repository of step-dependent attributes of one family, as the steps, the stores and the commands see it.
+class DDB_API kprC_StepAwareRepository : public mdl_Repository {
+public:
+  /// Takes the step sequence: inserts, removes, renames and replaces the steps of every attribute and forms every
+  /// history anew. Refusals of an attribute pass; attributes updated by then stay updated.
+  virtual void UpdateSteps(kprC_StepTable const& steps) = 0;
+  virtual kprC_StepTable const& Steps() const = 0;
+
+  virtual std::size_t Size() const = 0;
+  virtual cow_List<cow_String> Keys() const = 0;
+  /// The attribute for reading, or null.
+  virtual kprC_StepDependent const* ConstItem(std::string_view name) const = 0;
+  /// The attribute for change, separated from all who share it, or null. Who changes it calls RecordModify.
+  virtual kprC_StepDependent* Item(std::string_view name) = 0;
+  /// Inserts a copy of \p item, which must be of the family.
+  virtual bool InsertItem(cow_String const& name, kprC_StepDependent const& item) = 0;
+  virtual bool Remove(cow_String const& name) = 0;
+  /// Gives an attribute another name, which must be free; recorded as removed and inserted.
+  virtual void RenameItem(cow_String const& name, cow_String const& newName) = 0;
+  /// Calls \p visit with every attribute in key order.
+  virtual void ForEach(std::function<void(cow_String const&, kprC_StepDependent const&)> const& visit) const = 0;
+  /// Records ("Modify", name + ".") and the change's time.
+  virtual void RecordModify(cow_String const& name) = 0;
+  /// Names changed since the list was last cleared, each once.
+  virtual cow_List<cow_String> ChangedNames() const = 0;
+  virtual void ClearChangedNames() = 0;
+
+  /// What one attribute is called in commands: "boundaryCondition".
+  virtual std::string ItemCmd() const = 0;
+  /// The module's prefix: "kbc".
+  virtual std::string Module() const = 0;
+  /// Raises the family's numbered refusal.
+  [[noreturn]] virtual void Refuse(kprC_EditRefusal refusal) const = 0;
+};

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "module/kpr/engine/kprC_StepTable.h"
+#include "platform/BasicUtils/cow_1DArrayList.h"
+#include "platform/BasicUtils/cow_List.h"
+#include "platform/CaeUtils/mdl_PropagationStatus.h"
+#include "platform/CoreGeometry/rgnC_Region.h"
+
+class ddr_Model;
+
+/// What the editing layers refuse before they reach an attribute. Each family has a numbered refusal for each.
+enum class kprC_EditRefusal {
+  NoSuchAttribute,  ///< no attribute of that name, or none in that step
+  NoSteps,          ///< the model has no steps
+  NoAttributes,     ///< the model has no attribute of the family
+  NameInUse,        ///< an attribute of that name exists
+  UnknownStep,      ///< no step of that name
+  Suppressed,       ///< a suppressed attribute is edited
+  AmplitudeName,    ///< a text that cannot be an amplitude's name
+  AmplitudeValue,   ///< an amplitude that the model does not know, or no text at all
+  FieldUnknown,     ///< a field that the model does not know
+  NotInStep,        ///< the attribute is not active in the step in which it is edited
+  ReadOnlyInStep,   ///< it is, but cannot be edited there
+  InInitialStep,    ///< one is created in the initial step, and the family has none there
+};
+
+/// Members by name, as a command gives them.
+using kprC_Arguments = std::vector<std::pair<std::string, cls_Value>>;
+
+/// One step-dependent attribute of any family, as repositories, stores and commands see it. The families' operations,
+/// with their refusals, come from kprC_StepAttribute.
+class DDB_API kprC_StepDependent : public cls_Object {
+public:
+  cow_String const& Name() const { return name_; }
+  void SetName(cow_String name) { name_ = std::move(name); }
+
+  virtual bool IsSuppressed() const = 0;
+  /// Suppresses the whole attribute; its history stays.
+  virtual void Suppress() = 0;
+  /// Takes the attribute back into the analysis and forms its history anew.
+  virtual void Resume() = 0;
+
+  virtual kprC_StepTable const& Steps() const = 0;
+  virtual mdl_PropagationStatusEnm Status(cow_String const& step) const = 0;
+  virtual mdl_PropagationStatusEnm StatusAt(std::size_t index) const = 0;
+  /// All statuses in step order. Linear in the steps.
+  virtual cow_List<mdl_PropagationStatusEnm> History() const = 0;
+  /// The state in force in a step; null before the creation.
+  virtual cls_Object const* StateAt(std::size_t index) const = 0;
+  /// Name of the first step whose record holds a state; empty when none does.
+  virtual cow_String CreateStepName() const = 0;
+  virtual bool IsMember(cow_String const& step) const = 0;
+  /// Whether the attribute is in force in the step.
+  virtual bool IsActiveIn(cow_String const& step) const = 0;
+  virtual bool IsEditable(cow_String const& step) const = 0;
+  /// \p step where it can be edited, else the create step.
+  virtual cow_String GetEditableStepName(cow_String const& step) const = 0;
+
+  /// Sets members of the state of \p step by name and forms the history anew. Names that the state does not have are
+  /// looked for in the attribute. False when neither knows one; nothing has changed then.
+  virtual bool SetInStep(cow_String const& step, kprC_Arguments const& members, std::string* unknown) = 0;
+  virtual bool Remove(cow_String const& step) = 0;
+  virtual void Deactivate(cow_String const& step) = 0;
+  virtual void Reset(cow_String const& step) = 0;
+  virtual void Move(cow_String const& fromStep, cow_String const& toStep) = 0;
+  /// Whether the type may stand in a step of \p procedureType (0: the initial step): created or moved there, or \p carried
+  /// into it.
+  virtual bool Admits(unsigned procedureType, bool carried) const = 0;
+  /// Checks again after the procedures of the steps have changed.
+  virtual void UpdateStates() = 0;
+  /// Re-checks every record against its step; raises the first refusal. Nothing while suppressed.
+  virtual void AssertValid() const = 0;
+  /// Refuses what does not go with what \p model holds beside the steps: its space, its connectors and what they offer. Asked
+  /// of an attribute that is not suppressed, after every edit of it or of what it refers to.
+  virtual void AssertInModel(ddr_Model const& /*model*/) const {}
+
+  virtual cow_1DArrayList<cow_String> Amplitudes() const = 0;
+  virtual cls_xoList<rgnC_Region> Regions(rgnC_RegionType type) const = 0;
+  /// Name of the field that the attribute is distributed by; empty when it is not.
+  virtual cow_String FieldName() const = 0;
+
+  /// Names of the connectors that the attribute acts on.
+  virtual cow_List<cow_String> Connectors() const { return {}; }
+
+  /// The name of the command that makes such an attribute.
+  virtual std::string ConstructionName() const = 0;
+  /// The type's label.
+  virtual std::string Label() const = 0;
+
+private:
+  template <class> friend class kprC_PropagatingContainer;
+  friend class kprC_StepAwareRepository;
+
+  // the repository's calls
+  virtual void Initialize(kprC_StepTable const& steps) = 0;
+  virtual void InitializeStateValues(kprC_StepTable const& steps) = 0;
+  virtual void InsertStep(std::size_t index, kprC_StepTable const& steps) = 0;
+  virtual void RemoveStep(std::size_t index, kprC_StepTable const& steps) = 0;
+  virtual void RenameStep(kprC_StepTable const& steps) = 0;
+  /// \p bare is the sequence with no procedure at \p index.
+  virtual void ReplaceStep(std::size_t index, kprC_StepTable const& bare) = 0;
+  /// Takes \p steps, the same steps with other procedure objects.
+  virtual void AttachSteps(kprC_StepTable const& steps) = 0;
+  /// Takes \p steps for a history that was read, and refuses one that does not follow from its own records.
+  virtual void RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable const& steps) = 0;
+
+  cow_String name_;  // the key in the repository, not a stored member
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "framework/ddb_Module.h"
+#include "framework/ddr_Model.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
+#include "platform/BasicUtils/nex_ErrorTable.h"
+
+/// Start of a family's module: enters it, gives every model an empty repository of \p Attribute under \p extension,
+/// publishes its refusals and runs \p metadata. Counted.
+template <class Attribute, class Metadata>
+void ddb_EnterFamily(int& count, unsigned number, std::string_view extension, std::span<nex_ErrorRow const> refusals, Metadata&& metadata) {
+  ddb_EnterModule<Attribute>(count, number, Attribute::kModule, [&] {
+    mdl_ExtensionSubject::RegisterExtension(extension, cow_Handle<kprC_PropagatingContainer<Attribute>>::Make());
+    thr_GlobalSingleton<nex_Catalogues>::Instance().Register({Attribute::kModule, refusals});
+    metadata();
+  });
+}
+
+/// Stop of a family's module, mirroring its start.
+template <class Attribute> void ddb_LeaveFamily(int& count, unsigned number, std::string_view extension) {
+  ddb_LeaveModule<Attribute>(count, number, [&] {
+    thr_GlobalSingleton<nex_Catalogues>::Instance().Withdraw(Attribute::kModule);
+    mdl_ExtensionSubject::UnregisterExtension(extension);
+  });
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "module/kpr/engine/kprC_State.h"
+#include "module/kpr/procedures/kprC_Procedures.h"
+
+// procedures in whose steps an amplitude, a complex value or a magnitude means nothing or something
+inline constexpr kprC_ProcedureSet kprC_noAmplitude = {kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency,
+                                                       kprC_ProcedureType::StaticRiks, kprC_ProcedureType::StaticLinearPerturbation,
+                                                       kprC_ProcedureType::ComplexFrequency};
+inline constexpr kprC_ProcedureSet kprC_complex = {kprC_ProcedureType::SteadyStateDirect};
+inline constexpr kprC_ProcedureSet kprC_noMagnitude = {kprC_ProcedureType::Frequency, kprC_ProcedureType::ComplexFrequency};
+
+/// Base of the states of families whose values an amplitude may scale over a step. \p Assert raises the family's refusals.
+template <auto Assert> class kprC_AmplitudeState : public kprC_State {
+public:
+  static constexpr omn_FixedString amplitudeCmd() { return "amplitude"; }
+  static constexpr omn_FixedString deactivateCmd() { return "deactivate"; }
+
+  mdl_PropAttr<cow_String> amplitude;  ///< name of the amplitude that varies the values over the step
+
+  cow_String AmplitudeName() const override { return amplitude.HasValue() ? amplitude.ConstGet() : cow_String(); }
+
+  /// False for the initial step and for buckle, frequency, static Riks, static linear perturbation and complex frequency.
+  bool UseAmplitude(unsigned procedureType) const override { return procedureType != 0 && !kprC_noAmplitude.Contains(procedureType); }
+  /// True for steady-state direct only.
+  bool UseComplex(unsigned procedureType) const override { return kprC_complex.Contains(procedureType); }
+  /// False for frequency and complex frequency.
+  bool UseMagnitude(unsigned procedureType) const override { return !kprC_noMagnitude.Contains(procedureType); }
+  /// Drops an amplitude that a step of \p procedureType has no use for.
+  void ChangeProcedureType(unsigned procedureType) override {
+    if (!UseAmplitude(procedureType)) { amplitude = mdl_Unset; }
+  }
+
+protected:
+  [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override {
+    if (text.refusal >= 0) { Raise(Assert, text.refusal); }
+    kprC_State::RefuseValue(name, text, expected);
+  }
+
+private:
+  template <class Error> static void Raise(void (*refuse)(bool, Error), int code) { refuse(false, static_cast<Error>(code)); }
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <array>
+
+#include "module/kpr/engine/kprC_StepAttribute.h"
+#include "module/kpr/procedures/kprC_Procedures.h"
+
+/// What the families' rules say of procedures, as far as a family has nothing else to say.
+struct kprC_ProcedureRules {
+  /// A procedure is a perturbation procedure or a general one.
+  static constexpr kprC_StepKind Kind(unsigned procedureType) {
+    return kprC_perturbationProcedures.Contains(procedureType) ? kprC_StepKind::Perturbation : kprC_StepKind::General;
+  }
+  static constexpr bool IsFrequency(unsigned procedureType) { return procedureType == kprC_ProcedureType::Frequency; }
+  static constexpr bool IsAnneal(unsigned procedureType) { return procedureType == kprC_ProcedureType::Anneal; }
+
+  /// The procedures that nothing is moved into, in the order in which they are asked, each with its refusal. The last four
+  /// are perturbation procedures and not reached behind the first.
+  template <class Error>
+  static constexpr auto MoveTargets(Error perturbation, Error anneal, Error modalDynamics, Error randomResponse, Error responseSpectrum,
+                                    Error steadyStateModal) {
+    return std::to_array<kprC_MoveTarget<kprC_ProcedureSet, Error>>({
+        {kprC_perturbationProcedures, perturbation},
+        {{kprC_ProcedureType::Anneal}, anneal},
+        {{kprC_ProcedureType::ModalDynamics}, modalDynamics},
+        {{kprC_ProcedureType::RandomResponse}, randomResponse},
+        {{kprC_ProcedureType::ResponseSpectrum}, responseSpectrum},
+        {{kprC_ProcedureType::SteadyStateModal}, steadyStateModal},
+    });
+  }
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "module/kpr/family/kprC_Admission.h"
+#include "module/kpr/family/kprC_ProcedureRules.h"
+
+/// A family's refusals of an attribute in a load case.
+template <class Error> struct kprC_LoadCaseRefusals {
+  Error notActive;
+  Error type;    ///< of a type that no load case takes
+  Error notYet;  ///< of a type that load cases do not yet support
+};
+
+/// An attribute of a family whose types stand in a table: Rules::Types() gives rows of Rules::TypeRow, Rules::kLoadCase the
+/// refusals.
+template <class Rules> class kprC_TypedAttribute : public kprC_StepAttribute<Rules> {
+public:
+  using CategoryEnm = decltype(Rules::TypeRow::category);
+
+  CategoryEnm Category() const { return Type().category; }
+  /// Whether a load case may use attributes of this type.
+  bool AllowedInALoadCase() const { return Type().loadCase != kprC_LoadCase::Refused; }
+  /// Whether load cases do not yet support this type.
+  bool NYIForLoadCase() const { return Type().loadCase == kprC_LoadCase::NotYet; }
+  /// Whether a load case of \p step may use this attribute. With \p raise a no is refused: not active there or suppressed,
+  /// of a type that load cases do not take, of one that they do not yet support.
+  bool ValidInALoadCase(cow_String const& step, bool raise) const {
+    auto const holds = [raise](bool condition, typename Rules::Error code) {
+      if (raise) { Rules::Assert(condition, code); }
+      return condition;
+    };
+    bool const active = !this->suppress_ && this->IsMember(step) && this->IsActiveIn(step);
+    return holds(active, Rules::kLoadCase.notActive) && holds(AllowedInALoadCase(), Rules::kLoadCase.type) &&
+           holds(!NYIForLoadCase(), Rules::kLoadCase.notYet);
+  }
+
+protected:
+  /// The type's row.
+  virtual typename Rules::TypeRow const& Type() const { return *kprC_FindType(Rules::Types(), this->DynTypeId()); }
+};

@@ -1,8 +1,0 @@
-#include "module/kpr/kprC_SteadyStateDirectStep.h"
-
-#include "module/kpr/kprC_StepChecks.h"
-
-kprC_SteadyStateDirectStep::kprC_SteadyStateDirectStep() = default;
-kprC_SteadyStateDirectStep::kprC_SteadyStateDirectStep(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
-
-void kprC_SteadyStateDirectStep::AssertValid() const { kprC_AssertRanges(frequencyRange); }

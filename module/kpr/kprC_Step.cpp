@@ -1,8 +1,0 @@
-#include "module/kpr/kprC_Step.h"
-
-#include "module/kpr/kprC_assert.h"
-
-void kprC_Step::RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const {
-  if (text.refusal >= 0) { kprC_Assert(false, static_cast<kprC_ErrorEnm>(text.refusal)); }
-  kprC_Procedure::RefuseValue(name, text, expected);
-}

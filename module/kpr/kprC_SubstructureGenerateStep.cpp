@@ -1,4 +1,0 @@
-#include "module/kpr/kprC_SubstructureGenerateStep.h"
-
-kprC_SubstructureGenerateStep::kprC_SubstructureGenerateStep() = default;
-kprC_SubstructureGenerateStep::kprC_SubstructureGenerateStep(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }

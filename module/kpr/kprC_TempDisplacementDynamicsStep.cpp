@@ -1,8 +1,0 @@
-#include "module/kpr/kprC_TempDisplacementDynamicsStep.h"
-
-#include "module/kpr/kprC_StepChecks.h"
-
-kprC_TempDisplacementDynamicsStep::kprC_TempDisplacementDynamicsStep() = default;
-kprC_TempDisplacementDynamicsStep::kprC_TempDisplacementDynamicsStep(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
-
-void kprC_TempDisplacementDynamicsStep::AssertValid() const { kprC_AssertExplicit(timePeriod, *this); }

@@ -1,0 +1,14 @@
+#include "module/kpr/steps/kprC_HeatTransferStep.h"
+
+#include "module/kpr/steps/kprC_StepChecks.h"
+
+kprC_HeatTransferStep::kprC_HeatTransferStep() = default;
+kprC_HeatTransferStep::kprC_HeatTransferStep(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
+
+void kprC_HeatTransferStep::AssertValid() const {
+  using enum kprC_ErrorEnm;
+  kprC_AssertGeneral(*this);
+  if (kprC_IsControlled(*this)) { kprC_AssertThermal(*this); }
+  bool const isTransient = response == ResponseEnm::TRANSIENT;
+  kprC_Assert(!isTransient || matrixSolver != MatrixSolverEnm::DDM_ITERATIVE, IterativeSolverTransientHeat);
+}

@@ -1,0 +1,131 @@
+#include "text/Text.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <numeric>
+
+namespace gattr {
+
+namespace {
+
+constexpr std::size_t kLongestShown = 80;
+
+/// The length of the well-formed UTF-8 character that \p text starts with; 0 when it starts with none.
+std::size_t CharacterSize(std::string_view text) {
+  auto const byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
+  unsigned const first = byte(0);
+  if (first < 0x80) { return 1; }
+  std::size_t const size = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+  if (first < 0xC2 || first > 0xF4) { return 0; }
+  for (std::size_t i = 1; i < size; ++i) {
+    if ((byte(i) & 0xC0) != 0x80) { return 0; }
+  }
+  unsigned const second = byte(1);
+  bool const overlong = (first == 0xE0 && second < 0xA0) || (first == 0xF0 && second < 0x90);
+  bool const surrogate = first == 0xED && second >= 0xA0;
+  bool const beyond = first == 0xF4 && second >= 0x90;
+  return overlong || surrogate || beyond ? 0 : size;
+}
+
+char Lower(char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); }
+
+/// Edits that turn \p a into \p b: Levenshtein's, with the exchange of neighbours (optimal string alignment).
+std::size_t Distance(std::string_view a, std::string_view b) {
+  std::vector<std::size_t> before(b.size() + 1), last(b.size() + 1), now(b.size() + 1);
+  std::iota(last.begin(), last.end(), 0U);
+  for (std::size_t i = 1; i <= a.size(); ++i) {
+    now[0] = i;
+    for (std::size_t j = 1; j <= b.size(); ++j) {
+      bool const same = Lower(a[i - 1]) == Lower(b[j - 1]);
+      now[j] = std::min({last[j] + 1, now[j - 1] + 1, last[j - 1] + (same ? 0 : 1)});
+      bool const exchanged = i > 1 && j > 1 && Lower(a[i - 1]) == Lower(b[j - 2]) && Lower(a[i - 2]) == Lower(b[j - 1]);
+      if (exchanged) { now[j] = std::min(now[j], before[j - 2] + 1); }
+    }
+    before.swap(last);
+    last.swap(now);
+  }
+  return last[b.size()];
+}
+
+}  // namespace
+
+std::string Quoted(std::string_view text) {
+  std::string quoted = "\"";
+  while (!text.empty()) {
+    if (quoted.size() > kLongestShown) { return quoted + "...\""; }
+    std::size_t const size = CharacterSize(text);
+    unsigned const first = static_cast<unsigned char>(text[0]);
+    bool const c1 = size == 2 && first == 0xC2 && static_cast<unsigned char>(text[1]) < 0xA0;  // control characters too
+    if (text[0] == '\n') {
+      quoted += "\\n";
+    } else if (size == 0 || c1 || first < 0x20 || first == 0x7F) {
+      char escaped[8];
+      std::snprintf(escaped, sizeof escaped, "\\u%04x", c1 ? static_cast<unsigned char>(text[1]) : first);
+      quoted += escaped;
+    } else {
+      quoted += text.substr(0, size);
+    }
+    text.remove_prefix(std::max<std::size_t>(size, 1));
+  }
+  return quoted + "\"";
+}
+
+std::string OneLine(std::string_view text) {
+  std::string line;
+  for (char const c : text) {
+    bool const blank = c == ' ' || c == '\n' || c == '\t' || c == '\r';
+    if (!blank) {
+      line += c;
+    } else if (!line.empty() && line.back() != ' ') {
+      line += ' ';
+    }
+  }
+  return line;
+}
+
+std::string QuotedList(std::span<std::string const> names, std::size_t shown) {
+  std::string list;
+  for (std::size_t i = 0; i < std::min(names.size(), shown); ++i) { list += (i == 0 ? "" : ", ") + Quoted(names[i]); }
+  if (names.size() > shown) { list += " and " + std::to_string(names.size() - shown) + " more"; }
+  return list;
+}
+
+std::string Nearest(std::string_view text, std::span<std::string const> names) {
+  constexpr std::size_t kLongestCompared = 200;
+  if (text.size() > kLongestCompared) { return {}; }
+  std::string nearest;
+  std::size_t least = std::max<std::size_t>(2, text.size() / 3) + 1;
+  for (std::string const& name : names) {
+    std::size_t const apart = name.size() > text.size() ? name.size() - text.size() : text.size() - name.size();
+    if (apart >= least) { continue; }
+    std::size_t const distance = Distance(text, name);
+    if (distance < least && distance < name.size()) {
+      least = distance;
+      nearest = name;
+    }
+  }
+  if (!nearest.empty() || text.size() < 3) { return nearest; }
+  for (std::string const& name : names) {  // a text that somebody left off
+    bool const begins = name.size() > text.size() && std::ranges::equal(text, name.substr(0, text.size()), {}, Lower, Lower);
+    if (begins && (nearest.empty() || name.size() < nearest.size())) { nearest = name; }
+  }
+  return nearest;
+}
+
+std::string Suggestion(std::string_view text, std::span<std::string const> names, std::string_view known) {
+  if (std::string const nearest = Nearest(text, names); !nearest.empty()) { return "Did you mean " + Quoted(nearest) + "?"; }
+  if (names.empty()) { return "There are none."; }
+  return std::string(known) + ": " + QuotedList(names) + ".";
+}
+
+bool IsUtf8(std::string_view text) {
+  while (!text.empty()) {
+    std::size_t const size = CharacterSize(text);
+    if (size == 0) { return false; }
+    text.remove_prefix(size);
+  }
+  return true;
+}
+
+}  // namespace gattr
