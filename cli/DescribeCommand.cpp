@@ -45,7 +45,7 @@ Json ToJson(Description const& description) {
   return json;
 }
 
-std::string PresetText(Description::Entry const& entry) {
+std::string PresetText(ArgumentInfo const& entry) {
   if (entry.required) { return "required"; }
   if (entry.preset.is_null()) { return "-"; }
   auto const* text = entry.preset.get_ptr<std::string const*>();

@@ -14,7 +14,7 @@
 namespace gattr::cli {
 namespace {
 
-constexpr char const* kFooter = R"(Examples:
+constexpr char const* kProgramFooter = R"(Examples:
   gattr replay forming.jsonl -o forming.gadb    run a journal of commands, keep the model
   gattr history forming.gadb                    what every condition does in every step
   gattr describe DisplacementBC                 what a command takes and where it is admitted
@@ -63,7 +63,7 @@ int Run(int argc, char** argv) {
   CLI::App program(
       "Sets up analysis models step by step: boundary conditions, the history of each over all steps, and why an edit is refused.",
       "gattr");
-  program.footer(kFooter)->require_subcommand(1);
+  program.footer(kProgramFooter)->require_subcommand(1);
   program.set_version_flag("--version", "gattr " GATTR_VERSION, "Print the version and exit");
   program.get_formatter()->column_width(30);
   program.get_formatter()->label("REQUIRED", "");

@@ -61,7 +61,4 @@ private:
 /// Refuses an edit that the model as it stands does not allow.
 [[noreturn]] void RefuseEdit(Subject& subject, std::string const& text, std::string hint = {});
 
-/// A JSON value as members take it.
-cls_Value ToValue(Json const& json);
-
 }  // namespace gattr

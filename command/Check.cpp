@@ -5,8 +5,6 @@
 #include <utility>
 
 #include "command/Command.h"
-#include "framework/ddr_ModelMembers.h"
-#include "module/kfd/kfdC_Field.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
@@ -31,7 +29,6 @@ Refusal Unknown(std::string_view kind, std::string_view name) {
 }
 
 void CheckSteps(ddr_Model const& model, std::vector<Finding>& findings) {
-  auto const& regions = model.ConstGet<ddr_RegionMap>(ddr_Model::regionsCmd());
   kprC_StepContainer const& steps = kprC_Steps(model);
   std::string const kind(kprC_Step::stepCmd().View());
   kprC_StepSequencer sequencer(true);
@@ -45,9 +42,7 @@ void CheckSteps(ddr_Model const& model, std::vector<Finding>& findings) {
       if (auto refusal = RefusalBy([&] { sequencer.Append(type); })) { add(*std::move(refusal), sequencer.WhyNot(type)); }
     }
     if (auto refusal = RefusalBy([&] { steps.Step(i).AssertValid(); })) { add(*std::move(refusal), {}); }
-    for (std::string const& region : RegionsOf(steps.Step(i))) {
-      if (!regions.IsMember(region)) { add(Unknown("region", region), {}); }
-    }
+    ForEachUnknown(model, steps.Step(i), [&](ReferenceKind const& of, std::string_view unknown) { add(Unknown(of.kind, unknown), {}); });
   }
 }
 
@@ -82,15 +77,6 @@ private:
   void Add(Refusal refusal, std::string step, std::string detail = {}) {
     findings_.push_back({kind_, name_, std::move(step), std::move(refusal), std::move(detail), suppressed_});
   }
-  void AddUnknown(std::string_view kind, std::string_view name, std::optional<kprC_EditRefusal> numbered) {
-    Refusal unknown = Unknown(kind, name);
-    if (numbered) {
-      Add(*RefusalBy([&] { repository_.Refuse(*numbered); }), {}, unknown.message);
-    } else {
-      Add(std::move(unknown), {});
-    }
-  }
-
   /// The shortest beginning of the step sequence in which the attribute is refused ends with the step at fault: what a record
   /// holds follows from the steps up to its own.
   std::string FirstInvalidStep(kprC_StepDependent& item) const {
@@ -122,24 +108,14 @@ private:
   }
 
   void CheckReferences(kprC_StepDependent const& item) {
-    auto const& regions = model_.ConstGet<ddr_RegionMap>(ddr_Model::regionsCmd());
-    for (auto const type : {rgnC_Set, rgnC_Surface}) {
-      for (rgnC_Region const& region : item.Regions(type)) {
-        if (!regions.IsMember(region.Name())) { AddUnknown("region", region.Name(), std::nullopt); }
+    ForEachUnknown(model_, item, [&](ReferenceKind const& kind, std::string_view name) {
+      Refusal unknown = Unknown(kind.kind, name);
+      if (auto const code = UnknownCode(repository_.EditRefusals(), kind.reference)) {
+        Add(*RefusalBy([&] { repository_.Refuse(*code); }), {}, unknown.message);
+      } else {
+        Add(std::move(unknown), {});
       }
-    }
-    auto const& amplitudes = model_.ConstGet<ddr_AmplitudeMap>(ddr_Model::amplitudesCmd());
-    for (cow_String const& amplitude : item.Amplitudes()) {
-      if (!amplitudes.IsMember(amplitude)) { AddUnknown("amplitude", amplitude, kprC_EditRefusal::AmplitudeValue); }
-    }
-    auto const& connectors = model_.ConstGet<ddr_ConnectorMap>(ddr_Model::connectorsCmd());
-    for (cow_String const& connector : item.Connectors()) {
-      if (!connectors.IsMember(connector)) { AddUnknown("connector", connector, std::nullopt); }
-    }
-    auto const& fields = model_.ConstGet<kfdC_FieldMap>(ddr_Model::fieldsCmd());
-    if (!item.FieldName().IsEmpty() && !fields.IsMember(item.FieldName())) {
-      AddUnknown("field", item.FieldName(), kprC_EditRefusal::FieldUnknown);
-    }
+    });
   }
 
   /// Compares with the history that the model's steps give to a copy.

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <functional>
+#include <span>
 #include <string_view>
 #include <vector>
 
 #include "command/Arguments.h"
+#include "command/Members.h"
 #include "command/Session.h"
+#include "framework/mdl_MapString2ObjCow.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/steps/kprC_Step.h"
 
@@ -27,17 +31,15 @@ struct AttributeTarget {
   cow_String name;
 };
 
-/// A kind of objects that attributes refer to by name: regions, amplitudes, connectors, fields.
+/// A kind of objects that attributes and steps refer to by name, and where the model keeps them.
 struct ReferenceKind {
-  std::string_view kind;  ///< "region", as commands name one
-  std::vector<std::string> (*names)(ddr_Model const& model);
-  /// The object of that name, or null.
-  cls_Object const* (*find)(ddr_Model const& model, std::string_view name);
-  /// Puts a copy of \p object, with an identity of its own, under \p name.
-  void (*put)(ddr_Model& model, cow_String const& name, cls_Object const& object);
-  void (*remove)(ddr_Model& model, cow_String const& name);
-  /// Whether the attribute refers to the object of that name.
-  bool (*uses)(kprC_StepDependent const& item, std::string_view name);
+  cls_Reference reference;
+  std::string_view kind;       ///< "region", as commands name one
+  std::string_view extension;  ///< member name of the model's map
+  std::string_view known;      ///< what a message calls those that there are: "Amplitudes"
+
+  mdl_NamedObjects const& In(ddr_Model const& model) const { return model.ConstGet<mdl_NamedObjects>(extension); }
+  mdl_NamedObjects& In(ddr_Model& model) const { return model.Get<mdl_NamedObjects>(extension); }
 };
 
 /// A command on an object that it names by kind, and what it does to each kind; null where the kind does not know it.
@@ -49,6 +51,19 @@ struct ObjectCommand {
   void (*onStep)(Call& call, cow_String const& name) = nullptr;
   void (*onReference)(Call& call, ReferenceKind const& kind, cow_String const& name) = nullptr;
 };
+
+/// An argument that is none of an object's members.
+inline ArgumentInfo Optional(std::string_view name, std::string_view meaning) {
+  ArgumentInfo info;
+  info.name = name;
+  info.meaning = meaning;
+  return info;
+}
+inline ArgumentInfo Required(std::string_view name, std::string_view meaning) {
+  ArgumentInfo info = Optional(name, meaning);
+  info.required = true;
+  return info;
+}
 
 // Each file of commands offers what it constructs: the descriptions, and to run one; false when the command is none of its.
 std::vector<CommandInfo> StepConstructions();
@@ -63,11 +78,6 @@ void SetStepValues(Call& call, cow_String const& name);
 void RenameStep(Call& call, cow_String const& name);
 void DeleteStep(Call& call, cow_String const& name);
 void ReplaceStep(Call& call, cow_String const& name);
-
-/// Names of the regions that a member of a step names, in the records of a list too.
-std::vector<std::string> RegionsOf(kprC_Step const& step, cls_MemberInfo const& member);
-/// The same of all its members.
-std::vector<std::string> RegionsOf(kprC_Step const& step);
 
 // commands on an attribute
 void SetAttributeValues(Call& call, AttributeTarget const& target);
@@ -84,14 +94,25 @@ void DeleteAttribute(Call& call, AttributeTarget const& target);
 /// Asks an attribute, unless it is suppressed, whether it goes with the model as the command leaves it.
 void AssertInModel(Call const& call, kprC_StepDependent const& item);
 
-// commands on what attributes refer to
-std::vector<ReferenceKind> const& ReferenceKinds();
-ReferenceKind const& ReferenceKindOf(std::string_view kind);
+// commands on what attributes and steps refer to
+std::span<ReferenceKind const> ReferenceKinds();
+/// The kind of what a member names; null where the model keeps nothing of that kind.
+ReferenceKind const* FindReferenceKind(cls_Reference reference);
 /// The object of that name. Refused with the nearest name where the model has none.
 cls_Object const& Referred(Call& call, ReferenceKind const& kind, std::string_view name);
 void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const& name);
 void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& name);
 void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& name);
+
+/// Completes the values of members that name something of the model, in lists and nested objects too, and refuses what the
+/// model does not have: by the number of \p repository's family where that has one.
+void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, std::vector<MemberArgument> const& settable,
+                       kprC_Arguments& members);
+/// The family's refusal of a name of that kind that the model does not have; nothing where it has no number for it.
+std::optional<int> UnknownCode(kprC_EditRefusalCodes const& codes, cls_Reference reference);
+/// Calls \p visit for what \p object names, each name of a kind once, that the model keeps no object of.
+void ForEachUnknown(ddr_Model const& model, cls_Object const& object,
+                    std::function<void(ReferenceKind const& kind, std::string_view name)> const& visit);
 
 /// The commands on objects, in the order of help.
 std::vector<ObjectCommand> const& ObjectCommands();

@@ -18,12 +18,6 @@ std::string ShownValue(cls_Value const& value) {
   return value.IsNull() ? "null" : "an object";
 }
 
-/// Whether the value is one of the words that a propagating member takes for its state.
-bool IsStateWord(cls_Value const& value) {
-  auto const* text = value.As<std::string>();
-  return text != nullptr && (*text == "UNSET" || *text == "FREED" || *text == "PROPAGATED");
-}
-
 /// Whether the member is a list of objects that are given as named members.
 bool IsOfObjects(cls_MemberInfo const& info) {
   return info.many && info.kind == cls_MemberKind::Object && info.typeId != rgnC_Region::TypeId();
@@ -55,10 +49,12 @@ bool Takes(cls_Object& object, std::string_view member, cls_Value const& value) 
 
 cls_ClassMetadata const& ClassOf(cls_Object const& object) { return *cls_MetadataRegistrar::Registrar().Find(object.DynTypeId()); }
 
-std::vector<MemberArgument> MemberArguments(cls_Object const& object, std::vector<std::string_view> const& hidden) {
+bool IsStateWord(std::string_view text) { return text == "UNSET" || text == "FREED" || text == "PROPAGATED"; }
+
+std::vector<MemberArgument> MemberArguments(cls_Object const& object) {
   std::vector<MemberArgument> arguments;
   for (cls_MemberInfo const& info : ClassOf(object).members) {
-    if (std::ranges::find(hidden, info.name) == hidden.end()) { arguments.push_back({info.name, &info}); }
+    if (info.settable) { arguments.push_back({info.command, &info}); }
   }
   return arguments;
 }
@@ -75,9 +71,52 @@ std::vector<std::string> ArgumentNames(std::vector<MemberArgument> const& argume
   return names;
 }
 
-ArgumentInfo Describe(MemberArgument const& argument, bool required) {
-  cls_MemberInfo const& info = *argument.info;
-  return {argument.argument, info.meaning, info.unit, info.permissible, required};
+std::string TypeText(cls_MemberInfo const& info) {
+  std::string type;
+  switch (info.kind) {
+    case cls_MemberKind::Integer: type = "integer"; break;
+    case cls_MemberKind::Real: type = "number"; break;
+    case cls_MemberKind::String: type = "text"; break;
+    case cls_MemberKind::Boolean: type = "boolean"; break;
+    case cls_MemberKind::Enumerated: type = "choice"; break;
+    case cls_MemberKind::Object: {
+      cls_ClassMetadata const* held = info.typeId == 0 ? nullptr : cls_MetadataRegistrar::Registrar().Find(info.typeId);
+      type = held == nullptr ? "object" : held->name;
+    }
+  }
+  return info.table ? "table of " + type : info.many ? "list of " + type : type;
+}
+
+namespace {
+
+/// \p presets may be null.
+ArgumentInfo Described(cls_MemberInfo const& info, cls_Object const* presets) {
+  ArgumentInfo described;
+  described.name = info.name;
+  described.meaning = info.meaning;
+  described.unit = info.unit;
+  described.permissible = info.permissible;
+  described.type = TypeText(info);
+  described.perStep = info.propagating;
+  bool const plain = presets != nullptr && !info.many && info.kind != cls_MemberKind::Object;
+  if (plain) { described.preset = ToJson(presets->Member(info.name)); }
+  return described;
+}
+
+}  // namespace
+
+ArgumentInfo Describe(MemberArgument const& argument, cls_Object const& object, bool required) {
+  ArgumentInfo described = Described(*argument.info, &object);
+  described.name = argument.argument;
+  described.required = required;
+  return described;
+}
+
+std::vector<ArgumentInfo> MembersOf(cls_ClassMetadata const& metadata) {
+  std::unique_ptr<cls_Object> const object = metadata.make == nullptr ? nullptr : metadata.make();
+  std::vector<ArgumentInfo> members;
+  for (cls_MemberInfo const& info : metadata.members) { members.push_back(Described(info, object.get())); }
+  return members;
 }
 
 std::string ExpectedValue(cls_MemberInfo const& info) {
@@ -136,7 +175,10 @@ void ExplainValues(Subject& subject, cls_Object const& object, std::vector<Membe
       subject.hint = "Expected " + ExpectedValue(*argument->info) + ".";
       throw;
     }
-    auto const word = std::ranges::find_if(members, [](auto const& member) { return IsStateWord(member.second); });
+    auto const word = std::ranges::find_if(members, [](auto const& member) {
+      auto const* text = member.second.template As<std::string>();
+      return text != nullptr && IsStateWord(*text);
+    });
     if (word != members.end()) { subject.member = word->first; }
     throw;
   }

@@ -19,11 +19,19 @@ struct MemberArgument {
 /// The description of a class; must be a registered one.
 cls_ClassMetadata const& ClassOf(cls_Object const& object);
 
-/// The members of \p object that commands may set, but for the \p hidden ones.
-std::vector<MemberArgument> MemberArguments(cls_Object const& object, std::vector<std::string_view> const& hidden = {});
+/// The members of \p object that commands may set.
+std::vector<MemberArgument> MemberArguments(cls_Object const& object);
 MemberArgument const* FindArgument(std::vector<MemberArgument> const& arguments, std::string_view name);
 std::vector<std::string> ArgumentNames(std::vector<MemberArgument> const& arguments);
-ArgumentInfo Describe(MemberArgument const& argument, bool required = false);
+/// What help tells of an argument; \p object has its default.
+ArgumentInfo Describe(MemberArgument const& argument, cls_Object const& object, bool required = false);
+/// All members of a class under their own names.
+std::vector<ArgumentInfo> MembersOf(cls_ClassMetadata const& metadata);
+/// "number", "list of text", a class's name.
+std::string TypeText(cls_MemberInfo const& info);
+
+/// Whether a propagating member takes the text for its state: "UNSET", "FREED", "PROPAGATED".
+bool IsStateWord(std::string_view text);
 
 /// What fits the member: "a finite number, "UNSET" or "FREED"".
 std::string ExpectedValue(cls_MemberInfo const& info);

@@ -9,10 +9,8 @@ namespace gattr {
 
 namespace {
 
-ArgumentInfo Required(char const* name, char const* meaning) { return {name, meaning, "", {}, true}; }
-
 ArgumentInfo StepName(char const* meaning = "the step") { return Required("stepName", meaning); }
-ArgumentInfo MembersOf(char const* meaning) { return {"<member>", meaning, "", {}, false}; }
+ArgumentInfo AnyMember(char const* meaning) { return Optional("<member>", meaning); }
 
 /// Takes the object's name and sets the subject.
 cow_String Named(Call& call, std::string_view kind) {
@@ -63,7 +61,8 @@ bool RunOnAttribute(Call& call, ObjectCommand const& command) {
     if (item == nullptr) {
       call.subject.hint = Suggestion(name, Texts(repository.Keys()), "There are");
       call.subject.atFault = true;
-      repository.Refuse(repository.Size() == 0 ? kprC_EditRefusal::NoAttributes : kprC_EditRefusal::NoSuchAttribute);
+      kprC_EditRefusalCodes const& codes = repository.EditRefusals();
+      repository.Refuse(repository.Size() == 0 ? codes.noAttributes : codes.noSuchAttribute);
     }
     call.touched = {false, std::string(extension.View()), {name}};
     command.onAttribute(call, {extension, repository, *item, name});
@@ -87,13 +86,13 @@ std::vector<ObjectCommand> const& ObjectCommands() {
   static std::vector<ObjectCommand> const commands = {
       {"setValues",
        "sets members of an object; of an attribute, its own and those of its create step",
-       {MembersOf("a member of the object, as its construction takes it")},
+       {AnyMember("a member of the object, as its construction takes it")},
        &SetAttributeValues,
        &SetStepValues,
        &SetReferenceValues},
       {"setValuesInStep",
        "sets members of an attribute from a step on",
-       {StepName(), MembersOf(R"(a member of the attribute's state: a value, "UNSET" or "FREED")")},
+       {StepName(), AnyMember(R"(a member of the attribute's state: a value, "UNSET" or "FREED")")},
        &SetAttributeValuesInStep},
       {"deactivate", "switches an attribute off from a step on", {StepName()}, &DeactivateAttribute},
       {"reset", "takes back a deactivation", {StepName("the step of the deactivation")}, &ResetAttribute},
@@ -113,7 +112,7 @@ std::vector<ObjectCommand> const& ObjectCommands() {
        &DeleteReference},
       {"replace",
        "gives a step another procedure; what attributes say in the step is dropped",
-       {Required("procedure", "construction command of the new procedure"), MembersOf("a member of the new procedure")},
+       {Required("procedure", "construction command of the new procedure"), AnyMember("a member of the new procedure")},
        nullptr,
        &ReplaceStep},
   };

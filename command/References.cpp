@@ -1,12 +1,14 @@
 #include <algorithm>
 #include <iterator>
+#include <map>
+#include <set>
 
 #include "command/Command.h"
-#include "command/Members.h"
 #include "framework/ddr_ModelMembers.h"
 #include "module/kfd/kfdC_Field.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/records/kprC_TimePoint.h"
+#include "platform/CoreGeometry/dtmC_DatumRef.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -14,199 +16,220 @@ namespace gattr {
 namespace {
 
 constexpr char const* kGroup = "references";
-constexpr std::string_view kName = "name", kNewName = "newName", kRegion = "region";
+constexpr std::string_view kName = "name", kNewName = "newName";
 
-/// A kind whose objects, of class \p T, the model keeps in a \p Map under the member name \p Extension().
-template <class T, class Map, auto Extension>
-constexpr ReferenceKind Kind(std::string_view kind, bool (*uses)(kprC_StepDependent const&, std::string_view)) {
-  return {
-      .kind = kind,
-      .names = [](ddr_Model const& model) { return Texts(model.ConstGet<Map>(Extension()).Keys()); },
-      .find = [](ddr_Model const& model, std::string_view name) -> cls_Object const* {
-        return model.ConstGet<Map>(Extension()).ConstGet(name);
-      },
-      .put =
-          [](ddr_Model& model, cow_String const& name, cls_Object const& object) {
-            auto copy = cow_Handle<T>::Make(dynamic_cast<T const&>(object));
-            if constexpr (requires { copy.Get().name = name; }) { copy.Get().name = name; }
-            if constexpr (requires { copy->AssertValid(); }) { copy->AssertValid(); }
-            copy.Get().NewUid();
-            model.Get<Map>(Extension()).Insert(name, std::move(copy));
-          },
-      .remove = [](ddr_Model& model, cow_String const& name) { model.Get<Map>(Extension()).Remove(name); },
-      .uses = uses,
-  };
-}
-
-bool UsesRegion(kprC_StepDependent const& item, std::string_view name) {
-  return std::ranges::any_of(std::to_array({rgnC_Set, rgnC_Surface}), [&](rgnC_RegionType type) {
-    return std::ranges::any_of(item.Regions(type), [&](rgnC_Region const& region) { return region.Name() == name; });
-  });
-}
-bool UsesAmplitude(kprC_StepDependent const& item, std::string_view name) {
-  return std::ranges::any_of(item.Amplitudes(), [&](cow_String const& used) { return used == name; });
-}
-bool UsesConnector(kprC_StepDependent const& item, std::string_view name) {
-  return std::ranges::any_of(item.Connectors(), [&](cow_String const& used) { return used == name; });
-}
-bool IsNoUser(kprC_StepDependent const&, std::string_view) { return false; }
-bool UsesField(kprC_StepDependent const& item, std::string_view name) { return item.FieldName() == name; }
+constexpr ReferenceKind kKinds[] = {
+    {cls_Reference::Region, "region", ddr_Model::regionsCmd(), "There are"},
+    {cls_Reference::Amplitude, "amplitude", ddr_Model::amplitudesCmd(), "Amplitudes"},
+    {cls_Reference::Connector, "connector", ddr_Model::connectorsCmd(), "There are"},
+    {cls_Reference::Field, "field", ddr_Model::fieldsCmd(), "Fields"},
+    {cls_Reference::TimePoint, "timePoint", kprC_TimePoint::repositoryCmd(), "There are"},
+    {cls_Reference::CoordinateSystem, "coordinateSystem", ddr_Model::coordinateSystemsCmd(), "There are"},
+    {cls_Reference::Axis, "axis", ddr_Model::axesCmd(), "There are"},
+};
 
 /// A command that declares an object.
-struct ReferenceConstruction {
+struct Declaration {
   std::string_view command;
-  std::string_view kind;
+  cls_Reference reference;
   std::string_view meaning;
-  std::unique_ptr<cls_Object> (*make)(cow_String const& name);
+  std::unique_ptr<cls_Object> (*make)();
 };
 
-constexpr ReferenceConstruction kConstructions[] = {
-    {"Set", kRegion, "declares a set: a region of the model that attributes act on",
-     [](cow_String const& name) -> std::unique_ptr<cls_Object> { return std::make_unique<rgnC_Region>(name, rgnC_Set); }},
-    {"Surface", kRegion, "declares a surface: a region of the model that attributes act on",
-     [](cow_String const& name) -> std::unique_ptr<cls_Object> { return std::make_unique<rgnC_Region>(name, rgnC_Surface); }},
-    {"Amplitude", "amplitude", "declares a variation over time that attributes refer to by its name",
-     [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<ampC_Amplitude>(); }},
-    {"Connector", "connector", "declares a connector element and the components of relative motion that it offers",
-     [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<conC_Connector>(); }},
-    {kfdC_Field::constructorCmd(), "field", "declares a variation in space that attributes refer to by its name",
-     [](cow_String const&) -> std::unique_ptr<cls_Object> { return std::make_unique<kfdC_Field>(); }},
-    {kprC_TimePoint::constructorCmd(), "timePoint", "declares a sequence of times that output requests refer to by its name",
-     [](cow_String const& name) -> std::unique_ptr<cls_Object> { return std::make_unique<kprC_TimePoint>(name); }},
+template <class T> std::unique_ptr<cls_Object> Make() { return std::make_unique<T>(); }
+template <rgnC_RegionType Type> std::unique_ptr<cls_Object> MakeRegion() { return std::make_unique<rgnC_Region>(cow_String(), Type); }
+
+constexpr Declaration kDeclarations[] = {
+    {"Set", cls_Reference::Region, "declares a set: a region of the model that attributes act on", &MakeRegion<rgnC_Set>},
+    {"Surface", cls_Reference::Region, "declares a surface: a region of the model that attributes act on", &MakeRegion<rgnC_Surface>},
+    {"Amplitude", cls_Reference::Amplitude, "declares a variation over time that attributes refer to by its name", &Make<ampC_Amplitude>},
+    {"Connector", cls_Reference::Connector, "declares a connector element and the components of relative motion that it offers",
+     &Make<conC_Connector>},
+    {kfdC_Field::constructorCmd(), cls_Reference::Field, "declares a variation in space that attributes refer to by its name",
+     &Make<kfdC_Field>},
+    {kprC_TimePoint::constructorCmd(), cls_Reference::TimePoint, "declares a sequence of times that output requests refer to by its name",
+     &Make<kprC_TimePoint>},
+    {"DatumCsys", cls_Reference::CoordinateSystem, "declares a coordinate system that attributes refer to by its name", &Make<dtmC_Datum>},
+    {"DatumAxis", cls_Reference::Axis, "declares an axis that attributes refer to by its name", &Make<dtmC_Datum>},
 };
 
-/// Name and kind belong to the construction.
-std::vector<MemberArgument> ArgumentsOf(cls_Object const& object) { return MemberArguments(object, {kName, "kind"}); }
-
-/// The members of an attribute that hold the region of that name.
-std::vector<std::string> RegionMembers(kprC_StepDependent const& item, std::string_view region) {
-  std::vector<std::string> members;
-  for (cls_MemberInfo const& info : ClassOf(item).members) {
-    if (info.typeId != rgnC_Region::TypeId() || info.many) { continue; }
-    cls_Value const value = item.Member(info.name);
-    auto const* name = value.As<std::string>();
-    if (name != nullptr && *name == region) { members.push_back(info.name); }
-  }
-  return members;
+bool Names(cls_Object const& object, cls_Reference reference, std::string_view name) {
+  bool found = false;
+  cls_ForEachReference(object.MemberRows(), &object,
+                       [&](cls_Reference kind, std::string_view named) { found = found || (kind == reference && named == name); });
+  return found;
 }
 
-/// An attribute by its repository's member name and its own.
+/// An attribute by its repository's member name and its own; a step where the first is empty.
 struct User {
   cow_String extension, name;
 };
 
-/// The attributes that refer to the object.
+/// The attributes and then the steps that name the object.
 std::vector<User> UsersOf(ddr_Model const& model, ReferenceKind const& kind, std::string_view name) {
   std::vector<User> users;
   ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     repository.ForEach([&](cow_String const& user, kprC_StepDependent const& item) {
-      if (kind.uses(item, name)) { users.push_back({extension, user}); }
+      if (Names(item, kind.reference, name)) { users.push_back({extension, user}); }
     });
   });
+  kprC_StepContainer const& steps = kprC_Steps(model);
+  for (std::size_t i = 0; i < steps.Size(); ++i) {
+    if (Names(steps.Step(i), kind.reference, name)) { users.push_back({cow_String(), steps.Name(i)}); }
+  }
   return users;
 }
 
-/// Hands a region that has changed, or changed its name, to the attributes that hold it.
-void HandOut(Call& call, std::vector<User> const& users, std::string_view name, rgnC_Region const& region) {
-  cls_Value const whole = cls_ObjectTraits<rgnC_Region>::ToValue(region);
+/// Has the users of an object follow it to its new name, or to what it is now.
+void Redirect(Call& call, std::vector<User> const& users, cls_Redirection const& to) {
   for (User const& user : users) {
+    if (user.extension.IsEmpty()) {
+      kprC_StepContainer const& steps = kprC_Steps(call.model);
+      kprC_StepHandle step = steps.Handle(steps.Index(user.name));
+      kprC_Step& own = step.Get();
+      own.NewUid();
+      cls_Redirect(own.MemberRows(), &own, to);
+      kprC_ReplaceStep(call.model, user.name, step);
+      continue;
+    }
     auto& repository = call.model.Get<kprC_StepAwareRepository>(user.extension);
-    kprC_StepDependent& item = *repository.Item(user.name);
-    for (std::string const& member : RegionMembers(item, name)) { item.SetMember(member, whole); }
-    AskOther(call, repository, user.name, [&] { item.AssertValid(); });
+    AskOther(call, repository, user.name, [&] { repository.Item(user.name)->Redirect(to); });
     repository.RecordModify(user.name);
   }
 }
 
-std::vector<std::string> AttributesWith(Call& call, ReferenceKind const& kind, std::string_view name) {
-  std::vector<std::string> users;
-  for (User const& user : UsersOf(call.model, kind, name)) {
-    users.push_back(ObjectText(call.model.ConstGet<kprC_StepAwareRepository>(user.extension).ItemCmd(), user.name));
-  }
-  return users;
-}
-
-/// The steps that name a region.
-std::vector<std::string> StepsWith(Call& call, ReferenceKind const& kind, std::string_view name) {
-  std::vector<std::string> users;
-  kprC_StepContainer const& steps = kprC_Steps(call.model);
-  for (std::size_t i = 0; kind.kind == kRegion && i < steps.Size(); ++i) {
-    if (std::ranges::count(RegionsOf(steps.Step(i)), name) > 0) { users.push_back(ObjectText(kprC_Step::stepCmd(), steps.Name(i))); }
-  }
-  return users;
-}
-
-void AssertUnused(Call& call, ReferenceKind const& kind, std::string_view name, std::string_view edit,
-                  std::vector<std::string> const& users) {
-  if (users.empty()) { return; }
-  std::string text = "The " + ObjectText(kind.kind, name) + " cannot be " + std::string(edit) + ": it is in use by ";
-  constexpr std::size_t kShown = 8;
-  for (std::size_t i = 0; i < std::min(users.size(), kShown); ++i) { text += (i == 0 ? "" : ", ") + users[i]; }
-  if (users.size() > kShown) { text += " and " + std::to_string(users.size() - kShown) + " more"; }
-  RefuseEdit(call.subject, text + ".");
-}
-
 cow_String FreeName(Call& call, std::string_view argument, ReferenceKind const& kind) {
   cow_String name = call.arguments.Name(argument);
-  if (kind.find(call.model, name) != nullptr) {
+  if (kind.In(std::as_const(call.model)).ConstObject(name) != nullptr) {
     RefuseValue(call.subject, "There is a " + std::string(kind.kind) + " " + Quoted(name) + " already.");
   }
   return name;
 }
 
-}  // namespace
-
-std::vector<ReferenceKind> const& ReferenceKinds() {
-  static std::vector<ReferenceKind> const kinds = {
-      Kind<rgnC_Region, ddr_RegionMap, &ddr_Model::regionsCmd>(kRegion, &UsesRegion),
-      Kind<ampC_Amplitude, ddr_AmplitudeMap, &ddr_Model::amplitudesCmd>("amplitude", &UsesAmplitude),
-      Kind<conC_Connector, ddr_ConnectorMap, &ddr_Model::connectorsCmd>("connector", &UsesConnector),
-      Kind<kfdC_Field, kfdC_FieldMap, &ddr_Model::fieldsCmd>("field", &UsesField),
-      Kind<kprC_TimePoint, kprC_TimePointMap, &kprC_TimePoint::repositoryCmd>("timePoint", &IsNoUser),
-  };
-  return kinds;
+/// Raises the family's refusal of a name that the model does not have, where it numbers that.
+void RefuseNumbered(Call& call, kprC_StepAwareRepository const* repository, ReferenceKind const& kind, std::string_view name) {
+  std::optional<int> const code = repository != nullptr ? UnknownCode(repository->EditRefusals(), kind.reference) : std::nullopt;
+  if (!code) { return; }
+  call.subject.hint = Suggestion(name, Texts(kind.In(std::as_const(call.model)).Keys()), kind.known);
+  call.subject.atFault = true;
+  repository->Refuse(*code);
 }
 
-ReferenceKind const& ReferenceKindOf(std::string_view kind) { return *std::ranges::find(ReferenceKinds(), kind, &ReferenceKind::kind); }
+/// Completes one value of a member, or of an element of its list.
+void Resolve(Call& call, kprC_StepAwareRepository const* repository, cls_MemberInfo const& info, cls_Value& value) {
+  if (auto* list = std::get_if<cls_Value::List>(&value.data)) {
+    for (cls_Value& element : *list) { Resolve(call, repository, info, element); }
+    return;
+  }
+  if (auto* fields = std::get_if<cls_Value::Fields>(&value.data)) {
+    cls_ClassMetadata const* const record = cls_MetadataRegistrar::Registrar().Find(info.typeId);
+    for (auto& [name, field] : *fields) {
+      cls_MemberInfo const* member = record == nullptr ? nullptr : record->Find(name);
+      if (member != nullptr) { Resolve(call, repository, *member, field); }
+    }
+    return;
+  }
+  ReferenceKind const* const kind = FindReferenceKind(info.refers);
+  if (kind == nullptr) { return; }
+  auto const* text = value.As<std::string>();
+  if (text == nullptr) {
+    if (kind->reference == cls_Reference::Amplitude) { RefuseNumbered(call, repository, *kind, ""); }
+    return;  // refused as no text
+  }
+  if (info.propagating && IsStateWord(*text)) { return; }
+  if (text->empty()) {
+    bool const refused = repository != nullptr && kind->reference == cls_Reference::Amplitude;
+    if (!refused) { return; }
+    call.subject.hint = "The name is empty.";
+    call.subject.atFault = true;
+    repository->Refuse(repository->EditRefusals().amplitudeName);
+  }
+  if (kind->reference == cls_Reference::CoordinateSystem && dtmC_DatumRef::globalName() == *text) {
+    value = "";
+    return;
+  }
+  if (kind->In(std::as_const(call.model)).ConstObject(*text) == nullptr) { RefuseNumbered(call, repository, *kind, *text); }
+  cls_Object const& object = Referred(call, *kind, *text);
+  if (info.typeId == rgnC_Region::TypeId()) { value = cls_RowsToValue(object.MemberRows(), &object); }  // held whole
+}
+
+}  // namespace
+
+std::optional<int> UnknownCode(kprC_EditRefusalCodes const& codes, cls_Reference reference) {
+  switch (reference) {
+    case cls_Reference::Amplitude: return codes.amplitudeUnknown;
+    case cls_Reference::Field: return codes.fieldUnknown;
+    default: return std::nullopt;
+  }
+}
+
+std::span<ReferenceKind const> ReferenceKinds() { return kKinds; }
+
+ReferenceKind const* FindReferenceKind(cls_Reference reference) {
+  auto const found = std::ranges::find(kKinds, reference, &ReferenceKind::reference);
+  return found == std::end(kKinds) ? nullptr : &*found;
+}
 
 cls_Object const& Referred(Call& call, ReferenceKind const& kind, std::string_view name) {
-  cls_Object const* object = kind.find(call.model, name);
+  mdl_NamedObjects const& known = kind.In(std::as_const(call.model));
+  cls_Object const* object = known.ConstObject(name);
   if (object == nullptr) {
-    RefuseUnknown(call.subject, "There is no " + ObjectText(kind.kind, name) + ".", Suggestion(name, kind.names(call.model), "There are"));
+    RefuseUnknown(call.subject, "There is no " + ObjectText(kind.kind, name) + ".", Suggestion(name, Texts(known.Keys()), "There are"));
   }
   return *object;
 }
 
+void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, std::vector<MemberArgument> const& settable,
+                       kprC_Arguments& members) {
+  for (auto& [name, value] : members) {
+    std::string const before = std::exchange(call.subject.member, name);
+    if (MemberArgument const* argument = FindArgument(settable, name)) { Resolve(call, repository, *argument->info, value); }
+    call.subject.member = before;
+  }
+}
+
+void ForEachUnknown(ddr_Model const& model, cls_Object const& object,
+                    std::function<void(ReferenceKind const& kind, std::string_view name)> const& visit) {
+  std::set<std::pair<cls_Reference, std::string>> told;
+  cls_ForEachReference(object.MemberRows(), &object, [&](cls_Reference reference, std::string_view name) {
+    ReferenceKind const* const kind = FindReferenceKind(reference);
+    if (kind == nullptr || kind->In(model).ConstObject(name) != nullptr) { return; }
+    if (told.emplace(reference, name).second) { visit(*kind, name); }
+  });
+}
+
 std::vector<CommandInfo> ReferenceConstructions() {
   std::vector<CommandInfo> infos;
-  for (ReferenceConstruction const& construction : kConstructions) {
-    CommandInfo info{std::string(construction.command), kGroup, std::string(construction.meaning), {}};
-    info.arguments.push_back({std::string(kName), "the new object's name", "", {}, true});
-    for (MemberArgument const& member : ArgumentsOf(*construction.make(cow_String()))) { info.arguments.push_back(Describe(member)); }
+  for (Declaration const& declaration : kDeclarations) {
+    CommandInfo info{std::string(declaration.command), kGroup, std::string(declaration.meaning), {}};
+    info.arguments.push_back(Required(kName, "the new object's name"));
+    std::unique_ptr<cls_Object> const object = declaration.make();
+    for (MemberArgument const& member : MemberArguments(*object)) { info.arguments.push_back(Describe(member, *object)); }
     infos.push_back(std::move(info));
   }
   return infos;
 }
 
 bool ConstructReference(Call& call) {
-  auto const construction = std::ranges::find(kConstructions, call.arguments.Command(), &ReferenceConstruction::command);
-  if (construction == std::end(kConstructions)) { return false; }
-  ReferenceKind const& kind = ReferenceKindOf(construction->kind);
+  auto const declaration = std::ranges::find(kDeclarations, call.arguments.Command(), &Declaration::command);
+  if (declaration == std::end(kDeclarations)) { return false; }
+  ReferenceKind const& kind = *FindReferenceKind(declaration->reference);
   cow_String const name = FreeName(call, kName, kind);
   call.subject.object = Quoted(name);
-  std::unique_ptr<cls_Object> const object = construction->make(name);
-  SetMembers(call.subject, *object, ArgumentsOf(*object), call.arguments.Rest());
-  kind.put(call.model, name, *object);
+  std::unique_ptr<cls_Object> const object = declaration->make();
+  SetMembers(call.subject, *object, MemberArguments(*object), call.arguments.Rest());
+  kind.In(call.model).Put(name, *object);
   return true;
 }
 
 void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const& name) {
-  std::unique_ptr<cls_Object> const object = kind.find(call.model, name)->Copy();
-  SetMembers(call.subject, *object, ArgumentsOf(*object), call.arguments.Rest());
-  kind.put(call.model, name, *object);
+  std::unique_ptr<cls_Object> const object = Referred(call, kind, name).Copy();
+  SetMembers(call.subject, *object, MemberArguments(*object), call.arguments.Rest());
+  kind.In(call.model).Put(name, *object);
   std::vector<User> const users = UsersOf(call.model, kind, name);
-  if (auto const* region = dynamic_cast<rgnC_Region const*>(object.get())) { HandOut(call, users, name, *region); }
+  if (kind.reference == cls_Reference::Region) { Redirect(call, users, {kind.reference, name, name, object.get()}); }
   for (User const& user : users) {
+    if (user.extension.IsEmpty()) { continue; }
     auto const& repository = call.model.ConstGet<kprC_StepAwareRepository>(user.extension);
     AskOther(call, repository, user.name, [&] { AssertInModel(call, *repository.ConstItem(user.name)); });
   }
@@ -215,21 +238,31 @@ void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const&
 void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
   cow_String const newName = FreeName(call, kNewName, kind);
   call.arguments.AssertNoRest({std::string(kNewName)});
-  std::unique_ptr<cls_Object> const object = kind.find(call.model, name)->Copy();
-  object->SetMember(kName, std::string(newName.View()));
-  kind.remove(call.model, name);
-  kind.put(call.model, newName, *object);
-  auto const* region = dynamic_cast<rgnC_Region const*>(object.get());
-  AssertUnused(call, kind, name, "renamed", region != nullptr ? StepsWith(call, kind, name) : AttributesWith(call, kind, name));
-  if (region != nullptr) { HandOut(call, UsersOf(call.model, kind, name), name, *region); }
+  std::vector<User> const users = UsersOf(call.model, kind, name);
+  std::unique_ptr<cls_Object> const object = Referred(call, kind, name).Copy();
+  mdl_NamedObjects& objects = kind.In(call.model);
+  objects.Remove(name);
+  objects.Put(newName, *object);
+  Redirect(call, users, {kind.reference, name, newName, kind.In(std::as_const(call.model)).ConstObject(newName)});
 }
 
 void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
   call.arguments.AssertNoRest({});
-  std::vector<std::string> users = AttributesWith(call, kind, name);
-  std::ranges::move(StepsWith(call, kind, name), std::back_inserter(users));
-  AssertUnused(call, kind, name, "deleted", users);
-  kind.remove(call.model, name);
+  std::vector<std::string> users;
+  for (User const& user : UsersOf(call.model, kind, name)) {
+    bool const isStep = user.extension.IsEmpty();
+    users.push_back(ObjectText(
+        isStep ? std::string(kprC_Step::stepCmd().View()) : call.model.ConstGet<kprC_StepAwareRepository>(user.extension).ItemCmd(),
+        user.name));
+  }
+  if (!users.empty()) {
+    std::string text = "The " + ObjectText(kind.kind, name) + " cannot be deleted: it is in use by ";
+    constexpr std::size_t kShown = 8;
+    for (std::size_t i = 0; i < std::min(users.size(), kShown); ++i) { text += (i == 0 ? "" : ", ") + users[i]; }
+    if (users.size() > kShown) { text += " and " + std::to_string(users.size() - kShown) + " more"; }
+    RefuseEdit(call.subject, text + ".");
+  }
+  kind.In(call.model).Remove(name);
 }
 
 }  // namespace gattr

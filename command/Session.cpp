@@ -236,11 +236,12 @@ std::vector<CommandInfo> Session::Commands() {
   for (std::string const& kind : ObjectKinds(ddr_Model())) { kinds += (kinds.empty() ? "" : " | ") + kind; }
   for (ObjectCommand const& command : ObjectCommands()) {
     CommandInfo info{std::string(command.name), "objects", std::string(command.meaning), command.arguments};
-    info.arguments.insert(info.arguments.begin(), {kinds, "name of the object, under its kind", "", {}, true});
+    info.arguments.insert(info.arguments.begin(), Required(kinds, "name of the object, under its kind"));
     infos.push_back(std::move(info));
   }
-  infos.push_back({std::string(kSetModel), "session", "gives the model a name", {{"name", "the model's name", "", {}, true}}});
-  infos.push_back({std::string(kSetModelSpace), "session", "says which space the model lives in", {Describe(SpaceArgument(), true)}});
+  infos.push_back({std::string(kSetModel), "session", "gives the model a name", {Required("name", "the model's name")}});
+  infos.push_back(
+      {std::string(kSetModelSpace), "session", "says which space the model lives in", {Describe(SpaceArgument(), ddr_Model(), true)}});
   infos.push_back({std::string(kUndo), "session", "puts back the model before the last command", {}});
   infos.push_back({std::string(kRedo), "session", "does again what undo took back", {}});
   return infos;

@@ -6,16 +6,12 @@
 #include <utility>
 #include <vector>
 
-#include <nlohmann/json.hpp>
-
 #include "command/Refusal.h"
 #include "framework/ddr_Model.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
+#include "text/Json.h"
 
 namespace gattr {
-
-/// Commands and their outcomes keep the order in which they were written.
-using Json = nlohmann::ordered_json;
 
 /// The statuses of one attribute by number, in step order.
 using NamedHistory = std::pair<std::string, std::vector<int>>;
@@ -36,6 +32,9 @@ struct ArgumentInfo {
   std::string unit;                      ///< "" where there is none
   std::vector<std::string> permissible;  ///< texts that it takes; empty when any value of its type does
   bool required = false;
+  std::string type;      ///< "number", "choice", "list of text", a class's name; empty where it is not of a member
+  bool perStep = false;  ///< has a value of its own in every step
+  Json preset;           ///< the default; null where there is none, or none that can be written as one value
 };
 
 /// One command, for help.

@@ -8,7 +8,6 @@
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "module/kpr/steps/kprC_AnalysisStep.h"
 #include "module/kpr/steps/kprC_Steps.h"
-#include "platform/CoreGeometry/rgnC_Region.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -38,25 +37,12 @@ void CompleteIncrements(kprC_Step& step, kprC_Arguments const& given) {
   complete(Parameters::minIncCmd(), std::min({1e-5 * period, number(Parameters::initialIncCmd()), number(Parameters::maxIncCmd())}));
 }
 
-void AddRegions(cls_MemberInfo const& info, cls_Value const& value, std::vector<std::string>& names) {
-  if (auto const* list = value.As<cls_Value::List>()) {
-    for (cls_Value const& element : *list) { AddRegions(info, element, names); }
-  } else if (info.typeId == rgnC_Region::TypeId()) {
-    if (auto const* name = value.As<std::string>(); name != nullptr && !name->empty()) { names.push_back(*name); }
-  } else if (auto const* fields = value.As<cls_Value::Fields>()) {
-    cls_ClassMetadata const& record = *cls_MetadataRegistrar::Registrar().Find(info.typeId);
-    for (auto const& [name, field] : *fields) { AddRegions(*record.Find(name), field, names); }
-  }
-}
-
-/// Sets members of a step and refuses one that names a region which the model does not have.
-void SetStepMembers(Call& call, kprC_Step& step, kprC_Arguments const& members) {
-  SetMembers(call.subject, step, MemberArguments(step), members);
-  for (auto const& [name, value] : members) {
-    std::string const before = std::exchange(call.subject.member, name);
-    for (std::string const& region : RegionsOf(step, *ClassOf(step).Find(name))) { Referred(call, ReferenceKindOf("region"), region); }
-    call.subject.member = before;
-  }
+/// Sets members of a step and refuses one that names what the model does not have.
+void SetStepMembers(Call& call, kprC_Step& step, kprC_Arguments members) {
+  std::vector<MemberArgument> const settable = MemberArguments(step);
+  SetMembers(call.subject, step, settable, members);
+  ResolveReferences(call, nullptr, settable, members);
+  for (auto const& [name, value] : members) { step.SetMember(name, value); }  // what is held whole is complete now
 }
 
 /// A step by its construction command with the members that are left of the call's arguments.
@@ -104,27 +90,15 @@ cow_String NewStepName(Call& call, std::string_view argument) {
 
 }  // namespace
 
-std::vector<std::string> RegionsOf(kprC_Step const& step, cls_MemberInfo const& member) {
-  std::vector<std::string> names;
-  AddRegions(member, step.Member(member.name), names);
-  return names;
-}
-
-std::vector<std::string> RegionsOf(kprC_Step const& step) {
-  std::vector<std::string> names;
-  for (cls_MemberInfo const& member : ClassOf(step).members) { AddRegions(member, step.Member(member.name), names); }
-  return names;
-}
-
 std::vector<CommandInfo> StepConstructions() {
   std::vector<CommandInfo> infos;
   for (std::string const& command : ConstructionNames()) {
     kprC_StepHandle const step = kprC_ConstructStep(command);
     std::string const label(kprC_FindProcedure(step->ProcedureType())->label.View());
     CommandInfo info{command, kSteps, "inserts a step of the procedure " + label, {}};
-    info.arguments.push_back({"name", "the new step's name", "", {}, true});
-    info.arguments.push_back({"previous", "the step behind which it is inserted; the last one when left out", "", {}, false});
-    for (MemberArgument const& member : MemberArguments(*step)) { info.arguments.push_back(Describe(member)); }
+    info.arguments.push_back(Required("name", "the new step's name"));
+    info.arguments.push_back(Optional("previous", "the step behind which it is inserted; the last one when left out"));
+    for (MemberArgument const& member : MemberArguments(*step)) { info.arguments.push_back(Describe(member, *step)); }
     infos.push_back(std::move(info));
   }
   return infos;

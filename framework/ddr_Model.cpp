@@ -5,9 +5,9 @@ ddr_Model::ddr_Model() : name_("Model-1") {
 }
 
 ddr_Model::ddr_Model(cls_ReadVisitor const& in) : ddr_Model() {
-  cls_ForEachMember(*this, [&]<class M>(std::string_view name, cls_MemberText const&, M& value) {
-    if (name != spaceCmd().View() || in.Has(name)) { cls_MemberTraits<M>::Read(in, name, value); }
-  });
+  for (cls_MemberRow const& row : cls_RowsOf<ddr_Model>()) {
+    if (row.name != spaceCmd().View() || in.Has(row.name)) { row.ops->read(in, row.name, row.In(static_cast<void*>(this))); }
+  }
 }
 
 mdl_Extension const* ddr_Model::ConstExtension(std::string_view member) const {

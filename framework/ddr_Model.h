@@ -6,12 +6,6 @@
 #include "platform/CaeUtils/omu_PrimEnumTraits.h"
 #include "platform/CoreUtils/omn_FixedString.h"
 
-class ddr_Model;
-template <> struct cls_TypeIdOf<ddr_Model> {
-  static constexpr unsigned value = 0x02130002;
-  static constexpr char const* kName = "ddr_Model";
-};
-
 /// The space that a model lives in.
 enum class ddr_ModelSpaceEnm { THREE_D, TWO_D_PLANAR, AXISYMMETRIC };
 template <> struct omu_EnumTable<ddr_ModelSpaceEnm> {
@@ -19,7 +13,7 @@ template <> struct omu_EnumTable<ddr_ModelSpaceEnm> {
 };
 
 /// One analysis model: its extensions by member name. It starts with those that the modules have registered: the steps,
-/// one repository per family of step-dependent attributes, regions, amplitudes, connectors and fields.
+/// one repository per family of step-dependent attributes, regions, amplitudes, connectors, datums and fields.
 ///
 /// A value: a copy is a snapshot that shares everything, and an edit of either separates only what it changes. That is
 /// how transactions and undo keep a model.
@@ -38,6 +32,8 @@ public:
   static constexpr omn_FixedString regionsCmd() { return "regions"; }
   static constexpr omn_FixedString amplitudesCmd() { return "amplitudes"; }
   static constexpr omn_FixedString connectorsCmd() { return "connectors"; }
+  static constexpr omn_FixedString coordinateSystemsCmd() { return "coordinateSystems"; }
+  static constexpr omn_FixedString axesCmd() { return "axes"; }
   static constexpr omn_FixedString fieldsCmd() { return "fields"; }
   static constexpr omn_FixedString spaceCmd() { return "space"; }
 
@@ -73,7 +69,3 @@ private:
 
 /// The models of a program by name.
 using ddr_ModelContainer = mdl_MapString2ObjCow<ddr_Model>;
-template <> struct cls_TypeIdOf<ddr_ModelContainer> {
-  static constexpr unsigned value = 0x02130005;
-  static constexpr char const* kName = "mdl_MapString2ObjCow<ddr_Model>";
-};

@@ -6,15 +6,16 @@ void ddr_RegisterModelMembers() {
   mdl_ExtensionSubject::RegisterExtension(ddr_Model::regionsCmd(), cow_Handle<ddr_RegionMap>::Make());
   mdl_ExtensionSubject::RegisterExtension(ddr_Model::amplitudesCmd(), cow_Handle<ddr_AmplitudeMap>::Make());
   mdl_ExtensionSubject::RegisterExtension(ddr_Model::connectorsCmd(), cow_Handle<ddr_ConnectorMap>::Make());
-  cls_MetadataRegistrar::initClassMetadata(&ddr_Model::InitializeMetadata, ddb_metadataFlag);
-  cls_MetadataRegistrar::initClassMetadata(&ddr_RegionMap::InitializeMetadata, ddb_metadataFlag);
-  cls_MetadataRegistrar::initClassMetadata(&ddr_AmplitudeMap::InitializeMetadata, ddb_metadataFlag);
-  cls_MetadataRegistrar::initClassMetadata(&ddr_ConnectorMap::InitializeMetadata, ddb_metadataFlag);
+  mdl_ExtensionSubject::RegisterExtension(ddr_Model::coordinateSystemsCmd(), cow_Handle<ddr_DatumMap>::Make());
+  mdl_ExtensionSubject::RegisterExtension(ddr_Model::axesCmd(), cow_Handle<ddr_DatumMap>::Make());
+#define DDB_CLASS(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
+#include "framework/Types.def"
 }
 
 void ddr_UnregisterModelMembers() {
-  mdl_ExtensionSubject::UnregisterExtension(ddr_Model::regionsCmd());
-  mdl_ExtensionSubject::UnregisterExtension(ddr_Model::amplitudesCmd());
-  mdl_ExtensionSubject::UnregisterExtension(ddr_Model::connectorsCmd());
-  cls_MetadataRegistrar::finalizeModule(ddr_Model::TypeId() >> 16);
+  for (auto const& member : {ddr_Model::regionsCmd(), ddr_Model::amplitudesCmd(), ddr_Model::connectorsCmd(),
+                             ddr_Model::coordinateSystemsCmd(), ddr_Model::axesCmd()}) {
+    mdl_ExtensionSubject::UnregisterExtension(member);
+  }
+  cls_MetadataRegistrar::finalizeModule(mdl_moduleNumber);
 }

@@ -2,8 +2,7 @@
 
 #include <functional>
 
-#include "platform/BasicUtils/cls_Object.h"
-#include "platform/BasicUtils/cls_Persistent.h"
+#include "framework/Types.h"
 #include "platform/BasicUtils/cow_String.h"
 
 /// Something that a model holds under a member name: a repository, the step container.
@@ -16,12 +15,6 @@ public:
   /// of the same class; in the order of the names. Costs what differs, not what is held. False, and nothing is told, where
   /// the extension cannot say.
   virtual bool ForEachChange(mdl_Extension const& /*before*/, ChangeVisitor const& /*visit*/) const { return false; }
-};
-
-class mdl_Repository;
-template <> struct cls_TypeIdOf<mdl_Repository> {
-  static constexpr unsigned value = 0x02130001;
-  static constexpr char const* kName = "mdl_Repository";
 };
 
 /// Base of the repositories of a model; the first thing that a repository writes.

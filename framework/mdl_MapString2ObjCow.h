@@ -52,8 +52,20 @@ template <class T> struct cls_MemberTraits<cow_Map<cow_String, cow_Handle<T>>> {
   static std::string_view FromValue(Map&, cls_Value const&) { return "nothing: this member cannot be set"; }
 };
 
-/// A plain map from name to object as an extension of the model: regions, amplitudes, fields.
-template <class T> class mdl_MapString2ObjCow final : public cls_Persistent<mdl_MapString2ObjCow<T>, mdl_Repository> {
+/// What attributes and steps refer to by name, as those see it who know no more of it: regions, amplitudes, fields.
+class DDB_API mdl_NamedObjects : public mdl_Repository {
+public:
+  virtual cow_List<cow_String> Keys() const = 0;
+  /// The object of that name, or null.
+  virtual cls_Object const* ConstObject(std::string_view name) const = 0;
+  /// Puts a copy of \p object, with an identity of its own, under \p name, which it takes where it has a member for it.
+  /// Refuses what its class does (AssertValid).
+  virtual void Put(cow_String const& name, cls_Object const& object) = 0;
+  virtual bool Remove(cow_String const& name) = 0;
+};
+
+/// A plain map from name to object as an extension of the model.
+template <class T> class mdl_MapString2ObjCow final : public cls_Persistent<mdl_MapString2ObjCow<T>, mdl_NamedObjects> {
 public:
   using Handle = cow_Handle<T>;
 
@@ -62,7 +74,16 @@ public:
 
   /// Puts \p object under \p name, in the place of what stood there. True when the name is new.
   bool Insert(cow_String const& name, Handle object) { return map_.Insert(name, std::move(object)); }
-  bool Remove(cow_String const& name) { return map_.Remove(name); }
+  bool Remove(cow_String const& name) override { return map_.Remove(name); }
+  cls_Object const* ConstObject(std::string_view name) const override { return ConstGet(name); }
+  void Put(cow_String const& name, cls_Object const& object) override {
+    Handle copy = Handle::Make(dynamic_cast<T const&>(object));
+    T& own = copy.Get();
+    own.SetMember("name", std::string(name.View()));
+    if constexpr (requires { own.AssertValid(); }) { own.AssertValid(); }
+    own.NewUid();
+    Insert(name, std::move(copy));
+  }
   /// The object of that name, or null.
   T const* ConstGet(std::string_view name) const {
     Handle const* found = map_.ConstFind(name);
@@ -75,7 +96,7 @@ public:
   }
   bool IsMember(std::string_view name) const { return map_.ConstFind(name) != nullptr; }
   std::size_t Size() const { return map_.Size(); }
-  cow_List<cow_String> Keys() const {
+  cow_List<cow_String> Keys() const override {
     cow_List<cow_String> names;
     for (auto const& [name, object] : map_) { names.Append(name); }
     return names;
@@ -87,6 +108,7 @@ public:
   }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
+    mdl_Repository::VisitMembers(visit);
     visit("map", &mdl_MapString2ObjCow::map_, cls_MemberText{"the objects by name"});
   }
 

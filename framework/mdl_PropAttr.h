@@ -79,28 +79,27 @@ private:
 template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
   using Value = cls_MemberTraits<T>;
   using State = omu_PrimEnum<mdl_PropAttributeStateEnm, 1>;
+  using Member = mdl_PropAttr<T>;
 
   static std::string Companion(std::string_view name) { return std::string(name) + "State"; }
   static void Describe(cls_MemberInfo& info) {
     Value::Describe(info);
     info.propagating = true;
   }
-  static void Write(cls_WriteVisitor const& out, std::string_view name, mdl_PropAttr<T> const& member) {
+  static void Write(cls_WriteVisitor const& out, std::string_view name, Member const& member) {
     Value::Write(out, name, member.ConstGet());
     out.WriteText(Companion(name), State(member.State()).View());
   }
-  static void Read(cls_ReadVisitor const& in, std::string_view name, mdl_PropAttr<T>& member) {
+  static void Read(cls_ReadVisitor const& in, std::string_view name, Member& member) {
     Value::Read(in, name, member.Get());
     member.ForceState(State(in, Companion(name)));
   }
-  static void NewUid(mdl_PropAttr<T>& member) { member.NewUid(); }
-  static bool Equal(mdl_PropAttr<T> const& a, mdl_PropAttr<T> const& b) {
-    return a.State() == b.State() && Value::Equal(a.ConstGet(), b.ConstGet());
-  }
-  static cls_Value ToValue(mdl_PropAttr<T> const& member) {
+  static void NewUid(Member& member) { member.NewUid(); }
+  static bool Equal(Member const& a, Member const& b) { return a.State() == b.State() && Value::Equal(a.ConstGet(), b.ConstGet()); }
+  static cls_Value ToValue(Member const& member) {
     return member.HasValue() ? Value::ToValue(member.ConstGet()) : cls_Value(std::string(State(member.State()).View()));
   }
-  static std::string_view FromValue(mdl_PropAttr<T>& member, cls_Value const& from) {
+  static std::string_view FromValue(Member& member, cls_Value const& from) {
     if (auto const* text = from.As<std::string>()) {
       if (*text == "UNSET") { return member = mdl_Unset, ""; }
       if (*text == "FREED") { return member = mdl_Freed, ""; }
@@ -109,5 +108,22 @@ template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
     std::string_view const expected = Value::FromValue(value, from);
     if (expected == "") { member = std::move(value); }
     return expected;
+  }
+  static void References(Member const& member, cls_Reference kind, cls_ReferenceVisitor const& visit) requires requires(T const& value) {
+    Value::References(value, kind, visit);
+  }
+  {
+    if (member.HasValue()) { Value::References(member.ConstGet(), kind, visit); }
+  }
+  static bool Redirect(Member& member, cls_Reference kind, cls_Redirection const& to) {
+    return member.HasValue() && Value::Redirect(member.Get(), kind, to);
+  }
+  static void Propagate(Member& member) { member.Propagate(); }
+  static void Modify(Member& member, Member const& own) { member.Modify(own); }
+  static void Zero(Member& member) { member.Zero(); }
+  static bool IsModified(Member const& member) { return member.IsModified(); }
+  static bool IsConditionModified(Member const& member) { return member.IsConditionModified(); }
+  static double const* RealInForce(Member const& member) requires std::same_as<T, double> {
+    return member.HasValue() ? &member.ConstGet() : nullptr;
   }
 };

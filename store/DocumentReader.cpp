@@ -13,17 +13,12 @@
 namespace gattr {
 
 namespace {
-constexpr std::size_t kMapDepth = 2;        // frames that are open when the model's map is: the model and the map
-constexpr std::size_t kExtensionDepth = 3;  // the same of an extension
+constexpr std::size_t kMapDepth = 2;  // frames that are open when the model's map is: the model and the map
 constexpr std::string_view kTruth = "true or false";
 }  // namespace
 
 DocumentReader::DocumentReader(Document& document, bool ownRecordsOnly)
-    : document_(document),
-      ownRecordsOnly_(ownRecordsOnly),
-      class_(document.Intern("class")),
-      stepName_(document.Intern("stepName")),
-      same_(document.Intern("same")) {}
+    : document_(document), ownRecordsOnly_(ownRecordsOnly), class_(document.Intern("class")), same_(document.Intern("same")) {}
 
 ddr_Model DocumentReader::ReadModel(std::initializer_list<std::string_view> known) {
   Enter(0, ddr_Model::TypeId());
@@ -138,19 +133,26 @@ double DocumentReader::ReadReal(std::string_view member) const {
 }
 
 std::string DocumentReader::ReadText(std::string_view member) const {
-  Document::Node const& node = Take(member, Kind::Text, "a text");
-  if (node.name == stepName_) { frames_.back().stepName = node.text; }
-  return std::string(document_.View(node.text));
+  return std::string(document_.View(Take(member, Kind::Text, "a text").text));
 }
 
-cow_Handle<cls_Object> DocumentReader::ReadObject(std::string_view member) const {
+cow_Handle<cls_Object> DocumentReader::ReadObject(std::string_view member) const { return ReadAny(member, {}); }
+
+cow_Handle<cls_Object> DocumentReader::ReadReference(std::string_view member, std::string_view name) const {
+  std::string const named(name);  // the member that holds it may be read while the object is
+  Object object = ReadAny(member, named);
+  if (object) { named_.try_emplace(named, object); }
+  return object;
+}
+
+cow_Handle<cls_Object> DocumentReader::ReadAny(std::string_view member, std::string_view name) const {
   Document::Node const& node = Take(member, "an object");
   auto const at = static_cast<At>(&node - &document_[0]);
   Object object;
   switch (node.kind) {
     case Kind::Null: break;
     case Kind::Object: object = MakeObject(at, member); break;
-    case Kind::Text: object = Named(node, member); break;
+    case Kind::Text: object = Named(node, member, name); break;
     case Kind::Reference:
       if (auto const found = objects_.find(node.target); found != objects_.end()) { object = found->second; }
       if (!object) { RefuseValue(node, member, "an object that stands before"); }
@@ -158,8 +160,6 @@ cow_Handle<cls_Object> DocumentReader::ReadObject(std::string_view member) const
     default: RefuseValue(node, member, "an object");
   }
   if (LastObject* const last = LastOf(document_[at].name)) { last->object = object; }
-  bool const isStep = frames_.size() > kExtensionDepth && document_.NameOf(frames_[kExtensionDepth - 1].at) == ddr_Model::stepsCmd();
-  if (isStep && frames_.back().stepName != 0) { steps_[frames_.back().stepName] = object; }
   return object;
 }
 
@@ -169,22 +169,23 @@ cow_Handle<cls_Object> DocumentReader::MakeObject(At at, std::string_view member
   auto const [entry, isNew] = classes_.try_emplace(node.text, nullptr);
   if (isNew) { entry->second = cls_MetadataRegistrar::Registrar().Find(document_.View(node.text)); }
   cls_ClassMetadata const* const type = entry->second;
-  if (type == nullptr || type->read == nullptr) { RefuseValue(node, "class", "a class that can be made"); }
+  if (type == nullptr || !type->CanBeRead()) { RefuseValue(node, "class", "a class that can be made"); }
   frames_.back().typeId = type->typeId;
-  Object object = type->read(*this);
+  Object object = type->Read(*this);
   Leave();
   if (document_[at].referred) { objects_.emplace(at, object); }
   member_.assign(member);
   return object;
 }
 
-cow_Handle<cls_Object> DocumentReader::Named(Document::Node const& node, std::string_view member) const {
+cow_Handle<cls_Object> DocumentReader::Named(Document::Node const& node, std::string_view member, std::string_view name) const {
   LastObject const* const last = LastOf(node.name);
   if (node.text == same_ && last != nullptr && last->object && !last->object.As<kprC_Procedure>()) { return last->object; }
-  auto const step = steps_.find(node.text);
-  if (step == steps_.end() || !step->second) { RefuseValue(node, member, "an object or the name of a step"); }
-  if (node.text != frames_.back().stepName) { RefuseValue(node, member, "the step that the record belongs to"); }
-  return step->second;
+  std::string_view const text = document_.View(node.text);
+  auto const known = named_.find(std::string(text));
+  if (known == named_.end()) { RefuseValue(node, member, "an object or the name of a step"); }
+  if (text != name) { RefuseValue(node, member, "the step that the record belongs to"); }
+  return known->second;
 }
 
 DocumentReader::LastObject* DocumentReader::LastOf(Document::Text member) const {

@@ -34,6 +34,7 @@ public:
   double ReadReal(std::string_view member) const override;
   std::string ReadText(std::string_view member) const override;
   cow_Handle<cls_Object> ReadObject(std::string_view member) const override;
+  cow_Handle<cls_Object> ReadReference(std::string_view member, std::string_view name) const override;
   void ReadNested(std::string_view member, std::function<void(cls_ReadVisitor const&)> const& read) const override;
   std::size_t StartList(std::string_view member) const override;
   void EndList() const override;
@@ -58,7 +59,6 @@ private:
     At next = 0;         ///< what comes next in the order of writing
     unsigned taken = 0;  ///< how much has been read
     unsigned typeId = 0;
-    Document::Text stepName = 0;   ///< of a record: the step that it belongs to
     std::vector<LastObject> last;  ///< of a list
   };
 
@@ -70,8 +70,10 @@ private:
   /// Leaves what was entered last; refuses what is left over there.
   void Leave() const;
   Object MakeObject(At at, std::string_view member) const;
-  /// The object that a text stands for: the step of that name, or what the last element of the list has for this member.
-  Object Named(Document::Node const& node, std::string_view member) const;
+  /// An object member, written whole, as "same" or by \p name.
+  Object ReadAny(std::string_view member, std::string_view name) const;
+  /// The object that a text stands for: what is called \p name, or what the last element of the list has for this member.
+  Object Named(Document::Node const& node, std::string_view member, std::string_view name) const;
   /// The place of an object member of a list's element in what the list remembers; null where the owner is no element.
   LastObject* LastOf(Document::Text member) const;
   [[noreturn]] void RefuseValue(Document::Node const& node, std::string_view member, std::string_view expected) const;
@@ -81,14 +83,14 @@ private:
 
   Document& document_;
   bool ownRecordsOnly_;
-  Document::Text class_, stepName_, same_;
+  Document::Text class_, same_;
   // reading goes through a const interface
   mutable std::vector<Frame> frames_;
   mutable std::vector<Document::Step> way_;  // to the frames
   mutable std::string member_;               // that was asked for last
   mutable std::unordered_map<Document::Text, cls_ClassMetadata const*> classes_;
-  mutable std::unordered_map<Document::Text, Object> steps_;
-  mutable std::unordered_map<At, Object> objects_;  // that are referred to
+  mutable std::unordered_map<std::string, Object> named_;  // what goes by a name: the first of that name that was read
+  mutable std::unordered_map<At, Object> objects_;         // that are referred to
 };
 
 }  // namespace gattr

@@ -25,16 +25,17 @@ private:
 }  // namespace
 
 ModelSteps::ModelSteps(ddr_Model const& model) {
-  if (auto const* const steps = model.ConstExtension(ddr_Model::stepsCmd())) { steps->DBWrite(Collector(pairs_)); }
+  home_ = model.ConstExtension(ddr_Model::stepsCmd());
+  if (home_ != nullptr) { home_->DBWrite(Collector(pairs_)); }
   byName_.resize(pairs_.size());
   std::iota(byName_.begin(), byName_.end(), std::size_t{0});
   std::ranges::sort(byName_, {}, [this](std::size_t index) { return pairs_[index].stepName.View(); });
 }
 
-bool ModelSteps::IsPair(std::size_t index, kprC_StepNameProcedurePair const& pair) const {
-  if (index >= pairs_.size()) { return false; }
-  kprC_StepNameProcedurePair const& own = pairs_[index];
-  return own.stepName == pair.stepName && cls_MemberTraits<cow_Handle<kprC_Procedure>>::Equal(own.procedure, pair.procedure);
+bool ModelSteps::IsAt(std::size_t index, std::string_view name, cls_Object const* object) const {
+  if (index >= pairs_.size() || pairs_[index].stepName != name) { return false; }
+  kprC_Procedure const* const own = pairs_[index].procedure.ConstGet();
+  return own == object || (own != nullptr && object != nullptr && own->Equals(*object));
 }
 
 bool ModelSteps::IsStep(std::string_view name, cls_Object const& object) const {

@@ -20,10 +20,13 @@ public:
   /// Whether \p object is the step called \p name. Equal content is enough, so that what is written does not depend on
   /// what is shared. Cheapest when asked in step order.
   bool IsStep(std::string_view name, cls_Object const& object) const;
-  /// Whether \p pair tells the step at \p index.
-  bool IsPair(std::size_t index, kprC_StepNameProcedurePair const& pair) const;
+  /// Whether the step at \p index has that name and is equal to \p object, which may be null.
+  bool IsAt(std::size_t index, std::string_view name, cls_Object const* object) const;
+  /// Whether \p extension is where the model holds its steps.
+  bool IsHome(cls_Object const& extension) const { return &extension == home_; }
 
 private:
+  cls_Object const* home_ = nullptr;
   std::vector<kprC_StepNameProcedurePair> pairs_;
   std::vector<std::size_t> byName_;  // positions in the order of the names
   mutable std::size_t expected_ = 0;

@@ -71,24 +71,18 @@ void RowWriter::OpenObject(std::string_view member, std::string_view className) 
 }
 
 void RowWriter::OpenList(std::string_view member, std::size_t count) const {
-  if (row_ == Row::Extension && count != 0 && count == Steps().Pairs().size()) {
-    sequence_ = {Levels().size() + 1, bytes_.size(), 0, std::string(member)};
-  }
   Put(RowTag::List, member);
   Varint(count);
 }
 
-void RowWriter::WriteNested(std::string_view member, cls_Object const& object) const {
-  if (sequence_.depth != 0 && sequence_.depth == Levels().size()) {
-    auto const* const pair = dynamic_cast<kprC_StepNameProcedurePair const*>(&object);
-    if (pair != nullptr && Steps().IsPair(sequence_.passed, *pair)) {
-      ++sequence_.passed;
-      return;
-    }
-    sequence_.depth = 0;  // another sequence: what was passed over is written after all
-    for (std::size_t i = 0; i < sequence_.passed; ++i) { StoreWriter::WriteNested(member, Steps().Pairs()[i]); }
+bool RowWriter::WriteSequence(std::string_view member, std::size_t count, SequenceElement const& at) const {
+  if (row_ != Row::Extension || count == 0 || count != Steps().Pairs().size()) { return false; }
+  for (std::size_t i = 0; i < count; ++i) {
+    auto const [name, object] = at(i);
+    if (!Steps().IsAt(i, name, object)) { return false; }
   }
-  StoreWriter::WriteNested(member, object);
+  Put(RowTag::Steps, member);
+  return true;
 }
 
 bool RowWriter::OpenMap(std::string_view member) const {
@@ -99,14 +93,7 @@ bool RowWriter::OpenMap(std::string_view member) const {
 }
 
 void RowWriter::Close(Kind kind) const {
-  if (kind != Kind::List) {
-    bytes_ += static_cast<char>(RowTag::End);
-  } else if (sequence_.depth == Levels().size()) {
-    bytes_.resize(sequence_.begin);
-    bytes_ += static_cast<char>(RowTag::Steps);
-    Varint(names_.Number(sequence_.member));
-    sequence_.depth = 0;
-  }
+  if (kind != Kind::List) { bytes_ += static_cast<char>(RowTag::End); }
 }
 
 namespace {

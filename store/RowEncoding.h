@@ -60,7 +60,7 @@ public:
   /// The members of \p object.
   std::string Encode(cls_Object const& object);
 
-  void WriteNested(std::string_view member, cls_Object const& object) const override;
+  bool WriteSequence(std::string_view member, std::size_t count, SequenceElement const& at) const override;
   bool WritesOwnRecordsOnly() const override { return true; }
 
 protected:
@@ -74,19 +74,9 @@ protected:
   void OpenList(std::string_view member, std::size_t count) const override;
   bool OpenMap(std::string_view member) const override;
   void Close(Kind kind) const override;
-  bool IsReference(std::string_view stepName, cls_Object const& object) const override {
-    return row_ == Row::Extension && StoreWriter::IsReference(stepName, object);
-  }
+  bool RefersToSteps() const override { return row_ == Row::Extension; }
 
 private:
-  /// A list that has been the sequence of the model's steps so far.
-  struct Sequence {
-    std::size_t depth = 0;   ///< 0: there is none
-    std::size_t begin = 0;   ///< of the list in the bytes
-    std::size_t passed = 0;  ///< steps that are not written
-    std::string member;
-  };
-
   void Put(RowTag tag, std::string_view member) const;
   void Varint(std::uint64_t number) const;
 
@@ -97,7 +87,6 @@ private:
   mutable std::vector<std::pair<std::size_t, std::size_t>> texts_;  // begin and size in the bytes
   mutable std::unordered_map<cls_Object const*, std::uint32_t> objects_;
   mutable bool hasRows_ = false;
-  mutable Sequence sequence_;
 };
 
 /// Adds what rows hold to a document.

@@ -1,6 +1,7 @@
 #include "store/StoreWriter.h"
 
 #include <cmath>
+#include <utility>
 
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 #include "store/StoreError.h"
@@ -33,7 +34,6 @@ void StoreWriter::WriteReal(std::string_view member, double value) const {
 
 void StoreWriter::WriteText(std::string_view member, std::string_view value) const {
   if (!IsUtf8(value)) { Refuse(member, "a text in UTF-8"); }
-  if (member == "stepName") { levels_.back().stepName = value; }
   PutText(Named(member), value);
 }
 
@@ -44,13 +44,18 @@ void StoreWriter::WriteNull(std::string_view member) const {
 
 void StoreWriter::WriteObject(std::string_view member, cls_Object const& object) const {
   Named(member);
-  std::string_view const step = levels_.back().stepName;
-  if (!step.empty() && IsReference(step, object)) { return PutText(member, step); }
   if (PutShared(member, &object)) { return; }
   OpenObject(member, ClassName(member, object));
   Begin(Kind::Object, member);
+  bool const before = std::exchange(inHome_, inHome_ || steps_.IsHome(object));
   object.DBWrite(*this);
+  inHome_ = before;
   End();
+}
+
+void StoreWriter::WriteReference(std::string_view member, std::string_view name, cls_Object const& object) const {
+  if (!RefersToSteps() || !steps_.IsStep(name, object)) { return WriteObject(member, object); }
+  PutText(Named(member), name);
 }
 
 void StoreWriter::WriteNested(std::string_view member, cls_Object const& object) const {

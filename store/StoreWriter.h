@@ -21,6 +21,7 @@ public:
   void WriteText(std::string_view member, std::string_view value) const override;
   void WriteNull(std::string_view member) const override;
   void WriteObject(std::string_view member, cls_Object const& object) const override;
+  void WriteReference(std::string_view member, std::string_view name, cls_Object const& object) const override;
   void WriteNested(std::string_view member, cls_Object const& object) const override;
   void StartList(std::string_view member, std::size_t count) const override;
   void EndList() const override { End(); }
@@ -32,8 +33,7 @@ protected:
   struct Level {
     Kind kind;
     std::string_view name;
-    std::size_t count = 0;      ///< of what has been written here
-    std::string_view stepName;  ///< of a record: the step that it belongs to
+    std::size_t count = 0;  ///< of what has been written here
   };
 
   /// \p where opens the messages: the file, and the way to what is written.
@@ -59,16 +59,17 @@ protected:
   /// False when the map is stored elsewhere.
   virtual bool OpenMap(std::string_view member) const = 0;
   virtual void Close(Kind kind) const = 0;
-  /// Whether \p object is written as a step's name.
-  virtual bool IsReference(std::string_view stepName, cls_Object const& object) const { return steps_.IsStep(stepName, object); }
+  /// Whether steps are written by their names: not where the model holds them, and not in what has to be complete in itself.
+  virtual bool RefersToSteps() const { return !inHome_; }
 
 private:
   std::string_view Named(std::string_view member) const;
-  void Begin(Kind kind, std::string_view name) const { levels_.push_back({kind, name, 0, {}}); }
+  void Begin(Kind kind, std::string_view name) const { levels_.push_back({kind, name, 0}); }
   void End() const;
 
   ModelSteps const& steps_;
   std::string where_;
+  mutable bool inHome_ = false;        // in the extension that holds the steps
   mutable std::vector<Level> levels_;  // writing goes through a const interface
 };
 

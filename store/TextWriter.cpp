@@ -11,8 +11,7 @@
 namespace gattr {
 
 namespace {
-constexpr std::size_t kBlock = 1 << 16;     // bytes that are handed to the stream at once
-constexpr std::size_t kExtensionLevel = 2;  // of an extension: below the model and its map
+constexpr std::size_t kBlock = 1 << 16;  // bytes that are handed to the stream at once
 }  // namespace
 
 TextWriter::TextWriter(ModelSteps const& steps, std::ostream& out) : StoreWriter(steps, ""), out_(out) {}
@@ -57,12 +56,6 @@ bool TextWriter::PutShared(std::string_view member, cls_Object const* object) co
   bool const same = object != nullptr && before != nullptr && (before == object || before->Equals(*object));
   if (same) { Put(member, "\"same\""); }
   return same;
-}
-
-bool TextWriter::IsReference(std::string_view stepName, cls_Object const& object) const {
-  auto const& levels = Levels();
-  bool const inSteps = levels.size() > kExtensionLevel && levels[kExtensionLevel].name == ddr_Model::stepsCmd();
-  return !inSteps && StoreWriter::IsReference(stepName, object);
 }
 
 void TextWriter::OpenObject(std::string_view member, std::string_view className) const {

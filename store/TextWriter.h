@@ -29,7 +29,6 @@ protected:
   void OpenList(std::string_view member, std::size_t count) const override;
   bool OpenMap(std::string_view member) const override;
   void Close(Kind kind) const override;
-  bool IsReference(std::string_view stepName, cls_Object const& object) const override;
 
 private:
   /// An object member of the last element of a list.

@@ -13,33 +13,42 @@ template <> struct omu_EnumTable<kbcC_CategoryEnm> {
                                                                {"MASS_DIFFUSION", 4}, {"ACOUSTIC", 5}, {"OTHER_BC", 6}, {nullptr, 0}};
 };
 
-/// What sets a type apart: a row of the table of types.
+/// A row of the table of types.
 struct kbcC_TypeRow : kprC_TypeRow<kbcC_CategoryEnm> {
-  bool mechanical;        ///< in the mechanical list of its procedures, else in the other list
-  bool staysConstrained;  ///< kbcC_kStaysConstrained holds for it
+  bool staysConstrained;  ///< carried, it may stand in what kbcC_kStaysConstrained holds
 };
-/// The table of types, mechanical ones first.
+/// The table of types, in the order of the lists that users see.
 DDB_API std::span<kbcC_TypeRow const> kbcC_Types();
 
 /// What sets boundary conditions apart from the other families: statuses, procedures and refusals, as tables.
-struct DDB_API kbcC_StepRules : kprC_ProcedureRules {
+struct DDB_API kbcC_Rules : kprC_ProcedureRules {
   using State = kbcC_BCState;
   using Error = kbcC_ErrorEnm;
   using Status = mdl_PropagationStatusEnm;
   using TypeRow = kbcC_TypeRow;
   static std::span<TypeRow const> Types() { return kbcC_Types(); }
 
-  /// How a status is classified; one without a row is refused.
-  static constexpr kprC_StatusTable kStatuses = [] {
-    constexpr unsigned carried = kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated;
-    constexpr unsigned changed = kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset;
-    kprC_StatusTable table = kprC_commonStatuses;
-    table = kprC_WithStatus(table, Status::PropagatedFromBaseState, carried);
-    table = kprC_WithStatus(table, Status::ModifiedFromBaseState, changed);
-    table = kprC_WithStatus(table, Status::Inactive11, kprC_Known | kprC_Changed);  // off for this step only
-    table = kprC_WithStatus(table, Status::BuiltIn, kprC_Known | kprC_BuiltIn);
-    return table;
-  }();
+  static constexpr unsigned kCarriedHere = kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated;
+  static constexpr unsigned kChangedHere = kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed;
+  /// How a status is classified; one that is not known is refused.
+  static constexpr kprC_StatusTable kStatuses = {
+      /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
+      /*  1 Created                   */ kChangedHere,
+      /*  2 Propagated                */ kCarriedHere,
+      /*  3 Modified                  */ kChangedHere | kprC_NoReset,
+      /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
+      /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
+      /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
+      /*  7 not carried here          */ kprC_Known | kprC_NoReset,
+      /*  8                           */ 0,
+      /*  9 PropagatedFromBaseState   */ kCarriedHere,
+      /* 10 ModifiedFromBaseState     */ kChangedHere | kprC_NoReset,
+      /* 11 off for this step only    */ kprC_Known | kprC_Changed,
+      /* 12 BuiltIn                   */ kprC_Known | kprC_BuiltIn,
+      /* 13                           */ kprC_NoReset,
+      /* 14                           */ 0,
+      /* 15                           */ 0,
+  };
 
   /// What the propagator gives.
   static constexpr kprC_PassTable kPass = {
@@ -79,30 +88,33 @@ struct DDB_API kbcC_StepRules : kprC_ProcedureRules {
       .offInPerturbation = {},
       .cannotBeOff = {},
   };
-  static constexpr kprC_LoadCaseRefusals<Error> kLoadCase = {Error::LoadCaseNotActive, Error::LoadCaseType, Error::LoadCaseNotSupported};
+  static constexpr kprC_LoadCaseRefusals<Error> kLoadCase = {
+      .notActive = Error::LoadCaseNotActive, .type = Error::LoadCaseType, .notYet = Error::LoadCaseNotSupported};
   static constexpr bool kOnCopy = false;
   static constexpr bool kMoveInStepOrder = true;
-  static constexpr auto kMoveTargets =
-      MoveTargets(Error::MoveToPerturbation, Error::MoveToAnneal, Error::MoveToModalDynamics, Error::MoveToRandomResponse,
-                  Error::MoveToResponseSpectrum, Error::MoveToSteadyStateModal);
+  static constexpr auto kMoveTargets = MoveTargets<Error>({
+      .perturbation = Error::MoveToPerturbation,
+      .anneal = Error::MoveToAnneal,
+      .modalDynamics = Error::MoveToModalDynamics,
+      .randomResponse = Error::MoveToRandomResponse,
+      .responseSpectrum = Error::MoveToResponseSpectrum,
+      .steadyStateModal = Error::MoveToSteadyStateModal,
+  });
   /// What the editing layers refuse.
-  static constexpr Error Edit(kprC_EditRefusal refusal) {
-    switch (refusal) {
-      case kprC_EditRefusal::NoSuchAttribute:
-      case kprC_EditRefusal::NotInStep:
-      case kprC_EditRefusal::ReadOnlyInStep: return Error::NotInStepOrInactive;
-      case kprC_EditRefusal::NoSteps: return Error::NoSteps;
-      case kprC_EditRefusal::NoAttributes: return Error::NoBoundaryConditions;
-      case kprC_EditRefusal::NameInUse: return Error::NameInUse;
-      case kprC_EditRefusal::UnknownStep: return Error::StepUnknown;
-      case kprC_EditRefusal::Suppressed: return Error::Suppressed;
-      case kprC_EditRefusal::AmplitudeName: return Error::AmplitudeName;
-      case kprC_EditRefusal::AmplitudeValue: return Error::AmplitudeValue;
-      case kprC_EditRefusal::FieldUnknown: return Error::FieldUnknown;
-      case kprC_EditRefusal::InInitialStep: return Error::InvalidForStepType;
-    }
-    return Error::UnknownStatus;
-  }
+  static constexpr kprC_EditRefusals<Error> kEdit = {
+      .noSuchAttribute = Error::NotInStepOrInactive,
+      .noSteps = Error::NoSteps,
+      .noAttributes = Error::NoBoundaryConditions,
+      .nameInUse = Error::NameInUse,
+      .unknownStep = Error::StepUnknown,
+      .suppressed = Error::Suppressed,
+      .amplitudeName = Error::AmplitudeName,
+      .amplitudeUnknown = Error::AmplitudeValue,
+      .fieldUnknown = Error::FieldUnknown,
+      .notInStep = Error::NotInStepOrInactive,
+      .readOnlyInStep = Error::NotInStepOrInactive,
+      .inInitialStep = {},
+  };
 
   /// Modal-based procedures hold every condition by the modes of an earlier frequency step.
   static constexpr kprC_ProcedureSet kModal = {kprC_ProcedureType::ModalDynamics,    kprC_ProcedureType::RandomResponse,
@@ -119,9 +131,9 @@ struct DDB_API kbcC_StepRules : kprC_ProcedureRules {
 /// What is constrained stays so: carried, a condition of most types stands in every perturbation procedure that solves for
 /// its degrees of freedom and in the modal-based ones. Nothing is added for a creation.
 inline constexpr kprC_ProcedureSet kbcC_kStaysConstrained =
-    kbcC_StepRules::kModal | kprC_ProcedureSet{kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency,
-                                               kprC_ProcedureType::StaticLinearPerturbation, kprC_ProcedureType::SteadyStateDirect,
-                                               kprC_ProcedureType::SteadyStateSubspace};
+    kbcC_Rules::kModal | kprC_ProcedureSet{kprC_ProcedureType::Buckle, kprC_ProcedureType::Frequency,
+                                           kprC_ProcedureType::StaticLinearPerturbation, kprC_ProcedureType::SteadyStateDirect,
+                                           kprC_ProcedureType::SteadyStateSubspace};
 
 /// Whether the table grants the type of that identity a step of \p procedureType (0: the initial step).
 DDB_API bool kbcC_isValidBCTypeforStep(unsigned typeId, unsigned procedureType);

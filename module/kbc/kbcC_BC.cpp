@@ -3,8 +3,10 @@
 #include "module/kpr/procedures/kprC_Procedures.h"
 #include "module/kpr/steps/kprC_Step.h"
 
-template class kprC_History<kbcC_StepRules>;
-template class kprC_StepAttribute<kbcC_StepRules>;
+template class kprC_History<kbcC_Rules>;
+template struct cls_MemberTraits<kprC_History<kbcC_Rules>>;
+template class kprC_StepAttribute<kbcC_Rules>;
+template class kprC_PropagatingContainer<kbcC_BC>;
 
 bool kbcC_BC::ValidInStep(unsigned procedureType, bool carried, bool /*isInitial*/, bool /*isExplicit*/) const {
   return kbcC_isValidBCTypeforStep(DynTypeId(), procedureType) || ValidByOwnRule(procedureType, carried);
@@ -55,9 +57,4 @@ void kbcC_BC::AssertMove(std::size_t from, std::size_t to) const {
 
 bool kbcC_BC::ValidByOwnRule(unsigned procedureType, bool carried) const {
   return carried && Type().staysConstrained && kbcC_kStaysConstrained.Contains(procedureType);
-}
-
-std::string_view kbcC_BC::MemberName(std::string_view command) const {
-  if (command == csysCmd()) { return "csys"; }
-  return command == distributionTypeCmd() ? distributionCmd().View() : command;
 }

@@ -2,6 +2,7 @@
 
 #include "module/kbc/Rules.h"
 #include "module/kbc/kbcC_BCState.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "module/kpr/engine/kprC_StepAttribute.h"
 #include "module/kpr/family/kprC_Prescribed.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
@@ -9,13 +10,14 @@
 class kprC_Step;
 
 /// Forms the histories of boundary conditions.
-using kbcC_BCPropagator = kprC_Propagator<kbcC_StepRules>;
-extern template class DDB_API kprC_History<kbcC_StepRules>;
-extern template class DDB_API kprC_StepAttribute<kbcC_StepRules>;
+using kbcC_BCPropagator = kprC_Propagator<kbcC_Rules>;
+extern template class DDB_API kprC_History<kbcC_Rules>;
+extern template struct DDB_API cls_MemberTraits<kprC_History<kbcC_Rules>>;
+extern template class DDB_API kprC_StepAttribute<kbcC_Rules>;
 
 /// Base of every boundary condition. The per-step operations, with their refusals, are those of kprC_StepAttribute under
-/// the family's rules (kbcC_StepRules.h); a type adds its state, its category and what it alone refuses.
-class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_TypedAttribute<kbcC_StepRules>> {
+/// the family's rules (kbcC_Rules.h); a type adds its state, its category and what it alone refuses.
+class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_TypedAttribute<kbcC_Rules>> {
 public:
   using CategoryEnm = kbcC_CategoryEnm;
   using enum kbcC_CategoryEnm;
@@ -23,6 +25,8 @@ public:
   using enum kprC_DistributionEnm;
 
   static constexpr char const* kModule = "kbc";
+  /// The construction commands of the family.
+  static std::span<kprC_Constructor<kbcC_BC> const> Constructors();
 
   static constexpr omn_FixedString bcCmd() { return "boundaryCondition"; }
   static constexpr omn_FixedString itemCmd() { return bcCmd(); }
@@ -74,16 +78,15 @@ public:
   /// zero in the initial step.
   void AssertValid() const override;
 
-  /// Commands say "localCsys" and "distributionType" of the members "csys" and "distribution".
-  std::string_view MemberName(std::string_view command) const override;
-
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    visit(suppressCmd(), &kbcC_BC::suppress_, cls_MemberText{"whether the condition is suppressed as a whole"});
-    visit(regionCmd(), &kbcC_BC::region_, cls_MemberText{"the set or surface that it acts on"});
-    visit("csys", &kbcC_BC::csys_, cls_MemberText{"local coordinate system; empty for the global one"});
-    visit(distributionCmd(), &kbcC_BC::distribution_, cls_MemberText{"how the values vary over the region"});
-    visit("states", &kbcC_BC::states_, cls_MemberText{"the per-step records"});
-    visit(fieldNameCmd(), &kbcC_BC::fieldName_, cls_MemberText{"the field that the distribution FIELD takes"});
+    visit(suppressCmd(), &kbcC_BC::suppress_, cls_MemberText{"whether the condition is suppressed as a whole"}.NotSettable());
+    visit(regionCmd(), &kbcC_BC::region_, cls_MemberText{"the set or surface that it acts on"}.RefersTo(cls_Reference::Region));
+    visit("csys", &kbcC_BC::csys_,
+          cls_MemberText{"local coordinate system; empty for the global one"}.RefersTo(cls_Reference::CoordinateSystem).Called(csysCmd()));
+    visit(distributionCmd(), &kbcC_BC::distribution_, cls_MemberText{"how the values vary over the region"}.Called(distributionTypeCmd()));
+    visit("states", &kbcC_BC::states_, cls_MemberText{"the per-step records"}.NotSettable());
+    visit(fieldNameCmd(), &kbcC_BC::fieldName_,
+          cls_MemberText{"the field that the distribution FIELD takes"}.RefersTo(cls_Reference::Field));
   }
 
 protected:
@@ -103,3 +106,5 @@ private:
   dtmC_DatumRef csys_;
   omu_PrimEnum<DistribTypeEnum, 1> distribution_;
 };
+
+extern template class DDB_API kprC_PropagatingContainer<kbcC_BC>;

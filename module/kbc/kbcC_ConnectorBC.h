@@ -12,14 +12,14 @@ class DDB_API kbcC_ConnectorBC : public cls_Persistent<kbcC_ConnectorBC, kbcC_BC
 public:
   static constexpr omn_FixedString connectorsCmd() { return "connectors"; }
 
-  cow_List<cow_String> Connectors() const override { return connectors_; }
   /// Refuses components that a connector of the model does not offer, by their names. Connectors that the model does not
   /// know are passed over.
   void AssertInModel(ddr_Model const& model) const override;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kbcC_BC::VisitMembers(visit);
-    visit(connectorsCmd(), &kbcC_ConnectorBC::connectors_, cls_MemberText{"names of the connectors that it acts on"});
+    visit(connectorsCmd(), &kbcC_ConnectorBC::connectors_,
+          cls_MemberText{"names of the connectors that it acts on"}.RefersTo(cls_Reference::Connector));
   }
 
 private:
@@ -34,11 +34,9 @@ public:
 /// Relative displacements and rotations of connectors.
 ///
 /// Refuses in addition: 16 a value together with "fixed".
-class DDB_API kbcC_ConnDisplacementBC final : public kprC_TypeOf<kbcC_ConnDisplacementBC, kbcC_ConnDisplacementBCState, kbcC_ConnectorBC> {
+class DDB_API kbcC_ConnDisplacementBC final : public kprC_TypeOf<kbcC_ConnDisplacementBC, kbcC_ConnectorBC> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "ConnDisplacementBC"; }
-  static constexpr omn_FixedString label() { return "Connector displacement"; }
 };
 
 class DDB_API kbcC_ConnVelocityBCState final : public kbcC_Velocities<kbcC_ConnVelocityBCState> {
@@ -47,11 +45,9 @@ public:
   explicit kbcC_ConnVelocityBCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
 };
 /// Relative velocities and angular velocities of connectors.
-class DDB_API kbcC_ConnVelocityBC final : public kprC_TypeOf<kbcC_ConnVelocityBC, kbcC_ConnVelocityBCState, kbcC_ConnectorBC> {
+class DDB_API kbcC_ConnVelocityBC final : public kprC_TypeOf<kbcC_ConnVelocityBC, kbcC_ConnectorBC> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "ConnVelocityBC"; }
-  static constexpr omn_FixedString label() { return "Connector velocity"; }
 };
 
 class DDB_API kbcC_ConnAccelerationBCState final : public kbcC_Accelerations<kbcC_ConnAccelerationBCState> {
@@ -60,22 +56,20 @@ public:
   explicit kbcC_ConnAccelerationBCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
 };
 /// Relative accelerations and angular accelerations of connectors.
-class DDB_API kbcC_ConnAccelerationBC final : public kprC_TypeOf<kbcC_ConnAccelerationBC, kbcC_ConnAccelerationBCState, kbcC_ConnectorBC> {
+class DDB_API kbcC_ConnAccelerationBC final : public kprC_TypeOf<kbcC_ConnAccelerationBC, kbcC_ConnectorBC> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "ConnAccelerationBC"; }
-  static constexpr omn_FixedString label() { return "Connector acceleration"; }
 };
 
-class DDB_API kbcC_MassFlowBCState final : public kbcC_OneValue<kbcC_MassFlowBCState> {
+class DDB_API kbcC_MassFlowBCState final : public kprC_StateOf<kbcC_MassFlowBCState, kbcC_DistributedBCState> {
 public:
-  using kbcC_OneValue::kbcC_OneValue;
-  static constexpr cls_MemberText value() { return kbcC_Component("rate at which material passes the connector", "length/time"); }
+  using kprC_StateOf::kprC_StateOf;
+  static constexpr cls_MemberText value() {
+    return kbcC_Component(kbcC_oneValue, "rate at which material passes the connector", "length/time");
+  }
 };
 /// Flow of material into connectors. The command keeps the name that users know, "MaterialFlowBC".
-class DDB_API kbcC_MassFlowBC final : public kprC_TypeOf<kbcC_MassFlowBC, kbcC_MassFlowBCState, kbcC_ConnectorBC> {
+class DDB_API kbcC_MassFlowBC final : public kprC_TypeOf<kbcC_MassFlowBC, kbcC_ConnectorBC> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "MaterialFlowBC"; }
-  static constexpr omn_FixedString label() { return "Connector material flow"; }
 };

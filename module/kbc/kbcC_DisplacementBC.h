@@ -14,9 +14,7 @@ public:
 /// Displacements and rotations of a region, prescribed, held or released step by step.
 ///
 /// Refuses in addition: 16 a value together with "fixed".
-class DDB_API kbcC_DisplacementBC final : public kprC_TypeOf<kbcC_DisplacementBC, kbcC_DisplacementBCState, kbcC_BC> {
+class DDB_API kbcC_DisplacementBC final : public kprC_TypeOf<kbcC_DisplacementBC, kbcC_BC> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "DisplacementBC"; }
-  static constexpr omn_FixedString label() { return "Displacement/Rotation"; }
 };

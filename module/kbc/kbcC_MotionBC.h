@@ -12,11 +12,9 @@ public:
 };
 
 /// Velocities and angular velocities of a region.
-class DDB_API kbcC_VelocityBC final : public kprC_TypeOf<kbcC_VelocityBC, kbcC_VelocityBCState, kbcC_BC> {
+class DDB_API kbcC_VelocityBC final : public kprC_TypeOf<kbcC_VelocityBC, kbcC_BC> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "VelocityBC"; }
-  static constexpr omn_FixedString label() { return "Velocity/Angular velocity"; }
 };
 
 /// Per-step state of an acceleration condition.
@@ -27,9 +25,7 @@ public:
 };
 
 /// Accelerations and angular accelerations of a region.
-class DDB_API kbcC_AccelerationBC final : public kprC_TypeOf<kbcC_AccelerationBC, kbcC_AccelerationBCState, kbcC_BC> {
+class DDB_API kbcC_AccelerationBC final : public kprC_TypeOf<kbcC_AccelerationBC, kbcC_BC> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "AccelerationBC"; }
-  static constexpr omn_FixedString label() { return "Acceleration/Angular acceleration"; }
 };

@@ -4,7 +4,7 @@
 #include "module/kpr/family/kprC_TypeOf.h"
 
 /// Per-step state of a submodel condition: where in the results of the global model its values come from.
-class DDB_API kbcC_SubmodelBCState final : public kbcC_StateOf<kbcC_SubmodelBCState> {
+class DDB_API kbcC_SubmodelBCState final : public kprC_StateOf<kbcC_SubmodelBCState, kbcC_BCState> {
 public:
   kbcC_SubmodelBCState() = default;
   explicit kbcC_SubmodelBCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
@@ -26,30 +26,26 @@ public:
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     using Self = kbcC_SubmodelBCState;
-    constexpr int component = static_cast<int>(kbcC_ErrorEnm::ComponentValue);
     kbcC_BCState::VisitMembers(visit);
-    visit("dof", &Self::dof, cls_MemberText{"degrees of freedom that are driven", "", component});
+    visit("dof", &Self::dof, kbcC_Value("degrees of freedom that are driven"));
     visit("globalDrivingRegion", &Self::globalDrivingRegion, cls_MemberText{"region of the global model that drives; empty for all of it"});
-    visit("globalStep", &Self::globalStep,
-          cls_MemberText{"step of the global model, from 1", "", static_cast<int>(kbcC_ErrorEnm::GlobalStepValue)});
+    visit("globalStep", &Self::globalStep, cls_MemberText{"step of the global model, from 1"}.Refused(kbcC_ErrorEnm::GlobalStepValue));
     visit("globalIncrement", &Self::globalIncrement, cls_MemberText{"increment of the global step; unset for all of them"});
     visit("timeScale", &Self::timeScale, cls_MemberText{"whether the global step's time is scaled to that of this step"});
-    visit("scale", &Self::scale, cls_MemberText{"factor on the values of the global model", "", component});
-    visit("shellThickness", &Self::shellThickness, cls_MemberText{"thickness of the global model's shells", "length", component});
+    visit("scale", &Self::scale, kbcC_Value("factor on the values of the global model"));
+    visit("shellThickness", &Self::shellThickness, kbcC_Value("thickness of the global model's shells", "length"));
     visit("exteriorTolerance", &Self::exteriorTolerance,
-          cls_MemberText{"how far outside the global model a node may lie, as a fraction of the element size", "", component});
+          kbcC_Value("how far outside the global model a node may lie, as a fraction of the element size"));
     visit("absoluteExteriorTolerance", &Self::absoluteExteriorTolerance,
-          cls_MemberText{"how far outside the global model a node may lie", "length", component});
+          kbcC_Value("how far outside the global model a node may lie", "length"));
     visit("centerZoneSize", &Self::centerZoneSize,
-          cls_MemberText{"thickness of the zone about a shell's middle surface that is driven in full", "length", component});
-    visit("fixed", &Self::fixed, cls_MemberText{"held where the step begins", "", static_cast<int>(kbcC_ErrorEnm::FixedValue)});
+          kbcC_Value("thickness of the zone about a shell's middle surface that is driven in full", "length"));
+    visit(fixedCmd(), &Self::fixed, kbcC_FixedText());
   }
 };
 
 /// Values that are taken from the results of a global model.
-class DDB_API kbcC_SubmodelBC final : public kprC_TypeOf<kbcC_SubmodelBC, kbcC_SubmodelBCState, kbcC_BC> {
+class DDB_API kbcC_SubmodelBC final : public kprC_TypeOf<kbcC_SubmodelBC, kbcC_BC> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "SubmodelBC"; }
-  static constexpr omn_FixedString label() { return "Submodel"; }
 };

@@ -12,7 +12,7 @@ template <> struct omu_EnumTable<kbcC_TypeNameEnm> {
 };
 
 /// Per-step state of a symmetry, antisymmetry or encastre condition.
-class DDB_API kbcC_TypeBCState final : public kbcC_StateOf<kbcC_TypeBCState> {
+class DDB_API kbcC_TypeBCState final : public kprC_StateOf<kbcC_TypeBCState, kbcC_BCState> {
 public:
   static constexpr omn_FixedString typeNameCmd() { return "typeName"; }
   static constexpr omn_FixedString buckleCaseCmd() { return "buckleCase"; }
@@ -25,24 +25,17 @@ public:
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kbcC_BCState::VisitMembers(visit);
-    visit(typeNameCmd(), &kbcC_TypeBCState::typeName,
-          cls_MemberText{"the kind of constraint", "", static_cast<int>(kbcC_ErrorEnm::TypeValue)});
+    visit(typeNameCmd(), &kbcC_TypeBCState::typeName, cls_MemberText{"the kind of constraint"}.Refused(kbcC_ErrorEnm::TypeValue));
     visit(buckleCaseCmd(), &kbcC_TypeBCState::buckleCase, cls_MemberText{"the part of a buckle step that it acts in"});
   }
-};
-
-/// A kind of symmetry, antisymmetry or clamping and the command that constructs it.
-struct kbcC_TypeBCKind {
-  omn_FixedString constructorCmd;
-  kbcC_TypeNameEnm kind;
 };
 
 /// What the symmetry types have in common.
 ///
 /// Refuses in addition: 46 an edit where the condition is carried unchanged.
-template <class Derived, class State> class kbcC_Unedited : public kprC_TypeOf<Derived, State, kbcC_BC> {
+template <class Derived> class kbcC_Unedited : public kprC_TypeOf<Derived, kbcC_BC> {
 public:
-  using kprC_TypeOf<Derived, State, kbcC_BC>::kprC_TypeOf;
+  using kprC_TypeOf<Derived, kbcC_BC>::kprC_TypeOf;
 
   bool Insert(cow_String const& step, kbcC_BCState const& state) override {
     std::size_t const index = this->States().Find(step.View());
@@ -52,16 +45,10 @@ public:
 };
 
 /// Symmetry, antisymmetry, pinned and encastre conditions: constraints named by their kind.
-class DDB_API kbcC_TypeBC final : public kbcC_Unedited<kbcC_TypeBC, kbcC_TypeBCState> {
+class DDB_API kbcC_TypeBC final : public kbcC_Unedited<kbcC_TypeBC> {
 public:
   using TypeNameEnm = kbcC_TypeNameEnm;
   using enum kbcC_TypeNameEnm;
-
-  static constexpr omn_FixedString label() { return "Symmetry/Antisymmetry/Encastre"; }
-  static constexpr kbcC_TypeBCKind kKinds[] = {
-      {"XsymmBC", XSYMM},   {"YsymmBC", YSYMM},   {"ZsymmBC", ZSYMM},   {"XasymmBC", XASYMM},
-      {"YasymmBC", YASYMM}, {"ZasymmBC", ZASYMM}, {"PinnedBC", PINNED}, {"EncastreBC", ENCASTRE},
-  };
 
   explicit kbcC_TypeBC(TypeNameEnm kind = XSYMM) : kind_(kind) {}
   explicit kbcC_TypeBC(cls_ReadVisitor const& in) : kbcC_Unedited(in) {}
@@ -75,18 +62,13 @@ private:
 };
 
 /// Per-step state of a plain symmetry condition: nothing but that it is there.
-class DDB_API kbcC_SymmBCState final : public kbcC_StateOf<kbcC_SymmBCState> {
+class DDB_API kbcC_SymmBCState final : public kprC_StateOf<kbcC_SymmBCState, kbcC_BCState> {
 public:
-  kbcC_SymmBCState() = default;
-  explicit kbcC_SymmBCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
-
-  template <class V> static constexpr void VisitMembers(V&& visit) { kbcC_BCState::VisitMembers(visit); }
+  using kprC_StateOf::kprC_StateOf;
 };
 
 /// Plain symmetry conditions.
-class DDB_API kbcC_SymmBC final : public kbcC_Unedited<kbcC_SymmBC, kbcC_SymmBCState> {
+class DDB_API kbcC_SymmBC final : public kbcC_Unedited<kbcC_SymmBC> {
 public:
   using kbcC_Unedited::kbcC_Unedited;
-  static constexpr omn_FixedString constructorCmd() { return "SymmBC"; }
-  static constexpr omn_FixedString label() { return ""; }
 };

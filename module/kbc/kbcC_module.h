@@ -1,9 +1,6 @@
 #pragma once
 
-#include <span>
-
 #include "module/kbc/kbcC_BC.h"
-#include "module/kpr/family/kprC_Constructor.h"
 
 /// Starts the module of boundary conditions: number 664 in the component table, an empty repository as the model's
 /// extension "boundaryConditions", the classes' metadata, the catalogue of refusals. Counted: only the first call works,
@@ -11,7 +8,3 @@
 DDB_API void kbcC_initialize(int& count);
 /// Mirrors kbcC_initialize at the last call.
 DDB_API void kbcC_finalize(int& count);
-
-/// The construction commands of the family.
-using kbcC_Constructor = kprC_Constructor<kbcC_BC>;
-DDB_API std::span<kbcC_Constructor const> kbcC_Constructors();

@@ -13,8 +13,8 @@ struct Module;
 void kfdC_initialize(int& count) {
   ddb_EnterModule<Module>(count, kfdC_moduleNumber, "kfd", [] {
     mdl_ExtensionSubject::RegisterExtension(ddr_Model::fieldsCmd(), cow_Handle<kfdC_FieldMap>::Make());
-    cls_MetadataRegistrar::initClassMetadata(&kfdC_Field::InitializeMetadata, ddb_metadataFlag);
-    cls_MetadataRegistrar::initClassMetadata(&kfdC_FieldMap::InitializeMetadata, ddb_metadataFlag);
+#define DDB_CLASS(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
+#include "module/kfd/Types.def"
   });
 }
 

@@ -1,22 +1,10 @@
 #pragma once
 
 #include "framework/mdl_MapString2ObjCow.h"
-#include "platform/BasicUtils/cls_Persistent.h"
+#include "module/kfd/Types.h"
 #include "platform/CoreUtils/omn_FixedString.h"
 
-inline constexpr unsigned kfdC_moduleNumber = 0x35A;
-
-class kfdC_Field;
 using kfdC_FieldMap = mdl_MapString2ObjCow<kfdC_Field>;
-
-template <> struct cls_TypeIdOf<kfdC_Field> {
-  static constexpr unsigned value = kfdC_moduleNumber << 16 | 1;
-  static constexpr char const* kName = "kfdC_Field";
-};
-template <> struct cls_TypeIdOf<kfdC_FieldMap> {
-  static constexpr unsigned value = kfdC_moduleNumber << 16 | 2;
-  static constexpr char const* kName = "mdl_MapString2ObjCow<kfdC_Field>";
-};
 
 /// A field that attributes are distributed by, known to a model by its name. How it varies is nobody's business here.
 class DDB_API kfdC_Field final : public cls_Persistent<kfdC_Field, cls_Object> {

@@ -9,15 +9,15 @@ template <> struct omu_EnumTable<kloC_CategoryEnm> {
                                                                {"MASS_DIFFUSION", 4}, {"ACOUSTIC", 5}, {"OTHER_LOAD", 6}, {nullptr, 0}};
 };
 
-/// What sets a type apart: a row of the table of types. Its member "type" is the text by which users know the type.
+/// A row of the table of types.
 using kloC_TypeRow = kprC_TypeRow<kloC_CategoryEnm>;
-/// The table of types, in the order in which they are listed. A type without a text is not in it.
+/// The table of types, in the order of the lists that users see.
 DDB_API std::span<kloC_TypeRow const> kloC_Types();
-/// The text of the type of that identity; empty where it has none.
+/// The label of the type of that identity; empty where it has none.
 DDB_API std::string_view kloC_TypeText(unsigned typeId);
 
 /// What sets loads apart from the other families: statuses, procedures and refusals, as tables.
-struct DDB_API kloC_StepRules : kprC_ProcedureRules {
+struct DDB_API kloC_Rules : kprC_ProcedureRules {
   using State = kloC_LoadState;
   using Error = kloC_ErrorEnm;
   using Status = mdl_PropagationStatusEnm;
@@ -29,9 +29,25 @@ struct DDB_API kloC_StepRules : kprC_ProcedureRules {
   /// A move asks the steps between first, then the destination.
   static constexpr bool kMoveInStepOrder = false;
 
-  /// How a status is classified; one without a row is refused.
-  static constexpr kprC_StatusTable kStatuses =
-      kprC_WithStatus(kprC_commonStatuses, Status::Status8, kprC_Known | kprC_Active | kprC_BuiltIn);  // part of the base state
+  /// How a status is classified; one that is not known is refused.
+  static constexpr kprC_StatusTable kStatuses = {
+      /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
+      /*  1 Created                   */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed,
+      /*  2 Propagated                */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
+      /*  3 Modified                  */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
+      /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
+      /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
+      /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
+      /*  7 not carried here          */ kprC_Known | kprC_NoReset,
+      /*  8 part of the base state    */ kprC_Known | kprC_Active | kprC_BuiltIn,
+      /*  9                           */ 0,
+      /* 10                           */ kprC_NoReset,
+      /* 11                           */ 0,
+      /* 12                           */ 0,
+      /* 13                           */ kprC_NoReset,
+      /* 14                           */ 0,
+      /* 15                           */ 0,
+  };
 
   /// What the propagator gives. Nothing is created in the initial step, and no step is modal-based.
   static constexpr kprC_PassTable kPass = {
@@ -71,28 +87,31 @@ struct DDB_API kloC_StepRules : kprC_ProcedureRules {
       .offInPerturbation = Error::DeactivateInBaseState,
       .cannotBeOff = Error::CannotBeDeactivated,
   };
-  static constexpr kprC_LoadCaseRefusals<Error> kLoadCase = {Error::LoadCaseNotActive, Error::LoadCaseType, Error::LoadCaseConnector};
-  static constexpr auto kMoveTargets =
-      MoveTargets(Error::MoveToPerturbation, Error::MoveToAnneal, Error::MoveToModalDynamics, Error::MoveToRandomResponse,
-                  Error::MoveToResponseSpectrum, Error::MoveToSteadyStateModal);
+  static constexpr kprC_LoadCaseRefusals<Error> kLoadCase = {
+      .notActive = Error::LoadCaseNotActive, .type = Error::LoadCaseType, .notYet = Error::LoadCaseConnector};
+  static constexpr auto kMoveTargets = MoveTargets<Error>({
+      .perturbation = Error::MoveToPerturbation,
+      .anneal = Error::MoveToAnneal,
+      .modalDynamics = Error::MoveToModalDynamics,
+      .randomResponse = Error::MoveToRandomResponse,
+      .responseSpectrum = Error::MoveToResponseSpectrum,
+      .steadyStateModal = Error::MoveToSteadyStateModal,
+  });
   /// What the editing layers refuse.
-  static constexpr Error Edit(kprC_EditRefusal refusal) {
-    switch (refusal) {
-      case kprC_EditRefusal::NoSuchAttribute: return Error::NoSuchLoad;
-      case kprC_EditRefusal::NoSteps: return Error::NoSteps;
-      case kprC_EditRefusal::NoAttributes: return Error::NoLoads;
-      case kprC_EditRefusal::NameInUse: return Error::NameInUse;
-      case kprC_EditRefusal::UnknownStep: return Error::StepUnknown;
-      case kprC_EditRefusal::Suppressed: return Error::Suppressed;
-      case kprC_EditRefusal::AmplitudeName:
-      case kprC_EditRefusal::AmplitudeValue: return Error::AmplitudeName;
-      case kprC_EditRefusal::FieldUnknown: return Error::FieldUnknown;
-      case kprC_EditRefusal::NotInStep: return Error::NotInStepOrInactive;
-      case kprC_EditRefusal::ReadOnlyInStep: return Error::ReadOnly;
-      case kprC_EditRefusal::InInitialStep: return Error::DefinedInInitialStep;
-    }
-    return Error::UnknownStatus;
-  }
+  static constexpr kprC_EditRefusals<Error> kEdit = {
+      .noSuchAttribute = Error::NoSuchLoad,
+      .noSteps = Error::NoSteps,
+      .noAttributes = Error::NoLoads,
+      .nameInUse = Error::NameInUse,
+      .unknownStep = Error::StepUnknown,
+      .suppressed = Error::Suppressed,
+      .amplitudeName = Error::AmplitudeName,
+      .amplitudeUnknown = Error::AmplitudeName,
+      .fieldUnknown = Error::FieldUnknown,
+      .notInStep = Error::NotInStepOrInactive,
+      .readOnlyInStep = Error::ReadOnly,
+      .inInitialStep = Error::DefinedInInitialStep,
+  };
 
   static void Assert(bool condition, Error code) { kloC_Assert(condition, code); }
 };

@@ -9,7 +9,7 @@ template <> struct omu_EnumTable<kloC_BoltMethodEnm> {
 };
 
 /// Per-step state of a bolt load.
-class DDB_API kloC_BoltLoadState final : public kloC_StateOf<kloC_BoltLoadState, kloC_ScalarState> {
+class DDB_API kloC_BoltLoadState final : public kprC_StateOf<kloC_BoltLoadState, kloC_ScalarState> {
 public:
   kloC_BoltLoadState() = default;
   explicit kloC_BoltLoadState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
@@ -19,9 +19,10 @@ public:
   mdl_PropAttr<cow_String> dtmReference;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    kloC_StateOf::VisitMembers(visit);
+    kprC_StateOf::VisitMembers(visit);
     visit("boltMethod", &kloC_BoltLoadState::boltMethod, kloC_Value("whether a force is applied, the length adjusted, or fixed as it is"));
-    visit("dtmReference", &kloC_BoltLoadState::dtmReference, cls_MemberText{"name of the datum axis along the bolt; solids need one"});
+    visit("dtmReference", &kloC_BoltLoadState::dtmReference,
+          cls_MemberText{"name of the datum axis along the bolt; solids need one"}.RefersTo(cls_Reference::Axis));
   }
 };
 
@@ -29,12 +30,10 @@ public:
 ///
 /// Refuses in addition: 37 a creation in any step but the first analysis step, which must be a general one; 38 a fixed
 /// length in the create step; 39 a region of solids without a datum axis.
-class DDB_API kloC_BoltLoad final : public kprC_TypeOf<kloC_BoltLoad, kloC_BoltLoadState, kloC_Scalar> {
+class DDB_API kloC_BoltLoad final : public kprC_TypeOf<kloC_BoltLoad, kloC_Scalar> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
   using BoltMethodEnm = kloC_BoltMethodEnm;
-  static constexpr omn_FixedString constructorCmd() { return "BoltLoad"; }
-  static constexpr omn_FixedString label() { return "Bolt load"; }
 
   /// Refuses 35, whatever the step.
   void Deactivate(cow_String const& step) override;

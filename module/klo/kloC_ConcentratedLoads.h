@@ -16,7 +16,8 @@ public:
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kloC_VectorOf<Derived>::VisitMembers(visit);
     visit(followerCmd(), &Derived::follower, cls_MemberText{"whether the direction rotates with the node"});
-    visit(csysCmd(), &Derived::csys, cls_MemberText{"coordinate system of the components; empty for the global one"});
+    visit(csysCmd(), &Derived::csys,
+          cls_MemberText{"coordinate system of the components; empty for the global one"}.RefersTo(cls_Reference::CoordinateSystem));
   }
 };
 
@@ -31,11 +32,9 @@ public:
   }
 };
 /// Force at points.
-class DDB_API kloC_ConcentratedForce final : public kprC_TypeOf<kloC_ConcentratedForce, kloC_ConcentratedForceState, kloC_Vector> {
+class DDB_API kloC_ConcentratedForce final : public kprC_TypeOf<kloC_ConcentratedForce, kloC_Vector> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "ConcentratedForce"; }
-  static constexpr omn_FixedString label() { return "Concentrated force"; }
 };
 
 class DDB_API kloC_MomentState final : public kloC_AtPoints<kloC_MomentState> {
@@ -49,11 +48,9 @@ public:
   }
 };
 /// Moment at points.
-class DDB_API kloC_Moment final : public kprC_TypeOf<kloC_Moment, kloC_MomentState, kloC_Vector> {
+class DDB_API kloC_Moment final : public kprC_TypeOf<kloC_Moment, kloC_Vector> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "Moment"; }
-  static constexpr omn_FixedString label() { return "Moment"; }
 };
 
 class DDB_API kloC_ConnectorForceState final : public kloC_VectorOf<kloC_ConnectorForceState> {
@@ -66,11 +63,9 @@ public:
   }
 };
 /// Force in the components of relative motion of connectors.
-class DDB_API kloC_ConnectorForce final : public kprC_TypeOf<kloC_ConnectorForce, kloC_ConnectorForceState, kloC_Vector> {
+class DDB_API kloC_ConnectorForce final : public kprC_TypeOf<kloC_ConnectorForce, kloC_Vector> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "ConnectorForce"; }
-  static constexpr omn_FixedString label() { return "Connector force"; }
 };
 
 class DDB_API kloC_ConnectorMomentState final : public kloC_VectorOf<kloC_ConnectorMomentState> {
@@ -83,11 +78,9 @@ public:
   }
 };
 /// Moment in the components of relative motion of connectors.
-class DDB_API kloC_ConnectorMoment final : public kprC_TypeOf<kloC_ConnectorMoment, kloC_ConnectorMomentState, kloC_Vector> {
+class DDB_API kloC_ConnectorMoment final : public kprC_TypeOf<kloC_ConnectorMoment, kloC_Vector> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "ConnectorMoment"; }
-  static constexpr omn_FixedString label() { return "Connector moment"; }
 };
 
 class DDB_API kloC_PEGLoadState final : public kloC_VectorOf<kloC_PEGLoadState> {
@@ -100,9 +93,7 @@ public:
   }
 };
 /// What acts on the reference point of a region in generalized plane strain.
-class DDB_API kloC_PEGLoad final : public kprC_TypeOf<kloC_PEGLoad, kloC_PEGLoadState, kloC_Vector> {
+class DDB_API kloC_PEGLoad final : public kprC_TypeOf<kloC_PEGLoad, kloC_Vector> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "PEGLoad"; }
-  static constexpr omn_FixedString label() { return "Generalized plane strain"; }
 };

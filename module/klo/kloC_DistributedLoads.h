@@ -12,7 +12,7 @@ template <> struct omu_EnumTable<kloC_PressureDistEnm> {
 };
 
 class DDB_API kloC_PressureState final
-    : public kloC_StateOf<kloC_PressureState, kloC_WithDistribution<kloC_ScalarState, kloC_PressureDistEnm>> {
+    : public kprC_StateOf<kloC_PressureState, kloC_WithDistribution<kloC_ScalarState, kloC_PressureDistEnm>> {
 public:
   kloC_PressureState() = default;
   explicit kloC_PressureState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
@@ -29,7 +29,7 @@ public:
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     using Self = kloC_PressureState;
-    kloC_StateOf::VisitMembers(visit);
+    kprC_StateOf::VisitMembers(visit);
     visit(distTypeCmd(), &Self::distType, distTypeText());
     visit("hZero", &Self::hZero, kloC_Value("elevation z0 of zero pressure", "length"));
     visit("hReference", &Self::hReference, kloC_Value("elevation z1 at which the magnitude is reached", "length"));
@@ -41,12 +41,10 @@ public:
 /// Pressure on surfaces.
 ///
 /// Refuses in addition: 19 a hydrostatic pressure in force in an explicit step, 20 equal elevations where it is in use.
-class DDB_API kloC_Pressure final : public kprC_TypeOf<kloC_Pressure, kloC_PressureState, kloC_Scalar> {
+class DDB_API kloC_Pressure final : public kprC_TypeOf<kloC_Pressure, kloC_Scalar> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
   using DistTypeEnm = kloC_PressureDistEnm;
-  static constexpr omn_FixedString constructorCmd() { return "Pressure"; }
-  static constexpr omn_FixedString label() { return "Pressure"; }
 
 protected:
   void AssertState(kloC_LoadState const& state, std::size_t index) const override;
@@ -65,16 +63,15 @@ public:
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kloC_LoadState::VisitMembers(visit);
-    visit("interaction", &kloC_PressurePenetrationState::interaction,
-          cls_MemberText{"name of the contact interaction between whose surfaces the fluid penetrates"});
+    visit(
+        "interaction", &kloC_PressurePenetrationState::interaction,
+        cls_MemberText{"name of the contact interaction between whose surfaces the fluid penetrates"}.RefersTo(cls_Reference::Interaction));
   }
 };
 /// Pressure of a fluid that penetrates between surfaces in contact. No procedure admits it yet.
-class DDB_API kloC_PressurePenetration final : public kprC_TypeOf<kloC_PressurePenetration, kloC_PressurePenetrationState, kloC_Load> {
+class DDB_API kloC_PressurePenetration final : public kprC_TypeOf<kloC_PressurePenetration, kloC_Load> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "PressurePenetration"; }
-  static constexpr omn_FixedString label() { return "Pressure penetration (NYI)"; }
 };
 
 enum class kloC_PipeSideEnm { INTERNAL, EXTERNAL };
@@ -86,7 +83,7 @@ template <> struct omu_EnumTable<kloC_PipeEndEnm> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"CLOSED", 0}, {"OPEN", 1}, {nullptr, 0}};
 };
 
-class DDB_API kloC_PipePressureState final : public kloC_StateOf<kloC_PipePressureState, kloC_DistributedState> {
+class DDB_API kloC_PipePressureState final : public kprC_StateOf<kloC_PipePressureState, kloC_DistributedState> {
 public:
   kloC_PipePressureState() = default;
   explicit kloC_PipePressureState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
@@ -101,20 +98,18 @@ public:
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     using Self = kloC_PipePressureState;
-    kloC_StateOf::VisitMembers(visit);
+    kprC_StateOf::VisitMembers(visit);
     visit("side", &Self::side, kloC_Value("the side of the wall that the pressure acts on"));
     visit("endCondition", &Self::endCondition, kloC_Value("whether the ends of the pipe are closed and pulled by the pressure"));
     visit("diameter", &Self::diameter, kloC_Value("effective inner or outer diameter, greater than zero", "length"));
   }
 };
 /// Pressure in or about pipes.
-class DDB_API kloC_PipePressure final : public kprC_TypeOf<kloC_PipePressure, kloC_PipePressureState, kloC_Distributed> {
+class DDB_API kloC_PipePressure final : public kprC_TypeOf<kloC_PipePressure, kloC_Distributed> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
   using SideEnm = kloC_PipeSideEnm;
   using EndConditionEnm = kloC_PipeEndEnm;
-  static constexpr omn_FixedString constructorCmd() { return "PipePressure"; }
-  static constexpr omn_FixedString label() { return "Pipe pressure"; }
 };
 
 enum class kloC_LineSystemEnm { GLOBAL, LOCAL };
@@ -147,12 +142,10 @@ public:
   }
 };
 /// Force along beams.
-class DDB_API kloC_LineLoad final : public kprC_TypeOf<kloC_LineLoad, kloC_LineLoadState, kloC_Vector> {
+class DDB_API kloC_LineLoad final : public kprC_TypeOf<kloC_LineLoad, kloC_Vector> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
   using SystemEnm = kloC_LineSystemEnm;
-  static constexpr omn_FixedString constructorCmd() { return "LineLoad"; }
-  static constexpr omn_FixedString label() { return "Line load"; }
 };
 
 class DDB_API kloC_BodyForceState final : public kloC_VectorOf<kloC_BodyForceState, kloC_WithDistribution<kloC_VectorState>> {
@@ -174,11 +167,9 @@ public:
   }
 };
 /// Force on volumes.
-class DDB_API kloC_BodyForce final : public kprC_TypeOf<kloC_BodyForce, kloC_BodyForceState, kloC_Vector> {
+class DDB_API kloC_BodyForce final : public kprC_TypeOf<kloC_BodyForce, kloC_Vector> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "BodyForce"; }
-  static constexpr omn_FixedString label() { return "Body force"; }
 };
 
 class DDB_API kloC_GravityState final : public kloC_VectorOf<kloC_GravityState> {
@@ -194,9 +185,7 @@ public:
   void AssertInSpace(SpaceEnm space) const override;
 };
 /// Gravity.
-class DDB_API kloC_Gravity final : public kprC_TypeOf<kloC_Gravity, kloC_GravityState, kloC_Vector> {
+class DDB_API kloC_Gravity final : public kprC_TypeOf<kloC_Gravity, kloC_Vector> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "Gravity"; }
-  static constexpr omn_FixedString label() { return "Gravity"; }
 };

@@ -4,7 +4,7 @@
 
 // Loads that are a flux, a flow, a charge or a current, and their states.
 
-class DDB_API kloC_ConcentratedHeatFluxState final : public kloC_StateOf<kloC_ConcentratedHeatFluxState, kloC_ScalarState> {
+class DDB_API kloC_ConcentratedHeatFluxState final : public kprC_StateOf<kloC_ConcentratedHeatFluxState, kloC_ScalarState> {
 public:
   kloC_ConcentratedHeatFluxState() = default;
   explicit kloC_ConcentratedHeatFluxState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
@@ -16,32 +16,26 @@ public:
   void AssertValid() const override;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    kloC_StateOf::VisitMembers(visit);
-    visit(
-        "dof", &kloC_ConcentratedHeatFluxState::dof,
-        cls_MemberText{"temperature point through the thickness of a shell, 11 to 31", "", static_cast<int>(kloC_ErrorEnm::DofOutOfRange)});
+    kprC_StateOf::VisitMembers(visit);
+    visit("dof", &kloC_ConcentratedHeatFluxState::dof,
+          cls_MemberText{"temperature point through the thickness of a shell, 11 to 31"}.Refused(kloC_ErrorEnm::DofOutOfRange));
   }
 };
 /// Heat flux at points.
-class DDB_API kloC_ConcentratedHeatFlux final : public kprC_TypeOf<kloC_ConcentratedHeatFlux, kloC_ConcentratedHeatFluxState, kloC_Scalar> {
+class DDB_API kloC_ConcentratedHeatFlux final : public kprC_TypeOf<kloC_ConcentratedHeatFlux, kloC_Scalar> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "ConcentratedHeatFlux"; }
-  static constexpr omn_FixedString label() { return "Concentrated heat flux"; }
 };
 
-// One class of loads and one of states for each row of the table.
-#define KLO_ONE_VALUE(Name, Base, text, meaning, unit)                                                   \
-  class DDB_API kloC_##Name##State final : public kloC_StateOf<kloC_##Name##State, kloC_##Base##State> { \
-  public:                                                                                                \
-    using kloC_StateOf::kloC_StateOf;                                                                    \
-    static constexpr cls_MemberText value() { return kloC_Value(meaning, unit); }                        \
-  };                                                                                                     \
-  class DDB_API kloC_##Name final : public kprC_TypeOf<kloC_##Name, kloC_##Name##State, kloC_##Base> {   \
-  public:                                                                                                \
-    using kprC_TypeOf::kprC_TypeOf;                                                                      \
-    static constexpr omn_FixedString constructorCmd() { return #Name; }                                  \
-    static constexpr omn_FixedString label() { return text; }                                            \
+// The classes of the types that are one value: a state and a load for each such row of the table.
+#define DDB_ONE_VALUE(number, Class, stateNumber, State, command, label, procedures, category, loadCase, Base, BaseState, meaning, unit) \
+  class DDB_API State final : public kprC_StateOf<State, BaseState> {                                                                    \
+  public:                                                                                                                                \
+    using kprC_StateOf::kprC_StateOf;                                                                                                    \
+    static constexpr cls_MemberText value() { return kloC_Value(meaning, unit); }                                                        \
+  };                                                                                                                                     \
+  class DDB_API Class final : public kprC_TypeOf<Class, Base> {                                                                          \
+  public:                                                                                                                                \
+    using kprC_TypeOf::kprC_TypeOf;                                                                                                      \
   };
-#include "module/klo/kloC_OneValueLoads.def"
-#undef KLO_ONE_VALUE
+#include "module/klo/Types.def"

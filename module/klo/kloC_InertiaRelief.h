@@ -39,7 +39,8 @@ public:
     visit("isReferencePointDefined", &Self::isReferencePointDefined, kloC_Value("whether the directions refer to a point that is given"));
     visit("referencePoint", &Self::referencePoint, kloC_Value("the point that the directions refer to", "length"));
     visit("referencePointType", &Self::referencePointType, kloC_Value("how the reference point was given"));
-    visit("localCsys", &Self::localCsys, cls_MemberText{"coordinate system of the directions; empty for the global one"});
+    visit("localCsys", &Self::localCsys,
+          cls_MemberText{"coordinate system of the directions; empty for the global one"}.RefersTo(cls_Reference::CoordinateSystem));
   }
 
 private:
@@ -50,11 +51,9 @@ private:
 /// Loads that balance the others by the inertia of a body that is free to move.
 ///
 /// Refuses in addition: 52 a fixed one in the create step.
-class DDB_API kloC_InertiaRelief final : public kprC_TypeOf<kloC_InertiaRelief, kloC_InertiaReliefState, kloC_Load> {
+class DDB_API kloC_InertiaRelief final : public kprC_TypeOf<kloC_InertiaRelief, kloC_Load> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "InertiaRelief"; }
-  static constexpr omn_FixedString label() { return "Inertia relief"; }
 
 protected:
   void AssertState(kloC_LoadState const& state, std::size_t index) const override;

@@ -1,7 +1,9 @@
 #include "module/klo/kloC_Load.h"
 
-template class kprC_History<kloC_StepRules>;
-template class kprC_StepAttribute<kloC_StepRules>;
+template class kprC_History<kloC_Rules>;
+template struct cls_MemberTraits<kprC_History<kloC_Rules>>;
+template class kprC_StepAttribute<kloC_Rules>;
+template class kprC_PropagatingContainer<kloC_Load>;
 
 bool kloC_Load::HasStep(cow_String const& step) const {
   std::size_t const index = States().Find(step.View());

@@ -2,24 +2,28 @@
 
 #include "module/klo/Rules.h"
 #include "module/klo/kloC_LoadState.h"
+#include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "module/kpr/engine/kprC_StepAttribute.h"
 #include "module/kpr/family/kprC_TypeOf.h"
 
 /// A load's record of a step.
 using kloC_StateQuad = kprC_PropagatingState<kloC_LoadState>;
 /// Forms the histories of loads.
-using kloC_LoadPropagator = kprC_Propagator<kloC_StepRules>;
-extern template class DDB_API kprC_History<kloC_StepRules>;
-extern template class DDB_API kprC_StepAttribute<kloC_StepRules>;
+using kloC_LoadPropagator = kprC_Propagator<kloC_Rules>;
+extern template class DDB_API kprC_History<kloC_Rules>;
+extern template struct DDB_API cls_MemberTraits<kprC_History<kloC_Rules>>;
+extern template class DDB_API kprC_StepAttribute<kloC_Rules>;
 
 /// Base of every load. The per-step operations, with their refusals, are those of kprC_StepAttribute under the family's
-/// rules (kloC_StepRules.h); a type adds its state and what it alone refuses.
-class DDB_API kloC_Load : public cls_Persistent<kloC_Load, kprC_TypedAttribute<kloC_StepRules>> {
+/// rules (kloC_Rules.h); a type adds its state and what it alone refuses.
+class DDB_API kloC_Load : public cls_Persistent<kloC_Load, kprC_TypedAttribute<kloC_Rules>> {
 public:
   using CategoryEnm = kloC_CategoryEnm;
   using enum kloC_CategoryEnm;
 
   static constexpr char const* kModule = "klo";
+  /// The construction commands of the family.
+  static std::span<kprC_Constructor<kloC_Load> const> Constructors();
 
   static constexpr omn_FixedString loadCmd() { return "load"; }
   static constexpr omn_FixedString itemCmd() { return loadCmd(); }
@@ -50,13 +54,16 @@ public:
   void AssertInModel(ddr_Model const& model) const override;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    visit(regionCmd(), &kloC_Load::region_, cls_MemberText{"the set or surface that it acts on"});
-    visit(suppressCmd(), &kloC_Load::suppress_, cls_MemberText{"whether the load is suppressed as a whole"});
-    visit("states", &kloC_Load::states_, cls_MemberText{"the per-step records"});
-    visit(fieldNameCmd(), &kloC_Load::fieldName_, cls_MemberText{"the field that the distribution FIELD takes"});
+    visit(regionCmd(), &kloC_Load::region_, cls_MemberText{"the set or surface that it acts on"}.RefersTo(cls_Reference::Region));
+    visit(suppressCmd(), &kloC_Load::suppress_, cls_MemberText{"whether the load is suppressed as a whole"}.NotSettable());
+    visit("states", &kloC_Load::states_, cls_MemberText{"the per-step records"}.NotSettable());
+    visit(fieldNameCmd(), &kloC_Load::fieldName_,
+          cls_MemberText{"the field that the distribution FIELD takes"}.RefersTo(cls_Reference::Field));
   }
 
 protected:
   void AssertState(kloC_LoadState const& state, std::size_t index) const override;
   bool IsCreateStep(std::size_t index) const { return index == States().CreateStep(); }
 };
+
+extern template class DDB_API kprC_PropagatingContainer<kloC_Load>;

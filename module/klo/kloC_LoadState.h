@@ -1,7 +1,7 @@
 #pragma once
 
 #include "framework/ddr_Model.h"
-#include "module/klo/kloC_TypeTable.h"
+#include "module/klo/Types.h"
 #include "module/klo/kloC_assert.h"
 #include "module/kpr/family/kprC_AmplitudeState.h"
 
@@ -24,27 +24,14 @@ public:
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit(amplitudeCmd(), &kloC_LoadState::amplitude,
-          cls_MemberText{"name of the amplitude that scales the load over the step; empty for the step's default", "",
-                         static_cast<int>(kloC_ErrorEnm::AmplitudeName)});
-    visit(deactivateCmd(), &kloC_LoadState::switchedOff_, cls_MemberText{"whether the load is switched off in the step"});
+          cls_MemberText{"name of the amplitude that scales the load over the step; empty for the step's default"}
+              .Refused(kloC_ErrorEnm::AmplitudeName)
+              .RefersTo(cls_Reference::Amplitude));
+    visit(deactivateCmd(), &kloC_LoadState::switchedOff_, cls_MemberText{"whether the load is switched off in the step"}.NotSettable());
   }
 };
 
 /// The line of a list for a value of a load, which refuses 21 what does not fit.
 constexpr cls_MemberText kloC_Value(std::string_view meaning, std::string_view unit = "") {
-  return {meaning, unit, static_cast<int>(kloC_ErrorEnm::ComponentValue)};
+  return cls_MemberText{meaning, unit}.Refused(kloC_ErrorEnm::ComponentValue);
 }
-
-/// A class of states over a base whose values mean something else in every type: \p Derived says what, in the words that
-/// Base::VisitFor asks for. One with members of its own lists them and reads them itself.
-template <class Derived, class Base> class kloC_StateOf : public kprC_StateOf<Derived, Base> {
-public:
-  kloC_StateOf() = default;
-  explicit kloC_StateOf(cls_ReadVisitor const& in) {
-    Derived::VisitMembers([&]<class C, class M>(std::string_view name, M C::*field, cls_MemberText const&) {
-      cls_MemberTraits<M>::Read(in, name, this->*field);
-    });
-  }
-
-  template <class V> static constexpr void VisitMembers(V&& visit) { Base::template VisitFor<Derived>(visit); }
-};

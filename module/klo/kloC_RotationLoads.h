@@ -36,7 +36,7 @@ private:
   std::pair<kloC_Coordinates, kloC_Coordinates> Axis(SpaceEnm space) const;
 };
 
-class DDB_API kloC_RotationalBodyForceState final : public kloC_StateOf<kloC_RotationalBodyForceState, kloC_AxisState> {
+class DDB_API kloC_RotationalBodyForceState final : public kprC_StateOf<kloC_RotationalBodyForceState, kloC_AxisState> {
 public:
   kloC_RotationalBodyForceState() = default;
   explicit kloC_RotationalBodyForceState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
@@ -53,28 +53,24 @@ public:
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     using Self = kloC_RotationalBodyForceState;
-    kloC_StateOf::VisitMembers(visit);
+    kprC_StateOf::VisitMembers(visit);
     visit("centrifugal", &Self::centrifugal, kloC_Value("whether the force is that of a steady rotation"));
     visit("rotaryAcceleration", &Self::rotaryAcceleration, kloC_Value("whether the force is that of a change of the rotation"));
   }
 };
 /// Inertia of a rotating body.
-class DDB_API kloC_RotationalBodyForce final : public kprC_TypeOf<kloC_RotationalBodyForce, kloC_RotationalBodyForceState, kloC_Scalar> {
+class DDB_API kloC_RotationalBodyForce final : public kprC_TypeOf<kloC_RotationalBodyForce, kloC_Scalar> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "RotationalBodyForce"; }
-  static constexpr omn_FixedString label() { return "Rotational body force"; }
 };
 
-class DDB_API kloC_CoriolisForceState final : public kloC_StateOf<kloC_CoriolisForceState, kloC_AxisState> {
+class DDB_API kloC_CoriolisForceState final : public kprC_StateOf<kloC_CoriolisForceState, kloC_AxisState> {
 public:
-  using kloC_StateOf::kloC_StateOf;
+  using kprC_StateOf::kprC_StateOf;
   static constexpr cls_MemberText value() { return kloC_Value("density times angular velocity", "mass*radians/(length^3*time)"); }
 };
 /// Coriolis force in a rotating body.
-class DDB_API kloC_CoriolisForce final : public kprC_TypeOf<kloC_CoriolisForce, kloC_CoriolisForceState, kloC_Scalar> {
+class DDB_API kloC_CoriolisForce final : public kprC_TypeOf<kloC_CoriolisForce, kloC_Scalar> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "CoriolisForce"; }
-  static constexpr omn_FixedString label() { return "Coriolis force"; }
 };

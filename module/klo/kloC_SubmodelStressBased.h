@@ -23,8 +23,7 @@ public:
     using Self = kloC_SubmodelStressBasedState;
     kloC_LoadState::VisitMembers(visit);
     visit("fixed", &Self::fixed, kloC_Value("whether the load stays as it is where the step begins"));
-    visit("globalStep", &Self::globalStep,
-          cls_MemberText{"step of the global model, from 1", "", static_cast<int>(kloC_ErrorEnm::GlobalStepValue)});
+    visit("globalStep", &Self::globalStep, cls_MemberText{"step of the global model, from 1"}.Refused(kloC_ErrorEnm::GlobalStepValue));
     visit("globalIncrement", &Self::globalIncrement, kloC_Value("increment of the global step; unset for all of them"));
     visit("scale", &Self::scale, kloC_Value("factor on the stresses of the global model"));
     visit("globalDrivingRegion", &Self::globalDrivingRegion, cls_MemberText{"region of the global model that drives; empty for all of it"});
@@ -35,14 +34,9 @@ public:
   }
 };
 
-/// Stresses that are taken from the results of a global model. The type has no text and is in no list of types; its own
-/// row says which procedures admit it.
-class DDB_API kloC_SubmodelStressBased final : public kprC_TypeOf<kloC_SubmodelStressBased, kloC_SubmodelStressBasedState, kloC_Load> {
+/// Stresses that are taken from the results of a global model. The type has no label and is in no list of
+/// types.
+class DDB_API kloC_SubmodelStressBased final : public kprC_TypeOf<kloC_SubmodelStressBased, kloC_Load> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
-  static constexpr omn_FixedString constructorCmd() { return "SubmodelSB"; }
-  static constexpr omn_FixedString label() { return ""; }
-
-protected:
-  kloC_TypeRow const& Type() const override;
 };

@@ -51,7 +51,8 @@ public:
   template <class Type, class V> static constexpr void VisitFor(V&& visit) {
     using Self = kloC_TractionState;
     kloC_ScalarState::VisitFor<Type>(visit);
-    visit("csys", &Self::csys, cls_MemberText{"picked coordinate system of the direction; empty for the global one"});
+    visit("csys", &Self::csys,
+          cls_MemberText{"picked coordinate system of the direction; empty for the global one"}.RefersTo(cls_Reference::CoordinateSystem));
     visit("userCsys", &Self::userCsys, cls_MemberText{"name of a coordinate system that the user defines, in place of a picked one"});
     visit("angle", &Self::angle, kloC_Value("by how much the coordinate system is turned", "degrees"));
     visit("axis", &Self::axis, kloC_Value("the axis about which the coordinate system is turned"));
@@ -76,7 +77,7 @@ public:
   template <class V> static constexpr void VisitMembers(V&& visit) { kloC_Load::VisitMembers(visit); }
 };
 
-class DDB_API kloC_SurfaceTractionState final : public kloC_StateOf<kloC_SurfaceTractionState, kloC_TractionState> {
+class DDB_API kloC_SurfaceTractionState final : public kprC_StateOf<kloC_SurfaceTractionState, kloC_TractionState> {
 public:
   kloC_SurfaceTractionState() = default;
   explicit kloC_SurfaceTractionState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
@@ -85,7 +86,7 @@ public:
   mdl_PropAttr<omu_PrimEnum<kloC_SurfaceTractionEnm, 1>> traction;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    kloC_StateOf::VisitMembers(visit);
+    kprC_StateOf::VisitMembers(visit);
     visit(tractionCmd(), &kloC_SurfaceTractionState::traction,
           kloC_Value("along the direction as given, or as the surface's tangent takes it"));
   }
@@ -94,15 +95,13 @@ private:
   bool IsGeneral() const override { return traction == kloC_SurfaceTractionEnm::GENERAL; }
 };
 /// Traction on surfaces.
-class DDB_API kloC_SurfaceTraction final : public kprC_TypeOf<kloC_SurfaceTraction, kloC_SurfaceTractionState, kloC_Traction> {
+class DDB_API kloC_SurfaceTraction final : public kprC_TypeOf<kloC_SurfaceTraction, kloC_Traction> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
   using SurfaceTractionEnm = kloC_SurfaceTractionEnm;
-  static constexpr omn_FixedString constructorCmd() { return "SurfaceTraction"; }
-  static constexpr omn_FixedString label() { return "Surface traction"; }
 };
 
-class DDB_API kloC_ShellEdgeLoadState final : public kloC_StateOf<kloC_ShellEdgeLoadState, kloC_TractionState> {
+class DDB_API kloC_ShellEdgeLoadState final : public kprC_StateOf<kloC_ShellEdgeLoadState, kloC_TractionState> {
 public:
   kloC_ShellEdgeLoadState() = default;
   explicit kloC_ShellEdgeLoadState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
@@ -110,22 +109,18 @@ public:
 
   mdl_PropAttr<omu_PrimEnum<kloC_ShellEdgeLoadTractionEnm, 1>> direction;
 
-  /// Commands may say "traction" of the member "direction", as for surfaces.
-  std::string_view MemberName(std::string_view command) const override { return command == tractionCmd() ? "direction" : command; }
-
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    kloC_StateOf::VisitMembers(visit);
-    visit("direction", &kloC_ShellEdgeLoadState::direction, kloC_Value("the edge's direction along which the traction acts, or its own"));
+    kprC_StateOf::VisitMembers(visit);
+    visit("direction", &kloC_ShellEdgeLoadState::direction,
+          kloC_Value("the edge's direction along which the traction acts, or its own").Called(tractionCmd()));
   }
 
 private:
   bool IsGeneral() const override { return direction == kloC_ShellEdgeLoadTractionEnm::GENERAL; }
 };
 /// Traction on the edges of shells.
-class DDB_API kloC_ShellEdgeLoad final : public kprC_TypeOf<kloC_ShellEdgeLoad, kloC_ShellEdgeLoadState, kloC_Traction> {
+class DDB_API kloC_ShellEdgeLoad final : public kprC_TypeOf<kloC_ShellEdgeLoad, kloC_Traction> {
 public:
   using kprC_TypeOf::kprC_TypeOf;
   using ShellEdgeLoadTractionEnm = kloC_ShellEdgeLoadTractionEnm;
-  static constexpr omn_FixedString constructorCmd() { return "ShellEdgeLoad"; }
-  static constexpr omn_FixedString label() { return "Shell edge load"; }
 };

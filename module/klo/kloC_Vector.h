@@ -66,9 +66,9 @@ public:
 };
 
 /// A class of states with three components, by \p Derived's words for them.
-template <class Derived, class Base = kloC_VectorState> class kloC_VectorOf : public kloC_StateOf<Derived, Base> {
+template <class Derived, class Base = kloC_VectorState> class kloC_VectorOf : public kprC_StateOf<Derived, Base> {
 public:
-  using kloC_StateOf<Derived, Base>::kloC_StateOf;
+  using kprC_StateOf<Derived, Base>::kprC_StateOf;
 
 private:
   bool IsInPlane(std::size_t index) const override { return Derived::components()[index].inPlane; }

@@ -1,26 +1,19 @@
 #include "module/klo/kloC_assert.h"
 
-#include <iterator>
-
 #include "platform/CaeUtils/omu_Refusals.h"
 
 namespace {
-
-constexpr bool Value = true;
-constexpr bool Text = false;
+constexpr bool Value = true, Text = false;
 constexpr nex_ErrorRow kRows[] = {
-#define KLO_ERROR(code, name, exception, text) {code, exception, text, #name},
+#define DDB_ERROR(code, name, exception, text, raisedBy) {code, exception, text, #name, raisedBy},
 #include "module/klo/Errors.def"
-#undef KLO_ERROR
+#undef DDB_ERROR
 };
-static_assert(nex_CodesAreDense(kRows) && std::size(kRows) == 73, "kloC_Errors.def: in code order, none missing, none empty");
+static_assert(nex_CodesAreDense(kRows) && std::size(kRows) == 73, "Errors.def: in code order, none missing, none empty");
 
 constexpr omu_RefusalTable kTable = {"klo", "generated/module/klo/com/impl/kloC_assert", 277, 271, kRows};
-
 }  // namespace
 
-void kloC_Assert(bool condition, kloC_ErrorEnm code) {
-  if (!condition) { omu_Refuse(kTable, static_cast<int>(code)); }
-}
+void kloC_Assert(bool condition, kloC_ErrorEnm code) { omu_Assert(kTable, condition, static_cast<int>(code)); }
 
-std::span<nex_ErrorRow const> kloC_Errors() { return kRows; }
+nex_Catalogue kloC_Errors() { return omu_CatalogueOf(kTable); }

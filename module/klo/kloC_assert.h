@@ -1,15 +1,13 @@
 #pragma once
 
-#include <span>
-
 #include "platform/BasicUtils/nex_ErrorTable.h"
 #include "platform/CoreUtils/ddb_Export.h"
 
-/// The refusals of loads. The number of an enumerator is its code; kloC_Errors.def gives the texts.
+/// The refusals of loads. The number of an enumerator is its code; Errors.def gives the texts.
 enum class kloC_ErrorEnm : int {
-#define KLO_ERROR(code, name, exception, text) name = code,
+#define DDB_ERROR(code, name, exception, text, raisedBy) name = code,
 #include "module/klo/Errors.def"
-#undef KLO_ERROR
+#undef DDB_ERROR
 };
 
 /// Does nothing when \p condition holds; otherwise throws the exception of \p code with its text: a nex_TextException or
@@ -17,5 +15,5 @@ enum class kloC_ErrorEnm : int {
 /// empty text.
 DDB_API void kloC_Assert(bool condition, kloC_ErrorEnm code);
 
-/// The table of the refusals, in the order of their codes.
-DDB_API std::span<nex_ErrorRow const> kloC_Errors();
+/// The refusals, in the order of their codes.
+DDB_API nex_Catalogue kloC_Errors();

@@ -1,19 +1,12 @@
 #pragma once
 
-#include <span>
-
 #include "module/klo/kloC_Load.h"
-#include "module/kpr/family/kprC_Constructor.h"
 
 /// Starts the module of loads: number 648 in the component table, an empty repository as the model's extension "loads", the
 /// classes' metadata, the catalogue of refusals. Counted: only the first call works, and adds one to \p count.
 DDB_API void kloC_initialize(int& count);
 /// Mirrors kloC_initialize at the last call.
 DDB_API void kloC_finalize(int& count);
-
-/// The construction commands of the family.
-using kloC_Constructor = kprC_Constructor<kloC_Load>;
-DDB_API std::span<kloC_Constructor const> kloC_Constructors();
 
 // The texts of the types of a category that a step of \p procedureType admits, in the order of the table of types.
 DDB_API cow_List<atr_String> kloC_getMechanicalLoadTypesforStep(unsigned procedureType);

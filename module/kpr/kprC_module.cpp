@@ -20,12 +20,9 @@ void kprC_initialize(int& count) {
   ddb_EnterModule<Module>(count, kprC_moduleNumber, kModule, [] {
     mdl_ExtensionSubject::RegisterExtension(ddr_Model::stepsCmd(), cow_Handle<kprC_StepContainer>::Make());
     mdl_ExtensionSubject::RegisterExtension(kprC_TimePoint::repositoryCmd(), cow_Handle<kprC_TimePointMap>::Make());
-    thr_GlobalSingleton<nex_Catalogues>::Instance().Register({kModule, kprC_Errors()});
-    cls_MetadataRegistrar::initClassMetadata(&kprC_StepNameProcedurePair::InitializeMetadata, ddb_metadataFlag);
-    cls_MetadataRegistrar::initClassMetadata(&kprC_TimePointMap::InitializeMetadata, ddb_metadataFlag);
-#define KPR_TYPE(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
+    thr_GlobalSingleton<nex_Catalogues>::Instance().Register(kprC_Errors());
+#define DDB_CLASS(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
 #include "module/kpr/Types.def"
-#undef KPR_TYPE
   });
 }
 

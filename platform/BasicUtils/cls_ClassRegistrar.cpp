@@ -4,12 +4,31 @@
 
 #include "platform/BasicUtils/nex_Exception.h"
 
-cls_MemberInfo& cls_ClassMetadata::AddMember(std::string_view member, cls_MemberText const& text) {
-  cls_MemberInfo& info = members.emplace_back();
-  info.name = member;
-  info.meaning = text.meaning;
-  info.unit = text.unit;
+namespace {
+
+[[noreturn]] void Refuse(std::string const& text, int line) {
+  nex_Exception::Throw(nex_TextException(text), "platform/BasicUtils/cls_ClassRegistrar", line);
+}
+
+cls_MemberInfo InfoOf(cls_MemberRow const& row) {
+  cls_MemberInfo info;
+  info.name = row.name;
+  info.meaning = row.text.meaning;
+  info.unit = row.text.unit;
+  info.command = row.text.command.empty() ? row.name : row.text.command;
+  info.settable = row.text.settable;
+  info.refers = row.text.refers;
+  row.ops->describe(info);
   return info;
+}
+
+}  // namespace
+
+cow_Handle<cls_Object> cls_ClassMetadata::Read(cls_ReadVisitor const& in) const {
+  std::unique_ptr<cls_Object> object = construct != nullptr ? construct(in) : make();
+  if (construct == nullptr) { cls_ReadRows(object->MemberRows(), object.get(), in); }
+  object->Restored(in);
+  return cow_Handle<cls_Object>(std::move(object));
 }
 
 cls_MemberInfo const* cls_ClassMetadata::Find(std::string_view member) const {
@@ -17,14 +36,18 @@ cls_MemberInfo const* cls_ClassMetadata::Find(std::string_view member) const {
   return at == members.end() ? nullptr : &*at;
 }
 
-cls_ClassMetadata& cls_ClassRegistrar::AddClass(std::string_view name, unsigned typeId) {
-  auto const [at, added] = classes_.try_emplace(typeId);
-  if (!added) {
-    nex_Exception::Throw(nex_TextException("The type identity of " + std::string(name) + " belongs to " + at->second.name + "."),
-                         "platform/BasicUtils/cls_ClassRegistrar", __LINE__);
+cls_ClassMetadata& cls_ClassRegistrar::AddClass(std::string_view name, unsigned typeId, cls_MemberRows rows) {
+  cls_ClassMetadata info;
+  info.name = name;
+  info.typeId = typeId;
+  for (cls_MemberRow const& row : rows) {
+    if (info.Find(row.name) != nullptr) {
+      Refuse("The class " + info.name + " lists the member \"" + std::string(row.name) + "\" twice.", __LINE__);
+    }
+    info.members.push_back(InfoOf(row));
   }
-  at->second.name = name;
-  at->second.typeId = typeId;
+  auto const [at, added] = classes_.try_emplace(typeId, std::move(info));
+  if (!added) { Refuse("The type identity of " + std::string(name) + " belongs to " + at->second.name + ".", __LINE__); }
   return at->second;
 }
 

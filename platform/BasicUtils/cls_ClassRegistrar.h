@@ -15,12 +15,16 @@
 struct DDB_API cls_ClassMetadata {
   std::string name;
   unsigned typeId = 0;
+  unsigned baseId = 0;  ///< of the class that it extends; 0 where that one is not persistent
   std::vector<cls_MemberInfo> members;
-  cow_Handle<cls_Object> (*read)(cls_ReadVisitor const&) = nullptr;  ///< null for an abstract class
-  cow_Handle<cls_Object> (*make)() = nullptr;                        ///< a default object; null where there is none
+  std::unique_ptr<cls_Object> (*make)() = nullptr;                             ///< a default object; null where there is none
+  std::unique_ptr<cls_Object> (*construct)(cls_ReadVisitor const&) = nullptr;  ///< null where make and the rows are enough
 
-  /// Adds a member and returns its description for its type to complete.
-  cls_MemberInfo& AddMember(std::string_view member, cls_MemberText const& text);
+  /// Whether there are objects of the class: it is not abstract.
+  bool CanBeRead() const { return make != nullptr || construct != nullptr; }
+  /// An object from what \p in holds, which refuses what does not fit.
+  cow_Handle<cls_Object> Read(cls_ReadVisitor const& in) const;
+
   /// The member called \p member, or null.
   cls_MemberInfo const* Find(std::string_view member) const;
 };
@@ -28,8 +32,9 @@ struct DDB_API cls_ClassMetadata {
 /// The known classes by type identity.
 class DDB_API cls_ClassRegistrar {
 public:
-  /// Adds a class. An identity that another class has is refused with a nex_TextException.
-  cls_ClassMetadata& AddClass(std::string_view name, unsigned typeId);
+  /// Adds a class. An identity that another class has, and a member whose name another one has, are refused with a
+  /// nex_TextException.
+  cls_ClassMetadata& AddClass(std::string_view name, unsigned typeId, cls_MemberRows rows);
 
   cls_ClassMetadata const* Find(unsigned typeId) const;
   cls_ClassMetadata const* Find(std::string_view name) const;

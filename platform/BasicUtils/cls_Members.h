@@ -1,8 +1,12 @@
 #pragma once
 
+#include <array>
+#include <bit>
 #include <concepts>
 #include <cstddef>
+#include <functional>
 #include <limits>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -13,12 +17,59 @@
 #include "platform/BasicUtils/cls_Visitor.h"
 #include "platform/BasicUtils/cow_String.h"
 
-/// What a list says of a member beside its name: one line for the user, the unit ("" where there is none), and the code
-/// of the module's refusal of a value that does not fit (-1: none of its own).
+/// What kind of thing of the model a member names.
+enum class cls_Reference {
+  None,
+  Region,
+  Amplitude,
+  Field,
+  Connector,
+  CoordinateSystem,
+  Axis,
+  Property,  ///< of an interaction
+  TimePoint,
+  Interaction,
+};
+
+/// What a list says of a member beside its name. Written as {meaning, unit}; the rest, where there is any, by name:
+/// \code
+///   cls_MemberText{"temperature of the surroundings", "temperature"}.Refused(12)
+///   cls_MemberText{"the set or surface that it acts on"}.RefersTo(cls_Reference::Region)
+/// \endcode
 struct cls_MemberText {
-  std::string_view meaning;
-  std::string_view unit = "";
-  int refusal = -1;
+  std::string_view meaning;                    ///< one line for the user
+  std::string_view unit = "";                  ///< "" where there is none
+  int refusal = -1;                            ///< code of the module's refusal of a value that does not fit; -1: none of its own
+  cls_Reference refers = cls_Reference::None;  ///< what the member names
+  std::string_view command = "";               ///< what commands call the member; "" where they use its name
+  bool settable = true;                        ///< whether commands may set it
+  int component = 0;                           ///< number of the component that it prescribes, from 1; 0: none
+
+  template <class Error> constexpr cls_MemberText Refused(Error code) const {
+    cls_MemberText text = *this;
+    text.refusal = static_cast<int>(code);
+    return text;
+  }
+  constexpr cls_MemberText RefersTo(cls_Reference kind) const {
+    cls_MemberText text = *this;
+    text.refers = kind;
+    return text;
+  }
+  constexpr cls_MemberText Called(std::string_view name) const {
+    cls_MemberText text = *this;
+    text.command = name;
+    return text;
+  }
+  constexpr cls_MemberText NotSettable() const {
+    cls_MemberText text = *this;
+    text.settable = false;
+    return text;
+  }
+  constexpr cls_MemberText Component(int number) const {
+    cls_MemberText text = *this;
+    text.component = number;
+    return text;
+  }
 };
 
 /// Kinds of members, as the class registrar numbers them.
@@ -34,11 +85,26 @@ struct cls_MemberInfo {
   bool propagating = false;              ///< has a companion "<name>State"
   std::vector<std::string> permissible;  ///< texts of an enumerated member, in row order
   std::string meaning, unit;
+  std::string command;  ///< what commands call it: its name where they have none of their own
+  bool settable = true;
+  cls_Reference refers = cls_Reference::None;
+};
+
+/// Takes what a member names.
+using cls_ReferenceVisitor = std::function<void(cls_Reference kind, std::string_view name)>;
+
+/// Has references of a kind and name lead elsewhere.
+struct cls_Redirection {
+  cls_Reference kind;
+  std::string_view from, to;
+  cls_Object const* whole = nullptr;  ///< what is called \p to, for members that hold it and not its name alone
 };
 
 /// How a type of member is described, stored, compared and scripted. Specialised once per type; each offers
 /// Describe(info), Write(out, name, value), Read(in, name, value), NewUid(value), Equal(a, b), ToValue(value) and
-/// FromValue(value, from), which answers what was expected where \p from does not fit ("" where it does).
+/// FromValue(value, from), which answers what was expected where \p from does not fit ("" where it does). A type that can
+/// name something offers References(value, kind, visit) and Redirect(value, kind, redirection) too, one that is carried from
+/// step to step Propagate, Modify, Zero, IsModified and IsConditionModified.
 template <class M> struct cls_MemberTraits { static_assert(sizeof(M) == 0, "this member type has no cls_MemberTraits"); };
 
 /// Traits of a value that stands for itself: equality by ==, no identity.
@@ -100,7 +166,127 @@ template <> struct cls_MemberTraits<cow_String> : cls_PlainTraits {
     if (text == nullptr) { return "a text"; }
     return value = cow_String(*text), "";
   }
+  static void References(cow_String const& value, cls_Reference kind, cls_ReferenceVisitor const& visit) {
+    if (kind != cls_Reference::None && !value.IsEmpty()) { visit(kind, value.View()); }
+  }
+  static bool Redirect(cow_String& value, cls_Reference kind, cls_Redirection const& to) {
+    if (kind != to.kind || value.View() != to.from) { return false; }
+    return value = cow_String(to.to), true;
+  }
 };
+
+/// The operations of one type of member, for walks that know no more of an object than its rows.
+struct cls_MemberOps {
+  void (*describe)(cls_MemberInfo&);
+  void (*write)(cls_WriteVisitor const&, std::string_view, void const*);
+  void (*read)(cls_ReadVisitor const&, std::string_view, void*);
+  void (*newUid)(void*);
+  bool (*equal)(void const*, void const*);
+  cls_Value (*toValue)(void const*);
+  std::string_view (*fromValue)(void*, cls_Value const&);
+  // null where the type can name nothing
+  void (*references)(void const*, cls_Reference, cls_ReferenceVisitor const&) = nullptr;
+  bool (*redirect)(void*, cls_Reference, cls_Redirection const&) = nullptr;
+  // null where the type is not carried from step to step
+  void (*propagate)(void*) = nullptr;
+  void (*modify)(void* carried, void const* own) = nullptr;
+  void (*zero)(void*) = nullptr;
+  bool (*isModified)(void const*) = nullptr;
+  bool (*isConditionModified)(void const*) = nullptr;
+  double const* (*realInForce)(void const*) = nullptr;  ///< the value of a carried number; null where none is in force
+  std::size_t size = 0;
+};
+
+template <class M> constexpr cls_MemberOps cls_MakeOps() {
+  using Traits = cls_MemberTraits<M>;
+  cls_MemberOps ops{
+      .describe = [](cls_MemberInfo& info) { Traits::Describe(info); },
+      .write = [](cls_WriteVisitor const& out, std::string_view name,
+                  void const* m) { Traits::Write(out, name, *static_cast<M const*>(m)); },
+      .read = [](cls_ReadVisitor const& in, std::string_view name, void* m) { Traits::Read(in, name, *static_cast<M*>(m)); },
+      .newUid = [](void* m) { Traits::NewUid(*static_cast<M*>(m)); },
+      .equal = [](void const* a, void const* b) { return Traits::Equal(*static_cast<M const*>(a), *static_cast<M const*>(b)); },
+      .toValue = [](void const* m) { return cls_Value(Traits::ToValue(*static_cast<M const*>(m))); },
+      .fromValue = [](void* m, cls_Value const& from) { return std::string_view(Traits::FromValue(*static_cast<M*>(m), from)); },
+      .size = sizeof(M),
+  };
+  if constexpr (requires(M & m, cls_ReferenceVisitor const& visit) { Traits::References(m, cls_Reference::None, visit); }) {
+    ops.references = [](void const* m, cls_Reference kind, cls_ReferenceVisitor const& visit) {
+      Traits::References(*static_cast<M const*>(m), kind, visit);
+    };
+    ops.redirect = [](void* m, cls_Reference kind, cls_Redirection const& to) { return Traits::Redirect(*static_cast<M*>(m), kind, to); };
+  }
+  if constexpr (requires(M & m) { Traits::Propagate(m); }) {
+    ops.propagate = [](void* m) { Traits::Propagate(*static_cast<M*>(m)); };
+    ops.modify = [](void* m, void const* own) { Traits::Modify(*static_cast<M*>(m), *static_cast<M const*>(own)); };
+    ops.zero = [](void* m) { Traits::Zero(*static_cast<M*>(m)); };
+    ops.isModified = [](void const* m) { return Traits::IsModified(*static_cast<M const*>(m)); };
+    ops.isConditionModified = [](void const* m) { return Traits::IsConditionModified(*static_cast<M const*>(m)); };
+  }
+  if constexpr (requires(M const& m) {
+                  { Traits::RealInForce(m) } -> std::same_as<double const*>;
+                }) {
+    ops.realInForce = [](void const* m) { return Traits::RealInForce(*static_cast<M const*>(m)); };
+  }
+  return ops;
+}
+template <class M> inline constexpr cls_MemberOps cls_opsOf = cls_MakeOps<M>();
+
+/// One member of a class: a line of its list. An object's rows tell all of it that is stored.
+struct cls_MemberRow {
+  std::string_view name;
+  cls_MemberText text;
+  std::ptrdiff_t offset = 0;  ///< from the beginning of the object
+  cls_MemberOps const* ops = nullptr;
+
+  void* In(void* object) const { return static_cast<char*>(object) + offset; }
+  void const* In(void const* object) const { return static_cast<char const*>(object) + offset; }
+  /// Whether commands or the list call the member so.
+  bool IsCalled(std::string_view called) const { return called == name || (called == text.command && !called.empty()); }
+};
+using cls_MemberRows = std::span<cls_MemberRow const>;
+
+/// The rows of a class but for their offsets: its VisitMembers, expanded by the compiler.
+template <class T>
+inline constexpr auto cls_linesOf = [] {
+  constexpr std::size_t count = [] {
+    std::size_t counted = 0;
+    T::VisitMembers([&counted](auto&&...) { ++counted; });
+    return counted;
+  }();
+  std::array<cls_MemberRow, count> lines{};
+  std::size_t at = 0;
+  T::VisitMembers([&]<class C, class M>(std::string_view name, M C::*, cls_MemberText const& text) {
+    lines[at++] = {name, text, 0, &cls_opsOf<M>};
+  });
+  return lines;
+}();
+
+/// The rows of a class in the order of writing, base members first.
+template <class T> cls_MemberRows cls_RowsOf() {
+  static auto const rows = [] {
+    auto made = cls_linesOf<T>;
+    std::size_t at = 0;
+    T::VisitMembers([&]<class C, class M>(std::string_view, M C::*field, cls_MemberText const&) {
+      M T::*const own = field;  // counts from the beginning of T, also where a base lists it
+      // a pointer to a data member is the distance in bytes: so in the C++ ABI of all compilers that we build with
+      static_assert(sizeof own == sizeof(std::ptrdiff_t));
+      made[at++].offset = std::bit_cast<std::ptrdiff_t>(own);
+    });
+    return made;
+  }();
+  return rows;
+}
+
+// The walks over rows; \p object is the beginning of the object that they are of.
+DDB_API void cls_ReadRows(cls_MemberRows rows, void* object, cls_ReadVisitor const& in);
+DDB_API cls_Value cls_RowsToValue(cls_MemberRows rows, void const* object);
+/// Sets members by name, from named values. Answers what was expected; refuses a name that no row has.
+DDB_API std::string_view cls_RowsFromValue(cls_MemberRows rows, cls_Object& object, cls_Value const& from);
+/// Calls \p visit for everything that the object names, in the order of the rows.
+DDB_API void cls_ForEachReference(cls_MemberRows rows, void const* object, cls_ReferenceVisitor const& visit);
+/// False when there was nothing to redirect.
+DDB_API bool cls_Redirect(cls_MemberRows rows, void* object, cls_Redirection const& to);
 
 /// Any persistent class may be a member by value; scripts give it as named members.
 template <class M> struct cls_ObjectTraits {
@@ -111,8 +297,12 @@ template <class M> struct cls_ObjectTraits {
   }
   static void NewUid(M& value) { value.NewUid(); }
   static bool Equal(M const& a, M const& b) { return a.Equals(b); }
-  static cls_Value ToValue(M const& value);
-  static std::string_view FromValue(M& value, cls_Value const& from);
+  static cls_Value ToValue(M const& value) { return cls_RowsToValue(cls_RowsOf<M>(), &value); }
+  static std::string_view FromValue(M& value, cls_Value const& from) { return cls_RowsFromValue(cls_RowsOf<M>(), value, from); }
+  static void References(M const& value, cls_Reference, cls_ReferenceVisitor const& visit) {
+    cls_ForEachReference(cls_RowsOf<M>(), &value, visit);
+  }
+  static bool Redirect(M& value, cls_Reference, cls_Redirection const& to) { return cls_Redirect(cls_RowsOf<M>(), &value, to); }
 };
 template <class M>
   requires std::derived_from<M, cls_Object>
@@ -149,37 +339,4 @@ struct cls_NullVisitor {
 };
 template <class T> inline constexpr auto cls_ListOf = &T::template VisitMembers<cls_NullVisitor const&>;  // tells lists apart
 
-/// Calls \p fn with the name, the text and the value of every listed member of \p self, base members first.
-template <class T, class Fn> constexpr void cls_ForEachMember(T& self, Fn&& fn) {
-  std::remove_const_t<T>::VisitMembers(
-      [&]<class C, class M>(std::string_view name, M C::*field, cls_MemberText const& text) { fn(name, text, self.*field); });
-}
-
-template <class T> void cls_ReadMembers(T& self, cls_ReadVisitor const& in) {
-  cls_ForEachMember(self,
-                    [&]<class M>(std::string_view name, cls_MemberText const&, M& value) { cls_MemberTraits<M>::Read(in, name, value); });
-}
-
-template <class M> cls_Value cls_ObjectTraits<M>::ToValue(M const& value) {
-  cls_Value::Fields fields;
-  cls_ForEachMember(value, [&]<class N>(std::string_view name, cls_MemberText const&, N const& member) {
-    fields.emplace_back(std::string(name), cls_MemberTraits<std::remove_const_t<N>>::ToValue(member));
-  });
-  return fields;
-}
-
-/// Refuses a member that an object given as named members does not have; \p known are the names of those that it has.
-[[noreturn]] DDB_API void cls_RefuseUnknownMember(std::string_view name, std::string_view known);
-
-template <class M> std::string_view cls_ObjectTraits<M>::FromValue(M& value, cls_Value const& from) {
-  auto const* fields = from.As<cls_Value::Fields>();
-  if (fields == nullptr) { return "an object with named members"; }
-  for (auto const& [name, field] : *fields) {
-    if (value.SetMember(name, field)) { continue; }
-    std::string known;
-    cls_ForEachMember(
-        value, [&](std::string_view own, cls_MemberText const&, auto const&) { known.append(known.empty() ? "" : ", ").append(own); });
-    cls_RefuseUnknownMember(name, known);
-  }
-  return "";
-}
+template <class T> void cls_ReadMembers(T& self, cls_ReadVisitor const& in) { cls_ReadRows(cls_RowsOf<T>(), &self, in); }

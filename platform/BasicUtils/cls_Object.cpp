@@ -1,5 +1,6 @@
 #include "platform/BasicUtils/cls_Object.h"
 
+#include <algorithm>
 #include <string>
 
 #include "platform/BasicUtils/cls_Members.h"
@@ -9,13 +10,48 @@
 cls_Object::~cls_Object() = default;
 cls_WriteVisitor::~cls_WriteVisitor() = default;
 cls_ReadVisitor::~cls_ReadVisitor() = default;
+cow_Handle<cls_Object> cls_ReadVisitor::ReadReference(std::string_view member, std::string_view /*name*/) const {
+  return ReadObject(member);
+}
+
+namespace {
+void const* BeginOf(cls_Object const& object) { return &object; }
+void* BeginOf(cls_Object& object) { return &object; }
+}  // namespace
+
+void cls_Object::DBWrite(cls_WriteVisitor const& out) const {
+  if (!out.StartWrite(DynTypeId(), uid_)) { return; }  // written already
+  for (cls_MemberRow const& row : MemberRows()) { row.ops->write(out, row.name, row.In(BeginOf(*this))); }
+}
+
+void cls_Object::NewUid() {
+  uid_ = cls_Uid::AllocateUid();
+  for (cls_MemberRow const& row : MemberRows()) { row.ops->newUid(row.In(BeginOf(*this))); }
+}
+
+bool cls_Object::Equals(cls_Object const& other) const {
+  if (this == &other) { return true; }
+  if (other.DynTypeId() != DynTypeId()) { return false; }
+  return std::ranges::all_of(MemberRows(),
+                             [&](cls_MemberRow const& row) { return row.ops->equal(row.In(BeginOf(*this)), row.In(BeginOf(other))); });
+}
+
+cls_Value cls_Object::Member(std::string_view name) const {
+  auto const rows = MemberRows();
+  auto const row = std::ranges::find_if(rows, [name](cls_MemberRow const& one) { return one.IsCalled(name); });
+  return row == rows.end() ? cls_Value() : row->ops->toValue(row->In(BeginOf(*this)));
+}
+
+bool cls_Object::SetMember(std::string_view name, cls_Value const& from) {
+  auto const rows = MemberRows();
+  auto const row = std::ranges::find_if(rows, [name](cls_MemberRow const& one) { return one.IsCalled(name); });
+  if (row == rows.end()) { return false; }
+  std::string_view const expected = row->ops->fromValue(row->In(BeginOf(*this)), from);
+  if (expected != "") { RefuseValue(row->name, row->text, expected); }
+  return true;
+}
 
 void cls_Object::RefuseValue(std::string_view name, cls_MemberText const&, std::string_view expected) const {
   nex_Exception::Throw(nex_TextException("Invalid value for \"" + std::string(name) + "\": expected " + std::string(expected) + "."),
-                       "platform/BasicUtils/cls_Object", __LINE__);
-}
-
-void cls_RefuseUnknownMember(std::string_view name, std::string_view known) {
-  nex_Exception::Throw(nex_TextException("There is no member \"" + std::string(name) + "\": expected one of " + std::string(known) + "."),
                        "platform/BasicUtils/cls_Object", __LINE__);
 }

@@ -9,6 +9,9 @@
 /// Type identity and name of a class: value and kName; one specialisation per row of a module's type table.
 template <class T> struct cls_TypeIdOf;
 
+/// A default object of the class.
+template <class T> std::unique_ptr<cls_Object> cls_Make() { return std::make_unique<T>(); }
+
 /// The overrides that every persistent class needs, from its list of members:
 /// \code
 ///   template <class V> static constexpr void VisitMembers(V&& visit) {
@@ -23,34 +26,25 @@ public:
 
   static constexpr unsigned TypeId() { return cls_TypeIdOf<Derived>::value; }
 
+  /// Whether an object is read as a default one whose rows are filled, with nothing that its constructor adds.
+  static constexpr bool kReadByRows = false;
+
   static void InitializeMetadata(cls_ClassRegistrar& registrar) {
     if constexpr (requires { &Base::template VisitMembers<cls_NullVisitor const&>; }) {
       static_assert(cls_ListOf<Derived> != cls_ListOf<Base>, "declare VisitMembers in this class too, even with no member of its own");
     }
-    cls_ClassMetadata& info = registrar.AddClass(cls_TypeIdOf<Derived>::kName, TypeId());
-    Derived::VisitMembers([&]<class C, class M>(std::string_view name, M C::*, cls_MemberText const& text) {
-      cls_MemberTraits<M>::Describe(info.AddMember(name, text));
-    });
+    cls_ClassMetadata& info = registrar.AddClass(cls_TypeIdOf<Derived>::kName, TypeId(), cls_RowsOf<Derived>());
+    if constexpr (requires { cls_TypeIdOf<Base>::value; }) { info.baseId = cls_TypeIdOf<Base>::value; }
     if constexpr (!std::is_abstract_v<Derived>) {
-      info.read = [](cls_ReadVisitor const& in) {
-        auto object = std::make_unique<Derived>(in);
-        object->Restored(in);
-        return cow_Handle<cls_Object>(std::move(object));
-      };
-      if constexpr (std::is_default_constructible_v<Derived>) {
-        info.make = [] { return cow_Handle<cls_Object>(std::make_unique<Derived>()); };
+      if constexpr (std::is_default_constructible_v<Derived>) { info.make = &cls_Make<Derived>; }
+      if constexpr (!Derived::kReadByRows) {
+        info.construct = [](cls_ReadVisitor const& in) -> std::unique_ptr<cls_Object> { return std::make_unique<Derived>(in); };
       }
     }
   }
 
   unsigned DynTypeId() const override { return TypeId(); }
-
-  void DBWrite(cls_WriteVisitor const& out) const override {
-    if (!out.StartWrite(TypeId(), this->uid_)) { return; }  // written already
-    cls_ForEachMember(Self(), [&]<class M>(std::string_view name, cls_MemberText const&, M const& value) {
-      cls_MemberTraits<M>::Write(out, name, value);
-    });
-  }
+  cls_MemberRows MemberRows() const override { return cls_RowsOf<Derived>(); }
 
   std::unique_ptr<cls_Object> Copy() const override {
     if constexpr (std::is_abstract_v<Derived>) {
@@ -58,44 +52,6 @@ public:
     } else {
       return std::make_unique<Derived>(Self());
     }
-  }
-
-  void NewUid() override {
-    this->uid_ = cls_Uid::AllocateUid();
-    cls_ForEachMember(static_cast<Derived&>(*this),
-                      []<class M>(std::string_view, cls_MemberText const&, M& value) { cls_MemberTraits<M>::NewUid(value); });
-  }
-
-  bool Equals(cls_Object const& other) const override {
-    if (this == &other) { return true; }
-    if (other.DynTypeId() != this->DynTypeId()) { return false; }
-    auto const& that = static_cast<Derived const&>(other);
-    bool equal = true;
-    Derived::VisitMembers([&]<class C, class M>(std::string_view, M C::*field, cls_MemberText const&) {
-      equal = equal && cls_MemberTraits<M>::Equal(Self().*field, that.*field);
-    });
-    return equal;
-  }
-
-  cls_Value Member(std::string_view name) const override {
-    cls_Value result;
-    name = this->MemberName(name);
-    cls_ForEachMember(Self(), [&]<class M>(std::string_view own, cls_MemberText const&, M const& value) {
-      if (own == name) { result = cls_MemberTraits<M>::ToValue(value); }
-    });
-    return result;
-  }
-
-  bool SetMember(std::string_view name, cls_Value const& from) override {
-    bool found = false;
-    name = this->MemberName(name);
-    cls_ForEachMember(static_cast<Derived&>(*this), [&]<class M>(std::string_view own, cls_MemberText const& text, M& value) {
-      if (own != name) { return; }
-      found = true;
-      std::string_view const expected = cls_MemberTraits<M>::FromValue(value, from);
-      if (expected != "") { this->RefuseValue(name, text, expected); }
-    });
-    return found;
   }
 
 protected:

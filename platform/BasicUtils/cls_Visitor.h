@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/BasicUtils/cls_Uid.h"
@@ -31,6 +32,16 @@ public:
   /// Writes a shared object, of whatever class, as a member; reads back with ReadObject. An object that stands written
   /// already becomes a reference to it.
   virtual void WriteObject(std::string_view member, cls_Object const& object) const = 0;
+  /// Writes a shared object that goes by \p name wherever it is written, as a step does; reads back with ReadReference. A visitor
+  /// that has written what bears the name may write the name alone.
+  virtual void WriteReference(std::string_view member, std::string_view /*name*/, cls_Object const& object) const {
+    WriteObject(member, object);
+  }
+  /// Element \p index of a sequence: its name, and what bears it or null.
+  using SequenceElement = std::function<std::pair<std::string_view, cls_Object const*>(std::size_t index)>;
+  /// Writes a sequence that a model has once and that others repeat, as that of its steps; reads back as a list. False where the
+  /// visitor has no shorter way than the list.
+  virtual bool WriteSequence(std::string_view /*member*/, std::size_t /*count*/, SequenceElement const& /*at*/) const { return false; }
   /// Writes an object that the owner holds by value and whose class it knows; reads back with ReadNested.
   virtual void WriteNested(std::string_view member, cls_Object const& object) const = 0;
   virtual void StartList(std::string_view member, std::size_t count) const = 0;
@@ -60,6 +71,8 @@ public:
   virtual std::string ReadText(std::string_view member) const = 0;
   /// The object member, made by its class; null for a null member. What was written once comes back as one object.
   virtual cow_Handle<cls_Object> ReadObject(std::string_view member) const = 0;
+  /// The same of an object that goes by \p name.
+  virtual cow_Handle<cls_Object> ReadReference(std::string_view member, std::string_view name) const;
   /// Opens an object member and hands it to \p read.
   virtual void ReadNested(std::string_view member, std::function<void(cls_ReadVisitor const&)> const& read) const = 0;
   /// Opens a list; its elements follow in turn under the empty name. Returns their number.

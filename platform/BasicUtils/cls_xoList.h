@@ -62,6 +62,22 @@ template <class List, class T> struct cls_ListTraits {
     }
     return list = std::move(made), "";
   }
+  static void References(List const& list, cls_Reference kind, cls_ReferenceVisitor const& visit) requires requires(T const& element) {
+    cls_MemberTraits<T>::References(element, kind, visit);
+  }
+  {
+    for (T const& element : list) { cls_MemberTraits<T>::References(element, kind, visit); }
+  }
+  static bool Redirect(List& list, cls_Reference kind, cls_Redirection const& to) {
+    bool redirected = false;
+    for (std::size_t i = 0; i < list.Size(); ++i) {
+      T element = list[i];
+      if (!cls_MemberTraits<T>::Redirect(element, kind, to)) { continue; }
+      list.Get(i) = std::move(element);
+      redirected = true;
+    }
+    return redirected;
+  }
 };
 
 template <class T> struct cls_MemberTraits<cow_List<T>> : cls_ListTraits<cow_List<T>, T> {};

@@ -11,9 +11,10 @@
 /// One refusal of a module. Codes and texts are interface and never change, typing mistakes included.
 struct nex_ErrorRow {
   int code;
-  bool valueError;   ///< thrown as omu_ValueErrorException: the value given is refused; otherwise as nex_TextException
-  char const* text;  ///< may hold "%1$s", "%s" for atr_SubstituteFormat
-  char const* name;  ///< the enumerator's name
+  bool valueError;            ///< thrown as omu_ValueErrorException: the value given is refused; otherwise as nex_TextException
+  char const* text;           ///< may hold "%1$s", "%s" for atr_SubstituteFormat
+  char const* name;           ///< the enumerator's name
+  char const* raisedBy = "";  ///< the files and rows of rules that raise it, with commas between them; "" where nothing here does
 };
 
 /// Whether the rows stand in the order of their codes with none missing and none empty, for a static_assert.
@@ -35,6 +36,7 @@ constexpr nex_ErrorRow const* nex_FindRow(std::span<nex_ErrorRow const> rows, in
 struct nex_Catalogue {
   char const* module;  ///< its prefix, "kbc"
   std::span<nex_ErrorRow const> rows;
+  std::span<nex_ErrorRow const> contents = {};  ///< without codes: texts that name what is refused
 };
 
 /// The catalogues of the modules that have been started, in the order of their start. The process has one list:

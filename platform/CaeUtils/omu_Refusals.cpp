@@ -12,3 +12,9 @@ void omu_Refuse(omu_RefusalTable const& table, int code) {
   }
   nex_Exception::Throw(nex_TextException(text, origin), table.sourceName, table.textLine);
 }
+
+void omu_AssertContent(omu_RefusalTable const& table, bool condition, std::size_t row, std::string_view text) {
+  if (condition) { return; }
+  atr_String const message = atr_SubstituteFormat(atr_translate(table.contents[row].text), {text});
+  nex_Exception::Throw(nex_TextException(message, {table.module, -1}), table.sourceName, table.textLine);
+}

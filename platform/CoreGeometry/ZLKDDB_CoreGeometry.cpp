@@ -1,6 +1,7 @@
 #include "platform/CoreGeometry/ZLKDDB_CoreGeometry.h"
 
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
+#include "platform/CoreGeometry/dtmC_Datum.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
 #include "platform/CoreGeometry/rgnC_Region.h"
 #include "platform/CoreUtils/ddb_CallCounter.h"
@@ -11,8 +12,8 @@ struct Library;
 
 void ZLKDDB_CoreGeometry_initialize(int& count) {
   ddb_Start<Library>(count, [] {
-    cls_MetadataRegistrar::initClassMetadata(&rgnC_Region::InitializeMetadata, ddb_metadataFlag);
-    cls_MetadataRegistrar::initClassMetadata(&dtmC_DatumRef::InitializeMetadata, ddb_metadataFlag);
+#define DDB_CLASS(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
+#include "platform/CoreGeometry/Types.def"
   });
 }
 void ZLKDDB_CoreGeometry_finalize(int& count) {

@@ -1,14 +1,8 @@
 #pragma once
 
-#include "platform/BasicUtils/cls_Persistent.h"
 #include "platform/BasicUtils/cow_String.h"
+#include "platform/CoreGeometry/Types.h"
 #include "platform/CoreUtils/omn_FixedString.h"
-
-class dtmC_DatumRef;
-template <> struct cls_TypeIdOf<dtmC_DatumRef> {
-  static constexpr unsigned value = 0x02110001;
-  static constexpr char const* kName = "dtmC_DatumRef";
-};
 
 /// A reference to a datum, such as a local coordinate system, by its name. An empty name is the global system.
 class DDB_API dtmC_DatumRef final : public cls_Persistent<dtmC_DatumRef, cls_Object> {
@@ -40,5 +34,12 @@ template <> struct cls_MemberTraits<dtmC_DatumRef> : cls_ObjectTraits<dtmC_Datum
     if (name == nullptr) { return "the name of a datum"; }
     bool const global = dtmC_DatumRef::globalName() == *name;
     return datum = global ? dtmC_DatumRef() : dtmC_DatumRef(cow_String(*name)), "";
+  }
+  static void References(dtmC_DatumRef const& datum, cls_Reference kind, cls_ReferenceVisitor const& visit) {
+    cls_MemberTraits<cow_String>::References(datum.Name(), kind, visit);
+  }
+  static bool Redirect(dtmC_DatumRef& datum, cls_Reference kind, cls_Redirection const& to) {
+    if (kind != to.kind || datum.Name().View() != to.from) { return false; }
+    return datum = dtmC_DatumRef(cow_String(to.to)), true;
   }
 };

@@ -1,14 +1,8 @@
 #pragma once
 
-#include "platform/BasicUtils/cls_Persistent.h"
 #include "platform/BasicUtils/cow_String.h"
 #include "platform/CaeUtils/omu_PrimEnumTraits.h"
-
-class rgnC_Region;
-template <> struct cls_TypeIdOf<rgnC_Region> {
-  static constexpr unsigned value = 0x02100001;
-  static constexpr char const* kName = "rgnC_Region";
-};
+#include "platform/CoreGeometry/Types.h"
 
 /// How a region was picked.
 enum rgnC_RegionType { rgnC_Set = 0, rgnC_Surface = 1 };
@@ -44,8 +38,8 @@ public:
   friend bool operator==(rgnC_Region const& a, rgnC_Region const& b) { return a.name_ == b.name_; }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    visit("name", &rgnC_Region::name_, cls_MemberText{"name of the set or surface"});
-    visit("kind", &rgnC_Region::kind_, cls_MemberText{"set or surface"});
+    visit("name", &rgnC_Region::name_, cls_MemberText{"name of the set or surface"}.NotSettable());
+    visit("kind", &rgnC_Region::kind_, cls_MemberText{"set or surface"}.NotSettable());
     visit("dimension", &rgnC_Region::dimension_, cls_MemberText{"highest dimension of its entities, 0 to 3"});
     visit("mixed", &rgnC_Region::mixed_, cls_MemberText{"whether its entities differ in dimension"});
     visit("empty", &rgnC_Region::empty_, cls_MemberText{"whether it holds no entity"});
@@ -73,5 +67,13 @@ template <> struct cls_MemberTraits<rgnC_Region> : cls_ObjectTraits<rgnC_Region>
     auto const* name = from.As<std::string>();
     if (name == nullptr) { return "the name of a region"; }
     return region = rgnC_Region(cow_String(*name)), "";
+  }
+  static void References(rgnC_Region const& region, cls_Reference, cls_ReferenceVisitor const& visit) {
+    if (region) { visit(cls_Reference::Region, region.Name().View()); }
+  }
+  static bool Redirect(rgnC_Region& region, cls_Reference, cls_Redirection const& to) {
+    if (to.kind != cls_Reference::Region || region.Name().View() != to.from) { return false; }
+    auto const* whole = dynamic_cast<rgnC_Region const*>(to.whole);
+    return region = whole != nullptr ? *whole : rgnC_Region(cow_String(to.to), region.Type()), true;
   }
 };

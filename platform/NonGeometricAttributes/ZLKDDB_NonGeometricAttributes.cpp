@@ -11,8 +11,8 @@ struct Library;
 
 void ZLKDDB_NonGeometricAttributes_initialize(int& count) {
   ddb_Start<Library>(count, [] {
-    cls_MetadataRegistrar::initClassMetadata(&ampC_Amplitude::InitializeMetadata, ddb_metadataFlag);
-    cls_MetadataRegistrar::initClassMetadata(&conC_Connector::InitializeMetadata, ddb_metadataFlag);
+#define DDB_CLASS(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
+#include "platform/NonGeometricAttributes/Types.def"
   });
 }
 void ZLKDDB_NonGeometricAttributes_finalize(int& count) {

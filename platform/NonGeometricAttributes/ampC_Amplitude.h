@@ -1,13 +1,7 @@
 #pragma once
 
-#include "platform/BasicUtils/cls_Persistent.h"
 #include "platform/BasicUtils/cow_String.h"
-
-class ampC_Amplitude;
-template <> struct cls_TypeIdOf<ampC_Amplitude> {
-  static constexpr unsigned value = 0x02120001;
-  static constexpr char const* kName = "ampC_Amplitude";
-};
+#include "platform/NonGeometricAttributes/Types.h"
 
 /// A time variation that attributes refer to by name. The curve itself is nobody's business here.
 class DDB_API ampC_Amplitude final : public cls_Persistent<ampC_Amplitude, cls_Object> {

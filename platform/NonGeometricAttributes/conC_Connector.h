@@ -1,14 +1,8 @@
 #pragma once
 
-#include "platform/BasicUtils/cls_Persistent.h"
 #include "platform/BasicUtils/cls_xoList.h"
 #include "platform/BasicUtils/cow_String.h"
-
-class conC_Connector;
-template <> struct cls_TypeIdOf<conC_Connector> {
-  static constexpr unsigned value = 0x02120002;
-  static constexpr char const* kName = "conC_Connector";
-};
+#include "platform/NonGeometricAttributes/Types.h"
 
 /// A connector element that attributes refer to by name, with the components of relative motion that it offers: 1 to 3 are
 /// translations along, 4 to 6 rotations about the connector's axes. One that offers none is rigid.

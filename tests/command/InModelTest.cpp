@@ -59,11 +59,38 @@ TEST_F(InModel, AnAttributeUsesWhatItsConnectorOffers) {
   ExpectUndone(R"({"command": "setValuesInStep", "boundaryCondition": "Drive", "stepName": "S2", "u2": 1})");
 }
 
-TEST_F(InModel, AConnectorInUseKeepsItsName) {
+TEST_F(InModel, WhatIsInUseIsNotDeletedAndTakesItsUsersToAnotherName) {
   ExpectRefused(R"({"command": "delete", "connector": "Hinge"})", "in use by boundaryCondition \"Drive\"");
-  ExpectRefused(R"({"command": "rename", "connector": "Hinge", "newName": "Pin"})", "cannot be renamed");
-  ExpectUndone(R"({"command": "rename", "connector": "Weld", "newName": "Pin"})");
-  ExpectUndone(R"({"command": "delete", "connector": "Pin"})");
+  ExpectRefused(R"({"command": "rename", "connector": "Hinge", "newName": "Weld"})", "There is a connector \"Weld\" already.");
+  ExpectUndone(R"({"command": "rename", "connector": "Hinge", "newName": "Pin"})");
+  ExpectRefused(R"({"command": "delete", "connector": "Pin"})", "in use by boundaryCondition \"Drive\"");
+  ExpectUndone(R"({"command": "delete", "connector": "Weld"})");
+  EXPECT_TRUE(Check(session_.Model()).empty());
+}
+
+TEST_F(InModel, NamesAreFollowedInEveryStepThatSaysThem) {
+  RunJournal(session_, {R"({"command": "Amplitude", "name": "Ramp"})", R"({"command": "Amplitude", "name": "Hold"})",
+                        R"({"command": "DatumCsys", "name": "Tilted"})", R"({"command": "DatumAxis", "name": "Shank"})",
+                        R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "Initial", "localCsys": "Tilted"})",
+                        R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "S1", "u1": 1, "amplitude": "Ramp"})",
+                        R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "S2", "u1": 2, "amplitude": "Hold"})",
+                        R"({"command": "BoltLoad", "name": "Bolt", "createStepName": "S1", "magnitude": 1, "dtmReference": "Shank"})"});
+  auto const member = [this](char const* kind, char const* name, std::size_t step, char const* of) {
+    auto const& item = *session_.Model().ConstGet<kprC_StepAwareRepository>(kind).ConstItem(name);
+    return item.StateAt(step)->Member(of).As<std::string>() != nullptr ? *item.StateAt(step)->Member(of).As<std::string>() : "";
+  };
+  ExpectUndone(R"({"command": "rename", "amplitude": "Ramp", "newName": "Slow"})");
+  EXPECT_EQ(member("boundaryConditions", "Fix", 1, "amplitude"), "Slow");
+  EXPECT_EQ(member("boundaryConditions", "Fix", 2, "amplitude"), "Hold");
+  ExpectUndone(R"({"command": "rename", "coordinateSystem": "Tilted", "newName": "Level"})");
+  ExpectUndone(R"({"command": "rename", "axis": "Shank", "newName": "Axle"})");
+  EXPECT_EQ(member("loads", "Bolt", 2, "dtmReference"), "Axle");
+  EXPECT_TRUE(Check(session_.Model()).empty());
+  ExpectRefused(R"({"command": "delete", "coordinateSystem": "Level"})", "in use by boundaryCondition \"Fix\"");
+  ExpectRefused(R"({"command": "setValues", "boundaryCondition": "Fix", "localCsys": "Levle"})",
+                "There is no coordinateSystem \"Levle\". Did you mean \"Level\"?");
+  ExpectUndone(R"j({"command": "setValues", "boundaryCondition": "Fix", "localCsys": "(Global)"})j");
+  ExpectUndone(R"({"command": "delete", "coordinateSystem": "Level"})");
 }
 
 TEST_F(InModel, ASuppressedAttributeIsAskedWhenItIsResumed) {
@@ -104,12 +131,15 @@ TEST_F(InModel, ChecksTellOfAConnectorThatTheModelDoesNotHave) {
   EXPECT_EQ(findings[0].refusal.message, "There is no connector \"Hinge\".");
 }
 
-TEST_F(InModel, ARegionThatAStepNamesKeepsItsName) {
+TEST_F(InModel, ARegionThatAStepNamesTakesItToAnotherName) {
   session_ = Session();
   RunJournal(session_, {R"({"command": "Set", "name": "Fillet"})", R"({"command": "ExplicitDynamicsStep", "name": "Roll"})",
                         R"({"command": "setValues", "step": "Roll", "massScaling": [{"dt": 1e-6}, {"dt": 1e-7, "region": "Fillet"}]})"});
   ExpectRefused(R"({"command": "delete", "region": "Fillet"})", "in use by step \"Roll\"");
-  ExpectRefused(R"({"command": "rename", "region": "Fillet", "newName": "Edge"})", "cannot be renamed: it is in use by step \"Roll\"");
+  ExpectRefused(R"({"command": "setValues", "step": "Roll", "massScaling": [{"dt": 1, "region": "Filet"}]})",
+                "There is no region \"Filet\". Did you mean \"Fillet\"?");
+  ExpectUndone(R"({"command": "rename", "region": "Fillet", "newName": "Edge"})");
+  ExpectUndone(R"({"command": "rename", "region": "Edge", "newName": "Fillet"})");
   EXPECT_TRUE(Check(session_.Model()).empty());
   ddr_Model model = session_.Model();
   model.Get<ddr_RegionMap>(ddr_Model::regionsCmd()).Remove("Fillet");

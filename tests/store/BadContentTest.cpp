@@ -85,7 +85,7 @@ TEST(BadContent, IsRefusedWhereAClassIsUnknownOrCannotBeMade) {
                       {kprC_AnalysisStep::TypeId(), "bag / Thing / class: expected a class that can be made, found \"kprC_AnalysisStep\""}};
   for (Row const& row : rows) {
     for (Store const& store : kStores) {
-      cls_MetadataRegistrar::initClassMetadata([](cls_ClassRegistrar& registrar) { registrar.AddClass("Gone", kModule << 16 | 1); },
+      cls_MetadataRegistrar::initClassMetadata([](cls_ClassRegistrar& registrar) { registrar.AddClass("Gone", kModule << 16 | 1, {}); },
                                                ddb_metadataFlag);
       ddr_Model const model = ModelWith(cow_Handle<Liar>::Make(row.typeId, [](Out) {}));
       auto const forget = [] { cls_MetadataRegistrar::finalizeModule(kModule); };
@@ -102,10 +102,7 @@ public:
   unsigned DynTypeId() const override { return liar_.DynTypeId(); }
   void DBWrite(Out out) const override { liar_.DBWrite(out); }
   std::unique_ptr<cls_Object> Copy() const override { return std::make_unique<FalseExtension>(*this); }
-  void NewUid() override {}
-  bool Equals(cls_Object const& other) const override { return this == &other; }
-  cls_Value Member(std::string_view) const override { return {}; }
-  bool SetMember(std::string_view, cls_Value const&) override { return false; }
+  cls_MemberRows MemberRows() const override { return {}; }
 
 private:
   Liar liar_;

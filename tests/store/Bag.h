@@ -73,10 +73,7 @@ public:
     if (out.StartWrite(typeId_, Uid())) { content_(out); }
   }
   std::unique_ptr<cls_Object> Copy() const override { return std::make_unique<Liar>(*this); }
-  void NewUid() override {}
-  bool Equals(cls_Object const& other) const override { return this == &other; }
-  cls_Value Member(std::string_view) const override { return {}; }
-  bool SetMember(std::string_view, cls_Value const&) override { return false; }
+  cls_MemberRows MemberRows() const override { return {}; }
 
 private:
   unsigned typeId_;

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "module/kpr/engine/kprC_State.h"
-#include "tests/support/ProcedureNames.h"
+#include "tests/support/StepLetters.h"
 
 /// The history of an attribute in the plainest form: one record per step, every state a list of members as texts, every
 /// pass a walk over all records. The measure for the engine, which keeps runs and shares states, and for the members'

@@ -7,7 +7,7 @@
 #include <set>
 
 #include "module/kpr/engine/kprC_PropagatingContainer.h"
-#include "module/kpr/family/kprC_Constructor.h"
+#include "module/kpr/family/kprC_Types.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
 #include "tests/support/Library.h"
 #include "tests/support/PlainHistory.h"
@@ -31,7 +31,7 @@ public:
   RandomEdits(kprC_Constructor<Attribute> const& type, plain::Rules const& rules, unsigned seed)
       : rules_(rules),
         random_(seed),
-        make_(type.make),
+        type_(type),
         fresh_(type.make()),
         script_(std::string(type.command) + ", seed " + std::to_string(seed) + ":") {
     auto const state = fresh_->NewState();
@@ -145,7 +145,7 @@ private:
     Note("created in", at);
     repository_.UpdateSteps(table);
     for (int tries = 0; tries < 20; ++tries) {
-      fresh_ = make_();
+      fresh_ = type_.make();
       fresh_->SetMember("fieldName", "Field");
       kprC_Arguments values;
       for (cls_MemberInfo const* member : members_) {
@@ -282,7 +282,7 @@ private:
 
   plain::Rules const& rules_;
   std::mt19937 random_;
-  std::unique_ptr<Attribute> (*make_)();
+  kprC_Constructor<Attribute> type_;
   std::unique_ptr<Attribute> fresh_;  // of the type, with its creation alone
   std::vector<cls_MemberInfo const*> members_;
   plain::State blank_;

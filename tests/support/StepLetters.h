@@ -9,7 +9,8 @@
 
 /// Step sequences written as letters: I initial, G static general, E implicit dynamics, X explicit dynamics, A anneal,
 /// T coupled temperature-displacement, H heat transfer, P static linear perturbation, F frequency, M modal dynamics,
-/// C complex frequency, S subspace dynamics, U steady-state subspace. The steps are called Initial, S1, S2 and so on.
+/// C complex frequency, S subspace dynamics, U steady-state subspace, O soils, D mass diffusion, V coupled thermal-electric. The steps are
+/// called Initial, S1, S2 and so on.
 namespace test {
 
 inline cow_Handle<kprC_Step> StepOf(char letter) {
@@ -27,6 +28,9 @@ inline cow_Handle<kprC_Step> StepOf(char letter) {
     case 'C': return cow_Handle<kprC_ComplexFrequencyStep>::Make();
     case 'S': return cow_Handle<kprC_SubspaceDynamicsStep>::Make();
     case 'U': return cow_Handle<kprC_SteadyStateSubspaceStep>::Make();
+    case 'O': return cow_Handle<kprC_SoilsStep>::Make();
+    case 'D': return cow_Handle<kprC_MassDiffusionStep>::Make();
+    case 'V': return cow_Handle<kprC_CoupledThermalElectricStep>::Make();
     default: throw std::invalid_argument(std::string("no step has the letter ") + letter);
   }
 }
@@ -38,6 +42,12 @@ inline kprC_StepSequence StepsOf(std::string_view letters) {
     steps.Append(kprC_StepNameProcedurePair(cow_String(name), StepOf(letters[i])));
   }
   return steps;
+}
+
+/// A procedure by its command, in the scripts of random edits.
+inline std::string NameOfProcedure(unsigned type) { return type == 0 ? "Initial" : std::string(kprC_FindProcedure(type)->command.View()); }
+inline kprC_StepNameProcedurePair NamedStep(std::string const& name, unsigned procedureType) {
+  return {cow_String(name), kprC_MakeStep(procedureType == 0 ? kprC_InitialStep::TypeId() : procedureType)};
 }
 
 }  // namespace test

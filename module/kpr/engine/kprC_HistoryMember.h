@@ -53,6 +53,23 @@ template <class Rules> struct cls_MemberTraits<kprC_History<Rules>> {
                               }) &&
            (a.steps_.Same(b.steps_) || cls_MemberTraits<kprC_StepSequence>::Equal(a.steps_.Steps(), b.steps_.Steps()));
   }
+  /// What the own records name; the others name nothing else.
+  static void References(History const& history, cls_Reference, cls_ReferenceVisitor const& visit) {
+    for (auto const& entry : history.Own()) { cls_ForEachReference(entry.state->MemberRows(), entry.state.ConstGet(), visit); }
+  }
+  static bool Redirect(History& history, cls_Reference, cls_Redirection const& to) {
+    bool redirected = false;
+    for (std::size_t i = 0; i < history.Own().size(); ++i) {
+      auto state = history.Own()[i].state;
+      auto& own = state.Get();
+      if (!cls_Redirect(own.MemberRows(), &own, to)) { continue; }
+      own.NewUid();
+      auto const& entry = history.Own()[i];
+      history.Set(entry.index, entry.status, std::move(state));
+      redirected = true;
+    }
+    return redirected;
+  }
   static cls_Value ToValue(History const& history) {
     cls_Value::List statuses;
     for (std::size_t i = 0; i < history.Size(); ++i) { statuses.emplace_back(static_cast<int>(history.Status(i))); }

@@ -1,8 +1,22 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
+
+/// How a family classifies a status; 0 for one that it does not know.
+enum kprC_StatusTrait : std::uint8_t {
+  kprC_Known = 1,
+  kprC_Active = 2,
+  kprC_Propagated = 4,
+  kprC_BuiltIn = 8,
+  kprC_IllegalMove = 16,
+  kprC_Changed = 32,
+  kprC_NoReset = 64,
+  kprC_Editable = 128,  ///< may be edited here, and the step has to admit the type of what is set here
+};
+using kprC_StatusTable = std::array<std::uint8_t, 16>;
 
 /// How the propagator takes a step.
 enum class kprC_StepKind : std::uint8_t {

@@ -141,7 +141,23 @@ public:
   }
   std::string ItemCmd() const override { return std::string(T::itemCmd().View()); }
   std::string Module() const override { return T::kModule; }
-  [[noreturn]] void Refuse(kprC_EditRefusal refusal) const override { T::Refuse(refusal); }
+  kprC_EditRefusalCodes const& EditRefusals() const override {
+    static constexpr kprC_EditRefusalCodes codes = T::EditRefusals();
+    return codes;
+  }
+  [[noreturn]] void Refuse(int code) const override { T::Refuse(code); }
+  kprC_StatusTable const& Statuses() const override { return T::kStatuses; }
+  std::vector<kprC_StepAwareRepository::Construction> Constructions() const override {
+    std::vector<kprC_StepAwareRepository::Construction> list;
+    for (auto const& constructor : T::Constructors()) { list.push_back({constructor.command, constructor.label}); }
+    return list;
+  }
+  std::unique_ptr<kprC_StepDependent> Construct(std::string_view command) const override {
+    for (auto const& constructor : T::Constructors()) {
+      if (constructor.command == command) { return constructor.make(); }
+    }
+    return nullptr;
+  }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     mdl_Repository::VisitMembers(visit);

@@ -9,7 +9,7 @@
 
 /// One record of an attribute: its status and state in one step. Records are handed out by a history and are values:
 /// state and procedure are shared handles, copies keep the identity.
-template <class S> class kprC_PropagatingState final : public cls_Persistent<kprC_PropagatingState<S>, cls_Object> {
+template <class S> class kprC_PropagatingState final : public kprC_OfStep<kprC_PropagatingState<S>> {
 public:
   using Status = omu_PrimEnum<mdl_PropagationStatusEnm, 1>;
 
@@ -21,7 +21,7 @@ public:
       : kprC_PropagatingState(step, inStep, std::move(values)) {
     this->uid_ = uid;
   }
-  explicit kprC_PropagatingState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
+  explicit kprC_PropagatingState(cls_ReadVisitor const& in) { this->ReadFrom(in); }
 
   cow_String stepName;
   Status status;
@@ -29,9 +29,9 @@ public:
   cow_Handle<kprC_Procedure> procedure;  ///< may be null
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    visit("stepName", &kprC_PropagatingState::stepName, cls_MemberText{"name of the step"});
+    visit(kprC_PropagatingState::kStepName, &kprC_PropagatingState::stepName, cls_MemberText{"name of the step"});
     visit("status", &kprC_PropagatingState::status, cls_MemberText{"the attribute's status in the step"});
     visit("state", &kprC_PropagatingState::state, cls_MemberText{"the attribute's values in the step"});
-    visit("procedure", &kprC_PropagatingState::procedure, cls_MemberText{"the step's procedure"});
+    visit(kprC_PropagatingState::kProcedure, &kprC_PropagatingState::procedure, cls_MemberText{"the step's procedure"});
   }
 };

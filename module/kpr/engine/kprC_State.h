@@ -16,15 +16,15 @@ public:
   virtual cow_String AmplitudeName() const { return {}; }
   /// Merges \p own, of the same class, onto this state: the flag is taken, and unless it is set every member that
   /// \p own sets or frees.
-  virtual void Modify(kprC_State const& own) = 0;
+  virtual void Modify(kprC_State const& own);
   /// Turns this state into what the next step carries.
-  virtual void Propagate() = 0;
+  virtual void Propagate();
   /// Zeroes every propagating member.
-  virtual void Zero() = 0;
+  virtual void Zero();
   /// Whether a member is set or freed here.
-  virtual bool IsModified() const = 0;
+  virtual bool IsModified() const;
   /// Whether a member is freed here.
-  virtual bool IsConditionModified() const = 0;
+  virtual bool IsConditionModified() const;
 
   // what a step of a procedure type (0: the initial step) makes of the state
   virtual bool UseAmplitude(unsigned procedureType) const = 0;
@@ -37,46 +37,20 @@ protected:
   bool switchedOff_ = false;
 };
 
-template <class M> inline constexpr bool kprC_isPropagating = false;
-template <class T> inline constexpr bool kprC_isPropagating<mdl_PropAttr<T>> = true;
-
-/// The state operations of a class, from its list of members, beside what cls_Persistent gives.
+/// A class of states over \p Base, complete where it has no members of its own; one that has lists them and reads them itself.
+/// Where the base's members mean something else in every class, \p Derived says what in the words that Base::VisitFor asks for.
 template <class Derived, class Base> class kprC_StateOf : public cls_Persistent<Derived, Base> {
 public:
-  using cls_Persistent<Derived, Base>::cls_Persistent;
+  static constexpr bool kReadByRows = true;
 
-  void Modify(kprC_State const& own) override {
-    this->switchedOff_ = own.SwitchedOff();
-    if (this->switchedOff_ || own.DynTypeId() != this->DynTypeId()) { return; }
-    auto const& from = static_cast<Derived const&>(own);
-    Derived::VisitMembers([&]<class C, class M>(std::string_view, M C::*field, cls_MemberText const&) {
-      if constexpr (kprC_isPropagating<M>) { (static_cast<Derived&>(*this).*field).Modify(from.*field); }
-    });
-  }
-  void Propagate() override {
-    ForEachPropagating([](auto& member) { member.Propagate(); });
-  }
-  void Zero() override {
-    ForEachPropagating([](auto& member) { member.Zero(); });
-  }
-  bool IsModified() const override {
-    return AnyPropagating([](auto const& member) { return member.IsModified(); });
-  }
-  bool IsConditionModified() const override {
-    return AnyPropagating([](auto const& member) { return member.IsConditionModified(); });
-  }
+  kprC_StateOf() = default;
+  explicit kprC_StateOf(cls_ReadVisitor const& in) { cls_ReadRows(cls_RowsOf<Derived>(), static_cast<Derived*>(this), in); }
 
-private:
-  template <class Fn> void ForEachPropagating(Fn fn) {
-    cls_ForEachMember(static_cast<Derived&>(*this), [&]<class M>(std::string_view, cls_MemberText const&, M& member) {
-      if constexpr (kprC_isPropagating<M>) { fn(member); }
-    });
-  }
-  template <class Fn> bool AnyPropagating(Fn fn) const {
-    bool any = false;
-    cls_ForEachMember(this->Self(), [&]<class M>(std::string_view, cls_MemberText const&, M const& member) {
-      if constexpr (kprC_isPropagating<M>) { any = any || fn(member); }
-    });
-    return any;
+  template <class V> static constexpr void VisitMembers(V&& visit) {
+    if constexpr (requires { Base::template VisitFor<Derived>(visit); }) {
+      Base::template VisitFor<Derived>(visit);
+    } else {
+      Base::VisitMembers(visit);
+    }
   }
 };

@@ -9,42 +9,6 @@
 #include "module/kpr/engine/kprC_State.h"
 #include "module/kpr/engine/kprC_StepDependent.h"
 
-/// How a family classifies a status; 0 for one that it does not know.
-enum kprC_StatusTrait : std::uint8_t {
-  kprC_Known = 1,
-  kprC_Active = 2,
-  kprC_Propagated = 4,
-  kprC_BuiltIn = 8,
-  kprC_IllegalMove = 16,
-  kprC_Changed = 32,
-  kprC_NoReset = 64,
-  kprC_Editable = 128,  ///< may be edited here, and the step has to admit the type of what is set here
-};
-using kprC_StatusTable = std::array<std::uint8_t, 16>;
-
-/// The statuses of which every family has the same idea.
-inline constexpr kprC_StatusTable kprC_commonStatuses = {
-    /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
-    /*  1 Created                   */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed,
-    /*  2 Propagated                */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
-    /*  3 Modified                  */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
-    /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
-    /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
-    /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
-    /*  7 not carried here          */ kprC_Known | kprC_NoReset,
-    /*  8                           */ 0,
-    /*  9                           */ 0,
-    /* 10                           */ kprC_NoReset,
-    /* 11                           */ 0,
-    /* 12                           */ 0,
-    /* 13                           */ kprC_NoReset,
-};
-/// \p table with a family's own row for a status.
-constexpr kprC_StatusTable kprC_WithStatus(kprC_StatusTable table, mdl_PropagationStatusEnm status, unsigned traits) {
-  table[static_cast<std::size_t>(status)] = static_cast<std::uint8_t>(traits);
-  return table;
-}
-
 /// A family's refusals of the per-step operations; \p Error is the family's enumeration of codes.
 template <class Error> struct kprC_StepRefusals {
   Error unknownStep;
@@ -85,7 +49,7 @@ concept kprC_FamilyRules = requires(unsigned procedureType, typename R::Error er
   { R::Kind(procedureType) } -> std::same_as<kprC_StepKind>;
   { R::IsFrequency(procedureType) } -> std::same_as<bool>;
   { R::IsAnneal(procedureType) } -> std::same_as<bool>;
-  { R::Edit(kprC_EditRefusal::NoSteps) } -> std::same_as<typename R::Error>;
+  { R::kEdit } -> std::same_as<kprC_EditRefusals<typename R::Error> const&>;
   R::Assert(true, error);
 };
 
@@ -99,6 +63,8 @@ public:
   using Record = kprC_PropagatingState<State>;
   using Status_ = mdl_PropagationStatusEnm;
   using Error = typename Rules::Error;
+
+  static constexpr kprC_StatusTable const& kStatuses = Rules::kStatuses;
 
   // classification of a status; each refuses a status that the family does not know
   static bool IsActive(Status_ status) { return Is(status, kprC_Active); }
@@ -122,17 +88,22 @@ public:
     if (region_ && region_.Type() == type) { regions.Append(region_); }
     return regions;
   }
-  /// Amplitude names in use, each once, in step order.
   cow_1DArrayList<cow_String> Amplitudes() const override {
     cow_Map<cow_String, bool> seen;
     cow_1DArrayList<cow_String> names;
-    for (auto const& own : states_.Own()) {
-      cow_String const name = own.state->AmplitudeName();
-      if (!name.IsEmpty() && seen.Insert(name, true)) { names.Append(name); }
-    }
+    cls_ForEachReference(this->MemberRows(), static_cast<void const*>(this), [&](cls_Reference kind, std::string_view name) {
+      if (kind == cls_Reference::Amplitude && seen.Insert(cow_String(name), true)) { names.Append(cow_String(name)); }
+    });
     return names;
   }
-  cow_String FieldName() const override { return fieldName_; }
+  bool Redirect(cls_Redirection const& to) override {
+    bool redirected = false;
+    Edit([&] {
+      redirected = cls_Redirect(this->MemberRows(), static_cast<void*>(this), to);
+      if (redirected) { Sync(); }
+    });
+    return redirected;
+  }
 
   kprC_StepTable const& Steps() const override { return states_.Steps(); }
   /// Raises the unknown-step refusal.
@@ -304,9 +275,20 @@ public:
     if (told != stored) { in.Refuse("states", "a state in every record from the create step on"); }
   }
 
-  /// Raises the family's refusal.
-  [[noreturn]] static void Refuse(kprC_EditRefusal refusal) {
-    Rules::Assert(false, Rules::Edit(refusal));
+  /// The numbers of what the editing layers refuse.
+  static constexpr kprC_EditRefusalCodes EditRefusals() {
+    constexpr auto const& edit = Rules::kEdit;
+    auto const number = [](auto code) { return static_cast<int>(code); };
+    return {number(edit.noSuchAttribute), number(edit.noSteps),
+            number(edit.noAttributes),    number(edit.nameInUse),
+            number(edit.unknownStep),     number(edit.suppressed),
+            number(edit.amplitudeName),   number(edit.amplitudeUnknown),
+            number(edit.fieldUnknown),    number(edit.notInStep),
+            number(edit.readOnlyInStep),  edit.inInitialStep ? std::optional<int>(number(*edit.inInitialStep)) : std::nullopt};
+  }
+  /// Raises a refusal of the family by its number.
+  [[noreturn]] static void Refuse(int code) {
+    Rules::Assert(false, static_cast<Error>(code));
     std::abort();  // not reached: the refusal is raised above
   }
 
@@ -348,7 +330,7 @@ protected:
   virtual void AssertMemberState(std::size_t /*index*/, std::string_view /*member*/, std::string_view /*word*/) const {}
 
   [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override {
-    if (text.refusal >= 0) { Rules::Assert(false, static_cast<Error>(text.refusal)); }
+    if (text.refusal >= 0) { Refuse(text.refusal); }
     kprC_StepDependent::RefuseValue(name, text, expected);
   }
 

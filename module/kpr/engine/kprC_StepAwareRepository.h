@@ -1,6 +1,11 @@
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <vector>
 #include "framework/mdl_Extension.h"
+
+#include "module/kpr/engine/kprC_PassTable.h"
 #include "module/kpr/engine/kprC_StepDependent.h"
 
 /// A repository of step-dependent attributes of one family, as the steps, the stores and the commands see it.
@@ -34,6 +39,19 @@ public:
   virtual std::string ItemCmd() const = 0;
   /// The module's prefix: "kbc".
   virtual std::string Module() const = 0;
-  /// Raises the family's numbered refusal.
-  [[noreturn]] virtual void Refuse(kprC_EditRefusal refusal) const = 0;
+  /// What the editing layers refuse, by the family's numbers.
+  virtual kprC_EditRefusalCodes const& EditRefusals() const = 0;
+  /// Raises the family's refusal of that number.
+  [[noreturn]] virtual void Refuse(int code) const = 0;
+
+  /// How the family classifies each status: kprC_StatusTrait.
+  virtual kprC_StatusTable const& Statuses() const = 0;
+
+  /// A construction command of the family and the label of what it makes.
+  struct Construction {
+    std::string_view command, label;
+  };
+  virtual std::vector<Construction> Constructions() const = 0;
+  /// A new attribute; null when the command is none of the family's.
+  virtual std::unique_ptr<kprC_StepDependent> Construct(std::string_view command) const = 0;
 };

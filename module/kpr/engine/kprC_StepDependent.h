@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,21 +13,23 @@
 
 class ddr_Model;
 
-/// What the editing layers refuse before they reach an attribute. Each family has a numbered refusal for each.
-enum class kprC_EditRefusal {
-  NoSuchAttribute,  ///< no attribute of that name, or none in that step
-  NoSteps,          ///< the model has no steps
-  NoAttributes,     ///< the model has no attribute of the family
-  NameInUse,        ///< an attribute of that name exists
-  UnknownStep,      ///< no step of that name
-  Suppressed,       ///< a suppressed attribute is edited
-  AmplitudeName,    ///< a text that cannot be an amplitude's name
-  AmplitudeValue,   ///< an amplitude that the model does not know, or no text at all
-  FieldUnknown,     ///< a field that the model does not know
-  NotInStep,        ///< the attribute is not active in the step in which it is edited
-  ReadOnlyInStep,   ///< it is, but cannot be edited there
-  InInitialStep,    ///< one is created in the initial step, and the family has none there
+/// What the editing layers refuse before they reach an attribute, by a family's codes.
+template <class Error> struct kprC_EditRefusals {
+  Error noSuchAttribute;               ///< no attribute of that name, or none in that step
+  Error noSteps;                       ///< the model has no steps
+  Error noAttributes;                  ///< the model has no attribute of the family
+  Error nameInUse;                     ///< an attribute of that name exists
+  Error unknownStep;                   ///< no step of that name
+  Error suppressed;                    ///< a suppressed attribute is edited
+  Error amplitudeName;                 ///< a text that cannot be an amplitude's name
+  Error amplitudeUnknown;              ///< an amplitude that the model does not know, or no text at all
+  Error fieldUnknown;                  ///< a field that the model does not know
+  Error notInStep;                     ///< the attribute is not active in the step in which it is edited
+  Error readOnlyInStep;                ///< it is, but cannot be edited there
+  std::optional<Error> inInitialStep;  ///< one is created in the initial step, in a family that has none there
 };
+/// The refusals of a family as the editing layers see them: by their numbers. -1 where the family has none.
+using kprC_EditRefusalCodes = kprC_EditRefusals<int>;
 
 /// Members by name, as a command gives them.
 using kprC_Arguments = std::vector<std::pair<std::string, cls_Value>>;
@@ -78,18 +81,21 @@ public:
   /// of an attribute that is not suppressed, after every edit of it or of what it refers to.
   virtual void AssertInModel(ddr_Model const& /*model*/) const {}
 
+  /// Names of the amplitudes in use, each once, in step order.
   virtual cow_1DArrayList<cow_String> Amplitudes() const = 0;
+  /// The regions that the attribute acts on, as far as they were picked as \p type.
   virtual cls_xoList<rgnC_Region> Regions(rgnC_RegionType type) const = 0;
-  /// Name of the field that the attribute is distributed by; empty when it is not.
-  virtual cow_String FieldName() const = 0;
-
-  /// Names of the connectors that the attribute acts on.
-  virtual cow_List<cow_String> Connectors() const { return {}; }
+  /// Has what the attribute names lead elsewhere, in every step, and forms the history anew. False when it names nothing of the kind.
+  virtual bool Redirect(cls_Redirection const& to) = 0;
 
   /// The name of the command that makes such an attribute.
   virtual std::string ConstructionName() const = 0;
   /// The type's label.
   virtual std::string Label() const = 0;
+  /// The type's category, "MECHANICAL"; empty in a family without.
+  virtual std::string CategoryText() const { return {}; }
+  /// Whether load cases take the type: "yes", "no", "not yet"; empty in a family that has nothing to do with them.
+  virtual std::string LoadCaseText() const { return {}; }
 
 private:
   template <class> friend class kprC_PropagatingContainer;

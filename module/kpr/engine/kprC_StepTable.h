@@ -10,6 +10,17 @@
 /// The step sequence as a list of pairs, in step order, beginning with the initial step.
 using kprC_StepSequence = cls_xo1DArrayList<kprC_StepNameProcedurePair>;
 
+/// A sequence is written as such, so that a visitor may refer to the model's own.
+template <> struct cls_MemberTraits<kprC_StepSequence> : cls_ListTraits<kprC_StepSequence, kprC_StepNameProcedurePair> {
+  static void Write(cls_WriteVisitor const& out, std::string_view name, kprC_StepSequence const& steps) {
+    bool const written = out.WriteSequence(name, steps.Size(), [&steps](std::size_t index) {
+      kprC_StepNameProcedurePair const& pair = steps[index];
+      return std::pair<std::string_view, cls_Object const*>(pair.stepName.View(), pair.procedure.ConstGet());
+    });
+    if (!written) { cls_ListTraits::Write(out, name, steps); }
+  }
+};
+
 /// The step sequence with what the histories ask of it worked out once. A handle: copies share one body, and all
 /// histories of a model share the same table, so that a step's name and procedure exist once whatever number of
 /// attributes refers to them. Making one is linear in the steps; every question is answered in constant time.

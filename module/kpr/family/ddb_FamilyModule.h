@@ -8,10 +8,10 @@
 /// Start of a family's module: enters it, gives every model an empty repository of \p Attribute under \p extension,
 /// publishes its refusals and runs \p metadata. Counted.
 template <class Attribute, class Metadata>
-void ddb_EnterFamily(int& count, unsigned number, std::string_view extension, std::span<nex_ErrorRow const> refusals, Metadata&& metadata) {
+void ddb_EnterFamily(int& count, unsigned number, std::string_view extension, nex_Catalogue const& refusals, Metadata&& metadata) {
   ddb_EnterModule<Attribute>(count, number, Attribute::kModule, [&] {
     mdl_ExtensionSubject::RegisterExtension(extension, cow_Handle<kprC_PropagatingContainer<Attribute>>::Make());
-    thr_GlobalSingleton<nex_Catalogues>::Instance().Register({Attribute::kModule, refusals});
+    thr_GlobalSingleton<nex_Catalogues>::Instance().Register(refusals);
     metadata();
   });
 }

@@ -16,16 +16,17 @@ struct kprC_ProcedureRules {
 
   /// The procedures that nothing is moved into, in the order in which they are asked, each with its refusal. The last four
   /// are perturbation procedures and not reached behind the first.
-  template <class Error>
-  static constexpr auto MoveTargets(Error perturbation, Error anneal, Error modalDynamics, Error randomResponse, Error responseSpectrum,
-                                    Error steadyStateModal) {
+  template <class Error> struct MoveRefusals {
+    Error perturbation, anneal, modalDynamics, randomResponse, responseSpectrum, steadyStateModal;
+  };
+  template <class Error> static constexpr auto MoveTargets(MoveRefusals<Error> const& to) {
     return std::to_array<kprC_MoveTarget<kprC_ProcedureSet, Error>>({
-        {kprC_perturbationProcedures, perturbation},
-        {{kprC_ProcedureType::Anneal}, anneal},
-        {{kprC_ProcedureType::ModalDynamics}, modalDynamics},
-        {{kprC_ProcedureType::RandomResponse}, randomResponse},
-        {{kprC_ProcedureType::ResponseSpectrum}, responseSpectrum},
-        {{kprC_ProcedureType::SteadyStateModal}, steadyStateModal},
+        {kprC_perturbationProcedures, to.perturbation},
+        {kprC_ProcedureType::Anneal, to.anneal},
+        {kprC_ProcedureType::ModalDynamics, to.modalDynamics},
+        {kprC_ProcedureType::RandomResponse, to.randomResponse},
+        {kprC_ProcedureType::ResponseSpectrum, to.responseSpectrum},
+        {kprC_ProcedureType::SteadyStateModal, to.steadyStateModal},
     });
   }
 };

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "module/kpr/family/kprC_Admission.h"
 #include "module/kpr/family/kprC_ProcedureRules.h"
+#include "module/kpr/family/kprC_Types.h"
+#include "platform/CaeUtils/omu_PrimEnumTraits.h"
 
 /// A family's refusals of an attribute in a load case.
 template <class Error> struct kprC_LoadCaseRefusals {
@@ -17,6 +18,10 @@ public:
   using CategoryEnm = decltype(Rules::TypeRow::category);
 
   CategoryEnm Category() const { return Type().category; }
+  std::string ConstructionName() const override { return std::string(Type().command); }
+  std::string Label() const override { return std::string(Type().label); }
+  std::string CategoryText() const override { return std::string(omu_PrimEnum<CategoryEnm, 1>(Category()).View()); }
+  std::string LoadCaseText() const override { return NYIForLoadCase() ? "not yet" : AllowedInALoadCase() ? "yes" : "no"; }
   /// Whether a load case may use attributes of this type.
   bool AllowedInALoadCase() const { return Type().loadCase != kprC_LoadCase::Refused; }
   /// Whether load cases do not yet support this type.
@@ -34,6 +39,10 @@ public:
   }
 
 protected:
-  /// The type's row.
-  virtual typename Rules::TypeRow const& Type() const { return *kprC_FindType(Rules::Types(), this->DynTypeId()); }
+  /// A default state of the type, by its row.
+  std::unique_ptr<typename Rules::State> DefaultState() const {
+    return std::unique_ptr<typename Rules::State>(static_cast<typename Rules::State*>(Type().newState().release()));
+  }
+  /// The type's row. Linear in the family's types.
+  typename Rules::TypeRow const& Type() const { return *kprC_FindType(Rules::Types(), this->DynTypeId()); }
 };

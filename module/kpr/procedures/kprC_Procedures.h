@@ -60,6 +60,7 @@ static_assert(
 class kprC_ProcedureSet {
 public:
   constexpr kprC_ProcedureSet() = default;
+  constexpr kprC_ProcedureSet(kprC_ProcedureType::Enm type) : bits_(BitOf(type)) {}
   constexpr kprC_ProcedureSet(std::initializer_list<kprC_ProcedureType::Enm> types) {
     for (unsigned const type : types) { bits_ |= BitOf(type); }
   }
@@ -89,6 +90,10 @@ private:
 
   unsigned bits_ = 0;
 };
+
+/// Static | Visco: the set of both. With a set on either side, the procedure joins it.
+constexpr kprC_ProcedureSet operator|(kprC_ProcedureType::Enm a, kprC_ProcedureType::Enm b) { return {a, b}; }
+constexpr kprC_ProcedureSet operator|(kprC_ProcedureSet a, kprC_ProcedureType::Enm b) { return a | kprC_ProcedureSet{b}; }
 
 /// Linear perturbation procedures.
 inline constexpr kprC_ProcedureSet kprC_perturbationProcedures = kprC_ProcedureSet::With(&kprC_ProcedureRow::perturbation);

@@ -2,7 +2,7 @@
 
 #include <concepts>
 
-#include "module/kpr/kprC_TypeTable.h"
+#include "module/kpr/Types.h"
 #include "platform/BasicUtils/cls_xoList.h"
 #include "platform/CoreUtils/omn_FixedString.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "module/kpr/kprC_TypeTable.h"
+#include "module/kpr/Types.h"
 #include "platform/BasicUtils/cls_Persistent.h"
 #include "platform/CaeUtils/omu_PrimEnumTraits.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "module/kpr/kprC_TypeTable.h"
+#include "module/kpr/Types.h"
 #include "platform/CoreGeometry/rgnC_Region.h"
 
 /// How masses are scaled; by whom the scaling is switched off.
@@ -77,7 +77,8 @@ public:
     visit("occurs", &kprC_MassScaling::occurs, cls_MemberText{"once or again and again"});
     visit("objective", &kprC_MassScaling::objective, cls_MemberText{"which elements are scaled, and to what increment"});
     visit("direction", &kprC_MassScaling::direction, cls_MemberText{"direction of rolling"});
-    visit("region", &kprC_MassScaling::region, cls_MemberText{"the elements; the whole model where not given"});
+    visit("region", &kprC_MassScaling::region,
+          cls_MemberText{"the elements; the whole model where not given"}.RefersTo(cls_Reference::Region));
     visit("factor", &kprC_MassScaling::factor, cls_MemberText{"factor on the masses"});
     visit("dt", &kprC_MassScaling::dt, cls_MemberText{"the stable increment to be reached", "time"});
     visit("frequency", &kprC_MassScaling::frequency, cls_MemberText{"number of increments between two scalings"});

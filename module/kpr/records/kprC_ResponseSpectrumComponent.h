@@ -1,6 +1,6 @@
 #pragma once
 
-#include "module/kpr/kprC_TypeTable.h"
+#include "module/kpr/Types.h"
 #include "platform/BasicUtils/cls_Persistent.h"
 
 /// A base motion of a response spectrum step: a direction, and the spectrum that acts along it.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "module/kpr/kprC_TypeTable.h"
+#include "module/kpr/Types.h"
 #include "platform/CoreGeometry/rgnC_Region.h"
 
 /// Degrees of freedom that a substructure keeps at the nodes of a region.
@@ -14,7 +14,7 @@ public:
   explicit kprC_RetainedDofs(cls_ReadVisitor const& in);
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    visit("region", &kprC_RetainedDofs::region, cls_MemberText{"the nodes"});
+    visit("region", &kprC_RetainedDofs::region, cls_MemberText{"the nodes"}.RefersTo(cls_Reference::Region));
     visit("u1", &kprC_RetainedDofs::u1, cls_MemberText{"keep the displacement along the first axis"});
     visit("u2", &kprC_RetainedDofs::u2, cls_MemberText{"keep the displacement along the second axis"});
     visit("u3", &kprC_RetainedDofs::u3, cls_MemberText{"keep the displacement along the third axis"});

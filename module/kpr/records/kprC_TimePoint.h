@@ -1,16 +1,12 @@
 #pragma once
 
 #include "framework/mdl_MapString2ObjCow.h"
-#include "module/kpr/kprC_TypeTable.h"
+#include "module/kpr/Types.h"
 #include "platform/BasicUtils/cls_2DArrayTraits.h"
 #include "platform/CoreUtils/omn_FixedString.h"
 
 /// The time points of a model by name: its extension "timePoints".
 using kprC_TimePointMap = mdl_MapString2ObjCow<kprC_TimePoint>;
-template <> struct cls_TypeIdOf<kprC_TimePointMap> {
-  static constexpr unsigned value = kprC_moduleNumber << 16 | 0x0015;
-  static constexpr char const* kName = "mdl_MapString2ObjCow<kprC_TimePoint>";
-};
 
 /// A sequence of times that output requests refer to by its name.
 class DDB_API kprC_TimePoint final : public cls_Persistent<kprC_TimePoint, cls_Object> {
@@ -35,7 +31,7 @@ public:
   void AssertValid() const;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    visit(nameCmd(), &kprC_TimePoint::name, cls_MemberText{"the sequence's name"});
+    visit(nameCmd(), &kprC_TimePoint::name, cls_MemberText{"the sequence's name"}.NotSettable());
     visit(pointsCmd(), &kprC_TimePoint::points, cls_MemberText{"rows of a time each, or of start, end and increment each", "time"});
   }
 };

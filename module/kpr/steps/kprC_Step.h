@@ -1,7 +1,7 @@
 #pragma once
 
+#include "module/kpr/Types.h"
 #include "module/kpr/engine/kprC_Procedure.h"
-#include "module/kpr/kprC_TypeTable.h"
 #include "module/kpr/procedures/kprC_Procedures.h"
 #include "platform/CaeUtils/omu_PrimEnum.h"
 

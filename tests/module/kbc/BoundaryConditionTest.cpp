@@ -1,40 +1,18 @@
-#include <gmock/gmock.h>
-
 #include "framework/ddr_Model.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
 #include "module/kbc/kbcC_module.h"
-#include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "module/kpr/steps/kprC_Steps.h"
-#include "tests/support/Library.h"
-#include "tests/support/StepLetters.h"
+#include "tests/support/OneAttribute.h"
 
 namespace {
 
-using ::testing::ElementsAre;
-using Conditions = kprC_PropagatingContainer<kbcC_BC>;
 using Displacement = kbcC_DisplacementBCState;
 using test::CodeOf;
 
-class BoundaryCondition : public test::WithLibrary {
+class BoundaryCondition : public test::OneAttribute<kbcC_BC> {
 protected:
-  /// Puts \p type, created in \p step with \p members, into a repository over \p steps.
-  int Create(std::string_view steps, char const* step, kprC_Arguments const& members, kbcC_BC const& type = kbcC_DisplacementBC()) {
-    conditions = Conditions();
-    conditions.UpdateSteps(kprC_StepTable(test::StepsOf(steps)));
-    return CodeOf([&] {
-      cow_Handle<kbcC_BC> made(std::unique_ptr<kbcC_BC>(static_cast<kbcC_BC*>(type.Copy().release())));
-      std::string unknown;
-      made.Get().SetInStep(cow_String(step), members, &unknown);
-      conditions.Insert("B", *made);
-    });
-  }
-  int Edit(char const* step, kprC_Arguments const& members) {
-    std::string unknown;
-    return CodeOf([&] { conditions.Get("B").SetInStep(cow_String(step), members, &unknown); });
-  }
-  Displacement const& StateIn(std::size_t step) const { return dynamic_cast<Displacement const&>(*conditions.ConstGet("B").StateAt(step)); }
-  Conditions conditions;
+  Displacement const& StateIn(std::size_t step) { return dynamic_cast<Displacement const&>(*Item().StateAt(step)); }
 };
 
 TEST_F(BoundaryCondition, RefusesValuesThatItsStepCannotHave) {
@@ -61,17 +39,17 @@ TEST_F(BoundaryCondition, RefusesValuesThatItsStepCannotHave) {
       {"IFM", "S2", {{"u1", 0.0}}, 45},
   };
   for (auto const& row : rows) {
-    EXPECT_EQ(Create(row.steps, row.step, row.members), row.code)
+    EXPECT_EQ(Create("DisplacementBC", row.steps, row.step, row.members), row.code)
         << row.steps << " " << row.step << " " << row.members.front().first << " " << row.code;
   }
 }
 
 TEST_F(BoundaryCondition, FreesAndUnsetsComponentsWhereItMay) {
-  ASSERT_EQ(Create("IGGGG", "S1", {{"u1", 1.0}, {"u2", 2.0}}), -1);
+  ASSERT_EQ(Create("DisplacementBC", "IGGGG", "S1", {{"u1", 1.0}, {"u2", 2.0}}), -1);
   EXPECT_EQ(Edit("S2", {{"u1", "FREED"}}), -1);
   EXPECT_EQ(Edit("S2", {{"u2", "UNSET"}}), 22);
   EXPECT_EQ(Edit("S3", {{"u2", "UNSET"}}), 22);
-  ASSERT_EQ(CodeOf([&] { conditions.Get("B").Deactivate("S3"); }), -1);
+  ASSERT_EQ(CodeOf([&] { Item().Deactivate("S3"); }), -1);
   EXPECT_EQ(Edit("S4", {{"u2", "FREED"}}), 21);
   EXPECT_EQ(Edit("S4", {{"u2", "UNSET"}}), 21);
   EXPECT_EQ(StateIn(2).u1, mdl_Freed);
@@ -82,7 +60,7 @@ TEST_F(BoundaryCondition, FreesAndUnsetsComponentsWhereItMay) {
 }
 
 TEST_F(BoundaryCondition, KeepsFollowingWhatAStepDoesNotSay) {
-  ASSERT_EQ(Create("IGGG", "S1", {{"u1", 1.0}}), -1);
+  ASSERT_EQ(Create("DisplacementBC", "IGGG", "S1", {{"u1", 1.0}}), -1);
   ASSERT_EQ(Edit("S3", {{"u2", 5.0}}), -1);
   ASSERT_EQ(Edit("S2", {{"u1", 3.0}}), -1);
   EXPECT_EQ(StateIn(3).u1, 3.0) << "an earlier change of another component arrives";
@@ -93,25 +71,16 @@ TEST_F(BoundaryCondition, KeepsFollowingWhatAStepDoesNotSay) {
   EXPECT_EQ(StateIn(3).u1, 7.0) << "its own value stays";
 }
 
-TEST_F(BoundaryCondition, IsNotMovedIntoTheInitialStepWithAValue) {
-  ASSERT_EQ(Create("IGG", "S1", {{"u1", 0.5}}), -1);
-  EXPECT_EQ(CodeOf([&] { conditions.Get("B").Move("S1", "Initial"); }), 26);
-  EXPECT_EQ(conditions.ConstGet("B").CreateStepName(), "S1");
-  ASSERT_EQ(Create("IGG", "S1", {{"u1", 0.0}}), -1);
-  EXPECT_EQ(CodeOf([&] { conditions.Get("B").Move("S1", "Initial"); }), -1);
-  EXPECT_EQ(conditions.ConstGet("B").CreateStepName(), "Initial");
-}
-
 TEST_F(BoundaryCondition, OfAKindIsNotEditedWhereItIsPropagated) {
-  ASSERT_EQ(Create("IGG", "Initial", {}, kbcC_TypeBC(kbcC_TypeBC::PINNED)), -1);
-  EXPECT_EQ(conditions.ConstGet("B").ConstructionName(), "PinnedBC");
+  ASSERT_EQ(Create("PinnedBC", "IGG", "Initial"), -1);
+  EXPECT_EQ(Item().ConstructionName(), "PinnedBC");
   EXPECT_EQ(Edit("S1", {{"typeName", "ENCASTRE"}}), 46);
-  ASSERT_EQ(Create("IGG", "S1", {}, kbcC_TypeBC(kbcC_TypeBC::XSYMM)), -1);
+  ASSERT_EQ(Create("XsymmBC", "IGG", "S1"), -1);
   EXPECT_EQ(Edit("S2", {{"typeName", "ENCASTRE"}}), 46);
   EXPECT_EQ(Edit("S1", {{"typeName", "ROUND"}}), 37);
   EXPECT_EQ(Edit("S1", {{"typeName", "ENCASTRE"}}), -1);
-  EXPECT_EQ(conditions.ConstGet("B").ConstructionName(), "EncastreBC");
-  EXPECT_EQ(CodeOf([&] { conditions.Get("B").Deactivate("S2"); }), -1);
+  EXPECT_EQ(Item().ConstructionName(), "EncastreBC");
+  EXPECT_EQ(CodeOf([&] { Item().Deactivate("S2"); }), -1);
 }
 
 TEST_F(BoundaryCondition, NeedsAFieldNameWithAFieldDistribution) {
@@ -120,12 +89,12 @@ TEST_F(BoundaryCondition, NeedsAFieldNameWithAFieldDistribution) {
   EXPECT_EQ(Create("IG", "S1", {{"u1", 1.0}}, condition), 59);
   condition.SetMember("fieldName", "Tilt");
   EXPECT_EQ(Create("IG", "S1", {{"u1", 1.0}}, condition), -1);
-  EXPECT_TRUE(conditions.ConstGet("B").UsesField());
+  EXPECT_TRUE(Item().UsesField());
 }
 
 TEST_F(BoundaryCondition, IsNotCheckedWhileSuppressed) {
-  ASSERT_EQ(Create("IGG", "S1", {{"u1", 0.5}}), -1);
-  kbcC_BC& condition = conditions.Get("B");
+  ASSERT_EQ(Create("DisplacementBC", "IGG", "S1", {{"u1", 0.5}}), -1);
+  kbcC_BC& condition = Item();
   condition.Suppress();
   Displacement both;
   both.fixed = true;
@@ -143,9 +112,9 @@ TEST_F(BoundaryCondition, AnswersForItsSteps) {
   EXPECT_FALSE(alone.Insert("S2", Displacement())) << "a record and no step sequence yet";
   EXPECT_EQ(alone.History().Size(), 1U);
 
-  ASSERT_EQ(Create("IGGG", "S1", {{"u1", 1.0}, {"amplitude", "Ramp"}}), -1);
+  ASSERT_EQ(Create("DisplacementBC", "IGGG", "S1", {{"u1", 1.0}, {"amplitude", "Ramp"}}), -1);
   ASSERT_EQ(Edit("S2", {{"amplitude", "Hold"}}), -1);
-  kbcC_BC& condition = conditions.Get("B");
+  kbcC_BC& condition = Item();
   condition.Deactivate("S3");
   EXPECT_EQ(condition.GetEditableStepName("S2"), "S2");
   EXPECT_EQ(condition.GetEditableStepName("S3"), "S1");
@@ -159,29 +128,6 @@ TEST_F(BoundaryCondition, AnswersForItsSteps) {
   EXPECT_EQ(condition.ConstGetStateQuad("S1").Uid(), condition.ConstGetStateQuad("S1").Uid());
   EXPECT_NE(condition.ConstGetStateQuad("S1").Uid(), condition.ConstGetStateQuad("S2").Uid());
   EXPECT_EQ(condition.ConstGetStateQuad("S1").procedure->ProcedureType(), kprC_StaticStep::TypeId());
-}
-
-TEST_F(BoundaryCondition, ClassifiesStatusesByItsTable) {
-  using Status = mdl_PropagationStatusEnm;
-  std::string active, propagated, builtIn, illegalMove, changed, refused;
-  for (int number = -1; number <= 16; ++number) {
-    auto const status = static_cast<Status>(number);
-    std::string const text = std::to_string(number) + " ";
-    int const code = CodeOf([&] {
-      active += kbcC_BC::IsActive(status) ? text : "";
-      propagated += kbcC_BC::IsPropagated(status) ? text : "";
-      builtIn += kbcC_BC::IsBuiltIn(status) ? text : "";
-      illegalMove += kbcC_BC::IsIllegalMove(status) ? text : "";
-      changed += kbcC_BC::ChangedInStep(status) ? text : "";
-    });
-    if (code == 47) { refused += text; }
-  }
-  EXPECT_EQ(active, "1 2 3 9 10 ");
-  EXPECT_EQ(propagated, "2 9 ");
-  EXPECT_EQ(builtIn, "12 ");
-  EXPECT_EQ(illegalMove, "1 3 4 10 ");
-  EXPECT_EQ(changed, "1 3 4 10 11 ");
-  EXPECT_EQ(refused, "-1 8 13 14 15 16 ");
 }
 
 TEST_F(BoundaryCondition, MergesStatesMemberByMember) {
@@ -218,25 +164,6 @@ TEST_F(BoundaryCondition, MergesStatesMemberByMember) {
   }
   EXPECT_EQ(none, "BuckleStep FrequencyStep StaticRiksStep StaticLinearPerturbationStep ComplexFrequencyStep ");
   EXPECT_FALSE(carried.UseAmplitude(0));
-}
-
-TEST_F(BoundaryCondition, IsDescribedByItsMetadata) {
-  auto const names = [](unsigned typeId) {
-    std::vector<std::string> members;
-    for (cls_MemberInfo const& member : cls_MetadataRegistrar::Registrar().Find(typeId)->members) {
-      members.push_back(member.name + ":" + std::to_string(static_cast<int>(member.kind)) + (member.many ? "*" : ""));
-    }
-    return members;
-  };
-  EXPECT_EQ(kbcC_BC::TypeId(), 0x2980001U);
-  EXPECT_EQ(Conditions::TypeId(), 0x2980002U);
-  EXPECT_EQ(kbcC_BCState::TypeId(), 0x2980003U);
-  EXPECT_EQ(kprC_PropagatingState<kbcC_BCState>::TypeId(), 0x2980004U);
-  EXPECT_NE(kbcC_DisplacementBC().DynTypeId(), kbcC_BC::TypeId());
-  EXPECT_THAT(names(kbcC_BC::TypeId()),
-              ElementsAre("suppress:13", "region:15", "csys:15", "distribution:14", "states:15*", "fieldName:11"));
-  EXPECT_THAT(names(Conditions::TypeId()), ElementsAre("map:15*", "procedures:15*", "danglingRegions:15*"));
-  EXPECT_THAT(names(kprC_PropagatingState<kbcC_BCState>::TypeId()), ElementsAre("stepName:11", "status:14", "state:15", "procedure:15"));
 }
 
 TEST(Library, StartsOnceStopsOnceAndStartsAgain) {

@@ -6,9 +6,10 @@ namespace {
 class BoundaryConditionHistories : public test::WithLibrary {};
 
 TEST_F(BoundaryConditionHistories, OfAllTypesAreThoseThatAWalkOverEveryRecordGives) {
+  using enum kprC_ProcedureType::Enm;
   test::plain::Rules const rules = {
-      .perturbation = test::SetOfProcedures("BUC FRQ SLP SSD SSS"),
-      .modal = test::SetOfProcedures("MOD RAN RSP SSM SUB CFQ"),
+      .perturbation = Buckle | Frequency | StaticLinearPerturbation | SteadyStateDirect | SteadyStateSubspace,
+      .modal = ModalDynamics | RandomResponse | ResponseSpectrum | SteadyStateModal | SubspaceDynamics | ComplexFrequency,
       .carriedFromInitial = 9,
       .changedFromInitial = 10,
       .perturbationCarried = 9,
@@ -17,7 +18,7 @@ TEST_F(BoundaryConditionHistories, OfAllTypesAreThoseThatAWalkOverEveryRecordGiv
       .asksInPerturbation = true,
       .staysWhenRefused = false,
   };
-  test::ExpectPlainHistories(kbcC_Constructors(), rules, 60);
+  test::ExpectPlainHistories(kbcC_BC::Constructors(), rules, 60);
 }
 
 }  // namespace

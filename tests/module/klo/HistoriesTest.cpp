@@ -6,8 +6,10 @@ namespace {
 class LoadHistories : public test::WithLibrary {};
 
 TEST_F(LoadHistories, OfAllTypesAreThoseThatAWalkOverEveryRecordGives) {
+  using enum kprC_ProcedureType::Enm;
   test::plain::Rules const rules = {
-      .perturbation = test::SetOfProcedures("BUC FRQ SLP SSD SSS MOD RAN RSP SSM CFQ"),
+      .perturbation = Buckle | Frequency | StaticLinearPerturbation | SteadyStateDirect | SteadyStateSubspace | ModalDynamics |
+                      RandomResponse | ResponseSpectrum | SteadyStateModal | ComplexFrequency,
       .modal = {},
       .carriedFromInitial = 2,
       .changedFromInitial = 3,
@@ -18,7 +20,7 @@ TEST_F(LoadHistories, OfAllTypesAreThoseThatAWalkOverEveryRecordGives) {
       .staysWhenRefused = true,
   };
   using Edits = test::RandomEdits<kloC_Load>;
-  test::ExpectPlainHistories(kloC_Constructors(), rules, 30,
+  test::ExpectPlainHistories(kloC_Load::Constructors(), rules, 30,
                              {{"BoltLoad", Edits::Deactivate}, {"BoltLoad", Edits::Move}, {"PressurePenetration", Edits::Move}});
 }
 

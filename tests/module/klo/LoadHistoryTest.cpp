@@ -1,8 +1,11 @@
-#include "tests/module/klo/kloTest.h"
+#include "module/klo/kloC_module.h"
+#include "tests/support/OneAttribute.h"
 
 namespace {
 
-using LoadHistory = test::OneLoad;
+kprC_Arguments const kForce = {{"cf1", 1.0}};
+
+using LoadHistory = test::OneAttribute<kloC_Load>;
 
 TEST_F(LoadHistory, FollowsFromStepsAndEdits) {
   struct Edit_ {
@@ -35,13 +38,13 @@ TEST_F(LoadHistory, FollowsFromStepsAndEdits) {
   };
   for (auto const& row : rows) {
     SCOPED_TRACE(std::string(row.steps) + " created in " + row.created);
-    ASSERT_EQ(Create(row.steps, row.created), -1);
+    ASSERT_EQ(Create("ConcentratedForce", row.steps, row.created, kForce), -1);
     EXPECT_EQ(History(), row.history);
     for (Edit_ const& edit : row.edits) {
       int const code = edit.operation == "modify"       ? Edit(edit.step, {{"cf1", 2.0}})
                        : edit.operation == "deactivate" ? Deactivate(edit.step)
                        : edit.operation == "reset"      ? Reset(edit.step)
-                                                        : test::CodeOf([&] { Load().Remove(edit.step); });
+                                                        : test::CodeOf([&] { Item().Remove(edit.step); });
       EXPECT_EQ(code, edit.code) << edit.operation << " " << edit.step;
       EXPECT_EQ(History(), edit.history) << edit.operation << " " << edit.step;
     }
@@ -49,10 +52,10 @@ TEST_F(LoadHistory, FollowsFromStepsAndEdits) {
 }
 
 TEST_F(LoadHistory, DropsWhatAPerturbationStepWouldChange) {
-  ASSERT_EQ(Create("IGPG", "S1"), -1);
+  ASSERT_EQ(Create("ConcentratedForce", "IGPG", "S1", kForce), -1);
   ASSERT_EQ(Edit("S2", {{"cf1", 7.0}}), -1);
-  EXPECT_EQ(Load().StateAt(2)->Member("cf1"), cls_Value(1.0));
-  EXPECT_EQ(Load().StateAt(3)->Member("cf1"), cls_Value(1.0));
+  EXPECT_EQ(Item().StateAt(2)->Member("cf1"), cls_Value(1.0));
+  EXPECT_EQ(Item().StateAt(3)->Member("cf1"), cls_Value(1.0));
 }
 
 TEST_F(LoadHistory, IsNotCreatedWhereTheTypeIsNotAdmitted) {
@@ -61,14 +64,16 @@ TEST_F(LoadHistory, IsNotCreatedWhereTheTypeIsNotAdmitted) {
     char const* step;
     int code;
   } const rows[] = {{"IG", "Initial", 34}, {"IXA", "S2", 18}, {"IGF", "S2", 34}, {"IH", "S1", 34}, {"IGC", "S2", 34}, {"IGP", "S2", -1}};
-  for (auto const& row : rows) { EXPECT_EQ(Create(row.steps, row.step), row.code) << row.steps << " " << row.step; }
-  EXPECT_EQ(Create("IG", "S1", {{"cf1", "PROPAGATED"}}), 21);
-  EXPECT_EQ(Create("IG", "S1", {{"cf1", "much"}}), 21);
-  EXPECT_EQ(Create("IG", "S1", {{"cf1", 1.0}, {"amplitude", 3}}), 17);
+  for (auto const& row : rows) {
+    EXPECT_EQ(Create("ConcentratedForce", row.steps, row.step, kForce), row.code) << row.steps << " " << row.step;
+  }
+  EXPECT_EQ(Create("ConcentratedForce", "IG", "S1", {{"cf1", "PROPAGATED"}}), 21);
+  EXPECT_EQ(Create("ConcentratedForce", "IG", "S1", {{"cf1", "much"}}), 21);
+  EXPECT_EQ(Create("ConcentratedForce", "IG", "S1", {{"cf1", 1.0}, {"amplitude", 3}}), 17);
 }
 
 TEST_F(LoadHistory, IsNotSwitchedOffInThisOrderOfRefusals) {
-  ASSERT_EQ(Create("IGPGGXAX", "S3"), -1);
+  ASSERT_EQ(Create("ConcentratedForce", "IGPGGXAX", "S3", kForce), -1);
   ASSERT_EQ(Deactivate("S7"), -1);
   ASSERT_EQ(History(), "0 0 0 1 2 2 6 4");
   EXPECT_EQ(Deactivate("Nowhere"), 31);
@@ -76,7 +81,7 @@ TEST_F(LoadHistory, IsNotSwitchedOffInThisOrderOfRefusals) {
   EXPECT_EQ(Deactivate("S2"), -1) << "not there yet: nothing to do, not even in a perturbation step";
   EXPECT_EQ(Deactivate("S7"), -1) << "off already";
   EXPECT_EQ(Deactivate("S6"), 9);
-  ASSERT_EQ(Create("IGPPG", "S2"), -1);
+  ASSERT_EQ(Create("ConcentratedForce", "IGPPG", "S2", kForce), -1);
   EXPECT_EQ(Deactivate("S3"), 8) << "a perturbation step before a load that is not active";
   EXPECT_EQ(Deactivate("S4"), 9);
 }
@@ -102,20 +107,20 @@ TEST_F(LoadHistory, IsNotMovedInThisOrderOfRefusals) {
   };
   for (auto const& row : rows) {
     SCOPED_TRACE(std::string(row.steps) + " created in " + row.created + ", " + row.from + " to " + row.to);
-    ASSERT_EQ(Create(row.steps, row.created), -1);
+    ASSERT_EQ(Create("ConcentratedForce", row.steps, row.created, kForce), -1);
     for (char const* step : row.modified) { ASSERT_EQ(Edit(step, {{"cf2", 1.0}}), -1); }
-    auto const before = Load().Copy();
+    auto const before = Item().Copy();
     std::string const history = History();
     EXPECT_EQ(Move(row.from, row.to), row.code);
     if (row.code == -1) { continue; }
     EXPECT_EQ(History(), history);
-    EXPECT_TRUE(Load().Equals(*before)) << "a refused move leaves the load as it was";
+    EXPECT_TRUE(Item().Equals(*before)) << "a refused move leaves the load as it was";
   }
   EXPECT_EQ(History(), "0 0 0 1 2") << "the last row moves";
 }
 
 TEST_F(LoadHistory, IsResetWhereAStepSaysSomethingThatCanBeTakenBack) {
-  ASSERT_EQ(Create("IGGGGA", "S1"), -1);
+  ASSERT_EQ(Create("ConcentratedForce", "IGGGGA", "S1", kForce), -1);
   ASSERT_EQ(Edit("S2", {{"cf1", 2.0}}), -1);
   ASSERT_EQ(Deactivate("S3"), -1);
   ASSERT_EQ(History(), "0 1 3 4 5 6");
@@ -127,61 +132,39 @@ TEST_F(LoadHistory, IsResetWhereAStepSaysSomethingThatCanBeTakenBack) {
 }
 
 TEST_F(LoadHistory, StaysAsItWasWhenAnEditIsRefusedLate) {
-  ASSERT_EQ(Create("IGGG", "S1", {{"magnitude", 1.0}}, "Pressure"), -1);
-  auto const before = Load().Copy();
+  ASSERT_EQ(Create("Pressure", "IGGG", "S1", {{"magnitude", 1.0}}), -1);
+  auto const before = Item().Copy();
   EXPECT_EQ(Edit("S2", {{"distType", "HYDROSTATIC"}, {"hZero", 2.0}, {"hReference", 2.0}}), 20);
-  EXPECT_TRUE(Load().Equals(*before));
-  Load().Suppress();
+  EXPECT_TRUE(Item().Equals(*before));
+  Item().Suppress();
   EXPECT_EQ(Edit("S2", {{"distType", "HYDROSTATIC"}}), -1) << "nothing is checked while it is suppressed";
   EXPECT_EQ(History(), "0 1 3 2");
-  EXPECT_EQ(test::CodeOf([&] { Load().AssertValidAnyMagnitude(); }), -1);
-  EXPECT_EQ(test::CodeOf([&] { Load().Resume(); }), 20);
-  EXPECT_TRUE(Load().IsSuppressed());
-  kprC_StepTable const shorter = Load().Steps().WithRemoved(1);
-  loads.UpdateSteps(shorter);
-  EXPECT_TRUE(loads.IsEmpty()) << "goes with the step that created it";
+  EXPECT_EQ(test::CodeOf([&] { Item().AssertValidAnyMagnitude(); }), -1);
+  EXPECT_EQ(test::CodeOf([&] { Item().Resume(); }), 20);
+  EXPECT_TRUE(Item().IsSuppressed());
+  kprC_StepTable const shorter = Item().Steps().WithRemoved(1);
+  repository.UpdateSteps(shorter);
+  EXPECT_TRUE(repository.IsEmpty()) << "goes with the step that created it";
 }
 
 TEST_F(LoadHistory, OfABoltBeginsInTheFirstStepAndNeverEnds) {
   kprC_Arguments const force = {{"magnitude", 5.0}};
-  EXPECT_EQ(Create("IGG", "S2", force, "BoltLoad"), 37);
-  EXPECT_EQ(Create("IPG", "S2", force, "BoltLoad"), 37);
-  EXPECT_EQ(Create("IPG", "S1", force, "BoltLoad"), 34) << "perturbation procedures do not admit it at all";
-  EXPECT_EQ(Create("IGG", "S1", {{"boltMethod", "FIXED"}}, "BoltLoad"), 38);
-  ASSERT_EQ(Create("IGG", "S1", force, "BoltLoad"), -1);
+  EXPECT_EQ(Create("BoltLoad", "IGG", "S2", force), 37);
+  EXPECT_EQ(Create("BoltLoad", "IPG", "S2", force), 37);
+  EXPECT_EQ(Create("BoltLoad", "IPG", "S1", force), 34) << "perturbation procedures do not admit it at all";
+  EXPECT_EQ(Create("BoltLoad", "IGG", "S1", {{"boltMethod", "FIXED"}}), 38);
+  ASSERT_EQ(Create("BoltLoad", "IGG", "S1", force), -1);
   EXPECT_EQ(Edit("S2", {{"boltMethod", "FIXED"}}), -1);
   EXPECT_EQ(History(), "0 1 3");
   for (char const* step : {"S1", "S2", "Initial", "Nowhere"}) {
     EXPECT_EQ(Deactivate(step), 35) << step;
     EXPECT_EQ(Move(step, "S2"), 36) << step;
   }
-  EXPECT_EQ(test::CodeOf([&] { loads.UpdateSteps(Load().Steps().WithInserted(1, {"New", test::StepOf('G')})); }), 37);
-}
-
-TEST_F(LoadHistory, ClassifiesStatusesByItsTable) {
-  std::string active, propagated, builtIn, illegalMove, changed, refused;
-  for (int number = -1; number <= 16; ++number) {
-    auto const status = static_cast<mdl_PropagationStatusEnm>(number);
-    std::string const text = std::to_string(number) + " ";
-    int const code = test::CodeOf([&] {
-      active += kloC_Load::IsActive(status) ? text : "";
-      propagated += kloC_Load::IsPropagated(status) ? text : "";
-      builtIn += kloC_Load::IsBuiltIn(status) ? text : "";
-      illegalMove += kloC_Load::IsIllegalMove(status) ? text : "";
-      changed += kloC_Load::ChangedInStep(status) ? text : "";
-    });
-    if (code == 48) { refused += text; }
-  }
-  EXPECT_EQ(active, "1 2 3 8 ");
-  EXPECT_EQ(propagated, "2 ");
-  EXPECT_EQ(builtIn, "8 ");
-  EXPECT_EQ(illegalMove, "1 3 4 ");
-  EXPECT_EQ(changed, "1 3 4 ");
-  EXPECT_EQ(refused, "-1 9 10 11 12 13 14 15 16 ");
+  EXPECT_EQ(test::CodeOf([&] { repository.UpdateSteps(Item().Steps().WithInserted(1, {"New", test::StepOf('G')})); }), 37);
 }
 
 TEST_F(LoadHistory, IsAskedForByStep) {
-  ASSERT_EQ(Create("IGGPG", "S2", {{"cf1", 1.0}, {"amplitude", "Ramp"}}), -1);
+  ASSERT_EQ(Create("ConcentratedForce", "IGGPG", "S2", {{"cf1", 1.0}, {"amplitude", "Ramp"}}), -1);
   ASSERT_EQ(Deactivate("S4"), -1);
   ASSERT_EQ(History(), "0 0 1 8 4");
   struct {
@@ -192,17 +175,17 @@ TEST_F(LoadHistory, IsAskedForByStep) {
                     {"S3", true, false, -1, -1},       {"S4", true, false, 32, 53},  {"Nowhere", false, false, 32, 53}};
   for (auto const& row : rows) {
     SCOPED_TRACE(row.step);
-    EXPECT_EQ(Load().HasStep(row.step), row.has);
-    EXPECT_EQ(test::CodeOf([&] { Load().CheckStep(row.step); }), row.check);
-    EXPECT_EQ(test::CodeOf([&] { Load().ValidInALoadCase(row.step, true); }), row.loadCase);
-    EXPECT_EQ(Load().ValidInALoadCase(row.step, false), row.loadCase == -1);
-    EXPECT_EQ(Load().IsEditable(row.step), row.editable);
+    EXPECT_EQ(Item().HasStep(row.step), row.has);
+    EXPECT_EQ(test::CodeOf([&] { Item().CheckStep(row.step); }), row.check);
+    EXPECT_EQ(test::CodeOf([&] { Item().ValidInALoadCase(row.step, true); }), row.loadCase);
+    EXPECT_EQ(Item().ValidInALoadCase(row.step, false), row.loadCase == -1);
+    EXPECT_EQ(Item().IsEditable(row.step), row.editable);
   }
-  EXPECT_EQ(Load().GetEditableStepName("S3"), "S2");
-  EXPECT_EQ(Load().Amplitudes().Size(), 1U);
-  Load().Suppress();
-  EXPECT_EQ(test::CodeOf([&] { Load().CheckStep("S2"); }), 32);
-  EXPECT_FALSE(Load().ValidInALoadCase("S2", false));
+  EXPECT_EQ(Item().GetEditableStepName("S3"), "S2");
+  EXPECT_EQ(Item().Amplitudes().Size(), 1U);
+  Item().Suppress();
+  EXPECT_EQ(test::CodeOf([&] { Item().CheckStep("S2"); }), 32);
+  EXPECT_FALSE(Item().ValidInALoadCase("S2", false));
 }
 
 }  // namespace

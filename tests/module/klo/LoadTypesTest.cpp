@@ -1,18 +1,14 @@
-#include <gmock/gmock.h>
-
-#include <map>
-#include <set>
-#include <sstream>
-
 #include "module/klo/kloC_Loads.h"
-#include "tests/module/klo/kloTest.h"
+#include "module/klo/kloC_module.h"
+#include "tests/support/OneAttribute.h"
 
 namespace {
 
-using test::CodeOf;
-using ::testing::ElementsAre;
+kprC_Arguments const kForce = {{"cf1", 1.0}};
 
-class LoadTypes : public test::OneLoad {};
+using test::CodeOf;
+
+class LoadTypes : public test::OneAttribute<kloC_Load> {};
 
 using Point = cls_Value::List;
 cls_Value const kVector = Point{Point{0.0, 0.0, 0.0}, Point{0.0, 0.0, 2.0}};
@@ -98,10 +94,10 @@ TEST_F(LoadTypes, RefuseValuesThatTheyCannotHave) {
 }
 
 TEST_F(LoadTypes, AreAskedForAMagnitudeWhereTheyAreCreatedOnly) {
-  ASSERT_EQ(Create("IGG", "S1"), -1);
+  ASSERT_EQ(Create("ConcentratedForce", "IGG", "S1", kForce), -1);
   EXPECT_EQ(Edit("S2", {{"cf1", 0.0}}), -1);
   EXPECT_EQ(Edit("S1", {{"cf1", 0.0}}), 41);
-  ASSERT_EQ(Create("IGG", "S1", {}, "InertiaRelief"), -1);
+  ASSERT_EQ(Create("InertiaRelief", "IGG", "S1", {}), -1);
   EXPECT_EQ(Edit("S2", {{"fixed", true}}), -1);
 }
 
@@ -139,169 +135,35 @@ TEST_F(LoadTypes, FitTheSpaceOfTheModel) {
       {"InertiaRelief", {{"localCsys", "Wheel"}, {"u1", true}}, -1, 50},
   };
   for (auto const& row : rows) {
-    ASSERT_EQ(Create("IG", "S1", row.members, row.command), -1) << row.command;
+    ASSERT_EQ(Create(row.command, "IG", "S1", row.members), -1) << row.command;
     ddr_Model model;
     auto const code = [&](ddr_Model::SpaceEnm space) {
       model.SetSpace(space);
-      return CodeOf([&] { Load().AssertInModel(model); });
+      return CodeOf([&] { Item().AssertInModel(model); });
     };
     EXPECT_EQ(code(ddr_Model::THREE_D), -1) << row.command;
     EXPECT_EQ(code(kPlanar), row.planar) << row.command << ", line " << (&row - rows) << " of the table";
     EXPECT_EQ(code(kAxi), row.axisymmetric) << row.command << ", line " << (&row - rows) << " of the table";
   }
-  ASSERT_EQ(Create("IG", "S1", {{"localCsys", "Wheel"}}, "InertiaRelief"), -1);
-  EXPECT_EQ(CodeOf([&] { Load().AssertInModel(ddr_Model()); }), 51) << "all directions, since none is named";
+  ASSERT_EQ(Create("InertiaRelief", "IG", "S1", {{"localCsys", "Wheel"}}), -1);
+  EXPECT_EQ(CodeOf([&] { Item().AssertInModel(ddr_Model()); }), 51) << "all directions, since none is named";
 }
 
 TEST_F(LoadTypes, OfBoltsNeedAnAxisInSolids) {
   auto const load = Made("BoltLoad");
   load->SetMember("region", cls_Value::Fields{{"name", "Shank"}, {"instanceKind", "SOLID"}});
   ASSERT_EQ(Create("IG", "S1", {{"magnitude", 1.0}}, *load), -1);
-  EXPECT_EQ(CodeOf([&] { Load().AssertInModel(ddr_Model()); }), 39);
+  EXPECT_EQ(CodeOf([&] { Item().AssertInModel(ddr_Model()); }), 39);
   ASSERT_EQ(Edit("S1", {{"dtmReference", "Axis-1"}}), -1);
-  EXPECT_EQ(CodeOf([&] { Load().AssertInModel(ddr_Model()); }), -1);
+  EXPECT_EQ(CodeOf([&] { Item().AssertInModel(ddr_Model()); }), -1);
 }
 
-/// The procedures by the short names that analysts use.
-std::map<std::string, unsigned> const kProcedures = {
-    {"ANN", kprC_ProcedureType::Anneal},
-    {"BUC", kprC_ProcedureType::Buckle},
-    {"CTD", kprC_ProcedureType::CoupledTempDisplacement},
-    {"CTE", kprC_ProcedureType::CoupledThermalElectric},
-    {"EXP", kprC_ProcedureType::ExplicitDynamics},
-    {"FRQ", kprC_ProcedureType::Frequency},
-    {"GEO", kprC_ProcedureType::Geostatic},
-    {"HT", kprC_ProcedureType::HeatTransfer},
-    {"IMP", kprC_ProcedureType::ImplicitDynamics},
-    {"MD", kprC_ProcedureType::MassDiffusion},
-    {"MOD", kprC_ProcedureType::ModalDynamics},
-    {"RAN", kprC_ProcedureType::RandomResponse},
-    {"RSP", kprC_ProcedureType::ResponseSpectrum},
-    {"SOI", kprC_ProcedureType::Soils},
-    {"STA", kprC_ProcedureType::Static},
-    {"RIK", kprC_ProcedureType::StaticRiks},
-    {"SLP", kprC_ProcedureType::StaticLinearPerturbation},
-    {"SSD", kprC_ProcedureType::SteadyStateDirect},
-    {"SSM", kprC_ProcedureType::SteadyStateModal},
-    {"SUB", kprC_ProcedureType::SubspaceDynamics},
-    {"UAM", kprC_ProcedureType::UsaAddedMassGeneration},
-    {"VIS", kprC_ProcedureType::Visco},
-    {"TDD", kprC_ProcedureType::TempDisplacementDynamics},
-    {"SGN", kprC_ProcedureType::SubstructureGenerate},
-    {"CFQ", kprC_ProcedureType::ComplexFrequency},
-    {"SSS", kprC_ProcedureType::SteadyStateSubspace},
-    {"INI", kprC_ProcedureType::Initial},
-};
-
-std::set<std::string> Words(std::string const& text) {
-  std::istringstream in(text);
-  return {std::istream_iterator<std::string>(in), {}};
-}
-
-TEST_F(LoadTypes, AreAdmittedByTheseProcedures) {
-  std::string const all = "BUC MOD SLP SSD SSM SUB SSS STA RIK VIS IMP GEO SOI CTD EXP TDD";
-  std::string const general = "STA RIK VIS IMP GEO SOI CTD";
-  std::string const connectors = "BUC MOD SLP SSD SSM SUB SSS STA RIK VIS IMP EXP TDD";
-  std::string const heat = "CTD CTE HT TDD", charge = "STA IMP SLP SSD";
-  // by construction command: procedures, and the answer of load cases
-  std::map<std::string, std::pair<std::string, int>> const rows = {
-      {"ConcentratedForce", {all, -1}},
-      {"Moment", {all, -1}},
-      {"Pressure", {all, -1}},
-      {"SurfaceTraction", {all, -1}},
-      {"LineLoad", {all, -1}},
-      {"BodyForce", {all, -1}},
-      {"Gravity", {all, -1}},
-      {"ShellEdgeLoad", {all, -1}},
-      {"RotationalBodyForce", {all, -1}},
-      {"CoriolisForce", {"STA VIS IMP SLP SSD SSS", -1}},
-      {"PEGLoad", {"BUC MOD SLP SSD SSM SUB SSS STA RIK VIS IMP", -1}},
-      {"ConnectorForce", {connectors, 55}},
-      {"ConnectorMoment", {connectors, 55}},
-      {"PipePressure", {general, -1}},
-      {"BoltLoad", {general, -1}},
-      {"InertiaRelief", {"STA RIK IMP SLP BUC", -1}},
-      {"SurfaceHeatFlux", {heat, 54}},
-      {"BodyHeatFlux", {heat, 54}},
-      {"ConcentratedHeatFlux", {heat, 54}},
-      {"ConcentratedPoreFluid", {"GEO SOI", 54}},
-      {"SurfacePoreFluid", {"GEO SOI", 54}},
-      {"HydroFluidFlow", {"STA SLP", 54}},
-      {"ConcentratedConcentrationFlux", {"MD", 54}},
-      {"SurfaceConcentrationFlux", {"MD", 54}},
-      {"BodyConcentrationFlux", {"MD", 54}},
-      {"ConcentratedCurrent", {"CTE", 54}},
-      {"SurfaceCurrent", {"CTE", 54}},
-      {"BodyCurrent", {"CTE", 54}},
-      {"ConcentratedCharge", {charge, 54}},
-      {"SurfaceCharge", {charge, 54}},
-      {"BodyCharge", {charge, 54}},
-      {"InwardVolAccel", {"BUC EXP IMP MOD SLP SSD SSM SUB TDD SSS", -1}},
-      {"PressurePenetration", {"", -1}},
-      {"SubmodelSB", {"STA SLP", -1}},
-  };
-  ASSERT_EQ(kProcedures.size(), kprC_procedures.size() + 1);
-  ASSERT_EQ(kloC_Constructors().size(), rows.size());
-  for (kloC_Constructor const& constructor : kloC_Constructors()) {
-    SCOPED_TRACE(std::string(constructor.command));
-    auto const load = constructor.make();
-    auto const& [procedures, loadCase] = rows.at(std::string(constructor.command));
-    for (auto const& [name, type] : kProcedures) {
-      bool const admitted = Words(procedures).contains(name);
-      EXPECT_EQ(load->Admits(type, false), admitted) << name;
-      EXPECT_EQ(load->Admits(type, true), admitted) << name;
-    }
-    EXPECT_EQ(load->AllowedInALoadCase(), loadCase != 54);
-    EXPECT_EQ(load->NYIForLoadCase(), loadCase == 55);
-    EXPECT_EQ(load->Label(), kloC_TypeText(load->DynTypeId()));
-    EXPECT_EQ(load->Label().empty(), constructor.command == "SubmodelSB") << "a load without an entry in the map of texts";
-  }
-}
-
-TEST_F(LoadTypes, AreListedByCategoryInTheOrderOfTheirTable) {
-  auto const text = [](cow_List<atr_String> const& types) {
-    std::string list;
-    for (atr_String const& type : types) { list += (list.empty() ? "" : ", ") + std::string(type.View()); }
-    return list;
-  };
-  EXPECT_EQ(text(kloC_getMechanicalLoadTypesforStep(kprC_ProcedureType::Static)),
-            "Concentrated force, Pressure, Rotational body force, Coriolis force, Connector force, Connector moment, Moment, Line load, "
-            "Pipe pressure, Body force, Gravity, Generalized plane strain, Bolt load, Inertia relief, Shell edge load, Surface traction");
-  EXPECT_EQ(text(kloC_getMechanicalLoadTypesforStep(kprC_ProcedureType::ExplicitDynamics)),
-            "Concentrated force, Pressure, Rotational body force, Connector force, Connector moment, Moment, Line load, Body force, "
-            "Gravity, Shell edge load, Surface traction");
-  EXPECT_EQ(text(kloC_getMechanicalLoadTypesforStep(kprC_ProcedureType::Frequency)), "");
-  EXPECT_EQ(text(kloC_getThermalLoadTypesforStep(kprC_ProcedureType::HeatTransfer)),
-            "Surface heat flux, Concentrated heat flux, Body heat flux");
-  EXPECT_EQ(text(kloC_getFluidLoadTypesforStep(kprC_ProcedureType::Soils)), "Concentrated pore fluid, Surface pore fluid");
-  EXPECT_EQ(text(kloC_getElectricalLoadTypesforStep(kprC_ProcedureType::Static)), "Concentrated charge, Surface charge, Body charge");
-  EXPECT_EQ(text(kloC_getElectricalLoadTypesforStep(kprC_ProcedureType::CoupledThermalElectric)),
-            "Concentrated current, Surface current, Body current");
-  EXPECT_EQ(text(kloC_getMassDiffusionLoadTypesforStep(kprC_ProcedureType::MassDiffusion)),
-            "Concentrated concentration flux, Surface concentration flux, Body concentration flux");
-  EXPECT_EQ(text(kloC_getAcousticLoadTypesforStep(kprC_ProcedureType::Buckle)), "Inward volume acceleration");
-  EXPECT_EQ(text(kloC_getOtherLoadTypesforStep(kprC_ProcedureType::Static)), "Hydrostatic fluid flux");
-  EXPECT_EQ(text(kloC_getOtherLoadTypesforStep(kprC_ProcedureType::Initial)), "");
-}
-
-TEST_F(LoadTypes, AreDescribedByTheirMetadata) {
-  auto const names = [](unsigned typeId) {
-    std::vector<std::string> members;
-    for (cls_MemberInfo const& member : cls_MetadataRegistrar::Registrar().Find(typeId)->members) { members.push_back(member.name); }
-    return members;
-  };
-  EXPECT_EQ(kloC_Load::TypeId(), 0x2880001U);
-  EXPECT_THAT(names(kloC_Load::TypeId()), ElementsAre("region", "suppress", "states", "fieldName"));
-  EXPECT_THAT(names(kloC_PressureState::TypeId()),
-              ElementsAre("amplitude", "deactivate", "magnitude", "useComplex", "complexMagReal", "complexMagImag", "distType", "hZero",
-                          "hReference", "useHydrostatic", "referencePoint"));
-  EXPECT_THAT(names(kloC_MomentState::TypeId()),
-              ElementsAre("amplitude", "deactivate", "cm1", "cm2", "cm3", "useComplex", "complexC1Real", "complexC1Imag", "complexC2Real",
-                          "complexC2Imag", "complexC3Real", "complexC3Imag", "follower", "csys"));
-  EXPECT_THAT(names(kloC_BodyCurrentState::TypeId()), ElementsAre("amplitude", "deactivate", "magnitude", "distType"));
-  for (auto const& [typeId, type] : cls_MetadataRegistrar::Registrar().Classes()) {
-    if (typeId >> 16 == kloC_moduleNumber) { EXPECT_LE(typeId & 0xFFFFU, 92U) << type.name; }
-  }
+TEST_F(LoadTypes, AreListedByCategoryAndProcedure) {
+  auto const labels = kloC_getElectricalLoadTypesforStep(kprC_ProcedureType::CoupledThermalElectric);
+  ASSERT_EQ(labels.Size(), 3U);
+  EXPECT_EQ(labels[0].View(), "Concentrated current");
+  EXPECT_TRUE(kloC_getOtherLoadTypesforStep(kprC_ProcedureType::Initial).IsEmpty());
+  EXPECT_EQ(kloC_getOtherLoadTypesforStep(kprC_ProcedureType::Static).Size(), 1U) << "a type without a label is not listed";
 }
 
 }  // namespace

@@ -10,44 +10,6 @@ namespace {
 
 using Query = std::function<bool(kprC_Step const&)>;
 
-// The table row by row is the code; here it is read column by column.
-TEST(Procedures, AnswerTheQueriesOfTheirSteps) {
-  struct Column {
-    char const* query;
-    Query answer;
-    char const* yes;
-  };
-  constexpr char const* kNlgeom =
-      "COUPLED_TEMP_DISPLACEMENT DYNAMIC_EXPLICIT GEOSTATIC DYNAMIC_IMPLICIT SOILS STATIC_GENERAL STATIC_RIKS DYNAMIC_SUBSPACE VISCO "
-      "DYNAMIC_TEMP_DISPLACEMENT";
-  constexpr char const* kResponse = "COUPLED_TEMP_DISPLACEMENT COUPLED_THERMAL_ELECTRIC HEAT_TRANSFER MASS_DIFFUSION SOILS";
-  constexpr char const* kPerturbation =
-      "BUCKLE FREQUENCY MODAL_DYNAMICS RANDOM_RESPONSE RESPONSE_SPECTRUM STATIC_LINEAR_PERTURBATION STEADY_STATE_DIRECT "
-      "STEADY_STATE_MODAL COMPLEX_FREQUENCY STEADY_STATE_SUBSPACE";
-  constexpr char const* kExplicit = "ANNEAL DYNAMIC_EXPLICIT DYNAMIC_TEMP_DISPLACEMENT";
-  Column const columns[] = {
-      {"Perturbation", [](auto& step) { return step.Perturbation(); }, kPerturbation},
-      {"Perturbation(type)", [](auto& step) { return kprC_Step::Perturbation(step.ProcedureType()); }, kPerturbation},
-      {"Explicit", [](auto& step) { return step.Explicit(); }, kExplicit},
-      {"kprC_IsExplicit", [](auto& step) { return kprC_IsExplicit(step.ProcedureType()); }, kExplicit},
-      {"Nonmechanical", [](auto& step) { return step.Nonmechanical(); }, "COUPLED_THERMAL_ELECTRIC HEAT_TRANSFER MASS_DIFFUSION "},
-      {"AllowLoadCases", [](auto& step) { return step.AllowLoadCases(); },
-       "SOILS STATIC_LINEAR_PERTURBATION STEADY_STATE_DIRECT STEADY_STATE_SUBSPACE"},
-      {"AllowAdaptiveMeshDomains", [](auto& step) { return step.AllowAdaptiveMeshDomains(); },
-       "COUPLED_TEMP_DISPLACEMENT DYNAMIC_EXPLICIT SOILS STATIC_GENERAL DYNAMIC_TEMP_DISPLACEMENT"},
-      {"Nlgeom", [](auto& step) { return step.Nlgeom() != kprC_Step::NlgeomEnm::NOT_AVAILABLE; }, kNlgeom},
-      {"Response", [](auto& step) { return step.Response() != kprC_Step::ResponseEnm::NOT_APPLICABLE; }, kResponse},
-  };
-  for (Column const& column : columns) {
-    std::vector<unsigned> const expected = Procedures(column.yes);
-    for (kprC_ProcedureRow const& row : kprC_procedures) {
-      bool const substructure = row.type == 0x023C007C && std::string_view(column.query) == "Nonmechanical";
-      bool const yes = substructure || std::ranges::count(expected, row.type) == 1;
-      EXPECT_EQ(column.answer(*kprC_MakeStep(row.type)), yes) << column.query << " of " << row.command.View();
-    }
-  }
-}
-
 TEST(Procedures, ReturnWhatTheirStepsStore) {
   struct Stored {
     char const* member;
@@ -100,21 +62,6 @@ TEST(Procedures, HaveOneBitEach) {
     all |= bit;
   }
   EXPECT_EQ(all, (1U << 26) - 1);
-}
-
-TEST(ProcedureLabels, StandInTheOrderInWhichTheyAreOffered) {
-  kprC_ProcedureTypeLabelMap const map;
-  std::string labels;
-  for (auto const& [label, type] : map.Entries()) {
-    labels += std::string(label.View()) + " ";
-    EXPECT_EQ(map.Type(label), type);
-    EXPECT_EQ(map.Label(type), type == 1 ? "" : label.View());
-  }
-  EXPECT_EQ(labels,
-            "NONE ANNEAL BUCKLE COUPLED_TEMP_DISPLACEMENT COUPLED_THERMAL_ELECTRIC DYNAMIC_IMPLICIT DYNAMIC_EXPLICIT DYNAMIC_SUBSPACE "
-            "DYNAMIC_TEMP_DISPLACEMENT COMPLEX_FREQUENCY FREQUENCY GEOSTATIC HEAT_TRANSFER MASS_DIFFUSION MODAL_DYNAMICS RANDOM_RESPONSE "
-            "RESPONSE_SPECTRUM SOILS STATIC_GENERAL STATIC_LINEAR_PERTURBATION STATIC_RIKS STEADY_STATE_DIRECT STEADY_STATE_SUBSPACE "
-            "STEADY_STATE_MODAL USA_ADDED_MASS_GENERATION VISCO ");
 }
 
 TEST(StepCommands, MakeStepsOfTheirClasses) {

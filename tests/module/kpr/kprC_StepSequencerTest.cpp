@@ -103,60 +103,6 @@ kprC_StepContainer Container(std::string_view labels) {
   return steps;
 }
 
-TEST(Sequencer, AdmitsAndRefusesAsTheRulesSay) {
-  struct Row {
-    char const* before;
-    char const* next;
-    bool allowed;
-    bool addedMassPermitted = false;
-  };
-  constexpr Row kRows[] = {
-      {"", "STATIC_GENERAL", true},
-      {"", "MODAL_DYNAMICS", false},
-      {"", "ANNEAL", false},
-      {"", "COMPLEX_FREQUENCY", false},
-      {"FREQUENCY", "MODAL_DYNAMICS", true},
-      {"FREQUENCY BUCKLE", "MODAL_DYNAMICS", true},
-      {"STATIC_GENERAL BUCKLE", "MODAL_DYNAMICS", false},
-      {"STATIC_GENERAL FREQUENCY", "STATIC_GENERAL", true},
-      {"HEAT_TRANSFER", "STATIC_GENERAL", false},
-      {"HEAT_TRANSFER", "HEAT_TRANSFER", true},
-      {"BUCKLE FREQUENCY", "HEAT_TRANSFER", true},  // perturbation steps alone are looked through to the start
-      {"BUCKLE", "DYNAMIC_EXPLICIT", false},
-      {"STATIC_GENERAL", "COMPLEX_FREQUENCY", false},
-      {"FREQUENCY STATIC_GENERAL", "COMPLEX_FREQUENCY", true},
-      {"FREQUENCY STATIC_RIKS", "COMPLEX_FREQUENCY", false},
-      {"", "USA_ADDED_MASS_GENERATION", false},
-      {"", "USA_ADDED_MASS_GENERATION", true, true},
-      {"DYNAMIC_IMPLICIT", "USA_ADDED_MASS_GENERATION", false},
-      {"DYNAMIC_IMPLICIT", "USA_ADDED_MASS_GENERATION", true, true},
-      {"BUCKLE", "USA_ADDED_MASS_GENERATION", false},
-      {"BUCKLE", "USA_ADDED_MASS_GENERATION", true, true},
-      {"DYNAMIC_IMPLICIT", "DYNAMIC_SUBSPACE", true},
-      {"DYNAMIC_IMPLICIT DYNAMIC_SUBSPACE", "DYNAMIC_SUBSPACE", false},
-  };
-  for (Row const& row : kRows) {
-    kprC_StepSequencer sequencer = Sequencer(row.before, row.addedMassPermitted);
-    int const code = RefusalOf([&] { sequencer.Append(Procedures(row.next).front()); });
-    EXPECT_EQ(code, row.allowed ? -1 : 50) << row.before << " > " << row.next;
-  }
-}
-
-TEST(Sequencer, OffersNothingBehindStaticRiks) {
-  kprC_StepSequencer const sequencer = Sequencer("FREQUENCY STATIC_RIKS", true);
-  EXPECT_TRUE(sequencer.AppendableGeneral().IsEmpty());
-  EXPECT_TRUE(sequencer.AppendablePerturbation().IsEmpty());
-}
-
-TEST(Sequencer, OffersInTheOrderOfTheLabels) {
-  kprC_StepSequencer const sequencer = Sequencer("VISCO FREQUENCY");
-  EXPECT_EQ(Labels(sequencer.AppendableGeneral()),
-            "COUPLED_TEMP_DISPLACEMENT DYNAMIC_IMPLICIT DYNAMIC_SUBSPACE GEOSTATIC SOILS STATIC_GENERAL STATIC_RIKS VISCO");
-  EXPECT_EQ(Labels(sequencer.AppendablePerturbation()),
-            "BUCKLE COMPLEX_FREQUENCY FREQUENCY MODAL_DYNAMICS RANDOM_RESPONSE RESPONSE_SPECTRUM STATIC_LINEAR_PERTURBATION "
-            "STEADY_STATE_DIRECT STEADY_STATE_SUBSPACE STEADY_STATE_MODAL");
-}
-
 // Sequences that grow by what is allowed, perturbation steps preferred so that long chains of them come up.
 TEST(Sequencer, AgreesWithTheRulesTakenLiterally) {
   std::mt19937 random(11);

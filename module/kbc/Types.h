@@ -10,18 +10,19 @@ template <class Owner, class Member, int Dimension> class ddr_MemberShortcut;
 inline constexpr unsigned kbcC_moduleNumber = 0x298;  ///< 664
 
 // the classes' names, then their identities
-#define KBC_TYPE(number, Class, name) class Class;
-#define KBC_TYPE_INSTANCE(number, Class, name)
+#define DDB_CLASS(number, Class) class Class;
+#define DDB_INSTANCE(number, Class)
 #include "module/kbc/Types.def"
-#undef KBC_TYPE
 
 /// The way to the boundary conditions of a model.
 using kbcC_BCContainerShortcut = ddr_MemberShortcut<ddr_Model, kprC_PropagatingContainer<kbcC_BC>, 1>;
 
-#define KBC_TYPE(number, Class, name)                                     \
+#define DDB_CLASS(number, Class)                                          \
   template <> struct cls_TypeIdOf<Class> {                                \
     static constexpr unsigned value = kbcC_moduleNumber << 16 | (number); \
-    static constexpr char const* kName = name;                            \
+    static constexpr char const* kName = #Class;                          \
   };
 #include "module/kbc/Types.def"
-#undef KBC_TYPE
+
+/// Hands the classes' metadata to the registrar.
+void kbcC_DescribeTypes();

@@ -1,0 +1,40 @@
+#include "platform/BasicUtils/cls_Members.h"
+
+#include "platform/BasicUtils/nex_Exception.h"
+
+void cls_ReadRows(cls_MemberRows rows, void* object, cls_ReadVisitor const& in) {
+  for (cls_MemberRow const& row : rows) { row.ops->read(in, row.name, row.In(object)); }
+}
+
+cls_Value cls_RowsToValue(cls_MemberRows rows, void const* object) {
+  cls_Value::Fields fields;
+  for (cls_MemberRow const& row : rows) { fields.emplace_back(std::string(row.name), row.ops->toValue(row.In(object))); }
+  return fields;
+}
+
+std::string_view cls_RowsFromValue(cls_MemberRows rows, cls_Object& object, cls_Value const& from) {
+  auto const* fields = from.As<cls_Value::Fields>();
+  if (fields == nullptr) { return "an object with named members"; }
+  for (auto const& [name, field] : *fields) {
+    if (object.SetMember(name, field)) { continue; }
+    std::string known;
+    for (cls_MemberRow const& row : rows) { known.append(known.empty() ? "" : ", ").append(row.name); }
+    nex_Exception::Throw(nex_TextException("There is no member \"" + name + "\": expected one of " + known + "."),
+                         "platform/BasicUtils/cls_Members", __LINE__);
+  }
+  return "";
+}
+
+void cls_ForEachReference(cls_MemberRows rows, void const* object, cls_ReferenceVisitor const& visit) {
+  for (cls_MemberRow const& row : rows) {
+    if (row.ops->references != nullptr) { row.ops->references(row.In(object), row.text.refers, visit); }
+  }
+}
+
+bool cls_Redirect(cls_MemberRows rows, void* object, cls_Redirection const& to) {
+  bool redirected = false;
+  for (cls_MemberRow const& row : rows) {
+    if (row.ops->redirect != nullptr && row.ops->redirect(row.In(object), row.text.refers, to)) { redirected = true; }
+  }
+  return redirected;
+}
