@@ -4,13 +4,17 @@ JOBS ?= $(shell nproc)
 BUILD := build/release
 
 .DEFAULT_GOAL := help
-.PHONY: help setup build test asan demo bench format format-check lint install clean
+.PHONY: help setup build program test asan demo bench pages docs format format-check lint install clean
 
 help: ## this list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / {printf "make %-13s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
 
 setup: ## install the Debian packages that are missing
 	@cmake/setup.sh
+
+program: setup ## the library and the program gattr, in build/release
+	@cmake --preset release >/dev/null
+	@cmake --build --preset release -j $(JOBS) --target gattr
 
 build: setup ## library, tools, tests and benchmarks, in build/release
 	@cmake --preset release >/dev/null
@@ -24,25 +28,39 @@ asan: setup ## the same under the address and undefined-behaviour sanitizers
 	@cmake --build --preset asan -j $(JOBS)
 	@ctest --preset asan -j $(JOBS)
 
-demo: build ## replay an example, print its histories, leave a model file
+demo: program ## replay an example, print its histories, leave a model file
 	@PATH="$(CURDIR)/$(BUILD)/bin:$$PATH" examples/demo.sh
 
 bench: build ## run the benchmarks; BENCH_ARGS goes to each
 	@for program in $(BUILD)/bin/bench_*; do echo "$${program##*/}"; "$$program" $(BENCH_ARGS) || exit 1; done
 
-format: setup ## write all sources in the house's format
+pages: setup ## write what the library says of itself into the pages of docs/
+	@cmake --preset release >/dev/null
+	@cmake --build --preset release -j $(JOBS) --target test_report
+	@GATTR_WRITE_DOCS=1 $(BUILD)/bin/test_report --gtest_filter='*Pages*' --gtest_brief=1
+	@git diff --stat -- docs
+
+docs: ## the public headers as pages, in build/docs; a warning is an error
+	@cmake/setup.sh checks
+	@mkdir -p build/docs
+	@doxygen docs/Doxyfile && echo "docs: build/docs/html/index.html"
+
+format: ## write all sources in the house's format
+	@cmake/setup.sh checks
 	@cmake/sources.sh | xargs clang-format -i
 
-format-check: setup ## refuse what `make format` would change
+format-check: ## refuse what `make format` would change
+	@cmake/setup.sh checks
 	@cmake/sources.sh | xargs clang-format --dry-run -Werror && echo "format: clean"
 
 lint: setup ## clang-tidy, include directions, headers that compile alone
+	@cmake/setup.sh checks
 	@cmake/layers.sh
 	@cmake --preset release >/dev/null
 	@cmake --build --preset release -j $(JOBS) --target all_verify_interface_header_sets
 	@JOBS=$(JOBS) cmake/tidy.sh $(BUILD)
 
-install: build ## install under PREFIX (/usr/local)
+install: program ## install under PREFIX (/usr/local)
 	@cmake --install $(BUILD) --prefix $(PREFIX)
 
 clean: ## remove build/

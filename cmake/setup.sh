@@ -1,9 +1,14 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that the build, its tests and its checks need. Silent where nothing is missing.
+# Installs the Debian packages that the build and its tests need, with "checks" those of format, lint, documentation and the
+# second compiler. Silent where nothing is missing.
 set -eu
-packages=(g++ cmake ninja-build pkg-config git ccache clang-format clang-tidy
-  libgtest-dev libbenchmark-dev
-  libsqlite3-dev nlohmann-json3-dev libcli11-dev libfmt-dev)
+case "${1:-build}" in
+  build) packages=(g++ cmake ninja-build pkg-config git ccache
+    libgtest-dev libgmock-dev libbenchmark-dev
+    libsqlite3-dev nlohmann-json3-dev libcli11-dev libfmt-dev) ;;
+  checks) packages=(clang clang-format clang-tidy doxygen) ;;
+  *) echo "setup: build or checks, not $1" >&2; exit 2 ;;
+esac
 
 if ! command -v dpkg-query >/dev/null; then
   echo "setup: not a Debian system; provide what these packages hold: ${packages[*]}" >&2
