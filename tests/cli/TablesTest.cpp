@@ -125,23 +125,6 @@ TEST_F(Tables, EverythingThatDescribeListsCanBeDescribed) {
   }
 }
 
-TEST_F(Tables, CodesListEveryRefusalOfAModule) {
-  Json const codes = Json::parse(Gattr({"codes", "kbc", "--format", "json"}).out);
-  ASSERT_EQ(codes.size(), 61U);
-  EXPECT_EQ(codes[9], Json::parse(R"({"module": "kbc", "code": 9, "name": "NotActiveInStep", "exception": "nex_TextException",
-      "text": "Boundary condition is not active in this step."})"));
-  EXPECT_EQ(codes[5]["exception"], "omu_ValueErrorException");
-  EXPECT_EQ(Json::parse(Gattr({"codes", "kpr", "--format", "json"}).out).size(), 251U);
-  EXPECT_NE(Gattr({"codes"}).out.find("kbc     9     nex_TextException"), std::string::npos);
-}
-
-TEST_F(Tables, TheSpaceIsToldWithTheHistories) {
-  EXPECT_EQ(Json::parse(Gattr({"history", "m.gadb", "--format", "json"}).out)["space"], "THREE_D");
-  EXPECT_EQ(Gattr({"replay", "-", "--on", "m.gadb", "-o", "m.gadb"}, R"({"command": "setModelSpace", "space": "AXISYMMETRIC"})").status, 0);
-  EXPECT_EQ(Gattr({"history", "m.gadb"}).out.find("space: AXISYMMETRIC\n"), 0U);
-  EXPECT_NE(Gattr({"history", "m.gadb", "--format", "html"}).out.find("space: AXISYMMETRIC"), std::string::npos);
-}
-
 TEST_F(Tables, TheVersionIsTold) {
   Ran const run = Gattr({"--version"});
   EXPECT_EQ(run.status, 0);

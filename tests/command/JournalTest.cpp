@@ -20,11 +20,6 @@ TEST(JournalReader, PassesOverEmptyLinesAndCountsThem) {
   EXPECT_FALSE(reader.Next());
 }
 
-TEST(JournalReader, ReadsNothingFromAnEmptyFile) {
-  std::istringstream in;
-  EXPECT_FALSE(JournalReader(in).Next());
-}
-
 TEST(JournalReader, GivesBackWhatJournalLineWrites) {
   Json const command = {{"command", "Set"}, {"name", "Größe\n\"1\""}, {"b", 1}, {"a", 0.1}, {"x", nullptr}};
   std::string const line = JournalLine(command);

@@ -244,16 +244,4 @@ TEST_F(Repository, FollowsTheModelsStepsWholeOrNotAtAll) {
   EXPECT_FALSE(model.ConstGet<Conditions>(ddr_Model::bcCmd()).IsMember("Fix"));
 }
 
-TEST(IdRepository, FindsWhatItHandedOutByNumber) {
-  mdl_IdRepositoryOfCows<rgnC_Region> regions;
-  int const first = regions.Insert(cow_Handle<rgnC_Region>::Make("A"));
-  int const second = regions.Insert(cow_Handle<rgnC_Region>::Make("B"));
-  EXPECT_TRUE(regions.Remove(first));
-  EXPECT_EQ(regions.ConstGet(first), nullptr);
-  auto const snapshot = regions;
-  *regions.Get(second) = rgnC_Region("C");
-  EXPECT_EQ(snapshot.ConstGet(second)->Name(), "B");
-  EXPECT_NE(regions.Insert(cow_Handle<rgnC_Region>::Make("D")), first);
-}
-
 }  // namespace

@@ -57,15 +57,6 @@ TEST(MessageText, IsEmptyForANullPointer) {
   EXPECT_EQ(atr_translate("atleast"), "atleast");
 }
 
-TEST(FixedString, ComparesWithEveryKindOfText) {
-  constexpr omn_FixedString kName = "amplitude";
-  static_assert(kName == "amplitude");
-  static_assert(kName == omn_FixedString("amplitude"));
-  static_assert(kName != std::string_view("amplitudeState"));
-  static_assert(kName.Size() == 9);
-  EXPECT_STREQ(kName.c_str(), "amplitude");
-}
-
 TEST(TimeCounter, RisesWithEachCallInEveryThread) {
   constexpr std::size_t kCalls = 2000;
   std::vector<std::vector<unsigned long long>> taken(4, std::vector<unsigned long long>(kCalls));

@@ -80,13 +80,6 @@ TYPED_TEST(Sequences, ShareTheirValuesUntilOneChanges) {
   EXPECT_EQ(sizeof(first), sizeof(void*));
 }
 
-TYPED_TEST(Sequences, StayAsTheyAreWhenThereIsNothingToTruncate) {
-  TypeParam list{"a", "b"};
-  TypeParam const before = list;
-  list.TruncateTo(2);
-  EXPECT_TRUE(list.Same(before));
-}
-
 TYPED_TEST(Sequences, AreTheSameWhenEmptyHoweverTheyBecameEmpty) {
   TypeParam list{"a"};
   list.Remove(0);
@@ -107,22 +100,6 @@ TEST(Table, KeepsRowsAndColumnsApart) {
   EXPECT_NE(cow_2DArray<int>(2, 3), cow_2DArray<int>(3, 2));
 }
 
-TEST(Table, GrowsByRowsAndTakesItsWidthFromTheFirst) {
-  cow_2DArray<cow_String> pairs;
-  pairs.AppendRow({"Surf-1", "Surf-2"});
-  pairs.AppendRow({"Surf-3", "Surf-4"});
-  EXPECT_EQ(pairs.Rows(), 2u);
-  EXPECT_EQ(pairs.Columns(), 2u);
-  EXPECT_EQ(pairs.ConstGet(1, 0), "Surf-3");
-}
-
-TEST(String, IsOnePointerWideAndSharesItsCharacters) {
-  cow_String const first = "Step-1";
-  cow_String const second = first;
-  EXPECT_EQ(sizeof(first), sizeof(void*));
-  EXPECT_EQ(first.c_str(), second.c_str());
-}
-
 TEST(String, TakesTheSameTextFromEverySource) {
   using namespace std::string_view_literals;
   char const* const nothing = nullptr;
@@ -132,31 +109,6 @@ TEST(String, TakesTheSameTextFromEverySource) {
   EXPECT_EQ(cow_String(nothing), cow_String(""));
   EXPECT_STREQ(cow_String().c_str(), "");
   EXPECT_EQ(cow_String("a\0b"sv).Size(), 3u);
-}
-
-TEST(String, OrdersLikeItsCharacters) {
-  std::vector<std::string> const texts = {"", "A", "AB", "B", "a", "\xc3\xa4"};
-  for (std::string const& left : texts) {
-    for (std::string const& right : texts) {
-      EXPECT_EQ(cow_String(left) <=> cow_String(right), left <=> right) << left << " and " << right;
-      EXPECT_EQ(cow_String(left) <=> std::string_view(right), left <=> right) << left << " and " << right;
-      EXPECT_EQ(cow_String(left) == cow_String(right), left == right) << left << " and " << right;
-    }
-  }
-}
-
-TEST(String, SurvivesAssignmentToItself) {
-  cow_String text = "Step-1";
-  cow_String& same = text;
-  text = same;
-  EXPECT_EQ(text, "Step-1");
-  text = std::move(same);
-  EXPECT_EQ(text, "Step-1");
-}
-
-TEST(String, HashesByContent) {
-  std::unordered_set<cow_String> const names = {"Set-1", "Set-2"};
-  EXPECT_TRUE(names.contains(std::string("Set-") + "2"));
 }
 
 }  // namespace

@@ -186,14 +186,6 @@ TEST(Map, CopiesOnlyThePathToAChangeAndThatOnlyOnce) {
   }
 }
 
-TEST(Map, SeparatesNothingForAKeyThatIsAbsent) {
-  Map map = Filled(100);
-  Map const snapshot = map;
-  EXPECT_EQ(map.Get(Key{100}), nullptr);
-  EXPECT_FALSE(map.Remove(Key{-1}));
-  EXPECT_TRUE(map.Same(snapshot));
-}
-
 using Differences = std::map<int, std::pair<int, int>>;  // key: value before and after, -1 for none
 
 Differences DifferencesBetween(Map const& before, Map const& after) {
@@ -258,51 +250,6 @@ TEST(Map, FindsTheDifferencesOfAnEditedCopyInTheTimeOfTheEdits) {
     EXPECT_GE(found.size(), static_cast<std::size_t>(2 * edits));
     EXPECT_LE(Key::comparisons, 3 * edits * 3 * DepthLimit(kSize));
   }
-}
-
-TEST(Map, ReplacesTheValueOfAKeyThatIsThere) {
-  cow_Map<cow_String, int> map;
-  EXPECT_TRUE(map.Insert("Step-1", 1));
-  EXPECT_FALSE(map.Insert("Step-1", 2));
-  EXPECT_EQ(map.Size(), 1u);
-  EXPECT_EQ(*map.ConstFind("Step-1"), 2);
-}
-
-TEST(Map, FindsNamesByEveryKindOfText) {
-  cow_Map<cow_String, int> map;
-  map.Insert("Step-1", 1);
-  map.Insert("Initial", 0);
-  using namespace std::string_view_literals;
-  EXPECT_TRUE(map.Contains("Step-1"));
-  EXPECT_TRUE(map.Contains("Step-1"sv));
-  EXPECT_TRUE(map.Contains(std::string("Step-1")));
-  EXPECT_TRUE(map.Contains(cow_String("Step-1")));
-  EXPECT_TRUE(map.Contains(omn_FixedString("Step-1")));
-  EXPECT_FALSE(map.Contains("Step-"));
-  *map.Get("Step-1"sv) = 5;
-  EXPECT_EQ(*map.ConstFind("Step-1"), 5);
-  EXPECT_TRUE(map.Remove("Initial"));
-  EXPECT_EQ(map.begin()->first, "Step-1");
-}
-
-TEST(Map, ComparesByContent) {
-  Map const left = Filled(20);
-  Map right = Filled(20);
-  EXPECT_EQ(left, right);
-  right.Get(Key{7})->number = -7;
-  EXPECT_NE(left, right);
-  right.Get(Key{7})->number = 7;
-  right.Remove(Key{19});
-  EXPECT_NE(left, right);
-}
-
-TEST(Map, IsEmptyAfterItWasMovedOrCleared) {
-  Map map = Filled(20);
-  Map moved = std::move(map);
-  EXPECT_TRUE(map.IsEmpty());  // NOLINT(bugprone-use-after-move): a moved map is empty
-  EXPECT_TRUE(map.begin() == map.end());
-  moved.Clear();
-  EXPECT_EQ(moved, map);
 }
 
 }  // namespace

@@ -81,17 +81,4 @@ TEST(Catalogues, ListTheStartedModulesInTheOrderOfTheirStart) {
   EXPECT_EQ(modules(), (std::vector<std::string>{"kbc 2"}));
 }
 
-TEST(Singleton, IsOneObjectUntilItIsFinalized) {
-  struct Counter {
-    int value = 0;
-  };
-  using Singleton = thr_GlobalSingleton<Counter>;
-  Singleton::Instance().value = 5;
-  EXPECT_EQ(Singleton::Instance().value, 5);
-  Singleton::Finalize();
-  EXPECT_EQ(Singleton::Instance().value, 0);
-  Singleton::Finalize();
-  Singleton::Finalize();
-}
-
 }  // namespace

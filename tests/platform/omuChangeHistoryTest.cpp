@@ -8,16 +8,6 @@
 
 namespace {
 
-TEST(ChangeHistory, KeepsTuplesInTheOrderOfTheChanges) {
-  omu_ChangeHistory history;
-  history.Append({"Insert", cow_String("BC-1"), -99});
-  history.Append({"RedoSummary"});
-  ASSERT_EQ(history.Size(), 2u);
-  EXPECT_EQ(history[0], (omu_PrimTuple{"Insert", "BC-1", -99}));
-  EXPECT_NE(history[0], (omu_PrimTuple{"Insert", "BC-1", -98}));
-  EXPECT_EQ(history[1].Size(), 1u);
-}
-
 TEST(ChangeHistory, GoesBackToARememberedSize) {
   omu_ChangeHistory history;
   history.Append({"Insert", "BC-1", -99});

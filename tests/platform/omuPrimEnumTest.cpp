@@ -74,18 +74,6 @@ TEST(EnumValue, TakesANumberOfItsTableAndKeepsItsValueOtherwise) {
   }
 }
 
-TEST(EnumValue, IsConstructedFromTheSameTexts) {
-  for (TextRow const& row : kTexts) {
-    if (row.text == nullptr) { continue; }
-    SCOPED_TRACE(row.text);
-    if (row.accepted) {
-      EXPECT_TRUE(DistribType(cow_String(row.text)) == row.value);
-    } else {
-      EXPECT_THROW(DistribType{cow_String(row.text)}, omu_ValueErrorException);
-    }
-  }
-}
-
 template <class Make> void ExpectRefusal(Make const& make, std::string const& message, int line) {
   try {
     make();
@@ -149,64 +137,11 @@ TEST(EnumValue, ConvertsFromAnotherEnumerationByItsText) {
   EXPECT_TRUE(DistribType(Category(CategoryEnm::Thermal)) == DistribTypeEnum::Uniform);
 }
 
-TEST(EnumValue, ResolvesRepeatedTextsAndValuesToTheFirstRow) {
-  Twice value = TwiceEnm::Second;
-  EXPECT_TRUE(value.SetValue("SAME"));
-  EXPECT_TRUE(value == TwiceEnm::First);
-  EXPECT_TRUE(value.SetValue("OTHER"));
-  EXPECT_TRUE(value == TwiceEnm::First);
-  EXPECT_EQ(value.Text(), "OTHER");
-  EXPECT_TRUE(value.SetValue(TwiceEnm::First));
-  EXPECT_EQ(value.Text(), "SAME");
-  EXPECT_TRUE(value.SetValue(TwiceEnm::Third));
-  EXPECT_EQ(value.Text(), "LAST");
-
-  auto const permissible = value.PermissibleValues();
-  EXPECT_EQ(permissible.Size(), 3u);
-  EXPECT_EQ(*permissible.ConstFind("SAME"), 4u);
-  EXPECT_EQ(*permissible.ConstFind("OTHER"), 4u);
-  EXPECT_EQ(value.PermissibleValuesAsString(), "SAME, SAME, OTHER, LAST");
-}
-
-TEST(EnumValue, GivesTheValuesOfItsRows) {
-  EXPECT_EQ(DistribType::Value(2), DistribTypeEnum::Field);
-  EXPECT_EQ(Twice::Value(1), TwiceEnm::Second);
-}
-
-TEST(EnumValue, ComparesAsAPrimitiveByItsText) {
-  DistribType const uniform = DistribTypeEnum::Uniform;
-  EXPECT_TRUE(uniform == DistribType(DistribTypeEnum::Uniform));
-  EXPECT_FALSE(uniform == DistribType(DistribTypeEnum::Field));
-  omu_Primitive const& other = Category(CategoryEnm::Thermal);
-  EXPECT_TRUE(uniform == other);
-}
-
-TEST(EnumValue, CopiesToAnIndependentValue) {
-  DistribType const original = DistribTypeEnum::Uniform;
-  std::unique_ptr<omu_Primitive> const copy(original.Copy());
-  EXPECT_TRUE(*copy == original);
-  EXPECT_TRUE(copy->SetValue("FIELD"));
-  EXPECT_FALSE(*copy == original);
-  EXPECT_TRUE(original == DistribTypeEnum::Uniform);
-}
-
 TEST(EnumText, GivesTheTextOrTheNumberOfAnEnumerator) {
   EXPECT_EQ(atr(DistribTypeEnum::Field), "FIELD");
   EXPECT_EQ(atr(static_cast<DistribTypeEnum>(7)), "7");
   EXPECT_EQ((atr<DistribTypeEnum, char const*>("%1$s is not for %2$s.", DistribTypeEnum::Field, "Step-1")), "FIELD is not for Step-1.");
   EXPECT_EQ((atr<DistribTypeEnum, char const*>("%s, %s", DistribTypeEnum::Field, "Step-1")), "FIELD, Step-1");
-}
-
-TEST(PropagationStatus, HasATextOfItsOwnForEachOfTheSixteenNumbers) {
-  using Status = omu_PrimEnum<mdl_PropagationStatusEnm, 1>;
-  Status const any = mdl_PropagationStatusEnm::Created;
-  EXPECT_EQ(any.PermissibleValues().Size(), 16u);
-  for (int number = 0; number < 16; ++number) {
-    Status const status = static_cast<mdl_PropagationStatusEnm>(number);
-    EXPECT_TRUE(Status(cow_String(status.View())) == static_cast<mdl_PropagationStatusEnm>(number));
-  }
-  EXPECT_EQ(atr(mdl_PropagationStatusEnm::PropagatedFromBaseState), "PROPAGATED_FROM_BASE_STATE");
-  EXPECT_EQ(atr(mdl_PropagationStatusEnm::BuiltIn), "BUILT_IN");
 }
 
 }  // namespace

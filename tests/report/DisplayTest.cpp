@@ -78,8 +78,6 @@ TEST(CsvField, QuotesAndDisarms) {
   for (Row const& row : rows) { EXPECT_EQ(CsvField(row.in), row.out); }
 }
 
-TEST(HtmlText, HoldsNoMarkup) { EXPECT_EQ(HtmlText("<b>&\"'\033"), "&lt;b&gt;&amp;&quot;&#39;\\u001b"); }
-
 TEST(JsonLine, SpacesValuesAndEscapesWhatActs) {
   EXPECT_EQ(JsonLine({{"line", 3}, {"ok", true}, {"history", {{"Fix", {0, 1, 2}}}}}),
             R"({"line": 3, "ok": true, "history": {"Fix": [0, 1, 2]}})");

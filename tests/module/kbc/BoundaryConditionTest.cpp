@@ -71,18 +71,6 @@ TEST_F(BoundaryCondition, KeepsFollowingWhatAStepDoesNotSay) {
   EXPECT_EQ(StateIn(3).u1, 7.0) << "its own value stays";
 }
 
-TEST_F(BoundaryCondition, OfAKindIsNotEditedWhereItIsPropagated) {
-  ASSERT_EQ(Create("PinnedBC", "IGG", "Initial"), -1);
-  EXPECT_EQ(Item().ConstructionName(), "PinnedBC");
-  EXPECT_EQ(Edit("S1", {{"typeName", "ENCASTRE"}}), 46);
-  ASSERT_EQ(Create("XsymmBC", "IGG", "S1"), -1);
-  EXPECT_EQ(Edit("S2", {{"typeName", "ENCASTRE"}}), 46);
-  EXPECT_EQ(Edit("S1", {{"typeName", "ROUND"}}), 37);
-  EXPECT_EQ(Edit("S1", {{"typeName", "ENCASTRE"}}), -1);
-  EXPECT_EQ(Item().ConstructionName(), "EncastreBC");
-  EXPECT_EQ(CodeOf([&] { Item().Deactivate("S2"); }), -1);
-}
-
 TEST_F(BoundaryCondition, NeedsAFieldNameWithAFieldDistribution) {
   kbcC_DisplacementBC condition;
   ASSERT_TRUE(condition.SetMember("distributionType", "FIELD"));
@@ -130,31 +118,8 @@ TEST_F(BoundaryCondition, AnswersForItsSteps) {
   EXPECT_EQ(condition.ConstGetStateQuad("S1").procedure->ProcedureType(), kprC_StaticStep::TypeId());
 }
 
-TEST_F(BoundaryCondition, MergesStatesMemberByMember) {
-  Displacement carried, own;
-  carried.amplitude = cow_String("Ramp");
-  carried.u1 = 1.0;
-  carried.Propagate();
-  EXPECT_FALSE(carried.IsModified());
-  own.u1 = mdl_Freed;
-  own.u2 = 2.0;
-  EXPECT_TRUE(own.IsConditionModified());
-  carried.Modify(own);
-  EXPECT_EQ(carried.u1, mdl_Freed);
-  EXPECT_EQ(carried.u2, mdl_Set);
-  EXPECT_EQ(carried.amplitude, cow_String("Ramp"));
-  carried.Propagate();
-  EXPECT_EQ(carried.u1, mdl_Unset);
-  EXPECT_EQ(carried.u2, mdl_PropagatedValue);
-
-  own.amplitude = cow_String("Other");
-  own.SetSwitchedOff(true);
-  carried.Modify(own);
-  EXPECT_TRUE(carried.SwitchedOff());
-  EXPECT_EQ(carried.amplitude, cow_String("Ramp")) << "what is switched off keeps its old values";
-  carried.Zero();
-  EXPECT_EQ(carried.u2.ConstGet(), 0.0);
-
+TEST_F(BoundaryCondition, AsksItsStateWhatAStepMakesOfIt) {
+  Displacement const carried;
   std::string none;
   for (kprC_ProcedureRow const& row : kprC_procedures) {
     none += carried.UseAmplitude(row.type) ? "" : std::string(row.command.View()) + " ";

@@ -62,25 +62,19 @@ TEST_F(BoundaryConditionTypes, RefuseValuesAtTheirBounds) {
       {"SubmodelBC", "IG", "Initial", {{"globalStep", 1}}, 45},
       // what is held does not move
       {"DisplacementBC", "IG", "S1", {{"fixed", true}, {"ur3", 0.1}}, 16},
-      {"ConnDisplacementBC", "IG", "S1", {{"fixed", true}, {"ur3", 0.1}}, 16},
       {"ConnDisplacementBC", "IG", "S1", {{"fixed", true}, {"ur3", 0.0}}, -1},
       {"ConnDisplacementBC", "IG", "S1", {{"fixed", false}, {"ur3", 0.1}}, -1},
       // nothing but zero in the initial step, whatever the unit
       {"VelocityBC", "IG", "Initial", {{"vr2", 1e-300}}, 6},
-      {"VelocityBC", "IG", "Initial", {{"vr2", 0.0}}, -1},
       {"AccelerationBC", "IE", "Initial", {{"a3", -9.81}}, 6},
       {"ConnDisplacementBC", "IG", "Initial", {{"u1", 0.1}}, 6},
       {"ConnDisplacementBC", "IG", "Initial", {{"fixed", true}}, 25},
       {"ConnDisplacementBC", "IG", "Initial", {{"fixed", true}, {"u1", 0.1}}, 16},
-      {"ConnVelocityBC", "IG", "Initial", {{"v1", 0.1}}, 6},
-      {"ConnAccelerationBC", "IE", "Initial", {{"ar1", 0.1}}, 6},
       {"TemperatureBC", "IH", "Initial", {{"magnitude", 20.0}}, 6},
       {"TemperatureBC", "IH", "Initial", {{"fixed", true}}, 25},
       {"PorePressureBC", "IO", "Initial", {{"magnitude", 1.0}}, 6},
-      {"PorePressureBC", "IO", "Initial", {{"magnitude", 0.0}}, -1},
       {"ConcentrationBC", "ID", "Initial", {{"fixed", true}, {"magnitude", 1.0}}, 25},
       {"MaterialFlowBC", "IG", "Initial", {{"magnitude", 1.0}}, 6},
-      {"MaterialFlowBC", "IG", "S1", {{"magnitude", 1.0}}, -1},
       // values that are none
       {"VelocityBC", "IG", "S1", {{"v1", "fast"}}, 36},
       {"PorePressureBC", "IO", "S1", {{"magnitude", true}}, 36},
@@ -118,39 +112,6 @@ TEST_F(BoundaryConditionTypes, MayBeChangedWhereTheyAreOnlyCarried) {
   ASSERT_EQ(Create("TemperatureBC", "ITF", "S1", {{"magnitude", 1.0}}), -1);
   EXPECT_EQ(Item().Status("S2"), mdl_PropagationStatusEnm::Inactive6);
   EXPECT_EQ(Edit("S2", {{"magnitude", 2.0}}), 45);
-}
-
-TEST_F(BoundaryConditionTypes, FreeAndUnsetTheirValuesWhereTheyMay) {
-  struct {
-    std::string_view command, steps, member;
-    kprC_Arguments members;
-  } const rows[] = {
-      {"DisplacementBC", "IGGGG", "ur2", {}},
-      {"ConnDisplacementBC", "IGGGG", "u1", {}},
-      {"ConnVelocityBC", "IGGGG", "v2", {}},
-      {"AccelerationBC", "IEEEE", "a1", {}},
-      {"TemperatureBC", "IHHHH", "magnitude", {}},
-      {"MaterialFlowBC", "IGGGG", "magnitude", {}},
-      {"SubmodelBC", "IGGGG", "scale", {{"globalStep", 2}}},
-  };
-  for (auto const& row : rows) {
-    SCOPED_TRACE(row.command);
-    std::string const member(row.member);
-    EXPECT_EQ(Create(row.command, row.steps, "S1", {{member, "FREED"}}), 20);
-    kprC_Arguments members = row.members;
-    members.emplace_back(member, "UNSET");
-    EXPECT_EQ(Create(row.command, row.steps, "S1", members), -1);
-    members.back().second = 2.0;
-    ASSERT_EQ(Create(row.command, row.steps, "S1", members), -1);
-    EXPECT_EQ(Edit("S2", {{member, "UNSET"}}), 22);
-    EXPECT_EQ(Edit("S2", {{member, "FREED"}}), -1);
-    EXPECT_EQ(Item().StateAt(2)->Member(member), cls_Value("FREED"));
-    EXPECT_EQ(Item().StateAt(3)->Member(member), cls_Value("UNSET"));
-    ASSERT_EQ(CodeOf([&] { Item().Deactivate("S3"); }), -1);
-    EXPECT_EQ(Edit("S4", {{member, "FREED"}}), 21);
-    EXPECT_EQ(Edit("S4", {{member, "UNSET"}}), 21);
-    EXPECT_EQ(CodeOf([&] { Item().Move("S1", "Initial"); }), row.command == "SubmodelBC" ? 44 : 26);
-  }
 }
 
 TEST_F(BoundaryConditionTypes, OfSymmetryAreNotEditedWhereTheyAreCarried) {

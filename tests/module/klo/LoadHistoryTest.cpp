@@ -7,50 +7,6 @@ kprC_Arguments const kForce = {{"cf1", 1.0}};
 
 using LoadHistory = test::OneAttribute<kloC_Load>;
 
-TEST_F(LoadHistory, FollowsFromStepsAndEdits) {
-  struct Edit_ {
-    std::string_view operation;
-    char const* step;
-    int code;
-    char const* history;
-  };
-  struct {
-    char const* steps;
-    char const* created;
-    char const* history;
-    std::vector<Edit_> edits;
-  } const rows[] = {
-      {"IGPGP",
-       "S1",
-       "0 1 8 2 8",
-       {{"modify", "S3", -1, "0 1 8 3 8"},
-        {"modify", "S2", -1, "0 1 8 3 8"},
-        {"deactivate", "S2", 8, "0 1 8 3 8"},
-        {"deactivate", "S3", -1, "0 1 8 4 5"},
-        {"reset", "S3", -1, "0 1 8 2 8"},
-        {"deactivate", "S1", -1, "0 4 5 5 5"}}},
-      {"IGPPG", "S2", "0 0 1 7 7", {}},
-      {"IGFMCG", "S1", "0 1 8 8 8 2", {}},
-      {"IGSUG", "S1", "0 1 2 8 2", {}},
-      {"IXAX", "S1", "0 1 6 2", {{"modify", "S2", 18, "0 1 6 2"}, {"deactivate", "S3", -1, "0 1 6 4"}}},
-      {"IGHG", "S1", "0 1 6 2", {{"modify", "S2", 34, "0 1 6 2"}}},
-      {"IGGG", "S1", "0 1 2 2", {{"modify", "S2", -1, "0 1 3 2"}, {"remove", "S2", -1, "0 1 2 2"}, {"remove", "S1", -1, "0 0 0 0"}}},
-  };
-  for (auto const& row : rows) {
-    SCOPED_TRACE(std::string(row.steps) + " created in " + row.created);
-    ASSERT_EQ(Create("ConcentratedForce", row.steps, row.created, kForce), -1);
-    EXPECT_EQ(History(), row.history);
-    for (Edit_ const& edit : row.edits) {
-      int const code = edit.operation == "modify"       ? Edit(edit.step, {{"cf1", 2.0}})
-                       : edit.operation == "deactivate" ? Deactivate(edit.step)
-                       : edit.operation == "reset"      ? Reset(edit.step)
-                                                        : test::CodeOf([&] { Item().Remove(edit.step); });
-      EXPECT_EQ(code, edit.code) << edit.operation << " " << edit.step;
-      EXPECT_EQ(History(), edit.history) << edit.operation << " " << edit.step;
-    }
-  }
-}
-
 TEST_F(LoadHistory, DropsWhatAPerturbationStepWouldChange) {
   ASSERT_EQ(Create("ConcentratedForce", "IGPG", "S1", kForce), -1);
   ASSERT_EQ(Edit("S2", {{"cf1", 7.0}}), -1);

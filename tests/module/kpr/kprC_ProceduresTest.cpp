@@ -40,17 +40,6 @@ TEST(Procedures, ReturnWhatTheirStepsStore) {
   }
 }
 
-TEST(Procedures, AreNumberedWithoutAGap) {
-  EXPECT_EQ(kprC_ProcedureType::Anneal, 0x023C0065U);
-  EXPECT_EQ(kprC_StaticStep::TypeId(), 0x023C0073U);
-  EXPECT_EQ(kprC_ProcedureType::SteadyStateSubspace, 0x023C007EU);
-  for (unsigned const none : {0U, 1U, 0x023C002DU, 0x023C0064U, 0x023C007FU, ~0U}) {
-    EXPECT_EQ(kprC_FindProcedure(none), nullptr);
-    EXPECT_FALSE(kprC_Step::Perturbation(none) || kprC_IsExplicit(none));
-    EXPECT_EQ(kprC_LabelsBitMap().Value(none), 0U);
-  }
-}
-
 TEST(Procedures, HaveOneBitEach) {
   kprC_LabelsBitMap const bits;
   unsigned all = 0;
@@ -71,13 +60,6 @@ TEST(StepCommands, MakeStepsOfTheirClasses) {
   }
   EXPECT_EQ(kprC_UsaAddedMassGenerationStep::constructorCmd(), "UsaAddedMassGenerationStep");
   EXPECT_FALSE(kprC_ConstructStep("staticStep"));
-}
-
-TEST(InitialStep, AnswersNoToEverything) {
-  kprC_InitialStep const step;
-  EXPECT_FALSE(step.Perturbation() || step.Explicit() || step.Nonmechanical() || step.IsAdiabatic());
-  EXPECT_FALSE(step.AllowLoadCases() || step.AllowAdaptiveMeshDomains());
-  EXPECT_EQ(step.DynTypeId(), 0x023C002DU);
 }
 
 }  // namespace

@@ -14,23 +14,6 @@ template <class Record> int CodeOfRecord(Edits const& edits) {
   return RefusalOf([&] { record.AssertValid(); });
 }
 
-TEST(Records, HaveTheirFixedIdentities) {
-  EXPECT_EQ(kprC_DirectDampingComponent::TypeId(), 0x023C0009U);
-  EXPECT_EQ(kprC_DirectDamping::TypeId(), 0x023C000AU);
-  EXPECT_EQ(kprC_RayleighDampingComponent::TypeId(), 0x023C000BU);
-  EXPECT_EQ(kprC_RayleighDamping::TypeId(), 0x023C000CU);
-  EXPECT_EQ(kprC_MassScaling::TypeId(), 0x023C0025U);
-  EXPECT_EQ(kprC_CompositeDampingComponent::TypeId(), 0x023C0054U);
-  EXPECT_EQ(kprC_CompositeDamping::TypeId(), 0x023C0055U);
-  EXPECT_EQ(kprC_DirectDampingByFrequencyComponent::TypeId(), 0x023C0056U);
-  EXPECT_EQ(kprC_DirectDampingByFrequency::TypeId(), 0x023C0057U);
-  EXPECT_EQ(kprC_RayleighDampingByFrequencyComponent::TypeId(), 0x023C0058U);
-  EXPECT_EQ(kprC_RayleighDampingByFrequency::TypeId(), 0x023C0059U);
-  EXPECT_EQ(kprC_StructuralDampingByFrequencyComponent::TypeId(), 0x023C005AU);
-  EXPECT_EQ(kprC_StructuralDampingByFrequency::TypeId(), 0x023C005BU);
-  EXPECT_EQ(kprC_TimePoint::TypeId(), 0x023C005CU);
-}
-
 TEST(Damping, RefusesEachComponentInTurn) {
   struct Row {
     Edits edits;

@@ -168,8 +168,6 @@ bool DoTheyMeet(Edits const& a, Edits const& b) {
   return std::ranges::any_of(a, [&](auto const& one) { return std::ranges::find(b, one.first, &Edits::value_type::first) != b.end(); });
 }
 
-TEST(StepChecks, CoverEveryClassButTheFrequencyStep) { EXPECT_EQ(kChecks.size(), kprC_procedures.size() - 1); }
-
 TEST(StepChecks, RefuseEachFaultWithItsCode) {
   for (Checks const& checks : kChecks) {
     EXPECT_EQ(CodeOf(checks.type, checks.valid), -1) << Told(checks);

@@ -22,13 +22,6 @@ kprC_StepContainer Container(std::string_view names) {
   return steps;
 }
 
-TEST(StepContainer, StartsWithTheInitialStep) {
-  kprC_StepContainer const steps;
-  EXPECT_EQ(Names(steps), "Initial");
-  EXPECT_EQ(steps.Step(0).DynTypeId(), kprC_InitialStep::TypeId());
-  EXPECT_EQ(steps.Table().ProcedureType(0), 0U);
-}
-
 TEST(StepContainer, RefusesAnEditAndStaysAsItIs) {
   struct Row {
     char const* what;

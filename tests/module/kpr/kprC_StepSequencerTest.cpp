@@ -138,14 +138,6 @@ TEST(Sequencer, AgreesWithTheRulesTakenLiterally) {
   }
 }
 
-TEST(Sequencer, TellsWhichStepsMayBeRemoved) {
-  EXPECT_FALSE(Sequencer("FREQUENCY MODAL_DYNAMICS").IsRemovable(0));
-  EXPECT_TRUE(Sequencer("STATIC_GENERAL FREQUENCY").IsRemovable(0));
-  kprC_StepSequencer const sequencer = Sequencer("STATIC_GENERAL FREQUENCY");
-  EXPECT_EQ(RefusalOf([&] { sequencer.IsRemovable(-1); }), 51);
-  EXPECT_EQ(RefusalOf([&] { sequencer.IsRemovable(2); }), 51);
-}
-
 TEST(Sequencer, ForgetsAFrequencyStepThatIsRemoved) {
   kprC_StepSequencer one = Sequencer("FREQUENCY STATIC_GENERAL");
   one.Remove(0);
