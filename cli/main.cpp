@@ -16,7 +16,7 @@ namespace {
 
 constexpr char const* kProgramFooter = R"(Examples:
   gattr replay forming.jsonl -o forming.gadb    run a journal of commands, keep the model
-  gattr history forming.gadb                    what every condition does in every step
+  gattr history forming.gadb                    what everything does in every step
   gattr describe DisplacementBC                 what a command takes and where it is admitted
 
 Exit status: 0 all done, 1 something was refused or found, 2 bad use or unreadable input.
@@ -61,7 +61,7 @@ int Parse(CLI::App& program, int argc, char** argv, Action& action) {
 int Run(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   CLI::App program(
-      "Sets up analysis models step by step: boundary conditions, the history of each over all steps, and why an edit is refused.",
+      "Sets up analysis models step by step: what acts in which step, the history of each over all steps, and why an edit is refused.",
       "gattr");
   program.footer(kProgramFooter)->require_subcommand(1);
   program.set_version_flag("--version", "gattr " GATTR_VERSION, "Print the version and exit");

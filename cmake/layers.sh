@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 
 base="platform/CoreUtils platform/BasicUtils"
 library="platform framework"
-kpr="$library module/kpr/Types.h module/kpr/kprC_assert.h"
+kpr="$library module/kpr/Types.h module/kpr/kprC_Names.h module/kpr/kprC_assert.h"
 tools="$library module text store command"
 # Room: the rooms or headers that it may include beside itself. The longest room that a file lies in counts.
 rooms="

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over the layers, with the compile commands of the build tree $1, JOBS files at a time. A file found clean is
-# left alone until its preprocessed text, with the headers that it includes, or .clang-tidy changes.
+# Runs clang-tidy over the layers, with the compile commands of the build tree $1, JOBS units at a time: files that compile as one
+# unit are looked at as one. A unit found clean is left alone until its preprocessed text, with the headers that it includes, or
+# .clang-tidy changes.
 set -eu
 cd "$(dirname "$0")/.."
 export build=$1
@@ -14,6 +15,6 @@ tidy_one() {
 }
 export -f tidy_one
 
-files=$(cmake/sources.sh platform framework module text store command report cli | grep '\.cpp$')
+files=$(sed -n 's/^ *"file": "\(.*\)"$/\1/p' "$build/compile_commands.json" | grep -vE "^$PWD/(tests|benchmarks|examples)/|verify_interface" | LC_ALL=C sort -u)
 echo "$files" | xargs -P "${JOBS:-2}" -I{} bash -c 'tidy_one {}'
-echo "lint: $(echo "$files" | wc -l) files clean"
+echo "lint: $(echo "$files" | wc -l) units clean"

@@ -12,7 +12,7 @@ if [ -t 1 ] && [ -z "${NO_COLOR:-}" ]; then bold=$'\e[1m' plain=$'\e[0m'; fi
 say() { printf '\n%s%s%s\n\n' "$bold" "$1" "$plain"; }
 run() { printf '$ gattr %s\n' "$*"; "$gattr" "$@"; }
 
-say "A forming sequence: what every condition does in every step."
+say "A forming sequence: what everything does in every step."
 run replay examples/forming.jsonl -o "$out/forming.gadb"
 run history "$out/forming.gadb"
 

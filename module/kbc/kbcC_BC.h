@@ -2,6 +2,7 @@
 
 #include "module/kbc/Rules.h"
 #include "module/kbc/kbcC_BCState.h"
+#include "module/kbc/kbcC_Names.h"
 #include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "module/kpr/engine/kprC_StepAttribute.h"
 #include "module/kpr/family/kprC_Prescribed.h"
@@ -17,7 +18,7 @@ extern template class DDB_API kprC_StepAttribute<kbcC_Rules>;
 
 /// Base of every boundary condition. The per-step operations, with their refusals, are those of kprC_StepAttribute under
 /// the family's rules (kbcC_Rules.h); a type adds its state, its category and what it alone refuses.
-class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_TypedAttribute<kbcC_Rules>> {
+class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_TypedAttribute<kbcC_Rules>>, public kbcC_BCNames {
 public:
   using CategoryEnm = kbcC_CategoryEnm;
   using enum kbcC_CategoryEnm;
@@ -30,32 +31,15 @@ public:
 
   static constexpr omn_FixedString bcCmd() { return "boundaryCondition"; }
   static constexpr omn_FixedString itemCmd() { return bcCmd(); }
-  static constexpr omn_FixedString bcRepositoryCmd() { return "boundaryConditions"; }
-  static constexpr omn_FixedString copyConstructorCmd() { return "BoundaryCondition"; }
   static constexpr omn_FixedString nameCmd() { return "name"; }
-  static constexpr omn_FixedString categoryCmd() { return "category"; }
   static constexpr omn_FixedString regionCmd() { return "region"; }
   static constexpr omn_FixedString csysCmd() { return "localCsys"; }
-  static constexpr omn_FixedString globalCsysName() { return dtmC_DatumRef::globalName(); }
   static constexpr omn_FixedString amplitudeCmd() { return kbcC_BCState::amplitudeCmd(); }
-  static constexpr omn_FixedString amplitudeStateCmd() { return "amplitudeState"; }
-  static constexpr omn_FixedString statusCmd() { return "status"; }
-  static constexpr omn_FixedString setParametersCmd() { return "setValues"; }
-  static constexpr omn_FixedString modifyParametersCmd() { return "setValuesInStep"; }
   static constexpr omn_FixedString deactivateCmd() { return "deactivate"; }
-  static constexpr omn_FixedString createStepNameCmd() { return "createStepName"; }
-  static constexpr omn_FixedString stepNameCmd() { return "stepName"; }
-  static constexpr omn_FixedString fromStepNameCmd() { return "fromStepName"; }
-  static constexpr omn_FixedString toStepNameCmd() { return "toStepName"; }
-  static constexpr omn_FixedString moveCmd() { return "move"; }
-  static constexpr omn_FixedString resetCmd() { return "reset"; }
   static constexpr omn_FixedString suppressCmd() { return "suppress"; }
-  static constexpr omn_FixedString suppressedCmd() { return "suppressed"; }
-  static constexpr omn_FixedString resumeCmd() { return "resume"; }
   static constexpr omn_FixedString distributionCmd() { return "distribution"; }
   static constexpr omn_FixedString distributionTypeCmd() { return "distributionType"; }
   static constexpr omn_FixedString fieldNameCmd() { return "fieldName"; }
-  static constexpr omn_FixedString upgradeBCMDBCmd() { return "_upgradeBcMdb"; }
 
   dtmC_DatumRef const& Csys() const { return csys_; }
   DistribTypeEnum DistributionType() const { return distribution_; }

@@ -1,15 +1,13 @@
 #pragma once
 
 #include "module/kbc/Types.h"
+#include "module/kbc/kbcC_Names.h"
 #include "module/kbc/kbcC_assert.h"
 #include "module/kpr/family/kprC_AmplitudeState.h"
 
 /// What a boundary condition sets in a step: base of the types' states.
-class DDB_API kbcC_BCState : public kprC_StateOf<kbcC_BCState, kprC_AmplitudeState<&kbcC_Assert>> {
+class DDB_API kbcC_BCState : public kprC_StateOf<kbcC_BCState, kprC_AmplitudeState<&kbcC_Assert>>, public kbcC_BCStateNames {
 public:
-  static constexpr omn_FixedString bcStateCmd() { return "boundaryConditionStates"; }
-  static constexpr omn_FixedString pythonTypeName() { return "BoundaryConditionState"; }
-
   kbcC_BCState() = default;
   explicit kbcC_BCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
 

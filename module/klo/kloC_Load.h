@@ -2,6 +2,7 @@
 
 #include "module/klo/Rules.h"
 #include "module/klo/kloC_LoadState.h"
+#include "module/klo/kloC_Names.h"
 #include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "module/kpr/engine/kprC_StepAttribute.h"
 #include "module/kpr/family/kprC_TypeOf.h"
@@ -16,7 +17,7 @@ extern template class DDB_API kprC_StepAttribute<kloC_Rules>;
 
 /// Base of every load. The per-step operations, with their refusals, are those of kprC_StepAttribute under the family's
 /// rules (kloC_Rules.h); a type adds its state and what it alone refuses.
-class DDB_API kloC_Load : public cls_Persistent<kloC_Load, kprC_TypedAttribute<kloC_Rules>> {
+class DDB_API kloC_Load : public cls_Persistent<kloC_Load, kprC_TypedAttribute<kloC_Rules>>, public kloC_LoadNames {
 public:
   using CategoryEnm = kloC_CategoryEnm;
   using enum kloC_CategoryEnm;
@@ -28,7 +29,6 @@ public:
   static constexpr omn_FixedString loadCmd() { return "load"; }
   static constexpr omn_FixedString itemCmd() { return loadCmd(); }
   static constexpr omn_FixedString loadRepositoryCmd() { return "loads"; }
-  static constexpr omn_FixedString copyConstructorCmd() { return "Load"; }
   static constexpr omn_FixedString regionCmd() { return "region"; }
   static constexpr omn_FixedString suppressCmd() { return "suppress"; }
   static constexpr omn_FixedString fieldNameCmd() { return "fieldName"; }

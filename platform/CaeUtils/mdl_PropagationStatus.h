@@ -46,4 +46,4 @@ template <> struct omu_EnumTable<mdl_PropagationStatusEnm> {
   };
 };
 
-extern template class omu_PrimEnum<mdl_PropagationStatusEnm, 1>;
+extern template class DDB_API omu_PrimEnum<mdl_PropagationStatusEnm, 1>;

@@ -43,7 +43,7 @@ TEST_F(Names, OfAnyKindAreShownAndNeverActed) {
     }
     EXPECT_EQ(replay.status, 1) << replay.err;
     ExpectPlain(replay.out + replay.err);
-    EXPECT_EQ(replay.Lines()[3]["history"], Json({{name, {0, 1}}}));
+    EXPECT_EQ(replay.Line(3)["history"], Json({{name, {0, 1}}}));
 
     for (std::vector<std::string> const& arguments : std::vector<std::vector<std::string>>{{"history", "m.gadb"},
                                                                                            {"history", "m.gadb", "--format", "csv"},

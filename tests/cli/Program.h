@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <filesystem>
@@ -28,10 +29,18 @@ struct Ran {
   std::vector<nlohmann::ordered_json> Lines() const {
     std::vector<nlohmann::ordered_json> lines;
     for (std::size_t begin = 0, end; begin < out.size(); begin = end + 1) {
-      end = out.find('\n', begin);
+      end = std::min(out.find('\n', begin), out.size());
       lines.push_back(nlohmann::ordered_json::parse(out.substr(begin, end - begin)));
     }
     return lines;
+  }
+  /// One of the lines, counted from 0, or from the last one with -1; a failure and null where there are not as many.
+  nlohmann::ordered_json Line(int index) const {
+    auto const lines = Lines();
+    std::size_t const at = index < 0 ? lines.size() - static_cast<std::size_t>(-index) : static_cast<std::size_t>(index);
+    if (at < lines.size()) { return lines[at]; }
+    ADD_FAILURE() << "line " << index << " of " << lines.size() << " was asked for; the program said: " << err;
+    return {};
   }
 };
 

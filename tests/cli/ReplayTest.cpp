@@ -34,7 +34,7 @@ TEST_F(Replay, TellsAllHistoriesAfterACommandOnAStep) {
   Ran const run = Gattr({"replay", "-", "--trace"},
                         With("{\"command\": \"StaticStep\", \"name\": \"Between\", \"initialInc\": 0.1, \"previous\": \"Step-1\"}\n"));
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.Lines().back()["history"], nlohmann::ordered_json::parse(R"({"Fix": [0, 1, 2, 2]})"));
+  EXPECT_EQ(run.Line(-1)["history"], nlohmann::ordered_json::parse(R"({"Fix": [0, 1, 2, 2]})"));
 }
 
 TEST_F(Replay, SaysNothingWhenAllWasDone) {
@@ -78,7 +78,7 @@ TEST_F(Replay, IgnoresTheFormOfLineEndsAndBlankLines) {
   journal.resize(journal.size() - 4);  // the last line without an end
   Ran const run = Gattr({"replay", "-", "--trace"}, journal);
   EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.Lines().back()["line"], 9);
+  EXPECT_EQ(run.Line(-1)["line"], 9);
 }
 
 }  // namespace

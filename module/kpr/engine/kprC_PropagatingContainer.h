@@ -99,7 +99,6 @@ public:
 
   void UpdateSteps(kprC_StepTable const& steps) override {
     bool const first = table_.Size() == 0;
-    clearedNames_.Clear();
     if (steps.Size() != table_.Size()) {
       Record(cow_String(), {cow_String("RedoSummary")});
       while (steps.Size() > table_.Size()) { InsertStep(steps); }
@@ -269,5 +268,4 @@ private:
   kprC_StepTable table_;
   unsigned long long timeStamp_ = 0;
   cow_Map<cow_String, bool> changedNames_;
-  cow_List<cow_String> clearedNames_;
 };

@@ -12,8 +12,6 @@ public:
 
   /// Refuses values that do not go together, whatever the step.
   virtual void AssertValid() const {}
-  /// Name of the amplitude that scales the values in this step, given here or carried; empty when there is none.
-  virtual cow_String AmplitudeName() const { return {}; }
   /// Merges \p own, of the same class, onto this state: the flag is taken, and unless it is set every member that
   /// \p own sets or frees.
   virtual void Modify(kprC_State const& own);

@@ -18,8 +18,6 @@ public:
 
   mdl_PropAttr<cow_String> amplitude;  ///< name of the amplitude that varies the values over the step
 
-  cow_String AmplitudeName() const override { return amplitude.HasValue() ? amplitude.ConstGet() : cow_String(); }
-
   /// False for the initial step and for buckle, frequency, static Riks, static linear perturbation and complex frequency.
   bool UseAmplitude(unsigned procedureType) const override { return procedureType != 0 && !kprC_noAmplitude.Contains(procedureType); }
   /// True for steady-state direct only.

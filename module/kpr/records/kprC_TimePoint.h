@@ -2,6 +2,7 @@
 
 #include "framework/mdl_MapString2ObjCow.h"
 #include "module/kpr/Types.h"
+#include "module/kpr/kprC_Names.h"
 #include "platform/BasicUtils/cls_2DArrayTraits.h"
 #include "platform/CoreUtils/omn_FixedString.h"
 
@@ -9,11 +10,10 @@
 using kprC_TimePointMap = mdl_MapString2ObjCow<kprC_TimePoint>;
 
 /// A sequence of times that output requests refer to by its name.
-class DDB_API kprC_TimePoint final : public cls_Persistent<kprC_TimePoint, cls_Object> {
+class DDB_API kprC_TimePoint final : public cls_Persistent<kprC_TimePoint, cls_Object>, public kprC_TimePointNames {
 public:
   static constexpr omn_FixedString constructorCmd() { return "TimePoint"; }
   static constexpr omn_FixedString repositoryCmd() { return "timePoints"; }
-  static constexpr omn_FixedString setParametersCmd() { return "setValues"; }
   static constexpr omn_FixedString nameCmd() { return "name"; }
   static constexpr omn_FixedString pointsCmd() { return "points"; }
 

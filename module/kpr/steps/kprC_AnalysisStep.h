@@ -6,16 +6,13 @@
 
 /// Base of the steps that run a procedure. Answers every query from the procedure's row of kprC_ProcedureTable.def, and
 /// holds the values that the row calls Member; the others keep their defaults and are not listed (kprC_ProcedureStep).
-class DDB_API kprC_AnalysisStep : public cls_Persistent<kprC_AnalysisStep, kprC_Step>, public kprC_StepParameters {
+class DDB_API kprC_AnalysisStep : public cls_Persistent<kprC_AnalysisStep, kprC_Step>,
+                                  public kprC_StepParameters,
+                                  public kprC_AnalysisStepNames {
 public:
   static constexpr omn_FixedString constructorCmd() { return "AnalysisStep"; }
   static constexpr omn_FixedString previousCmd() { return "previous"; }
   static constexpr omn_FixedString procedureCmd() { return "procedure"; }
-  static constexpr omn_FixedString perturbationCmd() { return "perturbation"; }
-  static constexpr omn_FixedString explicitCmd() { return "explicit"; }
-  static constexpr omn_FixedString nonmechanicalCmd() { return "nonmechanical"; }
-  static constexpr omn_FixedString fieldCmd() { return "field"; }
-  static constexpr omn_FixedString historyCmd() { return "history"; }
 
   cow_String description;
   double timePeriod = 1.0;

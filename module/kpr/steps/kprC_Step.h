@@ -2,11 +2,12 @@
 
 #include "module/kpr/Types.h"
 #include "module/kpr/engine/kprC_Procedure.h"
+#include "module/kpr/kprC_Names.h"
 #include "module/kpr/procedures/kprC_Procedures.h"
 #include "platform/CaeUtils/omu_PrimEnum.h"
 
 /// A step of the analysis: the initial step, which stands for the base state, or one that runs a procedure.
-class DDB_API kprC_Step : public cls_Persistent<kprC_Step, kprC_Procedure> {
+class DDB_API kprC_Step : public cls_Persistent<kprC_Step, kprC_Procedure>, public kprC_StepNames {
 public:
   enum class NlgeomEnm { OFF, ON, NOT_AVAILABLE };
   enum class ResponseEnm { STEADY_STATE, TRANSIENT, NOT_APPLICABLE };
@@ -24,18 +25,7 @@ public:
   static constexpr omn_FixedString stepCmd() { return "step"; }
   static constexpr omn_FixedString stepRepositoryCmd() { return "steps"; }
   static constexpr omn_FixedString nameCmd() { return "name"; }
-  static constexpr omn_FixedString copyCmd() { return "Step"; }
-  static constexpr omn_FixedString setParametersCmd() { return "setValues"; }
-  static constexpr omn_FixedString solverInputCmd() { return "_solverInput"; }
   static constexpr omn_FixedString descriptionCmd() { return "description"; }
-  static constexpr omn_FixedString generalStepsCmd() { return "_generalSteps"; }
-  static constexpr omn_FixedString perturbationStepsCmd() { return "_perturbationSteps"; }
-  static constexpr omn_FixedString generalReplacementStepsCmd() { return "_generalReplacementSteps"; }
-  static constexpr omn_FixedString perturbationReplacementStepsCmd() { return "_perturbationReplacementSteps"; }
-  static constexpr omn_FixedString maintainAttributesCmd() { return "maintainAttributes"; }
-  static constexpr omn_FixedString replacementPolicyCmd() { return "replacementPolicy"; }
-  static constexpr omn_FixedString procedureTypeCmd() { return "procedureType"; }
-  static constexpr omn_FixedString allowAdaptiveMeshDomainsCmd() { return "allowAdaptiveMeshDomains"; }
 
   // How nlgeom is shown to a person; the third differs from the enumeration's own text.
   static constexpr omn_FixedString NLGEOM_ON() { return "ON"; }
