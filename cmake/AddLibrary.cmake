@@ -1,10 +1,10 @@
-# ddb_add_library(<name> [STATIC] SOURCES <pattern>... HEADERS <pattern>... [RECURSE] [LINK <target>...])
+# ddb_add_library(<name> [STATIC] [UNITY] SOURCES <pattern>... HEADERS <pattern>... [RECURSE] [LINK <target>...])
 #
 # A library from the files that match, shared unless STATIC; patterns are relative to the project's root, RECURSE looks
-# into the folders below too. Includes are written from the root. Without a source it is an interface library, so that a
+# into the folders below too. UNITY compiles all sources as one unit, where headers cost more than the code. Includes are written from the root. Without a source it is an interface library, so that a
 # room can be named before it is furnished. Shared libraries and their headers are installed and exported.
 function(ddb_add_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "STATIC;RECURSE" "" "SOURCES;HEADERS;LINK")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "STATIC;UNITY;RECURSE" "" "SOURCES;HEADERS;LINK")
   set(glob GLOB)
   if(arg_RECURSE)
     set(glob GLOB_RECURSE)
@@ -38,6 +38,9 @@ function(ddb_add_library name)
     ${scope} FILE_SET tables TYPE HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${tables})
   set_target_properties(${name} PROPERTIES INTERFACE_HEADER_SETS_TO_VERIFY HEADERS)
 
+  if(arg_UNITY)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+  endif()
   if(kind STREQUAL "SHARED")
     set_target_properties(${name} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
     target_link_options(${name} PRIVATE -Wl,--no-undefined)

@@ -9,8 +9,7 @@ namespace gattr {
 
 namespace {
 
-constexpr std::string_view kName = "name", kCreateStep = "createStepName", kStep = "stepName", kFromStep = "fromStepName",
-                           kToStep = "toStepName", kNewName = "newName";
+constexpr std::string_view kCreateStep = "createStepName", kStep = "stepName", kFromStep = "fromStepName", kToStep = "toStepName";
 
 /// The state of the create step; null when there is none.
 cls_Object const* CreateState(kprC_StepDependent const& item) {

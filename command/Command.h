@@ -15,6 +15,8 @@
 /// What the command tables share: one command on its way, and the kinds of objects that it may name.
 namespace gattr {
 
+inline constexpr std::string_view kName = "name", kNewName = "newName";
+
 /// One command while it runs.
 struct Call {
   ddr_Model& model;

@@ -26,7 +26,7 @@ std::string Cause(std::string_view message) {
 }
 
 /// Follows the members while a line is parsed.
-struct Members {
+struct SeenMembers {
   static constexpr int kDeepest = 64;  ///< levels of lists and objects; whoever walks a command does so by recursion
 
   std::vector<std::set<std::string>> open;  ///< names seen so far, of the objects not closed yet
@@ -82,7 +82,7 @@ bool JournalReader::ReadLine() {
 }
 
 Json JournalReader::Parsed() const {
-  Members members;
+  SeenMembers members;
   Json command;
   try {
     command = Json::parse(text_, [&](int depth, Json::parse_event_t event, Json& parsed) { return members(depth, event, parsed); });
@@ -91,7 +91,7 @@ Json JournalReader::Parsed() const {
   } catch (Json::out_of_range const& error) {
     Refuse(0, "the value of " + Quoted(members.last) + " is too large: " + Cause(error.what()) + ".");
   }
-  if (members.tooDeep) { Refuse(0, "the values are nested deeper than " + std::to_string(Members::kDeepest) + " levels."); }
+  if (members.tooDeep) { Refuse(0, "the values are nested deeper than " + std::to_string(SeenMembers::kDeepest) + " levels."); }
   if (!command.is_object()) { Refuse(1, R"(expected a command, such as {"command": "undo"}.)"); }
   if (!members.repeated.empty()) { Refuse(0, "the member " + Quoted(members.repeated) + " is given twice."); }
   return command;

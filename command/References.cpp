@@ -16,7 +16,6 @@ namespace gattr {
 namespace {
 
 constexpr char const* kGroup = "references";
-constexpr std::string_view kName = "name", kNewName = "newName";
 
 constexpr ReferenceKind kKinds[] = {
     {cls_Reference::Region, "region", ddr_Model::regionsCmd(), "There are"},

@@ -5,7 +5,7 @@
 
 namespace gattr {
 namespace {
-constexpr std::size_t kGap = 2;
+constexpr std::size_t kColumnGap = 2;
 constexpr std::size_t kLeastLast = 24;  // a last column narrower than this is left to run over
 }  // namespace
 
@@ -42,7 +42,7 @@ void TextTable::Print(std::ostream& out, std::size_t width, bool color) const {
   std::size_t const last = columns.back();
   columns.pop_back();
   std::size_t before = 0;
-  for (std::size_t const c : columns) { before += widths[c] + kGap; }
+  for (std::size_t const c : columns) { before += widths[c] + kColumnGap; }
   std::size_t const room = width > before + kLeastLast ? width - before : 0;
 
   auto const print = [&](auto const& textOf, auto const& styleOf) {
@@ -52,7 +52,7 @@ void TextTable::Print(std::ostream& out, std::size_t width, bool color) const {
       for (std::size_t const c : columns) {
         std::string const shown = line == 0 ? textOf(c) : "";
         text += Styled(shown, shown.empty() ? Style::Plain : styleOf(c), color);
-        text.append(widths[c] + kGap - Width(shown), ' ');
+        text.append(widths[c] + kColumnGap - Width(shown), ' ');
       }
       text += Styled(lines[line], lines[line].empty() ? Style::Plain : styleOf(last), color);
       text.erase(text.find_last_not_of(' ') + 1);

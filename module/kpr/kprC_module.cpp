@@ -21,6 +21,8 @@ void kprC_initialize(int& count) {
     mdl_ExtensionSubject::RegisterExtension(ddr_Model::stepsCmd(), cow_Handle<kprC_StepContainer>::Make());
     mdl_ExtensionSubject::RegisterExtension(kprC_TimePoint::repositoryCmd(), cow_Handle<kprC_TimePointMap>::Make());
     thr_GlobalSingleton<nex_Catalogues>::Instance().Register(kprC_Errors());
+    kprC_DescribeSteps();
+#define DDB_STEP(number, Class)
 #define DDB_CLASS(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
 #include "module/kpr/Types.def"
   });

@@ -42,7 +42,7 @@ public:
   static constexpr bool kReadByRows = true;
 
   kprC_StateOf() = default;
-  explicit kprC_StateOf(cls_ReadVisitor const& in) { cls_ReadRows(cls_RowsOf<Derived>(), static_cast<Derived*>(this), in); }
+  explicit kprC_StateOf(cls_ReadVisitor const& in) { cls_ReadRows(cls_RowsOf<Derived>(), static_cast<void*>(this), in); }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     if constexpr (requires { Base::template VisitFor<Derived>(visit); }) {

@@ -19,3 +19,9 @@ kprC_StepHandle kprC_ConstructStep(std::string_view constructorCmd) {
       kprC_procedures, [&](kprC_ProcedureRow const& row) { return row.label.Size() != 0 && row.command == constructorCmd; });
   return at != kprC_procedures.end() ? kprC_MakeStep(at->type) : nullptr;
 }
+
+void kprC_DescribeSteps() {
+#define KPR_PROCEDURE(number, name, ...) cls_MetadataRegistrar::initClassMetadata(&kprC_##name##Step::InitializeMetadata, ddb_metadataFlag);
+#include "module/kpr/procedures/kprC_ProcedureTable.def"
+#undef KPR_PROCEDURE
+}

@@ -34,3 +34,5 @@
 DDB_API kprC_StepHandle kprC_MakeStep(unsigned procedureType);
 /// A step by its construction command ("StaticStep"); null for a text that is none.
 DDB_API kprC_StepHandle kprC_ConstructStep(std::string_view constructorCmd);
+/// Hands the metadata of all step classes that have a procedure to the registrar.
+void kprC_DescribeSteps();
