@@ -173,10 +173,11 @@ void Session::Keep(Edit edit) {
 }
 
 std::size_t Session::Weight(Touched const& touched) const {
-  constexpr std::size_t kEdit = 1 << 10, kStep = 64, kAttribute = 512;
-  if (!touched.all) { return kEdit; }
-  std::size_t weight = kEdit + kStep * kprC_Steps(model_).Size();
-  ForEachRepository(model_, [&](auto const&, kprC_StepAwareRepository const& repository) { weight += kAttribute * repository.Size(); });
+  constexpr std::size_t kEditWeight = 1 << 10, kStepWeight = 64, kAttributeWeight = 512;
+  if (!touched.all) { return kEditWeight; }
+  std::size_t weight = kEditWeight + kStepWeight * kprC_Steps(model_).Size();
+  ForEachRepository(model_,
+                    [&](auto const&, kprC_StepAwareRepository const& repository) { weight += kAttributeWeight * repository.Size(); });
   return weight;
 }
 

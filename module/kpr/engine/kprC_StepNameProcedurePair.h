@@ -23,7 +23,7 @@ protected:
   static constexpr std::string_view kStepName = "stepName", kProcedure = "procedure";
 
   void ReadFrom(cls_ReadVisitor const& in) {
-    Derived& self = static_cast<Derived&>(*this);
+    auto& self = static_cast<Derived&>(*this);
     for (cls_MemberRow const& row : this->MemberRows()) {
       if (row.name != kProcedure) {
         row.ops->read(in, row.name, row.In(static_cast<void*>(&self)));
