@@ -17,10 +17,10 @@ std::string_view cls_RowsFromValue(cls_MemberRows rows, cls_Object& object, cls_
   if (fields == nullptr) { return "an object with named members"; }
   for (auto const& [name, field] : *fields) {
     if (object.SetMember(name, field)) { continue; }
-    std::string known;
-    for (cls_MemberRow const& row : rows) { known.append(known.empty() ? "" : ", ").append(row.name); }
-    nex_Exception::Throw(nex_TextException("There is no member \"" + name + "\": expected one of " + known + "."),
-                         "platform/BasicUtils/cls_Members", __LINE__);
+    std::string text = "There is no member \"";
+    text.append(name).append("\": expected one of ");
+    for (cls_MemberRow const& row : rows) { text.append(&row == &*rows.begin() ? "" : ", ").append(row.name); }
+    nex_Exception::Throw(nex_TextException(text + "."), "platform/BasicUtils/cls_Members", __LINE__);
   }
   return "";
 }
