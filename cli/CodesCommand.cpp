@@ -25,14 +25,23 @@ int Codes(CodesOptions const& options) {
     std::ranges::transform(catalogues, modules.begin(), &nex_Catalogue::module);
     AssertKnown("module", options.module, modules);
   }
-  TextTable table({"module", "code", "exception", "text"});
+  TextTable table({"module", "code", "exception", "text", "raised by"});
   Json list = Json::array();
   for (auto const& catalogue : catalogues) {
     if (!options.module.empty() && options.module != catalogue.module) { continue; }
     for (nex_ErrorRow const& row : catalogue.rows) {
       char const* const exception = row.valueError ? "omu_ValueErrorException" : "nex_TextException";
-      list.push_back({{"module", catalogue.module}, {"code", row.code}, {"name", row.name}, {"exception", exception}, {"text", row.text}});
-      table.Add({{catalogue.module, Style::Faint}, {std::to_string(row.code), Style::Strong}, {exception, Style::Faint}, row.text});
+      list.push_back({{"module", catalogue.module},
+                      {"code", row.code},
+                      {"name", row.name},
+                      {"exception", exception},
+                      {"text", row.text},
+                      {"raisedBy", row.raisedBy}});
+      table.Add({{catalogue.module, Style::Faint},
+                 {std::to_string(row.code), Style::Strong},
+                 {exception, Style::Faint},
+                 row.text,
+                 {row.raisedBy, Style::Faint}});
     }
   }
   if (options.format == Format::Json) {

@@ -17,11 +17,7 @@ inline constexpr unsigned kbcC_moduleNumber = 0x298;  ///< 664
 /// The way to the boundary conditions of a model.
 using kbcC_BCContainerShortcut = ddr_MemberShortcut<ddr_Model, kprC_PropagatingContainer<kbcC_BC>, 1>;
 
-#define DDB_CLASS(number, Class)                                          \
-  template <> struct cls_TypeIdOf<Class> {                                \
-    static constexpr unsigned value = kbcC_moduleNumber << 16 | (number); \
-    static constexpr char const* kName = #Class;                          \
-  };
+#define DDB_CLASS(number, Class) CLS_TYPE_ID(kbcC_moduleNumber, number, Class)
 #include "module/kbc/Types.def"
 
 /// Hands the classes' metadata to the registrar.

@@ -11,9 +11,5 @@ inline constexpr unsigned kfdC_moduleNumber = 0x35A;  ///< 858
 #define DDB_INSTANCE(number, Class)
 #include "module/kfd/Types.def"
 
-#define DDB_CLASS(number, Class)                                          \
-  template <> struct cls_TypeIdOf<Class> {                                \
-    static constexpr unsigned value = kfdC_moduleNumber << 16 | (number); \
-    static constexpr char const* kName = #Class;                          \
-  };
+#define DDB_CLASS(number, Class) CLS_TYPE_ID(kfdC_moduleNumber, number, Class)
 #include "module/kfd/Types.def"

@@ -17,11 +17,7 @@ inline constexpr unsigned kloC_moduleNumber = 0x288;  ///< 648
 /// The way to the loads of a model.
 using kloC_LoadContainerShortcut = ddr_MemberShortcut<ddr_Model, kprC_PropagatingContainer<kloC_Load>, 1>;
 
-#define DDB_CLASS(number, Class)                                          \
-  template <> struct cls_TypeIdOf<Class> {                                \
-    static constexpr unsigned value = kloC_moduleNumber << 16 | (number); \
-    static constexpr char const* kName = #Class;                          \
-  };
+#define DDB_CLASS(number, Class) CLS_TYPE_ID(kloC_moduleNumber, number, Class)
 #include "module/klo/Types.def"
 
 /// Hands the classes' metadata to the registrar.

@@ -11,9 +11,5 @@ inline constexpr unsigned kprC_moduleNumber = 0x23C;  ///< 572
 #define DDB_INSTANCE(number, Class)
 #include "module/kpr/Types.def"
 
-#define DDB_CLASS(number, Class)                                          \
-  template <> struct cls_TypeIdOf<Class> {                                \
-    static constexpr unsigned value = kprC_moduleNumber << 16 | (number); \
-    static constexpr char const* kName = #Class;                          \
-  };
+#define DDB_CLASS(number, Class) CLS_TYPE_ID(kprC_moduleNumber, number, Class)
 #include "module/kpr/Types.def"

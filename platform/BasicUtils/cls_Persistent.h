@@ -8,6 +8,12 @@
 
 /// Type identity and name of a class: value and kName; one specialisation per row of a module's type table.
 template <class T> struct cls_TypeIdOf;
+/// That specialisation. \p module is the module's number, \p number the row's within the module's range.
+#define CLS_TYPE_ID(module, number, Class)                       \
+  template <> struct cls_TypeIdOf<Class> {                       \
+    static constexpr unsigned value = (module) << 16 | (number); \
+    static constexpr char const* kName = #Class;                 \
+  };
 
 /// A default object of the class.
 template <class T> std::unique_ptr<cls_Object> cls_Make() { return std::make_unique<T>(); }

@@ -2,10 +2,7 @@
 
 #include "platform/BasicUtils/cls_Persistent.h"
 
-#define DDB_CLASS(number, Class)                 \
-  class Class;                                   \
-  template <> struct cls_TypeIdOf<Class> {       \
-    static constexpr unsigned value = number;    \
-    static constexpr char const* kName = #Class; \
-  };
+#define DDB_CLASS(number, Class) \
+  class Class;                   \
+  CLS_TYPE_ID(0U, number, Class)
 #include "platform/CoreGeometry/Types.def"

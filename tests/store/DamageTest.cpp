@@ -168,6 +168,19 @@ TEST(DamagedModelFile, IsRefusedWhenRowsWereEditedByHand) {
   }
 }
 
+TEST(DamagedModelFile, IsRefusedWhenARowOfAnEarlierSaveWasPutBack) {
+  ScratchFolder folder;
+  auto const path = folder / "Model.gadb", earlier = folder / "Earlier.gadb";
+  ddr_Model model = SmallModel();
+  gattr::ModelFile file(path);
+  file.Save(model);
+  std::filesystem::copy_file(path, earlier);
+  SetInStep(model, "Fix", "Step-2", {{"u2", 3.0}});
+  file.Save(model);
+  RunSql(path, "ATTACH '" + earlier.string() + "' AS earlier; REPLACE INTO attributes SELECT * FROM earlier.attributes WHERE name = 'Fix'");
+  EXPECT_NE(OpenRefusal(kModelFile, path).find("rows as they were written"), std::string::npos);
+}
+
 // Behind the checksums: bytes that no writer has written do no harm.
 TEST(DamagedModelFile, TakesRowsApartOnlyAsFarAsTheyHoldTogether) {
   ddr_Model const model = SmallModel();

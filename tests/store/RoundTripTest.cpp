@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "module/kbc/kbcC_ConnectorBC.h"
 #include "tests/store/Models.h"
 
 namespace {
@@ -91,6 +92,18 @@ TEST_P(EitherStore, KeepsNamesOfEveryKind) {
     ASSERT_NE(region, nullptr) << name;
     EXPECT_EQ(region->Name(), name);
   }
+}
+
+TEST_P(EitherStore, KeepsObjectsThatSayManyTextsTwice) {
+  ddr_Model model;
+  AppendSteps(model, 1);
+  kbcC_ConnDisplacementBC bc;
+  cls_Value::List connectors;
+  for (int i = 0; i < 200; ++i) { connectors.emplace_back("Hinge-" + std::to_string(i % 100)); }
+  ASSERT_TRUE(bc.SetMember("connectors", connectors));
+  bc.Insert("Step-1", kbcC_ConnDisplacementBCState());
+  GetBCs(model).ForcedInsert("Hinges", bc);
+  EXPECT_EQ(Dump(WrittenAndRead(GetParam(), model)), Dump(model));
 }
 
 TEST_P(EitherStore, KeepsStepsThatAreCalledLikeItsOwnWords) {

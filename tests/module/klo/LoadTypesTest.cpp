@@ -47,6 +47,7 @@ TEST_F(LoadTypes, RefuseValuesThatTheyCannotHave) {
       {"LineLoad", {{"comp3", 1.0}, {"useC3", false}}, 41},
       {"LineLoad", {{"comp2", 1.0}, {"useC1", false}, {"useC3", false}}, -1},
       {"ConcentratedHeatFlux", {{"magnitude", 1.0}, {"dof", 10}}, 40, "IH"},
+      {"ConcentratedHeatFlux", {{"dof", 10}}, 41, "IH"},
       {"ConcentratedHeatFlux", {{"magnitude", 1.0}, {"dof", 11}}, -1, "IH"},
       {"ConcentratedHeatFlux", {{"magnitude", 1.0}, {"dof", 31}}, -1, "IH"},
       {"ConcentratedHeatFlux", {{"magnitude", 1.0}, {"dof", 32}}, 40, "IH"},
