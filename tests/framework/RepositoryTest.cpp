@@ -158,6 +158,19 @@ TEST_F(Repository, EndsRightWhateverChangesInOneUpdate) {
   ASSERT_EQ(conditions.Dangling().Size(), 1U);
   EXPECT_EQ(conditions.Dangling()[0].Name(), "Set-2");
 
+  // a surface that another condition still acts on has an owner
+  for (char const* step : {"B", "Y"}) {
+    kbcC_DisplacementBC condition = Condition(step);
+    condition.SetMember("region", cls_Value::Fields{{"name", "Top"}, {"kind", "SURFACE"}});
+    ASSERT_EQ(condition.Regions(rgnC_Surface).Size(), 1U);
+    conditions.Insert("OnTopFrom" + std::string(step), condition);
+  }
+  Conditions shorter = conditions;
+  shorter.UpdateSteps(named({{"Initial", 'I'}, {"B", 'G'}, {"Z", 'G'}}));
+  EXPECT_FALSE(shorter.IsMember("OnTopFromY"));
+  EXPECT_EQ(shorter.Dangling().Size(), 1U);
+
+  conditions.Remove("OnTopFromY");
   conditions.UpdateSteps(named({{"Initial", 'I'}, {"B", 'G'}, {"Y", 'G'}, {"Z", 'G'}}));  // another procedure
   EXPECT_EQ(History(conditions, "OfA"), "0 1 2 2 ");
   EXPECT_THROW(conditions.UpdateSteps(named({{"Initial", 'I'}, {"B", 'P'}, {"Y", 'G'}, {"Z", 'G'}})), nex_TextException)

@@ -19,8 +19,6 @@ namespace {
 
 enum class DistribTypeEnum : int { Uniform = 0, UserDefined = 1, Field = 2 };
 enum class CategoryEnm : int { Mechanical = 0, Thermal = 1 };
-/// Two rows share a text, two others a value.
-enum class TwiceEnm : int { First = 4, Second = 5, Third = -1 };
 
 }  // namespace
 
@@ -30,16 +28,11 @@ template <> struct omu_EnumTable<DistribTypeEnum> {
 template <> struct omu_EnumTable<CategoryEnm> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"MECHANICAL", 0}, {"UNIFORM", 1}, {nullptr, 0}};
 };
-template <> struct omu_EnumTable<TwiceEnm> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {
-      {"SAME", 4}, {"SAME", 5}, {"OTHER", 4}, {"LAST", static_cast<unsigned>(-1)}, {nullptr, 0}};
-};
 
 namespace {
 
 using DistribType = omu_PrimEnum<DistribTypeEnum, 1>;
 using Category = omu_PrimEnum<CategoryEnm, 1>;
-using Twice = omu_PrimEnum<TwiceEnm, 1>;
 
 struct TextRow {
   char const* text;
