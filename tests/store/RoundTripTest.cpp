@@ -32,18 +32,19 @@ TEST_P(EitherStore, GivesBackEveryRecordOfAHistory) {
   ddr_Model const model = SmallModel();
   ddr_Model const read = WrittenAndRead(GetParam(), model);
   std::size_t compared = 0;
-  for (auto const& [member, extension] : model.Extensions()) {
+  for (auto const& [name, extension] : model.Extensions()) {
     auto const* const repository = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet());
     if (repository == nullptr) { continue; }
-    repository->ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
-      auto const* const other = read.ConstGet<kprC_StepAwareRepository>(member).ConstItem(name.View());
-      ASSERT_NE(other, nullptr) << name.View();
-      EXPECT_EQ(other->Name(), name);
-      EXPECT_EQ(other->History(), item.History()) << name.View();
+    cow_String const& member = name;
+    repository->ForEach([&](cow_String const& itsName, kprC_StepDependent const& item) {
+      auto const* const other = read.ConstGet<kprC_StepAwareRepository>(member).ConstItem(itsName.View());
+      ASSERT_NE(other, nullptr) << itsName.View();
+      EXPECT_EQ(other->Name(), itsName);
+      EXPECT_EQ(other->History(), item.History()) << itsName.View();
       for (std::size_t i = 0; i < item.Steps().Size(); ++i) {
         cls_Object const* const state = item.StateAt(i);
         ASSERT_EQ(other->StateAt(i) != nullptr, state != nullptr);
-        if (state != nullptr) { EXPECT_TRUE(other->StateAt(i)->Equals(*state)) << name.View() << i; }
+        if (state != nullptr) { EXPECT_TRUE(other->StateAt(i)->Equals(*state)) << itsName.View() << i; }
       }
       ++compared;
     });
