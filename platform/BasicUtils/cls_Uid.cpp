@@ -2,7 +2,14 @@
 
 #include <atomic>
 
-cls_Uid cls_Uid::AllocateUid() {
-  static std::atomic<std::uint64_t> last{0};
-  return {last.fetch_add(1, std::memory_order_relaxed) + 1, 0};
+std::uint64_t cls_Uid::AllocateNumber() {
+  constexpr std::uint64_t kBlock = 4096;
+  static std::atomic<std::uint64_t> taken{0};
+  thread_local std::uint64_t last = 0, left = 0;
+  if (left == 0) {
+    last = taken.fetch_add(kBlock, std::memory_order_relaxed);
+    left = kBlock;
+  }
+  --left;
+  return ++last;
 }
