@@ -6,7 +6,8 @@
 #include "platform/BasicUtils/cow_List.h"
 
 /// A copy-on-write table of \p T with a fixed number of columns, kept row by row. Copying costs one count, the first
-/// change after a copy a copy of all values. Rows and columns count from 0 and must exist.
+/// change after a copy a copy of all values. Rows and columns count from 0; those that do not exist are refused, as
+/// by a sequence.
 template <class T> class cow_2DArray {
 public:
   cow_2DArray() noexcept = default;
@@ -38,7 +39,8 @@ public:
 
 private:
   std::size_t Index(std::size_t row, std::size_t column) const {
-    assert(row < rows_ && column < columns_);
+    if (row >= rows_) { cow_RefuseIndex(row, rows_); }
+    if (column >= columns_) { cow_RefuseIndex(column, columns_); }
     return row * columns_ + column;
   }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cassert>
 #include <cstddef>
 #include <initializer_list>
 #include <type_traits>
@@ -8,11 +7,16 @@
 #include <vector>
 
 #include "platform/BasicUtils/cow_Handle.h"
+#include "platform/CoreUtils/ddb_Export.h"
+
+/// Refuses the index of a value that is not there: a std::out_of_range that names index and size.
+[[noreturn]] DDB_API void cow_RefuseIndex(std::size_t index, std::size_t size);
 
 /// What the copy-on-write sequences have in common: values in order, contiguous, in one body that copies share until
 /// one of them is changed. One pointer wide; the empty sequence owns nothing. Copying costs one count; the first
 /// change after a copy costs a copy of all values, further changes what they cost in a std::vector.
-/// Indices count from 0 and must exist. References and iterators are good until the next change.
+/// Indices count from 0; one that does not exist is refused (cow_RefuseIndex). References and iterators are good until the
+/// next change.
 template <class T> class cow_Sequence {
   static_assert(!std::is_same_v<T, bool>, "std::vector<bool> has no bool to refer to: use a list of char");
 
@@ -31,7 +35,7 @@ public:
   bool IsEmpty() const noexcept { return Size() == 0; }
   T const& operator[](std::size_t index) const { return ConstGet(index); }
   T const& ConstGet(std::size_t index) const {
-    assert(index < Size());
+    AssertIndex(index, Size());
     return body_->values[index];
   }
   T const* begin() const noexcept { return body_ ? body_->values.data() : nullptr; }
@@ -39,19 +43,19 @@ public:
 
   /// The value at \p index, to be changed.
   T& Get(std::size_t index) {
-    assert(index < Size());
+    AssertIndex(index, Size());
     return Values()[index];
   }
   void Reserve(std::size_t size) { Values().reserve(size); }
   void Append(T value) { Values().push_back(std::move(value)); }
   /// \p index may be Size(): then the value is appended.
   void Insert(std::size_t index, T value) {
-    assert(index <= Size());
+    AssertIndex(index, Size() + 1);
     std::vector<T>& values = Values();
     values.insert(values.begin() + static_cast<std::ptrdiff_t>(index), std::move(value));
   }
   void Remove(std::size_t index) {
-    assert(index < Size());
+    AssertIndex(index, Size());
     std::vector<T>& values = Values();
     values.erase(values.begin() + static_cast<std::ptrdiff_t>(index));
   }
@@ -84,6 +88,9 @@ private:
     std::vector<T> values;
   };
 
+  void AssertIndex(std::size_t index, std::size_t end) const {
+    if (index >= end) { cow_RefuseIndex(index, Size()); }
+  }
   std::vector<T>& Values() {
     if (!body_) { body_ = cow_Handle<Body>::Make(); }
     return body_.Get().values;

@@ -4,6 +4,7 @@
 #include <compare>
 #include <cstddef>
 #include <random>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -68,6 +69,17 @@ TYPED_TEST(Sequences, BehaveLikeAVectorWhileSnapshotsStayAsTheyWere) {
   for (auto const& [snapshot, content] : snapshots) { ExpectHolds(snapshot, content); }
 }
 
+TYPED_TEST(Sequences, RefuseAnIndexThatDoesNotExist) {
+  TypeParam list{"a", "b"};
+  TypeParam const before = list;
+  EXPECT_THROW(list[2], std::out_of_range);
+  EXPECT_THROW(list.Get(2), std::out_of_range);
+  EXPECT_THROW(list.Remove(2), std::out_of_range);
+  EXPECT_THROW(list.Insert(3, "c"), std::out_of_range);
+  EXPECT_THROW(TypeParam()[0], std::out_of_range);
+  EXPECT_TRUE(list.Same(before)) << "nothing is separated";
+}
+
 TYPED_TEST(Sequences, ShareTheirValuesUntilOneChanges) {
   TypeParam first{"a", "b"};
   TypeParam second = first;
@@ -97,6 +109,8 @@ TEST(Table, KeepsRowsAndColumnsApart) {
   EXPECT_EQ(std::vector<int>(table.begin(), table.end()), (std::vector<int>{7, 7, 2, 1, 7, 7}));
   EXPECT_EQ(before.ConstGet(1, 0), 7);
   EXPECT_NE(table, before);
+  EXPECT_THROW(before.ConstGet(2, 0), std::out_of_range);
+  EXPECT_THROW(table.Get(0, 3), std::out_of_range) << "the next row begins there";
   EXPECT_NE(cow_2DArray<int>(2, 3), cow_2DArray<int>(3, 2));
 }
 
