@@ -47,9 +47,18 @@ public:
   mdl_Extension const* ConstExtension(std::string_view member) const;
   /// The same for change, separated from all who share it.
   mdl_Extension* Extension(std::string_view member);
-  /// The extension under \p member as a \p T; must exist.
-  template <class T> T const& ConstGet(std::string_view member) const { return dynamic_cast<T const&>(*ConstExtension(member)); }
-  template <class T> T& Get(std::string_view member) { return dynamic_cast<T&>(*Extension(member)); }
+  /// The extension under \p member as a \p T. Refuses one that the model does not have, as when the library has not been
+  /// started; std::bad_cast where it is of another class.
+  template <class T> T const& ConstGet(std::string_view member) const {
+    mdl_Extension const* const found = ConstExtension(member);
+    if (found == nullptr) { mdl_RefuseMissing(member, "model"); }
+    return dynamic_cast<T const&>(*found);
+  }
+  template <class T> T& Get(std::string_view member) {
+    mdl_Extension* const found = Extension(member);
+    if (found == nullptr) { mdl_RefuseMissing(member, "model"); }
+    return dynamic_cast<T&>(*found);
+  }
   /// Puts an extension in the place of the one under \p member.
   void SetExtension(std::string_view member, cow_Handle<mdl_Extension> extension);
 

@@ -1,9 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <string_view>
 
 #include "framework/Types.h"
 #include "platform/BasicUtils/cow_String.h"
+
+/// Refuses to give what is not there: \p where, "repository" or "model", has nothing under \p name.
+[[noreturn]] DDB_API void mdl_RefuseMissing(std::string_view name, std::string_view where);
 
 /// Something that a model holds under a member name: a repository, the step container.
 class DDB_API mdl_Extension : public cls_Object {

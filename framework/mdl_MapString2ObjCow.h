@@ -89,7 +89,7 @@ public:
     Handle const* found = map_.ConstFind(name);
     return found == nullptr ? nullptr : found->ConstGet();
   }
-  /// The same for change, separated from all who share it.
+  /// The same for change, separated from all who share it; or null.
   T* Get(std::string_view name) {
     Handle* found = map_.Get(cow_String(name));
     return found == nullptr ? nullptr : &found->Get();

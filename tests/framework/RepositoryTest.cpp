@@ -4,6 +4,7 @@
 
 #include <map>
 #include <random>
+#include <typeinfo>
 
 #include "framework/ddr_Shortcut.h"
 #include "framework/mdl_IdRepositoryOfCows.h"
@@ -255,6 +256,25 @@ TEST_F(Repository, FollowsTheModelsStepsWholeOrNotAtAll) {
   EXPECT_EQ(model.ConstGet<Conditions>(ddr_Model::bcCmd()).ConstGet("Fix").CreateStepName(), "Press");
   kprC_RemoveStep(model, "Press");
   EXPECT_FALSE(model.ConstGet<Conditions>(ddr_Model::bcCmd()).IsMember("Fix"));
+}
+
+/// What is refused with a nex_TextException.
+template <class Ask> std::string Refused(Ask&& ask) {
+  try {
+    ask();
+  } catch (nex_TextException const& refused) { return std::string(refused.Text().View()); }
+  return "";
+}
+
+TEST_F(Repository, SaysWhatIsNotThere) {
+  Conditions conditions;
+  EXPECT_EQ(Refused([&] { conditions.Get("Fix"); }), "There is no \"Fix\" in the repository.");
+  EXPECT_EQ(Refused([&] { conditions.ConstGet("Fix"); }), "There is no \"Fix\" in the repository.");
+  ddr_Model model;
+  EXPECT_EQ(Refused([&] { model.Get<Conditions>("nothing"); }), "There is no \"nothing\" in the model.");
+  EXPECT_EQ(Refused([&] { model.ConstGet<Conditions>("nothing"); }), "There is no \"nothing\" in the model.");
+  EXPECT_THROW(model.ConstGet<Conditions>(ddr_Model::stepsCmd()), std::bad_cast);
+  EXPECT_EQ(ddr_ModelContainer().Get("Frame"), nullptr);
 }
 
 }  // namespace

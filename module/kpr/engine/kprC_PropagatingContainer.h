@@ -43,9 +43,17 @@ public:
     return true;
   }
 
-  /// The attribute for change, separated from all who share it; must be a member.
-  T& Get(cow_String const& name) { return map_.Get(name)->Get(); }
-  T const& ConstGet(cow_String const& name) const { return **map_.ConstFind(name); }
+  /// The attribute for change, separated from all who share it; refuses an unknown name.
+  T& Get(cow_String const& name) {
+    Handle* const found = map_.Get(name);
+    if (found == nullptr) { mdl_RefuseMissing(name, "repository"); }
+    return found->Get();
+  }
+  T const& ConstGet(cow_String const& name) const {
+    Handle const* const found = map_.ConstFind(name);
+    if (found == nullptr) { mdl_RefuseMissing(name, "repository"); }
+    return **found;
+  }
   bool IsMember(std::string_view name) const { return map_.ConstFind(name) != nullptr; }
   bool IsEmpty() const { return map_.Size() == 0; }
   std::size_t Size() const override { return map_.Size(); }
