@@ -4,16 +4,19 @@
 
 class ampC_Amplitude;
 class conC_Connector;
+class cow_String;
 class ddr_Model;
 class dtmC_Datum;
+class dtmC_DatumRef;
 class rgnC_Region;
+template <class T> class cow_1DArrayList;
+template <class T> class cow_2DArray;
+template <class T> class cow_List;
 template <class T> class mdl_MapString2ObjCow;
+template <class T> class mdl_PropAttr;
 
 inline constexpr unsigned mdl_moduleNumber = 0x213;  ///< 531
 
-#define DDB_CLASS(number, Class)                                         \
-  template <> struct cls_TypeIdOf<Class> {                               \
-    static constexpr unsigned value = mdl_moduleNumber << 16 | (number); \
-    static constexpr char const* kName = #Class;                         \
-  };
+#define DDB_CLASS(number, Class) CLS_TYPE_ID(mdl_moduleNumber, number, Class)
+#define DDB_MEMBER(number, Value) CLS_TYPE_ID(mdl_moduleNumber, number, mdl_PropAttr<Value>)
 #include "framework/Types.def"

@@ -1,79 +1,106 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 
+#include "framework/Types.h"
 #include "platform/BasicUtils/cls_Members.h"
 #include "platform/BasicUtils/cls_Uid.h"
 #include "platform/CaeUtils/omu_PrimEnumTraits.h"
 
 /// What a step says of one member of a state.
-enum mdl_PropAttributeStateEnm {
-  mdl_Unset = 0,            ///< nothing
-  mdl_Set = 1,              ///< a value, given in this step
-  mdl_PropagatedValue = 2,  ///< a value, carried from an earlier step
-  mdl_Freed = 3,            ///< no longer a value, from this step on
+enum class mdl_PropAttributeStateEnm : std::uint8_t {
+  Unset = 0,            ///< nothing
+  Set = 1,              ///< a value, given in this step
+  PropagatedValue = 2,  ///< a value, carried from an earlier step
+  Freed = 3,            ///< no longer a value, from this step on
 };
 
 template <> struct omu_EnumTable<mdl_PropAttributeStateEnm> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {
-      {"UNSET", mdl_Unset}, {"SET", mdl_Set}, {"PROPAGATED", mdl_PropagatedValue}, {"FREED", mdl_Freed}, {nullptr, 0}};
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNSET", 0}, {"SET", 1}, {"PROPAGATED", 2}, {"FREED", 3}, {nullptr, 0}};
 };
 
+/// Refuses a number that is none of the above as the state of the member \p name.
+[[noreturn]] DDB_API void mdl_RefuseMemberState(std::string_view name);
+
 /// One propagating member of a state: a value and what the step says of it.
+///
+/// A state has several of them and histories keep many states: beside its value a member takes one word, of its identity and
+/// what the step says.
 template <class T> class mdl_PropAttr {
+  using StateEnm = mdl_PropAttributeStateEnm;
+
 public:
   mdl_PropAttr() = default;
-  explicit mdl_PropAttr(T value) : value_(std::move(value)), state_(mdl_Set) {}
+  explicit mdl_PropAttr(T value) : value_(std::move(value)), word_(FreshWord(StateEnm::Set)) {}
+
+  /// Of the type of member, by the type of its value; a row of a table of types (framework/Types.def, or a module's).
+  static constexpr unsigned TypeId() { return cls_TypeIdOf<mdl_PropAttr>::value; }
+  unsigned DynTypeId() const { return TypeId(); }
 
   T const& ConstGet() const { return value_; }
   T& Get() { return value_; }
-  mdl_PropAttributeStateEnm State() const { return state_; }
+  StateEnm State() const { return static_cast<StateEnm>(word_ & kStateMask); }
   /// Whether a value is in force, given here or carried.
-  bool HasValue() const { return state_ == mdl_Set || state_ == mdl_PropagatedValue; }
+  bool HasValue() const { return State() == StateEnm::Set || State() == StateEnm::PropagatedValue; }
 
   mdl_PropAttr& operator=(T value) {
     value_ = std::move(value);
-    state_ = mdl_Set;
+    ForceState(StateEnm::Set);
     return *this;
   }
   /// Takes the member state. Without a value in force the value falls back to that of a default member.
-  mdl_PropAttr& operator=(mdl_PropAttributeStateEnm state) {
-    if (state == mdl_Unset || state == mdl_Freed) { value_ = T{}; }
-    state_ = state;
+  mdl_PropAttr& operator=(StateEnm state) {
+    if (state == StateEnm::Unset || state == StateEnm::Freed) { value_ = T{}; }
+    ForceState(state);
     return *this;
   }
   /// Takes the member state and keeps the value.
-  void ForceState(mdl_PropAttributeStateEnm state) { state_ = state; }
+  void ForceState(StateEnm state) { word_ = (word_ & ~kStateMask) | static_cast<std::uint64_t>(state); }
 
-  friend bool operator==(mdl_PropAttr const& a, mdl_PropAttr const& b) { return a.state_ == b.state_ && a.value_ == b.value_; }
+  friend bool operator==(mdl_PropAttr const& a, mdl_PropAttr const& b) { return a.State() == b.State() && a.value_ == b.value_; }
   friend bool operator==(mdl_PropAttr const& a, T const& value) { return a.HasValue() && a.value_ == value; }
-  friend bool operator==(mdl_PropAttr const& a, mdl_PropAttributeStateEnm state) { return a.state_ == state; }
+  friend bool operator==(mdl_PropAttr const& a, StateEnm state) { return a.State() == state; }
 
-  /// What the next step carries: a set value as propagated, a freed one as unset.
-  void Propagate() {
-    constexpr mdl_PropAttributeStateEnm kCarried[] = {mdl_Unset, mdl_PropagatedValue, mdl_PropagatedValue, mdl_Unset};
-    *this = mdl_PropAttr(*this, kCarried[state_]);
+  /// What the next step carries: a set value as propagated, a freed one as unset. Refuses a member state that does not exist;
+  /// \p name is the member's, for the message.
+  void Propagate(std::string_view name = {}) {
+    AssertState(name);
+    *this = HasValue() ? StateEnm::PropagatedValue : StateEnm::Unset;
   }
-  /// Merges a step's own member onto the carried one: a set one takes value and state, a freed one the state.
-  void Modify(mdl_PropAttr const& own) {
-    if (own.state_ == mdl_Set || own.state_ == mdl_Freed) { *this = mdl_PropAttr(own, own.state_); }
+  /// Merges a step's own member onto the carried one: a set one takes value and state, a freed one the state. Refuses a member
+  /// state that does not exist, of either.
+  void Modify(mdl_PropAttr const& own, std::string_view name = {}) {
+    AssertState(name);
+    own.AssertState(name);
+    if (own.IsModified()) {
+      value_ = own.HasValue() ? own.value_ : T{};
+      word_ = own.word_;
+    }
   }
   void Zero() { value_ = T{}; }
-  bool IsModified() const { return state_ == mdl_Set || state_ == mdl_Freed; }
-  bool IsConditionModified() const { return state_ == mdl_Freed; }
+  bool IsModified() const { return State() == StateEnm::Set || State() == StateEnm::Freed; }
+  bool IsConditionModified() const { return State() == StateEnm::Freed; }
 
-  cls_Uid const& Uid() const { return uid_; }
-  void NewUid() { uid_ = cls_Uid::AllocateUid(); }
+  /// Kept by copies.
+  cls_Uid Uid() const { return cls_Uid::OfMember(word_ >> kStateBits); }
+  void NewUid() { word_ = FreshWord(State()); }
 
 private:
-  mdl_PropAttr(mdl_PropAttr const& from, mdl_PropAttributeStateEnm state)
-      : value_(state == mdl_Unset || state == mdl_Freed ? T{} : from.value_), state_(state), uid_(from.uid_) {}
+  static constexpr int kStateBits = 64 - cls_Uid::kNumberBits;
+  static constexpr std::uint64_t kStateMask = (std::uint64_t{1} << kStateBits) - 1;
+
+  static std::uint64_t FreshWord(StateEnm state) { return cls_Uid::AllocateNumber() << kStateBits | static_cast<std::uint64_t>(state); }
+  void AssertState(std::string_view name) const {
+    if (State() > StateEnm::Freed) { mdl_RefuseMemberState(name); }
+  }
 
   T value_{};
-  mdl_PropAttributeStateEnm state_ = mdl_Unset;
-  cls_Uid uid_ = cls_Uid::AllocateUid();
+  std::uint64_t word_ = FreshWord(StateEnm::Unset);  // the number of the identity, below it the member state
 };
+static_assert(sizeof(mdl_PropAttr<double>) == 16);
 
 /// Stored as the value and a companion "<name>State"; scripted as a value, "UNSET" or "FREED".
 template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
@@ -101,8 +128,8 @@ template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
   }
   static std::string_view FromValue(Member& member, cls_Value const& from) {
     if (auto const* text = from.As<std::string>()) {
-      if (*text == "UNSET") { return member = mdl_Unset, ""; }
-      if (*text == "FREED") { return member = mdl_Freed, ""; }
+      if (*text == "UNSET") { return member = mdl_PropAttributeStateEnm::Unset, ""; }
+      if (*text == "FREED") { return member = mdl_PropAttributeStateEnm::Freed, ""; }
     }
     T value{};
     std::string_view const expected = Value::FromValue(value, from);
@@ -118,8 +145,8 @@ template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
   static bool Redirect(Member& member, cls_Reference kind, cls_Redirection const& to) {
     return member.HasValue() && Value::Redirect(member.Get(), kind, to);
   }
-  static void Propagate(Member& member) { member.Propagate(); }
-  static void Modify(Member& member, Member const& own) { member.Modify(own); }
+  static void Propagate(Member& member, std::string_view name) { member.Propagate(name); }
+  static void Modify(Member& member, Member const& own, std::string_view name) { member.Modify(own, name); }
   static void Zero(Member& member) { member.Zero(); }
   static bool IsModified(Member const& member) { return member.IsModified(); }
   static bool IsConditionModified(Member const& member) { return member.IsConditionModified(); }

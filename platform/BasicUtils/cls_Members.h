@@ -104,7 +104,8 @@ struct cls_Redirection {
 /// Describe(info), Write(out, name, value), Read(in, name, value), NewUid(value), Equal(a, b), ToValue(value) and
 /// FromValue(value, from), which answers what was expected where \p from does not fit ("" where it does). A type that can
 /// name something offers References(value, kind, visit) and Redirect(value, kind, redirection) too, one that is carried from
-/// step to step Propagate, Modify, Zero, IsModified and IsConditionModified.
+/// step to step Propagate(value, name), Modify(value, own, name), Zero, IsModified and IsConditionModified; the name is for
+/// what they refuse.
 template <class M> struct cls_MemberTraits { static_assert(sizeof(M) == 0, "this member type has no cls_MemberTraits"); };
 
 /// Traits of a value that stands for itself: equality by ==, no identity.
@@ -188,8 +189,8 @@ struct cls_MemberOps {
   void (*references)(void const*, cls_Reference, cls_ReferenceVisitor const&) = nullptr;
   bool (*redirect)(void*, cls_Reference, cls_Redirection const&) = nullptr;
   // null where the type is not carried from step to step
-  void (*propagate)(void*) = nullptr;
-  void (*modify)(void* carried, void const* own) = nullptr;
+  void (*propagate)(void*, std::string_view name) = nullptr;
+  void (*modify)(void* carried, void const* own, std::string_view name) = nullptr;
   void (*zero)(void*) = nullptr;
   bool (*isModified)(void const*) = nullptr;
   bool (*isConditionModified)(void const*) = nullptr;
@@ -216,9 +217,11 @@ template <class M> constexpr cls_MemberOps cls_MakeOps() {
     };
     ops.redirect = [](void* m, cls_Reference kind, cls_Redirection const& to) { return Traits::Redirect(*static_cast<M*>(m), kind, to); };
   }
-  if constexpr (requires(M & m) { Traits::Propagate(m); }) {
-    ops.propagate = [](void* m) { Traits::Propagate(*static_cast<M*>(m)); };
-    ops.modify = [](void* m, void const* own) { Traits::Modify(*static_cast<M*>(m), *static_cast<M const*>(own)); };
+  if constexpr (requires(M & m) { Traits::Propagate(m, std::string_view()); }) {
+    ops.propagate = [](void* m, std::string_view name) { Traits::Propagate(*static_cast<M*>(m), name); };
+    ops.modify = [](void* m, void const* own, std::string_view name) {
+      Traits::Modify(*static_cast<M*>(m), *static_cast<M const*>(own), name);
+    };
     ops.zero = [](void* m) { Traits::Zero(*static_cast<M*>(m)); };
     ops.isModified = [](void const* m) { return Traits::IsModified(*static_cast<M const*>(m)); };
     ops.isConditionModified = [](void const* m) { return Traits::IsConditionModified(*static_cast<M const*>(m)); };

@@ -26,7 +26,7 @@ public:
   bool UseMagnitude(unsigned procedureType) const override { return !kprC_noMagnitude.Contains(procedureType); }
   /// Drops an amplitude that a step of \p procedureType has no use for.
   void ChangeProcedureType(unsigned procedureType) override {
-    if (!UseAmplitude(procedureType)) { amplitude = mdl_Unset; }
+    if (!UseAmplitude(procedureType)) { amplitude = mdl_PropAttributeStateEnm::Unset; }
   }
 
 protected:

@@ -52,9 +52,9 @@ TEST_F(BoundaryCondition, FreesAndUnsetsComponentsWhereItMay) {
   ASSERT_EQ(CodeOf([&] { Item().Deactivate("S3"); }), -1);
   EXPECT_EQ(Edit("S4", {{"u2", "FREED"}}), 21);
   EXPECT_EQ(Edit("S4", {{"u2", "UNSET"}}), 21);
-  EXPECT_EQ(StateIn(2).u1, mdl_Freed);
-  EXPECT_EQ(StateIn(2).u2, mdl_PropagatedValue);
-  EXPECT_EQ(StateIn(3).u1, mdl_Unset);
+  EXPECT_EQ(StateIn(2).u1, mdl_PropAttributeStateEnm::Freed);
+  EXPECT_EQ(StateIn(2).u2, mdl_PropAttributeStateEnm::PropagatedValue);
+  EXPECT_EQ(StateIn(3).u1, mdl_PropAttributeStateEnm::Unset);
   EXPECT_EQ(StateIn(3).u2, 2.0);
   EXPECT_TRUE(StateIn(4).SwitchedOff());
 }
@@ -64,8 +64,8 @@ TEST_F(BoundaryCondition, KeepsFollowingWhatAStepDoesNotSay) {
   ASSERT_EQ(Edit("S3", {{"u2", 5.0}}), -1);
   ASSERT_EQ(Edit("S2", {{"u1", 3.0}}), -1);
   EXPECT_EQ(StateIn(3).u1, 3.0) << "an earlier change of another component arrives";
-  EXPECT_EQ(StateIn(3).u1, mdl_PropagatedValue);
-  EXPECT_EQ(StateIn(3).u2, mdl_Set);
+  EXPECT_EQ(StateIn(3).u1, mdl_PropAttributeStateEnm::PropagatedValue);
+  EXPECT_EQ(StateIn(3).u2, mdl_PropAttributeStateEnm::Set);
   ASSERT_EQ(Edit("S3", {{"u1", 7.0}}), -1);
   ASSERT_EQ(Edit("S2", {{"u1", 4.0}}), -1);
   EXPECT_EQ(StateIn(3).u1, 7.0) << "its own value stays";
