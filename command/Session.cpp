@@ -185,7 +185,7 @@ void Session::UndoEdit() {
   Edit edit = std::move(undo_.back());
   undo_.pop_back();
   undoWeight_ -= edit.weight;
-  for (std::size_t i = edit.changes; i < changes_.Size(); ++i) { edit.records.push_back(changes_[i]); }
+  edit.records.AppendFrom(changes_, edit.changes);
   changes_.TruncateTo(edit.changes);
   std::swap(model_, edit.model);
   redo_.push_back(std::move(edit));
@@ -194,8 +194,8 @@ void Session::UndoEdit() {
 void Session::RedoEdit() {
   Edit edit = std::move(redo_.back());
   redo_.pop_back();
-  for (omu_PrimTuple& record : edit.records) { changes_.Append(std::move(record)); }
-  edit.records.clear();
+  changes_.AppendFrom(edit.records);
+  edit.records.TruncateTo(0);
   std::swap(model_, edit.model);
   undoWeight_ += edit.weight;
   undo_.push_back(std::move(edit));

@@ -107,9 +107,9 @@ private:
     ddr_Model model;
     std::string label;
     Touched touched;
-    std::size_t weight;                  ///< what only this snapshot holds, roughly, in bytes
-    std::size_t changes;                 ///< length of the change history before the edit
-    std::vector<omu_PrimTuple> records;  ///< what the edit added to it, while it is undone
+    std::size_t weight;         ///< what only this snapshot holds, roughly, in bytes
+    std::size_t changes;        ///< length of the change history before the edit
+    omu_ChangeHistory records;  ///< what the edit added to it, while it is undone
   };
 
   Outcome UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject);

@@ -39,7 +39,7 @@ public:
   }
   bool Remove(cow_String const& name) override {
     if (!map_.Remove(name)) { return false; }
-    Record(name, {cow_String("Remove"), name});
+    Record(omu_ChangeKind::Remove, name);
     return true;
   }
 
@@ -108,7 +108,7 @@ public:
   void UpdateSteps(kprC_StepTable const& steps) override {
     bool const first = table_.Size() == 0;
     if (steps.Size() != table_.Size()) {
-      Record(cow_String(), {cow_String("RedoSummary")});
+      Record(omu_ChangeKind::RedoSummary, cow_String());
       while (steps.Size() > table_.Size()) { InsertStep(steps); }
       while (steps.Size() < table_.Size()) { RemoveStep(steps); }
     }
@@ -141,7 +141,7 @@ public:
   void ForEach(std::function<void(cow_String const&, kprC_StepDependent const&)> const& visit) const override {
     for (auto const& [name, item] : map_) { visit(name, *item); }
   }
-  void RecordModify(cow_String const& name) override { Record(name, {cow_String("Modify"), cow_String(std::string(name.View()) + ".")}); }
+  void RecordModify(cow_String const& name) override { Record(omu_ChangeKind::Modify, name); }
   bool ForEachChange(mdl_Extension const& before, mdl_Extension::ChangeVisitor const& visit) const override {
     cls_MemberTraits<decltype(map_)>::ForEachChange(dynamic_cast<kprC_PropagatingContainer const&>(before).map_, map_, visit);
     return true;
@@ -178,8 +178,6 @@ private:
   /// The face with the calls that are the repository's alone.
   static kprC_StepDependent& Own(T& item) { return item; }
 
-  static constexpr int kInsertMark = -99;  // stands in every insertion record
-
   Handle CopyOf(cow_String const& name, T const& item) const {
     Handle copy(std::unique_ptr<T>(static_cast<T*>(item.Copy().release())));
     copy.Get().NewUid();  // two names are two objects, also to a writer
@@ -188,12 +186,12 @@ private:
   }
   bool Take(cow_String const& name, Handle item) {
     bool const present = !map_.Insert(name, std::move(item));
-    if (present) { Record(name, {cow_String("Remove"), name}); }
-    Record(name, {cow_String("Insert"), name, kInsertMark});
+    if (present) { Record(omu_ChangeKind::Remove, name); }
+    Record(omu_ChangeKind::Insert, name);
     return true;
   }
-  void Record(cow_String const& name, omu_PrimTuple record) {
-    thr_ThreadSingleton<omu_ChangeHistory>::Instance().Append(std::move(record));
+  void Record(omu_ChangeKind kind, cow_String const& name) {
+    thr_ThreadSingleton<omu_ChangeHistory>::Instance().Append(kind, name);
     UpdateTimeStamp(name);
   }
   void SetSteps(kprC_StepTable const& steps) {
