@@ -11,7 +11,7 @@ constexpr nex_ErrorRow kRows[] = {
 };
 static_assert(nex_CodesAreDense(kRows) && std::size(kRows) == 73, "Errors.def: in code order, none missing, none empty");
 
-constexpr omu_RefusalTable kTable = {"klo", "generated/module/klo/com/impl/kloC_assert", 277, 271, kRows};
+constexpr omu_RefusalTable kTable = {"klo", "generated/module/klo/com/impl/kloC_assert", 277, 271, kRows, {}, true};
 }  // namespace
 
 void kloC_Assert(bool condition, kloC_ErrorEnm code) { omu_Assert(kTable, condition, static_cast<int>(code)); }

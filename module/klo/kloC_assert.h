@@ -11,8 +11,8 @@ enum class kloC_ErrorEnm : int {
 };
 
 /// Does nothing when \p condition holds; otherwise throws the exception of \p code with its text: a nex_TextException or
-/// an omu_ValueErrorException as the table says. A number that the table does not hold throws a nex_TextException with an
-/// empty text.
+/// an omu_ValueErrorException as the table says. A number that the table does not hold throws an omu_ValueErrorException with
+/// an empty text.
 DDB_API void kloC_Assert(bool condition, kloC_ErrorEnm code);
 
 /// The refusals, in the order of their codes.

@@ -7,7 +7,7 @@ void omu_Refuse(omu_RefusalTable const& table, int code) {
   nex_ErrorRow const* const row = nex_FindRow(table.rows, code);
   atr_String const text = row != nullptr ? atr_translate(row->text) : atr_String();
   nex_Origin const origin{table.module, code};
-  if (row != nullptr && row->valueError) {
+  if (row != nullptr ? row->valueError : table.otherIsValueError) {
     nex_Exception::Throw(omu_ValueErrorException(text, origin), table.sourceName, table.valueErrorLine);
   }
   nex_Exception::Throw(nex_TextException(text, origin), table.sourceName, table.textLine);

@@ -9,10 +9,12 @@ struct omu_RefusalTable {
   int valueErrorLine, textLine;
   std::span<nex_ErrorRow const> rows;
   std::span<nex_ErrorRow const> contents = {};  ///< without codes: texts that name what is refused
+  bool otherIsValueError = false;               ///< whether a number outside the rows throws as their value errors do
 };
 
 /// Throws the exception of \p code with its text: an omu_ValueErrorException where the row says so, else a
-/// nex_TextException. A number that the table does not hold throws a nex_TextException with an empty text.
+/// nex_TextException. A number that the table does not hold throws the one that the module takes for every other, with an
+/// empty text.
 [[noreturn]] DDB_API void omu_Refuse(omu_RefusalTable const& table, int code);
 
 /// The one assert behind every module's exported function.
