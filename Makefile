@@ -1,10 +1,11 @@
 # The day's work in short words; CMakePresets.json has the rest.
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
+EDITS ?= 20
 BUILD := build/release
 
 .DEFAULT_GOAL := help
-.PHONY: help setup build program test asan demo bench pages docs format format-check lint install clean
+.PHONY: help setup build program test asan edits demo bench pages docs format format-check lint install clean
 
 help: ## this list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / {printf "make %-13s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
@@ -27,6 +28,11 @@ asan: setup ## the same under the address and undefined-behaviour sanitizers
 	@cmake --preset asan >/dev/null
 	@cmake --build --preset asan -j $(JOBS)
 	@ctest --preset asan -j $(JOBS)
+
+edits: setup ## a million random edits of histories under the sanitizers
+	@cmake --preset asan >/dev/null
+	@cmake --build --preset asan -j $(JOBS) --target test_module
+	@GATTR_EDITS=$(EDITS) build/asan/bin/test_module --gtest_filter='*Histories*' --gtest_brief=1
 
 demo: program ## replay an example, print its histories, leave a model file
 	@PATH="$(CURDIR)/$(BUILD)/bin:$$PATH" examples/demo.sh

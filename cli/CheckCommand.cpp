@@ -1,4 +1,5 @@
 #include <CLI/App.hpp>
+#include <algorithm>
 #include <iostream>
 #include <memory>
 
@@ -22,6 +23,7 @@ Json ToJson(Finding const& finding) {
           {"name", finding.name},
           {"step", finding.step},
           {"suppressed", finding.suppressed},
+          {"note", finding.note},
           {"module", finding.refusal.module},
           {"code", finding.refusal.code},
           {"exception", finding.refusal.exception},
@@ -52,7 +54,7 @@ int RunCheck(CheckOptions const& options) {
     }
     table.Print(std::cout, TerminalWidth(), UseColor(options.color));
   }
-  return findings.empty() ? kDone : kRefused;
+  return std::ranges::all_of(findings, &Finding::note) ? kDone : kRefused;
 }
 
 }  // namespace
@@ -65,7 +67,8 @@ void AddCheck(CLI::App& program, Action& action) {
   AddColor(command, options->color);
   command.footer(
       R"(Steps that may not follow each other, parameters out of range, attributes where their type is not admitted, and names that
-the model does not have: each with its object, step, module, code and message. Exit status 1 when something is found.
+the model does not have: each with its object, step, module, code and message. Regions that deleted steps have left behind are
+noted. Exit status 1 when something is found that is more than a note.
 
 Example: gattr check forming.gadb --format json)");
   command.callback([options, &action] { action = [options] { return RunCheck(*options); }; });

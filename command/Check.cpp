@@ -98,7 +98,7 @@ private:
   void InsertInto(std::size_t length, kprC_StepDependent const& item) const {
     kprC_StepSequence beginning;
     for (std::size_t i = 0; i < length; ++i) { beginning.Append(steps_.Table()[i]); }
-    Empty(kprC_StepTable(std::move(beginning))).Get().InsertItem(item.Name(), item);
+    Empty(kprC_StepTable(beginning)).Get().InsertItem(item.Name(), item);
   }
   /// An empty repository of the family that knows \p steps.
   cow_Handle<kprC_StepAwareRepository> Empty(kprC_StepTable const& steps) const {
@@ -162,6 +162,11 @@ std::vector<Finding> Check(ddr_Model const& model) {
   ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     AttributeCheck check(model, extension, repository, findings);
     repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) { check.Run(name, item); });
+    for (rgnC_Region const& region : repository.Dangling()) {
+      std::string const kind = region.Type() == rgnC_Surface ? "surface" : "set";
+      Refusal left{"", -1, "", "No " + repository.ItemCmd() + " acts on the " + kind + " any more: what did went with its step."};
+      findings.push_back({kind, std::string(region.Name().View()), {}, std::move(left), {}, false, true});
+    }
   });
   changes.TruncateTo(before);
   return findings;

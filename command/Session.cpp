@@ -12,7 +12,8 @@ namespace gattr {
 
 namespace {
 
-constexpr std::string_view kUndo = "undo", kRedo = "redo", kSetModel = "setModel", kSetModelSpace = "setModelSpace";
+constexpr std::string_view kUndo = "undo", kRedo = "redo", kSetModel = "setModel", kSetModelSpace = "setModelSpace",
+                           kReleaseRegions = "releaseDanglingRegions";
 
 /// Makes a change history the thread's own for a while.
 class CurrentHistory {
@@ -55,6 +56,19 @@ bool SetModelSpace(Call& call) {
   return true;
 }
 
+/// Lets go of the regions that what went with its step has left behind.
+bool ReleaseRegions(Call& call) {
+  if (call.arguments.Command() != kReleaseRegions) { return false; }
+  call.arguments.AssertNoRest({});
+  auto const extensions = call.model.Extensions();
+  for (auto const& [member, extension] : extensions) {
+    auto const* repository = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet());
+    if (repository == nullptr || repository->Dangling().IsEmpty()) { continue; }
+    call.model.Get<kprC_StepAwareRepository>(member).ReleaseDanglingRegions();
+  }
+  return true;
+}
+
 std::vector<std::string> CommandNames() {
   std::vector<std::string> names;
   for (CommandInfo const& info : Session::Commands()) { names.push_back(info.name); }
@@ -63,7 +77,7 @@ std::vector<std::string> CommandNames() {
 
 void Run(Call& call) {
   if (ConstructStep(call) || ConstructAttribute(call) || ConstructReference(call) || RunOnObject(call)) { return; }
-  if (SetModel(call) || SetModelSpace(call)) { return; }
+  if (SetModel(call) || SetModelSpace(call) || ReleaseRegions(call)) { return; }
   std::string const& command = call.arguments.Command();
   RefuseUnknown(call.subject, "There is no command " + Quoted(command) + ".", Suggestion(command, CommandNames(), "Commands"));
 }
@@ -243,6 +257,7 @@ std::vector<CommandInfo> Session::Commands() {
   infos.push_back({std::string(kSetModel), "session", "gives the model a name", {Required("name", "the model's name")}});
   infos.push_back(
       {std::string(kSetModelSpace), "session", "says which space the model lives in", {Describe(SpaceArgument(), ddr_Model(), true)}});
+  infos.push_back({std::string(kReleaseRegions), "session", "lets go of the regions that deleted steps have left without an owner", {}});
   infos.push_back({std::string(kUndo), "session", "puts back the model before the last command", {}});
   infos.push_back({std::string(kRedo), "session", "does again what undo took back", {}});
   return infos;

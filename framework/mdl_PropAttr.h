@@ -80,6 +80,11 @@ public:
       word_ = own.word_;
     }
   }
+  /// Makes what is in force the step's own: a carried value as set, a freed one as unset.
+  void TakeOver() {
+    if (State() == StateEnm::PropagatedValue) { ForceState(StateEnm::Set); }
+    if (State() == StateEnm::Freed) { ForceState(StateEnm::Unset); }
+  }
   void Zero() { value_ = T{}; }
   bool IsModified() const { return State() == StateEnm::Set || State() == StateEnm::Freed; }
   bool IsConditionModified() const { return State() == StateEnm::Freed; }
@@ -147,6 +152,7 @@ template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
   }
   static void Propagate(Member& member, std::string_view name) { member.Propagate(name); }
   static void Modify(Member& member, Member const& own, std::string_view name) { member.Modify(own, name); }
+  static void TakeOver(Member& member) { member.TakeOver(); }
   static void Zero(Member& member) { member.Zero(); }
   static bool IsModified(Member const& member) { return member.IsModified(); }
   static bool IsConditionModified(Member const& member) { return member.IsConditionModified(); }

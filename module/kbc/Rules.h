@@ -90,8 +90,37 @@ struct DDB_API kbcC_Rules : kprC_ProcedureRules {
   };
   static constexpr kprC_LoadCaseRefusals<Error> kLoadCase = {
       .notActive = Error::LoadCaseNotActive, .type = Error::LoadCaseType, .notYet = Error::LoadCaseNotSupported};
+  /// A refused operation leaves behind what it has done.
   static constexpr bool kOnCopy = false;
-  static constexpr bool kMoveInStepOrder = true;
+
+  // what each operation asks, in this order
+  using Test = kprC_TestOf<Error>;
+  static constexpr auto kDeactivate = std::to_array<Test>({
+      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
+      {kprC_Ask::NoState},
+      {kprC_Ask::SwitchedOff},
+      {kprC_Ask::Inactive, kRefusals.notActive},
+  });
+  static constexpr auto kReset = std::to_array<Test>({
+      {kprC_Ask::CreateStep, kRefusals.resetInCreateStep},
+      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
+      {kprC_Ask::NoReset, kRefusals.resetNotDeactivated},
+  });
+  /// A move asks destination and steps between as it meets them.
+  static constexpr auto kMove = std::to_array<Test>({
+      {kprC_Ask::SameStep},
+      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
+      {kprC_Ask::OfType},
+      {kprC_Ask::DestinationFirst, kRefusals.moveOntoChange},
+      {kprC_Ask::Between, kRefusals.moveAcrossChange},
+      {kprC_Ask::Destination, kRefusals.moveOntoChange},
+      {kprC_Ask::EmptyBetween},
+      {kprC_Ask::Inactive, kRefusals.moveInactive},
+      {kprC_Ask::Propagated, kRefusals.movePropagated},
+      {kprC_Ask::Perturbation, kRefusals.moveFromPerturbation},
+      {kprC_Ask::Target},
+      {kprC_Ask::NotAdmitted, kRefusals.moveNotAdmitted},
+  });
   static constexpr auto kMoveTargets = MoveTargets<Error>({
       .perturbation = Error::MoveToPerturbation,
       .anneal = Error::MoveToAnneal,

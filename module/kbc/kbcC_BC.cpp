@@ -3,8 +3,6 @@
 #include "module/kpr/procedures/kprC_Procedures.h"
 #include "module/kpr/steps/kprC_Step.h"
 
-template class kprC_History<kbcC_Rules>;
-template struct cls_MemberTraits<kprC_History<kbcC_Rules>>;
 template class kprC_StepAttribute<kbcC_Rules>;
 template class kprC_PropagatingContainer<kbcC_BC>;
 
@@ -45,14 +43,14 @@ void kbcC_BC::AssertValid() const {
 
 void kbcC_BC::AssertState(kbcC_BCState const& state, std::size_t index) const {
   state.AssertValid();
-  if (!IsInitial(index)) { return; }
+  if (!Steps().IsInitial(index)) { return; }
   kbcC_Assert(!state.IsFixed(), kbcC_ErrorEnm::FixedInInitialStep);
   kbcC_Assert(!state.IsNonZero(), kbcC_ErrorEnm::NonZeroInInitialStep);
 }
 
 void kbcC_BC::AssertMove(std::size_t from, std::size_t to) const {
-  auto const& state = States().State(from);
-  kbcC_Assert(!IsInitial(to) || !state || !state->IsNonZero(), kbcC_ErrorEnm::MoveNonZeroToInitialStep);
+  auto const* const state = static_cast<kbcC_BCState const*>(States().State(from));
+  kbcC_Assert(!Steps().IsInitial(to) || state == nullptr || !state->IsNonZero(), kbcC_ErrorEnm::MoveNonZeroToInitialStep);
 }
 
 bool kbcC_BC::ValidByOwnRule(unsigned procedureType, bool carried) const {

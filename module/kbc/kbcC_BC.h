@@ -4,16 +4,13 @@
 #include "module/kbc/kbcC_BCState.h"
 #include "module/kbc/kbcC_Names.h"
 #include "module/kpr/engine/kprC_PropagatingContainer.h"
+#include "module/kpr/engine/kprC_Propagator.h"
 #include "module/kpr/engine/kprC_StepAttribute.h"
 #include "module/kpr/family/kprC_Prescribed.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
 
 class kprC_Step;
 
-/// Forms the histories of boundary conditions.
-using kbcC_BCPropagator = kprC_Propagator<kbcC_Rules>;
-extern template class DDB_API kprC_History<kbcC_Rules>;
-extern template struct DDB_API cls_MemberTraits<kprC_History<kbcC_Rules>>;
 extern template class DDB_API kprC_StepAttribute<kbcC_Rules>;
 
 /// Base of every boundary condition. The per-step operations, with their refusals, are those of kprC_StepAttribute under
@@ -82,7 +79,6 @@ protected:
   virtual bool ValidByOwnRule(unsigned procedureType, bool carried) const;
 
 private:
-  bool IsInitial(std::size_t index) const { return Steps()[index].procedure && Steps().ProcedureType(index) == 0; }
   /// Refuses 20 for a component freed in the create step (\p index npos: being created); elsewhere 21 for one freed or
   /// unset where the condition is not active, 22 for one unset where it is.
   void AssertComponentState(std::size_t index, bool freed, bool unset) const;

@@ -12,8 +12,8 @@ void kbcC_ConnectorBC::AssertInModel(ddr_Model const& model) const {
       if (!connector->Offers(component)) { offers &= ~(1U << component); }
     }
   }
-  ForEachEditable([offers](auto const& own) {
-    std::string const missing = own.state->ComponentsBeyond(offers);
+  ForEachEditable([offers](kbcC_BCState const& state) {
+    std::string const missing = state.ComponentsBeyond(offers);
     kbcC_AssertContent(missing.empty(), kbcC_ContentErrorEnm::UnavailableComponents, missing);
   });
 }

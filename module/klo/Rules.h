@@ -26,8 +26,6 @@ struct DDB_API kloC_Rules : kprC_ProcedureRules {
 
   /// A refused operation leaves the load as it was.
   static constexpr bool kOnCopy = true;
-  /// A move asks the steps between first, then the destination.
-  static constexpr bool kMoveInStepOrder = false;
 
   /// How a status is classified; one that is not known is refused.
   static constexpr kprC_StatusTable kStatuses = {
@@ -87,6 +85,37 @@ struct DDB_API kloC_Rules : kprC_ProcedureRules {
       .offInPerturbation = Error::DeactivateInBaseState,
       .cannotBeOff = Error::CannotBeDeactivated,
   };
+
+  // what each operation asks, in this order
+  using Test = kprC_TestOf<Error>;
+  static constexpr auto kDeactivate = std::to_array<Test>({
+      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
+      {kprC_Ask::InitialStep, kRefusals.offInInitialStep},
+      {kprC_Ask::NoState},
+      {kprC_Ask::SwitchedOff},
+      {kprC_Ask::Perturbation, kRefusals.offInPerturbation},
+      {kprC_Ask::Inactive, kRefusals.notActive},
+      {kprC_Ask::NotEditable, kRefusals.cannotBeOff},
+  });
+  static constexpr auto kReset = std::to_array<Test>({
+      {kprC_Ask::CreateStep, kRefusals.resetInCreateStep},
+      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
+      {kprC_Ask::NoReset, kRefusals.resetNotDeactivated},
+  });
+  /// A move asks the steps between first, then the destination.
+  static constexpr auto kMove = std::to_array<Test>({
+      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
+      {kprC_Ask::SameStep},
+      {kprC_Ask::OfType},
+      {kprC_Ask::Between, kRefusals.moveAcrossChange},
+      {kprC_Ask::Destination, kRefusals.moveOntoChange},
+      {kprC_Ask::EmptyBetween},
+      {kprC_Ask::Inactive, kRefusals.moveInactive},
+      {kprC_Ask::Propagated, kRefusals.movePropagated},
+      {kprC_Ask::Perturbation, kRefusals.moveFromPerturbation},
+      {kprC_Ask::Target},
+      {kprC_Ask::NotAdmitted, kRefusals.moveNotAdmitted},
+  });
   static constexpr kprC_LoadCaseRefusals<Error> kLoadCase = {
       .notActive = Error::LoadCaseNotActive, .type = Error::LoadCaseType, .notYet = Error::LoadCaseConnector};
   static constexpr auto kMoveTargets = MoveTargets<Error>({

@@ -22,8 +22,8 @@ void kloC_BoltLoad::AssertState(kloC_LoadState const& state, std::size_t index) 
 void kloC_BoltLoad::AssertInModel(ddr_Model const& model) const {
   kloC_Load::AssertInModel(model);
   if (Region().InstanceKind() != rgnC_Solid) { return; }
-  ForEachEditable([](auto const& own) {
-    auto const& axis = dynamic_cast<kloC_BoltLoadState const&>(*own.state).dtmReference;
+  ForEachEditable([](kloC_LoadState const& state) {
+    auto const& axis = dynamic_cast<kloC_BoltLoadState const&>(state).dtmReference;
     kloC_Assert(axis.HasValue() && !axis.ConstGet().IsEmpty(), kloC_ErrorEnm::BoltWithoutAxis);
   });
 }

@@ -43,5 +43,7 @@ public:
 
 protected:
   void AssertWhole() const override;
+  /// It has to be created in the first analysis step.
+  bool LooksAtSteps() const override { return true; }
   void AssertState(kloC_LoadState const& state, std::size_t index) const override;
 };

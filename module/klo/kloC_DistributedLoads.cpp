@@ -11,13 +11,26 @@ void kloC_Pressure::AssertState(kloC_LoadState const& state, std::size_t index) 
 }
 
 bool kloC_Pressure::ReachesExplicitStep(std::size_t index) const {
-  auto const& own = States().Own();
-  auto const next = std::ranges::upper_bound(own, index, {}, [](auto const& entry) { return std::size_t{entry.index}; });
-  std::size_t const end = next == own.end() ? Steps().Size() : next->index;
-  for (; index < end; index = Steps().SegmentEnd(index)) {
-    if (kprC_IsExplicit(Steps().ProcedureType(index)) && IsActive(StatusAt(index))) { return true; }
+  bool reaches = false, isNext = false;
+  std::size_t end = Steps().Size();
+  States().ForEachOwn([&](std::size_t own, auto const&) {
+    if (own > index && !isNext) {
+      end = own;
+      isNext = true;
+    }
+  });
+  for (; index < end && !reaches; index = Steps().SegmentEnd(index)) {
+    reaches = kprC_IsExplicit(Steps().ProcedureType(index)) && IsActive(StatusAt(index));
   }
-  return false;
+  return reaches;
+}
+
+bool kloC_Pressure::LooksAtSteps() const {
+  bool hydrostatic = false;
+  ForEachEditable([&hydrostatic](kloC_LoadState const& state) {
+    hydrostatic = hydrostatic || dynamic_cast<kloC_PressureState const&>(state).IsHydrostatic();
+  });
+  return hydrostatic;
 }
 
 void kloC_PipePressureState::AssertValid() const {

@@ -48,6 +48,8 @@ public:
 
 protected:
   void AssertState(kloC_LoadState const& state, std::size_t index) const override;
+  /// A hydrostatic one may be carried into an explicit step.
+  bool LooksAtSteps() const override;
 
 private:
   /// Whether an explicit step takes the state of the step \p index, changed there or carried.

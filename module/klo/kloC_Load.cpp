@@ -1,17 +1,10 @@
 #include "module/klo/kloC_Load.h"
 
-template class kprC_History<kloC_Rules>;
-template struct cls_MemberTraits<kprC_History<kloC_Rules>>;
 template class kprC_StepAttribute<kloC_Rules>;
 template class kprC_PropagatingContainer<kloC_Load>;
 
-bool kloC_Load::HasStep(cow_String const& step) const {
-  std::size_t const index = States().Find(step.View());
-  return index != kprC_StepTable::npos && States().State(index);
-}
-
 void kloC_Load::CheckStep(cow_String const& step) const {
-  kloC_Assert(!suppress_ && HasStep(step) && IsActive(Status(step)), kloC_ErrorEnm::NotInStepOrInactive);
+  kloC_Assert(!suppress_ && IsMember(step) && IsActive(Status(step)), kloC_ErrorEnm::NotInStepOrInactive);
 }
 
 void kloC_Load::AssertValidAnyMagnitude() const {
@@ -25,5 +18,5 @@ void kloC_Load::AssertState(kloC_LoadState const& state, std::size_t index) cons
 }
 
 void kloC_Load::AssertInModel(ddr_Model const& model) const {
-  ForEachEditable([&model](auto const& own) { own.state->AssertInSpace(model.Space()); });
+  ForEachEditable([&model](kloC_LoadState const& state) { state.AssertInSpace(model.Space()); });
 }

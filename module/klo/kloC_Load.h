@@ -4,15 +4,12 @@
 #include "module/klo/kloC_LoadState.h"
 #include "module/klo/kloC_Names.h"
 #include "module/kpr/engine/kprC_PropagatingContainer.h"
+#include "module/kpr/engine/kprC_Propagator.h"
 #include "module/kpr/engine/kprC_StepAttribute.h"
 #include "module/kpr/family/kprC_TypeOf.h"
 
 /// A load's record of a step.
 using kloC_StateQuad = kprC_PropagatingState<kloC_LoadState>;
-/// Forms the histories of loads.
-using kloC_LoadPropagator = kprC_Propagator<kloC_Rules>;
-extern template class DDB_API kprC_History<kloC_Rules>;
-extern template struct DDB_API cls_MemberTraits<kprC_History<kloC_Rules>>;
 extern template class DDB_API kprC_StepAttribute<kloC_Rules>;
 
 /// Base of every load. The per-step operations, with their refusals, are those of kprC_StepAttribute under the family's
@@ -33,8 +30,8 @@ public:
   static constexpr omn_FixedString suppressCmd() { return "suppress"; }
   static constexpr omn_FixedString fieldNameCmd() { return "fieldName"; }
 
-  /// Whether the load has a state in \p step, switched off or not. False for a step that it does not know.
-  bool HasStep(cow_String const& step) const;
+  /// Whether the load has a record of \p step, with a state or without.
+  bool HasStep(cow_String const& step) const { return IsMember(step); }
   /// False for a step that the load does not know.
   bool IsEditable(cow_String const& step) const override { return IsMember(step) && kprC_StepAttribute::IsEditable(step); }
   /// Refuses 32 unless the load is in force in \p step: there, active and not suppressed.

@@ -191,6 +191,7 @@ struct cls_MemberOps {
   // null where the type is not carried from step to step
   void (*propagate)(void*, std::string_view name) = nullptr;
   void (*modify)(void* carried, void const* own, std::string_view name) = nullptr;
+  void (*takeOver)(void*) = nullptr;  ///< what is carried becomes the step's own
   void (*zero)(void*) = nullptr;
   bool (*isModified)(void const*) = nullptr;
   bool (*isConditionModified)(void const*) = nullptr;
@@ -222,6 +223,7 @@ template <class M> constexpr cls_MemberOps cls_MakeOps() {
     ops.modify = [](void* m, void const* own, std::string_view name) {
       Traits::Modify(*static_cast<M*>(m), *static_cast<M const*>(own), name);
     };
+    ops.takeOver = [](void* m) { Traits::TakeOver(*static_cast<M*>(m)); };
     ops.zero = [](void* m) { Traits::Zero(*static_cast<M*>(m)); };
     ops.isModified = [](void const* m) { return Traits::IsModified(*static_cast<M const*>(m)); };
     ops.isConditionModified = [](void const* m) { return Traits::IsConditionModified(*static_cast<M const*>(m)); };

@@ -25,6 +25,8 @@ public:
   static constexpr int kNumberBits = 56;  // lasts for two years at a number every nanosecond
   /// The identity of the element \p part of the list \p owner.
   static constexpr cls_Uid OfElement(cls_Uid owner, cls_Uid part) { return {owner.number_, part.number_}; }
+  /// The same of an element that is known by a number of the list's own.
+  static constexpr cls_Uid OfElement(cls_Uid owner, std::uint64_t part) { return {owner.number_, part}; }
 
   /// The identity of a member of an object that keeps \p number, from AllocateNumber, alone.
   static constexpr cls_Uid OfMember(std::uint64_t number) { return {number, kMemberPart}; }

@@ -28,6 +28,14 @@ public:
     return cow_Handle(std::make_unique<T>(std::forward<Args>(args)...));
   }
 
+  /// A further handle to an object that handles hold already.
+  [[nodiscard]] static cow_Handle Sharing(T const& object) noexcept {
+    cow_Handle handle;
+    handle.object_ = const_cast<T*>(&object);  // changed through Get() only, which copies what is shared
+    handle.Retain();
+    return handle;
+  }
+
   cow_Handle(cow_Handle const& other) noexcept : object_(other.object_) { Retain(); }
   cow_Handle(cow_Handle&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   template <cow_DerivedFrom<T> Derived> cow_Handle(cow_Handle<Derived> const& other) noexcept : cow_Handle(cow_Handle<Derived>(other)) {}

@@ -10,6 +10,8 @@
 #include "framework/mdl_IdRepositoryOfCows.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
+#include "module/klo/kloC_BoltLoad.h"
+#include "module/klo/kloC_ConcentratedLoads.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "platform/BasicUtils/nex_Exception.h"
 #include "tests/support/Library.h"
@@ -100,6 +102,48 @@ TEST_F(Repository, RefusesAnInvalidAttributeAndStaysAsItWas) {
   EXPECT_THAT(Recorded(), IsEmpty());
   EXPECT_TRUE(conditions.ForcedInsert("Fix", Condition("S2"))) << "forced: no check";
   EXPECT_EQ(History(conditions, "Fix"), "0 0 1 6 ") << "but a history, in which heat transfer is passed over";
+}
+
+TEST_F(Repository, GoesOnFromWhatARefusedUpdateHasLeft) {
+  kprC_PropagatingContainer<kloC_Load> loads;
+  loads.UpdateSteps(kprC_StepTable(test::StepsOf("IGG")));
+  auto const insert = [&loads](char const* name, std::unique_ptr<kloC_Load> load, char const* member) {
+    std::string unknown;
+    load->SetInStep("S1", {{member, 1.0}}, &unknown);
+    loads.Insert(name, *load);
+  };
+  insert("A", std::make_unique<kloC_ConcentratedForce>(), "cf1");
+  insert("Bolt", std::make_unique<kloC_BoltLoad>(), "magnitude");
+  insert("Z", std::make_unique<kloC_ConcentratedForce>(), "cf1");
+  auto const told = [&loads](char const* name) {
+    std::string text;
+    for (auto const status : loads.ConstGet(name).History()) { text += std::to_string(static_cast<int>(status)); }
+    return text;
+  };
+  Changes().TruncateTo(0);
+  kprC_StepNameProcedurePair const early(cow_String("Early"), test::StepOf('G')), late(cow_String("Late"), test::StepOf('G'));
+  EXPECT_EQ(test::CodeOf([&] { loads.UpdateSteps(loads.Steps().WithInserted(1, early)); }), 37) << "a bolt is created in the first step";
+  EXPECT_EQ(loads.Steps().Size(), 3U) << "the stored sequence is the old one";
+  EXPECT_THAT(Recorded(), ElementsAre("RedoSummary", "Modify A.")) << "what was done stays";
+  EXPECT_EQ(told("A") + " " + told("Bolt") + " " + told("Z"), "0012 012 012");
+  loads.UpdateSteps(loads.Steps().WithInserted(3, late));
+  EXPECT_EQ(told("A") + " " + told("Bolt") + " " + told("Z"), "0122 0122 0122");
+  EXPECT_THAT(Recorded(), ElementsAre("RedoSummary", "Modify A.", "Modify Bolt.", "Modify Z.", "Modify A.", "Modify Bolt.", "Modify Z."));
+}
+
+TEST_F(Repository, HoldsRegionsWithoutAnOwnerOnceUntilTheyAreReleased) {
+  Conditions conditions;
+  conditions.UpdateSteps(kprC_StepTable(test::StepsOf("IGG")));
+  conditions.Insert("Fix", Condition("S2"));
+  conditions.Insert("Hold", Condition("S2"));
+  conditions.UpdateSteps(kprC_StepTable(test::StepsOf("IG")));
+  EXPECT_EQ(conditions.Dangling().Size(), 1U) << "left by two";
+  Conditions again = conditions;
+  again.Insert("Fix", Condition("S1"));
+  again.Remove("Fix");
+  EXPECT_TRUE(again.Dangling().IsEmpty()) << "it had an owner again";
+  conditions.ReleaseDanglingRegions();
+  EXPECT_TRUE(conditions.Dangling().IsEmpty());
 }
 
 TEST_F(Repository, GivesTheFirstSequenceToAttributesThatCameBeforeIt) {

@@ -128,7 +128,7 @@ ddr_Model WithRecords(Liar::Content records) {
       out.WriteObject("Fix", liar);
       out.EndMap();
     }
-    cls_MemberTraits<kprC_StepSequence>::Write(out, "procedures", bcs.Steps().Steps());
+    cls_MemberTraits<kprC_StepTable>::Write(out, "procedures", bcs.Steps());
     out.StartList("danglingRegions", 0);
     out.EndList();
   };

@@ -212,6 +212,17 @@ TEST(ModelFile, SavesAnyEditsSinceAnyStateThatItHeld) {
   }
 }
 
+TEST(ModelFile, KeepsASwitchOffThatAnEarlierOneCovers) {
+  ddr_Model model;
+  AppendSteps(model, 4);
+  GetBCs(model).Insert("Fix", Displacement("Step-1", 1.0));
+  GetBCs(model).Get("Fix").Deactivate("Step-4");
+  GetBCs(model).Get("Fix").Deactivate("Step-2");
+  ddr_Model read = WrittenAndRead(kModelFile, model);
+  GetBCs(read).Get("Fix").Reset("Step-2");
+  EXPECT_EQ(static_cast<int>(ConstBCs(read).ConstItem("Fix")->StatusAt(4)), 4);
+}
+
 TEST(Text, IsTheSameForEqualModelsHoweverTheyWereMade) {
   ddr_Model const model = SmallModel();
   ddr_Model const other = SmallModel();  // shares nothing with it

@@ -6,6 +6,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "module/kpr/engine/kprC_State.h"
@@ -35,6 +36,15 @@ struct State {
 
   bool Modified() const {
     return std::ranges::any_of(members, [](auto const& member) { return member.second.state == 1 || member.second.state == 3; });
+  }
+  /// What a creation takes over from one that went.
+  State Own() const {
+    State own = *this;
+    for (auto& [name, member] : own.members) {
+      if (member.state == 2) { member.state = 1; }
+      if (member.state == 3) { member.Drop(0); }
+    }
+    return own;
   }
   State Carried(bool switchedOff) const {
     State next = *this;
@@ -113,6 +123,18 @@ struct Record {
   unsigned procedure = 0;  // 0 for the initial step
   int status = 0;
   std::optional<State> state;
+  bool marked = false;    // switched off by itself
+  bool creation = false;  // the first own record when the last pass was made
+
+  void Empty() {
+    state.reset();
+    marked = creation = false;
+  }
+  void Say(State own) {
+    Empty();
+    marked = own.off;
+    state = std::move(own);
+  }
 };
 
 /// "STA1:u1=0.5 STA4off:u1~0.5": what is set (=), propagated (~), freed (-), and unset but not blank (?).
@@ -154,19 +176,20 @@ inline void Pass(std::vector<Record>& records, Rules const& rules, std::function
     bool const perturbation = !modal && rules.perturbation.Contains(record.procedure);
     bool own = false, off = false;
     if (record.state) {
-      bool const neverOff = record.status == 0 || (record.status >= 5 && record.status <= 8) || record.status == 12 || record.status == 13;
       if (record.status == 1 && !created) {
         own = true;
-        off = record.state->off;
-      } else if (record.status != 1 && record.state->off && !neverOff) {
+      } else if (record.status != 1 && record.marked) {
         off = true;
       } else {
         own = record.state->Modified();
       }
     }
+    bool const wasCreation = std::exchange(record.creation, false) || record.status <= 1;
+    bool keepsMark = false;
     auto const give = [&](int status, std::optional<State> state) {
       record.status = status;
       record.state = std::move(state);
+      record.marked = record.marked && keepsMark;
     };
     State const on = source.Carried(false), switchedOff = source.Carried(true);
     bool const passedOver = !own && (!perturbation || rules.asksInPerturbation) && !admits(record.procedure);
@@ -174,6 +197,9 @@ inline void Pass(std::vector<Record>& records, Rules const& rules, std::function
       give(0, std::nullopt);
     } else if (!created) {
       created = true;
+      if (!wasCreation) { record.state = record.state->Own(); }
+      record.creation = true;
+      record.state->off = record.marked;
       source = *record.state;
       record.status = source.off ? 4 : 1;
       hasBase = !modal && !perturbation;
@@ -185,10 +211,13 @@ inline void Pass(std::vector<Record>& records, Rules const& rules, std::function
       bool const admitted = admits(record.procedure);
       give(!admitted ? 6 : baseOff || frequency == 11 ? 5 : 12, !admitted && baseOff ? switchedOff : on);
     } else if (passedOver) {
+      keepsMark = off && !perturbation;
       give(6, baseOff ? switchedOff : on);
     } else if (baseOff) {
+      keepsMark = off;
       give(5, own ? on.With(*record.state, true) : switchedOff);
     } else if (perturbation) {
+      keepsMark = off;
       if (off) {
         give(rules.perturbationOff, switchedOff);
       } else if (own && rules.perturbationChanged != 0) {
@@ -197,6 +226,7 @@ inline void Pass(std::vector<Record>& records, Rules const& rules, std::function
         give(rules.perturbationCarried, on);
       }
     } else if (off) {
+      keepsMark = true;
       give(4, switchedOff);
       baseOff = true;
     } else if (own) {

@@ -1,208 +1,248 @@
 #pragma once
 
-#include <algorithm>
-#include <cstdint>
-#include <string>
-#include <utility>
+#include <atomic>
+#include <memory>
 #include <vector>
 
-#include "module/kpr/engine/kprC_PassTable.h"
-#include "module/kpr/engine/kprC_PropagatingState.h"
+#include "module/kpr/engine/kprC_Family.h"
 #include "module/kpr/engine/kprC_StepTable.h"
+
+/// A state that is made when it is first asked for: what a record carries on. Threads may ask at once; all get the same
+/// object. A copy shares what has been made. Changing one is for whoever may change what holds it.
+class DDB_API kprC_LazyState {
+public:
+  kprC_LazyState() noexcept = default;
+  kprC_LazyState(kprC_LazyState const& other) noexcept;
+  kprC_LazyState(kprC_LazyState&& other) noexcept : state_(other.Present()) { other.state_.store(nullptr, std::memory_order_relaxed); }
+  kprC_LazyState& operator=(kprC_LazyState other) noexcept;
+  ~kprC_LazyState() { Reset(); }
+
+  /// The state; \p make gives it as a handle where there is none yet.
+  template <class Make> kprC_State const& Get(Make&& make) const {
+    kprC_State const* present = state_.load(std::memory_order_acquire);
+    return present != nullptr ? *present : Keep(make());
+  }
+  /// The state, as far as it was made.
+  kprC_State const* Present() const { return state_.load(std::memory_order_acquire); }
+  void Reset() noexcept;
+
+private:
+  kprC_State const& Keep(cow_Handle<kprC_State> const& made) const;
+
+  mutable std::atomic<kprC_State const*> state_{nullptr};  // one share of it is ours
+};
 
 /// The records of one attribute, one per step.
 ///
-/// Only the records that say something of their own are kept; what stands between them follows from the step table, which
-/// all attributes share, and from what the last own record before gives on. An attribute that is created, changed twice
-/// and switched off keeps four records whatever the number of steps, a step inserted before them shifts four numbers, and
-/// a change of status from procedure to procedure costs nothing. That is this class's business alone: families, stores
-/// and commands ask by position or name, and get a record for every step.
+/// Only the records that say something of their own are kept, by the numbers of their steps; what stands between them
+/// follows from the step table, which all attributes share, and from the own record before it. An attribute that is created,
+/// changed twice and switched off keeps four records whatever the number of steps; steps that come, go or are renamed
+/// elsewhere leave them alone, and a change of status from procedure to procedure costs nothing. That is this class's
+/// business alone: families, stores and commands ask by position or name, and get a record for every step.
 ///
-/// A value: a copy is a snapshot and shares everything until one of both is changed. Asking is logarithmic in the own
-/// records, changing linear in them. Carried records share one state object.
-/// \tparam Rules the family's tables: State, kPass, Kind(procedureType), IsFrequency(procedureType).
-template <class Rules> class kprC_History {
+/// A value: a copy is a snapshot and shares everything until one of both is changed. Asking is logarithmic in the own records,
+/// changing linear in them. Carried records share one state object, which is made when somebody asks for it; several threads
+/// may ask at once.
+class DDB_API kprC_History {
 public:
-  using State_ = typename Rules::State;
-  using Record = kprC_PropagatingState<State_>;
-  using Handle = cow_Handle<State_>;
   using Status_ = mdl_PropagationStatusEnm;
+  using Handle = cow_Handle<kprC_State>;
+  using Number = kprC_StepTable::Number;
+  using Stored = kprC_Family::Stored;
   static constexpr std::size_t npos = kprC_StepTable::npos;
 
   /// The base state of perturbation steps as the last general step left it.
   enum class Base : std::uint8_t { None, On, Off };
 
-  /// What the records behind an own one carry.
-  struct Carry {
-    bool created = false;
+  /// A record that says something of its own.
+  struct Own {
+    Number step = 0;
+    Handle state;        ///< in force here; null in a record that was emptied, until the next pass
+    Number source = 0;   ///< the own record whose values later records carry
+    kprC_LazyState on;   ///< those values as later records carry them; of a source
+    kprC_LazyState off;  ///< the same, switched off
+    Status_ status = Status_::NotYetCreated;
+    bool marked = false;    ///< switched off by itself, whether or not an earlier record covers that
+    bool creation = false;  ///< the attribute was created here when the last pass was made
+    // what later records find
     Base base = Base::None;
-    bool untouchedInitial = false;                 ///< the base state is still what the initial step created
-    Status_ inFrequency = Status_::NotYetCreated;  ///< status of an own record in the last frequency step, as far as
-    std::uint32_t frequencyEnd = 0;                ///< the records before this one
-    Handle source;                                 ///< values of the base state; without one, those of the creation
-    Handle on, off;                                ///< the same as later steps carry them; off only where the base is off
+    bool untouched = false;  ///< the base state is still what the initial step created
 
-    friend bool operator==(Carry const&, Carry const&) = default;
-  };
-  /// A record that says something of its own. Its state is never null.
-  struct Entry {
-    std::uint32_t index;
-    Status_ status;
-    Handle state;
-    Carry carry;
+    /// Whether a step changes or frees anything here.
+    bool IsModified() const { return state->IsModified() || state->IsConditionModified(); }
   };
 
+  explicit kprC_History(kprC_Family const& family);
+  kprC_History(kprC_History const& other);
+  kprC_History(kprC_History&& other) noexcept;
+  kprC_History& operator=(kprC_History other) noexcept;
+  ~kprC_History();
+
+  kprC_Family const& Family() const { return *family_; }
   kprC_StepTable const& Steps() const { return steps_; }
   std::size_t Size() const { return steps_.Size(); }
   std::size_t Find(std::string_view step) const { return steps_.Find(step); }
-  Status_ Status(std::size_t index) const { return Look(index).first; }
+  Status_ Status(std::size_t index) const { return Look(index).status; }
   /// Null before the create step.
-  Handle const& State(std::size_t index) const { return *Look(index).second; }
-  /// The record as an object of its own. Its identity is that of the step in this list.
-  Record At(std::size_t index) const {
-    auto const [status, state] = Look(index);
-    return Record(steps_[index], status, *state, cls_Uid::OfElement(uid_, steps_[index].Uid()));
-  }
+  kprC_State const* State(std::size_t index) const { return Look(index).state; }
+  /// The state to be shared; makes no copy.
+  Handle StateHandle(std::size_t index) const;
+  /// Identity of the record: that of the step's name in this list, so that it stays when the sequence is handed over again.
+  cls_Uid RecordUid(std::size_t index) const;
   /// Position of the first record that holds a state, or npos.
-  std::size_t CreateStep() const { return Own().empty() ? npos : Own().front().index; }
-  /// The records that say something of their own, in step order.
-  std::vector<Entry> const& Own() const {
-    static std::vector<Entry> const none;
-    return body_ ? body_->entries : none;
+  std::size_t CreateStep() const;
+  bool IsCreateStep(std::size_t index) const { return index == CreateStep(); }
+
+  /// Calls \p fn(begin, end, status, state) for every run of neighbouring records of one status and one state object, which
+  /// is null before the creation. Costs what the own records and the changes of procedure cost, not a look-up per record.
+  template <class Fn> void ForEachRun(Fn&& fn) const;
+  /// Calls \p fn(index, own) for every own record in step order. The first emptied ones hold no state.
+  template <class Fn> void ForEachOwn(Fn&& fn) const {
+    std::size_t next = 0;  // own records often stand side by side
+    for (Own const& own : OwnRecords()) {
+      std::size_t const index = next < Size() && steps_.NumberOf(next) == own.step ? next : steps_.Position(own.step);
+      fn(index, own);
+      next = index + 1;
+    }
   }
+  std::size_t OwnCount() const { return OwnRecords().size(); }
+  /// Whether the step says something of its own.
+  bool HasOwn(std::size_t index) const { return FindOwn(steps_.NumberOf(index)) != nullptr; }
 
   cls_Uid const& Uid() const { return uid_; }
   void NewUid() { uid_ = cls_Uid::AllocateUid(); }
 
   // Changes. Each leaves the records behind as they were carried before: Form is due.
 
-  void Set(std::size_t index, Status_ status, Handle state) {
-    auto& entries = Entries();
-    auto const at = LowerBound(entries, index);
-    bool const present = at != entries.end() && at->index == index;
-    if (!state) {
-      if (present) { entries.erase(at); }
-    } else if (present) {
-      at->status = status;
-      at->state = std::move(state);
-    } else {
-      Carry const carry = at == entries.begin() ? Carry() : std::prev(at)->carry;
-      entries.insert(at, {static_cast<std::uint32_t>(index), status, std::move(state), carry});
-    }
-    Touch(index);
-  }
-  void SetState(std::size_t index, Handle state) { Set(index, Status(index), std::move(state)); }
+  /// Gives a record a state of its own; \p marked: switched off by itself. Null takes what it says away.
+  void Set(std::size_t index, Status_ status, Handle state, bool marked);
+  /// Empties a record: until the next pass it shows \p status and no state.
+  void Empty(std::size_t index, Status_ status);
   /// Takes the own records from \p begin to \p end (one past the last) away.
-  void ClearStates(std::size_t begin, std::size_t end) {
-    auto& entries = Entries();
-    entries.erase(LowerBound(entries, begin), LowerBound(entries, std::max(begin, end)));
-    Touch(begin);
-    Touch(end);
-  }
+  void Clear(std::size_t begin, std::size_t end);
   /// The first record of an attribute that no repository holds.
-  void StartWith(cow_String const& step, Handle state) {
-    kprC_StepSequence steps;
-    steps.Append(kprC_StepNameProcedurePair(step, nullptr));
-    steps_ = kprC_StepTable(std::move(steps));
-    Entries().push_back({0, Status_::Created, std::move(state), {}});
-  }
-  /// A new record, without a state, for the step \p index of \p steps, which has one step more.
-  void InsertAt(std::size_t index, kprC_StepTable const& steps) { Shift(index, 1, steps); }
-  /// Drops the record \p index; \p steps has that step less.
-  void EraseAt(std::size_t index, kprC_StepTable const& steps) {
-    ClearStates(index, index + 1);
-    Shift(index + 1, -1, steps);
-    Touch(index);
-  }
-  /// Takes a sequence of as many steps, record by record.
-  void Attach(kprC_StepTable const& steps) {
-    if (steps_.Same(steps)) { return; }
-    steps_ = steps;
-    TouchAll();
-  }
-  /// Matches the records with \p steps by name: keeps state, status and identity, drops the records of other steps.
-  void MatchTo(kprC_StepTable const& steps) {
-    if (steps_.Same(steps)) { return; }
-    auto& entries = Entries();
-    for (Entry& entry : entries) {
-      std::size_t const at = steps.Find(steps_.Name(entry.index).View());
-      entry.index = at == npos ? kDropped : static_cast<std::uint32_t>(at);
-    }
-    std::erase_if(entries, [](Entry const& entry) { return entry.index == kDropped; });
-    std::ranges::sort(entries, {}, &Entry::index);
-    Attach(steps);
-  }
+  void StartWith(cow_String const& step, Handle state);
+  /// Takes another version of the sequence. Own records of steps that it has not are dropped; where the versions do not follow
+  /// each other, records are matched by the names of their steps.
+  void Attach(kprC_StepTable const& steps);
+  /// Has every state led elsewhere. False when none names anything of the kind.
+  bool Redirect(cls_Redirection const& to);
 
+  /// Which procedure types the attribute is carried into, a bit each. Another answer has the whole history formed anew.
+  void SetAdmitted(std::uint32_t procedures);
   /// Gives every record the status and the state that follow from the own records, from the first change on and as far
   /// as it reaches. A second pass changes nothing.
-  /// \p admits bool(unsigned procedureType): whether the type may be carried into a step of that procedure.
-  template <class Admits> void Form(Admits&& admits);
+  void Form();
+  /// Whether a change waits for Form.
+  bool IsFormed() const { return firstTouched_ > lastTouched_ && !Lent(); }
+
+  /// The record of a step, lent to somebody who may change it: what he changes becomes the step's own, and shows at once;
+  /// nothing else follows before the next pass. Good until the history goes, and kept up to date.
+  kprC_Record& Lend(std::size_t index);
+
+  void Write(cls_WriteVisitor const& out, std::string_view name) const;
+  void Read(cls_ReadVisitor const& in, std::string_view name);
+  bool Equals(kprC_History const& other) const;
+  void References(cls_ReferenceVisitor const& visit) const;
 
 private:
-  friend struct cls_MemberTraits<kprC_History<Rules>>;
-  template <class> friend class kprC_Propagator;
-
-  static constexpr std::uint32_t kDropped = ~0U;
+  friend class kprC_Propagator;
   struct Body : mem_Counted {
-    std::vector<Entry> entries;
+    std::vector<Own> own;
   };
+  struct Record {
+    Status_ status;
+    kprC_State const* state;
+  };
+  struct Loan;
+  struct Loans;
 
-  std::vector<Entry>& Entries() {
-    if (!body_) { body_ = cow_Handle<Body>::Make(); }
-    return body_.Get().entries;
+  std::vector<Own>& Owns();
+  std::vector<Own> const& OwnRecords() const {
+    static std::vector<Own> const none;
+    return body_ ? body_->own : none;
   }
-  template <class Vector> static auto LowerBound(Vector& entries, std::size_t index) {
-    return std::ranges::lower_bound(entries, index, {}, &Entry::index);
-  }
-  void Shift(std::size_t begin, int by, kprC_StepTable const& steps) {
-    auto& entries = Entries();
-    for (auto at = LowerBound(entries, begin); at != entries.end(); ++at) { at->index += static_cast<std::uint32_t>(by); }
-    steps_ = steps;
-    TouchAll();
-  }
-  void Touch(std::size_t index) {
-    firstTouched_ = std::min(firstTouched_, index);
-    lastTouched_ = std::max(lastTouched_, index);
-  }
-  void TouchAll() {
-    firstTouched_ = 0;
-    lastTouched_ = npos;
-  }
+  Own const* FindOwn(Number step) const;
+  void Touch(Number first, Number last);
+  void TouchAll() { Touch(0, ~Number{0}); }
+  void Put(Own own);
 
-  /// Status and state of a record: the own one's, or those that the last own one before gives on.
-  std::pair<Status_, Handle const*> Look(std::size_t index) const {
-    static Handle const none;
-    auto const& entries = Own();
-    auto const behind = std::ranges::upper_bound(entries, index, {}, &Entry::index);
-    if (behind == entries.begin()) { return {Status_::NotYetCreated, &none}; }
-    Entry const& entry = *std::prev(behind);
-    if (entry.index == index) { return {entry.status, &entry.state}; }
-    return Carried(entry.carry, index, steps_.ProcedureType(index), (admitted_ & kprC_ProcedureBit(steps_.ProcedureType(index))) != 0);
-  }
+  Record Look(std::size_t index) const;
+  /// What a record without anything of its own takes over from \p own, the last own record before it.
+  Record Carried(Own const& own, std::size_t index) const;
+  /// What the records behind \p source carry; \p present where that is the same.
+  kprC_State const& Carry(Own const& source, bool off, Handle const& present = {}) const;
+  bool Lent() const;
+  void TakeBackLoans();
+  void RefreshLoans();
 
-  /// What a record without anything of its own takes over: the first row that applies.
-  static std::pair<Status_, Handle const*> Carried(Carry const& carry, std::size_t index, unsigned procedure, bool admitted) {
-    constexpr kprC_PassTable const& pass = Rules::kPass;
-    kprC_StepKind const kind = Rules::Kind(procedure);
-    Status_ const inFrequency = index < carry.frequencyEnd ? carry.inFrequency : Status_::NotYetCreated;
-    bool const modal = kind == kprC_StepKind::Modal;
-    bool const off = carry.base == Base::Off;
-    if (carry.base == Base::None) { return {modal && inFrequency == Status_::Created ? pass.held : pass.notCarried, &carry.on}; }
-    if (!admitted && (kind != kprC_StepKind::Perturbation || pass.asksAdmissionInPerturbation)) {
-      return {pass.notAdmitted, off ? &carry.off : &carry.on};
-    }
-    if (modal) { return {off || inFrequency == pass.perturbationOff ? pass.afterOff : pass.held, &carry.on}; }
-    if (off) { return {pass.afterOff, &carry.off}; }
-    if (kind == kprC_StepKind::Perturbation) { return {pass.perturbation, &carry.on}; }
-    return {carry.untouchedInitial ? pass.carriedFromInitial : pass.carried, &carry.on};
-  }
-
+  kprC_Family const* family_;
   kprC_StepTable steps_;
   cow_Handle<Body> body_;
   cls_Uid uid_ = cls_Uid::AllocateUid();
-  std::uint32_t admitted_ = 0;                         // procedure types that the attribute is carried into, a bit each
-  std::size_t firstTouched_ = 0, lastTouched_ = npos;  // what Form has to look at
+  std::uint32_t admitted_ = 0;
+  Number firstTouched_ = ~Number{0}, lastTouched_ = 0;  // what Form has to look at
+  std::unique_ptr<Loans> loans_;
 };
 
-#include "module/kpr/engine/kprC_HistoryMember.h"
-#include "module/kpr/engine/kprC_Propagator.h"
+template <class Fn> void kprC_History::ForEachRun(Fn&& fn) const {
+  auto const& owns = OwnRecords();
+  std::size_t at = 0;
+  Own const* before = nullptr;
+  auto const carry = [&](std::size_t end) {
+    if (before == nullptr) {
+      if (at < end) { fn(at, end, Status_::NotYetCreated, static_cast<kprC_State const*>(nullptr)); }
+      at = end;
+      return;
+    }
+    while (at < end) {
+      std::size_t const next = std::min(end, steps_.SegmentEnd(at));
+      Record const record = Carried(*before, at);
+      fn(at, next, record.status, record.state);
+      at = next;
+    }
+  };
+  if (Lent()) {
+    for (; at < Size(); ++at) { fn(at, at + 1, Status(at), State(at)); }
+    return;
+  }
+  for (Own const& own : owns) {
+    bool const isNext = at < Size() && steps_.NumberOf(at) == own.step;
+    carry(isNext ? at : steps_.Position(own.step));
+    fn(at, at + 1, own.status, own.state.ConstGet());
+    ++at;
+    if (own.state) { before = &own; }
+  }
+  carry(Size());
+}
+
+/// A family's history: stored as the list of its records in step order; where the store takes that, as its own records
+/// alone, from which the others follow. What is read holds the own records until the attribute forms the history.
+template <class Rules> class kprC_HistoryOf : public kprC_History {
+public:
+  kprC_HistoryOf() : kprC_History(kprC_FamilyOf<Rules>) {}
+};
+
+template <class Rules> struct cls_MemberTraits<kprC_HistoryOf<Rules>> {
+  using History = kprC_HistoryOf<Rules>;
+
+  static void Describe(cls_MemberInfo& info) {
+    info.typeId = kprC_PropagatingState<typename Rules::State>::TypeId();
+    info.many = true;
+  }
+  static void Write(cls_WriteVisitor const& out, std::string_view name, History const& history) { history.Write(out, name); }
+  static void Read(cls_ReadVisitor const& in, std::string_view name, History& history) { history.Read(in, name); }
+  static void NewUid(History& history) { history.NewUid(); }
+  static bool Equal(History const& a, History const& b) { return a.Equals(b); }
+  /// What the own records name; the others name nothing else.
+  static void References(History const& history, cls_Reference, cls_ReferenceVisitor const& visit) { history.References(visit); }
+  static bool Redirect(History& history, cls_Reference, cls_Redirection const& to) { return history.Redirect(to); }
+  static cls_Value ToValue(History const& history) {
+    cls_Value::List statuses;
+    history.ForEachRun([&statuses](std::size_t begin, std::size_t end, auto status, kprC_State const*) {
+      statuses.insert(statuses.end(), end - begin, cls_Value(static_cast<int>(status)));
+    });
+    return statuses;
+  }
+  static std::string_view FromValue(History&, cls_Value const&) { return "nothing: a history follows from the edits"; }
+};

@@ -16,6 +16,9 @@ public:
 
 /// Type identity of the initial step, the one step without a procedure.
 inline constexpr unsigned kprC_initialStepType = 0x023C002D;
+/// Type identities of the two steps that the rules of every family single out.
+inline constexpr unsigned kprC_frequencyStepType = 0x023C006A;
+inline constexpr unsigned kprC_annealStepType = 0x023C0065;
 
 /// First and last of the procedure types, the type identities of the step classes: a range without a gap.
 inline constexpr unsigned kprC_firstProcedureType = 0x023C0065;

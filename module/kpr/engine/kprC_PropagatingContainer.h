@@ -19,7 +19,6 @@ public:
   /// \p attached: whether the step sequence that was read is checked against the histories and shared with them.
   explicit kprC_PropagatingContainer(cls_ReadVisitor const& in, bool attached = true) {
     cls_ReadMembers(*this, in);
-    table_ = kprC_StepTable(procedures_);
     if (attached) { AttachHistories(in); }
   }
 
@@ -27,18 +26,19 @@ public:
   /// Raises what the attribute refuses; the map is then unchanged.
   bool Insert(cow_String const& name, T const& item) {
     Handle copy = CopyOf(name, item);
-    Own(copy.Get()).Initialize(table_);
-    copy->AssertValid();
+    this->Initialize(Own(copy.Get()), table_);
+    if (!this->IsUpToDate(*copy, table_)) { copy->AssertValid(); }
     return Take(name, std::move(copy));
   }
   /// The same without any check of validity.
   bool ForcedInsert(cow_String const& name, T const& item) {
     Handle copy = CopyOf(name, item);
-    Own(copy.Get()).InitializeStateValues(table_);
+    this->InitializeStateValues(Own(copy.Get()), table_);
     return Take(name, std::move(copy));
   }
   bool Remove(cow_String const& name) override {
     if (!map_.Remove(name)) { return false; }
+    names_.Reset();
     Record(omu_ChangeKind::Remove, name);
     return true;
   }
@@ -72,23 +72,41 @@ public:
   /// Takes the time of a change and, unless it is empty, the name of what changed.
   void UpdateTimeStamp(cow_String const& name) {
     timeStamp_ = omi_gettimecounter();
-    if (!name.IsEmpty()) { changedNames_.Insert(name, true); }
+    if (name.IsEmpty()) { return; }
+    if (Handle* const item = map_.Get(name)) {
+      this->ChangedAt(Own(item->Get())) = timeStamp_;
+    } else {
+      gone_.Insert(name, true);
+    }
   }
   unsigned long long TimeStamp() const { return timeStamp_; }
+  /// Linear in the attributes.
   cow_List<cow_String> ChangedNames() const override {
+    cow_Map<cow_String, bool> changed = gone_;
+    if (allChanged_) {
+      allChanged_->ForEach([&changed](cow_String const& name) { changed.Insert(name, true); });
+    }
+    for (auto const& [name, item] : map_) {
+      if (this->ChangedAt(static_cast<kprC_StepDependent const&>(*item)) > clearedAt_) { changed.Insert(name, true); }
+    }
     cow_List<cow_String> names;
-    for (auto const& [name, changed] : changedNames_) { names.Append(name); }
+    for (auto const& [name, is] : changed) { names.Append(name); }
     return names;
   }
-  void ClearChangedNames() override { changedNames_ = {}; }
+  void ClearChangedNames() override {
+    gone_ = {};
+    allChanged_.Reset();
+    clearedAt_ = timeStamp_;
+  }
 
   kprC_StepTable const& Steps() const override { return table_; }
   void ClearSteps() {
     map_ = {};
-    SetSteps(kprC_StepTable());
+    names_.Reset();
+    table_ = kprC_StepTable();
     UpdateTimeStamp(cow_String());
   }
-  /// The regions of \p regions that no attribute refers to.
+  /// The regions of \p regions that no attribute refers to, each once.
   cls_xoList<rgnC_Region> DanglingRegions(cls_xoList<rgnC_Region> const& regions) const {
     cow_Map<cow_String, bool> used;
     for (auto const& [name, item] : map_) {
@@ -98,15 +116,17 @@ public:
     }
     cls_xoList<rgnC_Region> dangling;
     for (rgnC_Region const& region : regions) {
-      if (used.ConstFind(region.Name()) == nullptr) { dangling.Append(region); }
+      if (used.Insert(region.Name(), true)) { dangling.Append(region); }
     }
     return dangling;
   }
-  /// Regions that attributes deleted with their step have left without an owner.
-  cls_xoList<rgnC_Region> const& Dangling() const { return danglingRegions_; }
+  /// Regions that attributes deleted with their step have left without an owner, each once, until somebody refers to them again
+  /// or they are released.
+  cls_xoList<rgnC_Region> Dangling() const override { return DanglingRegions(danglingRegions_); }
+  void ReleaseDanglingRegions() override { danglingRegions_ = {}; }
 
   void UpdateSteps(kprC_StepTable const& steps) override {
-    bool const first = table_.Size() == 0;
+    bool const grows = table_.Size() != 0 && steps.Size() != table_.Size();
     if (steps.Size() != table_.Size()) {
       Record(omu_ChangeKind::RedoSummary, cow_String());
       while (steps.Size() > table_.Size()) { InsertStep(steps); }
@@ -114,13 +134,10 @@ public:
     }
     RenameSteps(steps);
     ReplaceSteps(steps);
-    bool const sameNames = !first && table_.SameNames(steps);  // asked once, not by every attribute
-    SetSteps(steps);
-    for (cow_String const& name : Keys()) {
-      if (sameNames) { Own(Get(name)).AttachSteps(table_); }
-      Own(Get(name)).Initialize(table_);
-      RecordModify(name);
-    }
+    if (grows && table_.Same(steps)) { return RecordAllModified(); }  // all have followed on the way here
+    kprC_StepTable const before = table_;
+    table_ = steps;
+    Follow(before, table_);
   }
 
   kprC_StepDependent const* ConstItem(std::string_view name) const override {
@@ -133,7 +150,9 @@ public:
   }
   bool InsertItem(cow_String const& name, kprC_StepDependent const& item) override { return Insert(name, dynamic_cast<T const&>(item)); }
   void RenameItem(cow_String const& name, cow_String const& newName) override {
-    Handle item = *map_.ConstFind(name);
+    Handle const* const present = map_.ConstFind(name);
+    if (present == nullptr) { mdl_RefuseMissing(name.View(), "repository"); }
+    Handle item = *present;
     Remove(name);
     item.Get().SetName(newName);
     Take(newName, std::move(item));
@@ -169,7 +188,7 @@ public:
   template <class V> static constexpr void VisitMembers(V&& visit) {
     mdl_Repository::VisitMembers(visit);
     visit("map", &kprC_PropagatingContainer::map_, cls_MemberText{"the attributes by name"});
-    visit("procedures", &kprC_PropagatingContainer::procedures_, cls_MemberText{"the step sequence"});
+    visit("procedures", &kprC_PropagatingContainer::table_, cls_MemberText{"the step sequence"});
     visit("danglingRegions", &kprC_PropagatingContainer::danglingRegions_,
           cls_MemberText{"regions left without an owner by attributes that went with their step"});
   }
@@ -186,77 +205,140 @@ private:
   }
   bool Take(cow_String const& name, Handle item) {
     bool const present = !map_.Insert(name, std::move(item));
+    if (!present) { names_.Reset(); }
+    if (!danglingRegions_.IsEmpty()) { danglingRegions_ = DanglingRegions(danglingRegions_); }
     if (present) { Record(omu_ChangeKind::Remove, name); }
     Record(omu_ChangeKind::Insert, name);
     return true;
+  }
+  /// Names in key order, which the change history holds on to for as long as it tells of all of them.
+  struct Names final : omu_ChangedNames {
+    std::vector<cow_String> names;
+    std::size_t Size() const override { return names.size(); }
+    void ForEach(Visitor const& visit) const override {
+      for (cow_String const& name : names) { visit(name); }
+    }
+  };
+  void RecordAllModified() {
+    if (!names_) {
+      names_ = cow_Handle<Names>::Make();
+      auto& names = names_.Get().names;
+      names.reserve(map_.Size());
+      for (auto const& [name, item] : map_) { names.push_back(name); }
+    }
+    thr_ThreadSingleton<omu_ChangeHistory>::Instance().AppendModifiedAll(names_);
+    allChanged_ = names_;
+    UpdateTimeStamp(cow_String());
   }
   void Record(omu_ChangeKind kind, cow_String const& name) {
     thr_ThreadSingleton<omu_ChangeHistory>::Instance().Append(kind, name);
     UpdateTimeStamp(name);
   }
-  void SetSteps(kprC_StepTable const& steps) {
-    table_ = steps;
-    procedures_ = steps.Steps();
+  /// Hands \p steps to every attribute in key order, and records each as modified. One that stands on \p before has nothing to do
+  /// where the edit left what it says alone; the others are initialized. \p removed: a step, and what was created in it goes with
+  /// it. A refusal passes: the attributes before it have followed, those behind it have not.
+  void Follow(kprC_StepTable const& before, kprC_StepTable const& steps, cow_String const* removed = nullptr) {
+    if (map_.Size() == 0 || steps.Size() == 0) { return; }
+    bool const follows = steps.Continues(before);
+    std::exception_ptr refusal;
+    cow_String refused;
+    std::vector<cow_String> gone;
+    auto followed = map_.Mapped([&](cow_String const& name, Handle item) {
+      if (refusal) { return item; }
+      if (removed != nullptr && item->CreateStepName() == *removed) {
+        gone.push_back(name);
+        return item;
+      }
+      try {
+        bool const onTable = follows && (item->Steps().Same(before) || item->Steps().Same(steps));
+        if (!onTable) {
+          this->Initialize(Own(item.Get()), steps);
+        } else if (!this->IsUpToDate(*item, steps)) {
+          this->FollowSteps(Own(item.Get()), steps);
+        }
+      } catch (...) {
+        refusal = std::current_exception();
+        refused = name;
+      }
+      return item;
+    });
+    if (gone.empty() && !refusal) {
+      map_ = std::move(followed);
+      return RecordAllModified();
+    }
+    auto const previous = std::exchange(map_, std::move(followed));
+    for (auto const& [name, item] : previous) {
+      if (refusal && name == refused) { break; }
+      bool const goes = std::ranges::binary_search(gone, name);
+      if (goes) { map_.Remove(name); }
+      Record(goes ? omu_ChangeKind::Remove : omu_ChangeKind::Modify, name);
+    }
+    std::vector<rgnC_Region> regions(danglingRegions_.begin(), danglingRegions_.end());
+    for (cow_String const& name : gone) {
+      for (auto const type : {rgnC_Set, rgnC_Surface}) {
+        for (rgnC_Region const& region : (*previous.ConstFind(name))->Regions(type)) { regions.push_back(region); }
+      }
+    }
+    names_.Reset();
+    danglingRegions_ = DanglingRegions(cls_xoList<rgnC_Region>(std::move(regions)));
+    if (refusal) { std::rethrow_exception(refusal); }
   }
 
   /// Inserts the first step at which the sequences differ.
   void InsertStep(kprC_StepTable const& steps) {
     // nobody to tell step by step, or attributes that have had no sequence yet and are initialized with the first one
-    if (map_.Size() == 0 || table_.Size() == 0) { return SetSteps(steps); }
-    std::size_t index = 0;
-    while (index < table_.Size() && table_.Name(index) == steps.Name(index)) { ++index; }
-    kprC_StepTable const longer = OrWanted(table_.WithInserted(index, steps[index]), steps);
-    for (cow_String const& name : Keys()) {
-      Own(Get(name)).InsertStep(index, longer);
-      RecordModify(name);
+    if (map_.Size() == 0 || table_.Size() == 0) { return static_cast<void>(table_ = steps); }
+    kprC_StepTable longer = steps;
+    if (!steps.Continues(table_)) {
+      std::size_t index = 0;
+      while (index < table_.Size() && table_.Name(index) == steps.Name(index)) { ++index; }
+      longer = table_.WithInserted(index, steps[index]);
     }
-    SetSteps(longer);
+    Follow(table_, longer);
+    table_ = longer;
   }
-  /// \p wanted itself where \p made tells the same, so that the histories share the table they will be left with.
-  static kprC_StepTable OrWanted(kprC_StepTable const& made, kprC_StepTable const& wanted) { return made.Tells(wanted) ? wanted : made; }
   /// Removes the first step that \p steps lacks; what was created in it goes with it.
   void RemoveStep(kprC_StepTable const& steps) {
-    std::size_t index = 0;
-    while (index + 1 < table_.Size() && steps.Find(table_.Name(index).View()) != kprC_StepTable::npos) { ++index; }
+    std::size_t index = steps.Continues(table_) ? table_.Position(steps.Disturbed()) : 0;
+    if (!steps.Continues(table_)) {
+      while (index + 1 < table_.Size() && steps.Find(table_.Name(index).View()) != kprC_StepTable::npos) { ++index; }
+    }
     cow_String const removed = table_.Name(index);
-    kprC_StepTable const shorter = OrWanted(table_.WithRemoved(index), steps);
-    cls_xoList<rgnC_Region> regions;
-    for (cow_String const& name : Keys()) {
-      T const& item = ConstGet(name);
-      if (item.CreateStepName() == removed) {
-        for (auto const type : {rgnC_Set, rgnC_Surface}) {
-          for (rgnC_Region const& region : item.Regions(type)) { regions.Append(region); }
-        }
-        Remove(name);
-      } else {
-        Own(Get(name)).RemoveStep(index, shorter);
-        RecordModify(name);
-      }
-    }
-    for (rgnC_Region const& region : DanglingRegions(regions)) { danglingRegions_.Append(region); }
-    SetSteps(shorter);
+    kprC_StepTable const shorter = steps.Continues(table_) ? steps : table_.WithRemoved(index);
+    Follow(table_, shorter, &removed);
+    table_ = shorter;
   }
-  /// All new names at once, so that two steps may exchange theirs.
+  /// All new names at once, so that two steps may exchange theirs. The records of the old names take the new ones; nothing is formed.
   void RenameSteps(kprC_StepTable const& steps) {
-    bool renamed = false;
-    kprC_StepSequence sequence = table_.Steps();
-    for (std::size_t i = 0; i < steps.Size(); ++i) {
-      if (table_.Name(i) == steps.Name(i)) { continue; }
-      sequence.Get(i).stepName = steps.Name(i);
-      renamed = true;
-    }
-    if (!renamed) { return; }
-    SetSteps(OrWanted(kprC_StepTable(std::move(sequence)), steps));
-    for (cow_String const& name : Keys()) { Own(Get(name)).RenameStep(table_); }
+    if (steps.Continues(table_) || table_.SameNames(steps)) { return; }
+    kprC_StepTable const renamed = table_.WithNames(steps);
+    map_ = map_.Mapped([&](cow_String const&, Handle item) {
+      if (item->Steps().Same(table_)) { this->TakeSteps(Own(item.Get()), renamed); }
+      return item;
+    });
+    table_ = renamed;
   }
+  /// Empties what the attributes say in steps that get another kind of procedure; refused where one was created there.
   void ReplaceSteps(kprC_StepTable const& steps) {
+    if (steps.Same(table_) || (steps.Continues(table_) && steps.Disturbed() == 0)) { return; }
     for (std::size_t i = 0; i < steps.Size(); ++i) {
       auto const& now = table_[i].procedure;
       auto const& then = steps[i].procedure;
-      if (!now || !then || now->DynTypeId() == then->DynTypeId()) { continue; }
+      if (now == then || !now || !then || now->DynTypeId() == then->DynTypeId()) { continue; }
       kprC_StepTable const bare = table_.WithReplaced(i, kprC_StepNameProcedurePair(table_.Name(i), nullptr));
-      for (cow_String const& name : Keys()) { Own(Get(name)).ReplaceStep(i, bare); }
-      SetSteps(bare);
+      std::vector<cow_String> passed;  // that say nothing in the step
+      for (cow_String const& name : Keys()) {
+        if (ConstGet(name).Steps().Same(table_) && !this->SaysSomething(ConstGet(name), i)) {
+          passed.push_back(name);
+          continue;
+        }
+        try {
+          this->EmptyStep(Own(Get(name)), i, bare);
+        } catch (...) {
+          for (cow_String const& before : passed) { this->EmptyStep(Own(Get(before)), i, bare); }
+          throw;
+        }
+      }
     }
   }
 
@@ -264,14 +346,16 @@ private:
     for (cow_String const& name : Keys()) {
       T& item = Get(name);
       item.SetName(name);
-      Own(item).RestoreHistory(in, table_);
+      this->RestoreHistory(Own(item), in, table_);
     }
   }
 
   cow_Map<cow_String, Handle> map_;
-  kprC_StepSequence procedures_;  // what table_ was made from
   cls_xoList<rgnC_Region> danglingRegions_;
   kprC_StepTable table_;
   unsigned long long timeStamp_ = 0;
-  cow_Map<cow_String, bool> changedNames_;
+  unsigned long long clearedAt_ = 0;  // changed names are those of later changes
+  cow_Map<cow_String, bool> gone_;    // names that changed and are no longer here
+  cow_Handle<Names> allChanged_;
+  cow_Handle<Names> names_;  // of all attributes, as far as somebody has asked since one came or went
 };

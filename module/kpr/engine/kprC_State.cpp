@@ -25,6 +25,10 @@ void kprC_State::Propagate() {
   ForEachCarried(*this, [](cls_MemberRow const& row, void* member) { row.ops->propagate(member, row.name); });
 }
 
+void kprC_State::TakeOver() {
+  ForEachCarried(*this, [](cls_MemberRow const& row, void* member) { row.ops->takeOver(member); });
+}
+
 void kprC_State::Zero() {
   ForEachCarried(*this, [](cls_MemberRow const& row, void* member) { row.ops->zero(member); });
 }

@@ -17,6 +17,8 @@ public:
   virtual void Modify(kprC_State const& own);
   /// Turns this state into what the next step carries.
   virtual void Propagate();
+  /// Makes what is in force here the state's own, for a creation that takes the place of one that went.
+  void TakeOver();
   /// Zeroes every propagating member.
   virtual void Zero();
   /// Whether a member is set or freed here.

@@ -15,6 +15,10 @@ public:
   /// history anew. Refusals of an attribute pass; attributes updated by then stay updated.
   virtual void UpdateSteps(kprC_StepTable const& steps) = 0;
   virtual kprC_StepTable const& Steps() const = 0;
+  /// Regions left without an owner by attributes that went with their step, each once, until one refers to them again or
+  /// they are released.
+  virtual cls_xoList<rgnC_Region> Dangling() const = 0;
+  virtual void ReleaseDanglingRegions() = 0;
 
   virtual std::size_t Size() const = 0;
   virtual cow_List<cow_String> Keys() const = 0;
@@ -54,4 +58,19 @@ public:
   virtual std::vector<Construction> Constructions() const = 0;
   /// A new attribute; null when the command is none of the family's.
   virtual std::unique_ptr<kprC_StepDependent> Construct(std::string_view command) const = 0;
+
+protected:
+  // the calls of an attribute that are its repository's alone
+  static unsigned long long& ChangedAt(kprC_StepDependent& item) { return item.changedAt_; }
+  static unsigned long long ChangedAt(kprC_StepDependent const& item) { return item.changedAt_; }
+  static void Initialize(kprC_StepDependent& item, kprC_StepTable const& steps) { item.Initialize(steps); }
+  static void InitializeStateValues(kprC_StepDependent& item, kprC_StepTable const& steps) { item.InitializeStateValues(steps); }
+  static bool IsUpToDate(kprC_StepDependent const& item, kprC_StepTable const& steps) { return item.IsUpToDate(steps); }
+  static bool SaysSomething(kprC_StepDependent const& item, std::size_t index) { return item.SaysSomethingIn(index); }
+  static void TakeSteps(kprC_StepDependent& item, kprC_StepTable const& steps) { item.TakeSteps(steps); }
+  static void FollowSteps(kprC_StepDependent& item, kprC_StepTable const& steps) { item.FollowSteps(steps); }
+  static void EmptyStep(kprC_StepDependent& item, std::size_t index, kprC_StepTable const& bare) { item.EmptyStep(index, bare); }
+  static void RestoreHistory(kprC_StepDependent& item, cls_ReadVisitor const& in, kprC_StepTable const& steps) {
+    item.RestoreHistory(in, steps);
+  }
 };

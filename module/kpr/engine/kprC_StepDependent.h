@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -54,6 +55,10 @@ public:
   virtual cow_List<mdl_PropagationStatusEnm> History() const = 0;
   /// The state in force in a step; null before the creation.
   virtual cls_Object const* StateAt(std::size_t index) const = 0;
+  /// Calls \p visit for every run of neighbouring steps of one status and one state: from the position \p begin to \p end, one
+  /// past the last. The state is null before the creation. Costs what changes, not what there are steps.
+  using RunVisitor = std::function<void(std::size_t begin, std::size_t end, mdl_PropagationStatusEnm status, cls_Object const* state)>;
+  virtual void ForEachRun(RunVisitor const& visit) const = 0;
   /// Name of the first step whose record holds a state; empty when none does.
   virtual cow_String CreateStepName() const = 0;
   virtual bool IsMember(cow_String const& step) const = 0;
@@ -97,22 +102,34 @@ public:
   /// Whether load cases take the type: "yes", "no", "not yet"; empty in a family that has nothing to do with them.
   virtual std::string LoadCaseText() const { return {}; }
 
+protected:
+  bool checked_ = false;  // AssertValid has passed since the last change
+
 private:
-  template <class> friend class kprC_PropagatingContainer;
   friend class kprC_StepAwareRepository;
 
   // the repository's calls
+
+  /// Takes the sequence: matches the records by the names of the steps and forms the history.
   virtual void Initialize(kprC_StepTable const& steps) = 0;
+  /// The same without any refusal: records of steps that the sequence lacks are dropped, nothing is checked.
   virtual void InitializeStateValues(kprC_StepTable const& steps) = 0;
-  virtual void InsertStep(std::size_t index, kprC_StepTable const& steps) = 0;
-  virtual void RemoveStep(std::size_t index, kprC_StepTable const& steps) = 0;
-  virtual void RenameStep(kprC_StepTable const& steps) = 0;
-  /// \p bare is the sequence with no procedure at \p index.
-  virtual void ReplaceStep(std::size_t index, kprC_StepTable const& bare) = 0;
-  /// Takes \p steps, the same steps with other procedure objects.
-  virtual void AttachSteps(kprC_StepTable const& steps) = 0;
+  /// Takes another version of the sequence and nothing else.
+  virtual void TakeSteps(kprC_StepTable const& steps) = 0;
+  /// Takes the next version of the sequence, in which a step has come, gone, or changed. The history is formed and checked again
+  /// where it said something there, waits for it, or has rules that look at the steps. What a refusal leaves behind is the
+  /// family's.
+  virtual void FollowSteps(kprC_StepTable const& steps) = 0;
+  /// Whether it stands on \p steps, and nothing waits to be formed or checked.
+  virtual bool IsUpToDate(kprC_StepTable const& steps) const = 0;
+  /// Whether the step has a record that is not merely carried.
+  virtual bool SaysSomethingIn(std::size_t index) const = 0;
+  /// Empties the record of a step whose procedure is being replaced, and takes \p bare, the sequence without that procedure.
+  /// Refused for the create step.
+  virtual void EmptyStep(std::size_t index, kprC_StepTable const& bare) = 0;
   /// Takes \p steps for a history that was read, and refuses one that does not follow from its own records.
   virtual void RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable const& steps) = 0;
 
-  cow_String name_;  // the key in the repository, not a stored member
+  cow_String name_;                   // the key in the repository, not a stored member
+  unsigned long long changedAt_ = 0;  // the repository's time of its last change
 };

@@ -5,7 +5,7 @@
 #include "platform/BasicUtils/cow_String.h"
 
 /// What is of one step: it has the members stepName and procedure, and wherever it is written the procedure goes by that name.
-template <class Derived> class kprC_OfStep : public cls_Persistent<Derived, cls_Object> {
+template <class Derived, class Base = cls_Object> class kprC_OfStep : public cls_Persistent<Derived, Base> {
 public:
   void DBWrite(cls_WriteVisitor const& out) const override {
     if (!out.StartWrite(this->DynTypeId(), this->uid_)) { return; }

@@ -1,73 +1,331 @@
 #include "module/kpr/engine/kprC_StepTable.h"
 
 #include <algorithm>
-#include <bit>
+#include <atomic>
 #include <functional>
+#include <limits>
+
+namespace {
+
+/// Numbers are given this far apart, so that a step can be numbered between two others.
+constexpr kprC_StepTable::Number kGap = kprC_StepTable::Number{1} << 32;
+
+std::uint64_t NewVersion() {
+  static std::atomic<std::uint64_t> last{0};
+  return ++last;
+}
+
+std::size_t HashOf(std::string_view name) { return std::hash<std::string_view>{}(name); }
+
+}  // namespace
+
+kprC_StepTable::Entry kprC_StepTable::MakeEntry(Number number, kprC_StepNameProcedurePair const& pair) {
+  return {number, cow_Handle<Step>::Make(pair), pair.ProcedureType()};
+}
 
 kprC_StepTable::kprC_StepTable() {
-  static cow_Handle<Body> const empty = cow_Handle<Body>::Make();
+  static cow_Handle<Body> const empty = [] {
+    auto body = cow_Handle<Body>::Make();
+    body.Get().version = NewVersion();
+    return body;
+  }();
   body_ = empty;
 }
 
-kprC_StepTable::kprC_StepTable(kprC_StepSequence steps) : body_(cow_Handle<Body>::Make()) {
-  Body& body = body_.Get();
-  std::size_t const count = steps.Size();
-  body.types.reserve(count);
-  body.slots.resize(std::bit_ceil(2 * count + 1));
-  std::size_t const mask = body.slots.size() - 1;
-  for (std::size_t i = 0; i < count; ++i) {
-    kprC_StepNameProcedurePair const& pair = steps[i];
-    unsigned const type = pair.ProcedureType();
-    if (body.types.empty() || type != body.types.back()) {
-      if (std::ranges::find(body.distinctTypes, type) == body.distinctTypes.end()) { body.distinctTypes.push_back(type); }
-    }
-    body.types.push_back(type);
-    std::size_t slot = std::hash<std::string_view>{}(pair.stepName.View()) & mask;
-    while (body.slots[slot] != 0 && !(steps[body.slots[slot] - 1].stepName == pair.stepName)) { slot = (slot + 1) & mask; }
-    if (body.slots[slot] == 0) { body.slots[slot] = static_cast<std::uint32_t>(i + 1); }
+kprC_StepTable::kprC_StepTable(kprC_StepSequence const& steps) : body_(cow_Handle<Body>::Make()) {
+  std::vector<Entry> entries;
+  entries.reserve(steps.Size());
+  Number number = 0;
+  for (kprC_StepNameProcedurePair const& pair : steps) { entries.push_back(MakeEntry(number += kGap, pair)); }
+  Fill(body_.Get(), std::move(entries));
+}
+
+kprC_StepTable kprC_StepTable::OfOne(cow_String const& step) {
+  kprC_StepSequence steps;
+  steps.Append(kprC_StepNameProcedurePair(step, nullptr));
+  kprC_StepTable table(steps);
+  table.body_.Get().loose = true;
+  return table;
+}
+
+void kprC_StepTable::Fill(Body& body, std::vector<Entry> entries) {
+  body.version = NewVersion();
+  body.size = entries.size();
+  for (Entry const& entry : entries) {
+    cow_String const& name = entry.step->pair.stepName;
+    Key key{HashOf(name.View()), name};
+    if (!body.numbers.Contains(key)) { body.numbers.Insert(std::move(key), entry.number); }
+    body.procedures += entry.step->pair.procedure ? 1 : 0;
   }
-  body.segmentEnds.resize(count);
-  for (std::size_t i = count; i-- > 0;) {
-    bool const joined = i + 1 < count && body.types[i] == body.types[i + 1];
-    body.segmentEnds[i] = joined ? body.segmentEnds[i + 1] : static_cast<std::uint32_t>(i + 1);
+  for (std::size_t begin = 0; begin < entries.size(); begin += kBlock / 2) {
+    auto block = cow_Handle<Block>::Make();
+    auto const first = entries.begin() + static_cast<std::ptrdiff_t>(begin);
+    auto const last = entries.size() - begin > kBlock ? first + kBlock / 2 : entries.end();
+    block.Get().entries.assign(first, last);
+    body.parts.push_back({std::move(block), begin, 0});
+    if (last == entries.end()) { break; }
   }
-  body.steps = std::move(steps);
+  Settle(body, 0);
+  for (Part& part : body.parts) {
+    Block& block = part.block.Get();
+    for (Entry const& entry : block.entries) { block.types |= kprC_ProcedureBit(entry.type); }
+  }
+}
+
+void kprC_StepTable::Settle(Body& body, std::size_t part) {
+  std::size_t begin = part == 0 ? 0 : body.parts[part - 1].begin + body.parts[part - 1].block->entries.size();
+  for (; part < body.parts.size(); ++part) {
+    body.parts[part].begin = begin;
+    body.parts[part].first = body.parts[part].block->entries.front().number;
+    begin += body.parts[part].block->entries.size();
+  }
+}
+
+cow_Handle<kprC_StepTable::Body> kprC_StepTable::Next() const {
+  auto next = cow_Handle<Body>::Make(*body_);
+  next.Get().parent = body_->version;
+  next.Get().version = NewVersion();
+  next.Get().disturbed = 0;
+  next.Get().loose = false;
+  return next;
+}
+
+kprC_StepTable kprC_StepTable::From(cow_Handle<Body> body) {
+  kprC_StepTable table;
+  table.body_ = std::move(body);
+  return table;
+}
+
+std::size_t kprC_StepTable::PartOf(std::size_t index) const {
+  auto const behind = std::ranges::upper_bound(body_->parts, index, {}, &Part::begin);
+  return static_cast<std::size_t>(behind - body_->parts.begin()) - 1;
+}
+
+std::size_t kprC_StepTable::Position(Number number) const {
+  auto const& parts = body_->parts;
+  auto const behind = std::ranges::upper_bound(parts, number, {}, &Part::first);
+  if (behind == parts.begin()) { return npos; }
+  Part const& part = *std::prev(behind);
+  auto const& entries = part.block->entries;
+  auto const at = std::ranges::lower_bound(entries, number, {}, &Entry::number);
+  bool const known = at != entries.end() && at->number == number;
+  return known ? part.begin + static_cast<std::size_t>(at - entries.begin()) : npos;
 }
 
 std::size_t kprC_StepTable::Find(std::string_view name) const {
-  Body const& body = *body_;
-  if (body.types.empty()) { return npos; }
-  std::size_t const mask = body.slots.size() - 1;
-  for (std::size_t slot = std::hash<std::string_view>{}(name)&mask; body.slots[slot] != 0; slot = (slot + 1) & mask) {
-    std::size_t const at = body.slots[slot] - 1;
-    if (body.steps[at].stepName.View() == name) { return at; }
+  struct Sought {
+    std::size_t hash;
+    std::string_view name;
+    std::strong_ordering operator<=>(Key const& key) const { return hash != key.hash ? hash <=> key.hash : name <=> key.name.View(); }
+    bool operator==(Key const& key) const { return hash == key.hash && name == key.name.View(); }
+  };
+  Number const* const number = body_->numbers.ConstFind(Sought{HashOf(name), name});
+  return number == nullptr ? npos : Position(*number);
+}
+
+std::size_t kprC_StepTable::SegmentEnd(std::size_t index) const {
+  unsigned const type = ProcedureType(index);
+  auto const& parts = body_->parts;
+  for (std::size_t part = parts.size() == 1 ? 0 : PartOf(index); part < parts.size(); ++part) {
+    Block const& block = *parts[part].block;
+    if (index == parts[part].begin && block.types == kprC_ProcedureBit(type) && block.types != 0) {
+      index += block.entries.size();
+      continue;
+    }
+    for (std::size_t at = index - parts[part].begin; at < block.entries.size(); ++at, ++index) {
+      if (block.entries[at].type != type) { return index; }
+    }
   }
-  return npos;
+  return index;
+}
+
+kprC_StepTable::Number kprC_StepTable::LastBefore(std::size_t index, unsigned procedureType) const {
+  if (index == 0) { return 0; }
+  auto const& parts = body_->parts;
+  for (std::size_t part = PartOf(index - 1) + 1; part-- > 0;) {
+    Block const& block = *parts[part].block;
+    if ((block.types & kprC_ProcedureBit(procedureType)) == 0) { continue; }
+    for (std::size_t at = std::min(index - parts[part].begin, block.entries.size()); at-- > 0;) {
+      if (block.entries[at].type == procedureType) { return block.entries[at].number; }
+    }
+  }
+  return 0;
+}
+
+bool kprC_StepTable::HasType(unsigned procedureType) const {
+  std::uint32_t const bit = kprC_ProcedureBit(procedureType);
+  return std::ranges::any_of(body_->parts, [bit](Part const& part) { return (part.block->types & bit) != 0; });
+}
+
+kprC_StepSequence kprC_StepTable::Sequence() const {
+  std::vector<kprC_StepNameProcedurePair> steps;
+  steps.reserve(Size());
+  ForEach([&steps](kprC_StepNameProcedurePair const& pair) { steps.push_back(pair); });
+  return kprC_StepSequence(std::move(steps));
 }
 
 bool kprC_StepTable::SameNames(kprC_StepTable const& other) const {
-  return std::ranges::equal(Steps(), other.Steps(), {}, &kprC_StepNameProcedurePair::stepName, &kprC_StepNameProcedurePair::stepName);
+  if (Same(other)) { return true; }
+  if (Size() != other.Size()) { return false; }
+  for (std::size_t i = 0; i < Size(); ++i) {
+    if (!(Name(i) == other.Name(i))) { return false; }
+  }
+  return true;
 }
 
 bool kprC_StepTable::Tells(kprC_StepTable const& other) const {
-  return SameNames(other) &&
-         std::ranges::equal(Steps(), other.Steps(), {}, &kprC_StepNameProcedurePair::procedure, &kprC_StepNameProcedurePair::procedure);
+  if (Same(other)) { return true; }
+  if (!SameNames(other)) { return false; }
+  for (std::size_t i = 0; i < Size(); ++i) {
+    if (!((*this)[i].procedure == other[i].procedure)) { return false; }
+  }
+  return true;
 }
 
 kprC_StepTable kprC_StepTable::WithInserted(std::size_t index, kprC_StepNameProcedurePair const& pair) const {
-  kprC_StepSequence steps = body_->steps;
-  steps.Insert(index, pair);
-  return kprC_StepTable(std::move(steps));
+  Number const before = index == 0 ? 0 : NumberOf(index - 1);
+  Number const behind = index < Size() ? NumberOf(index) : before + 2 * kGap;
+  if (behind - before < 2 || before > std::numeric_limits<Number>::max() - 2 * kGap) {  // no room: all are numbered anew
+    kprC_StepSequence steps = Sequence();
+    steps.Insert(index, pair);
+    return kprC_StepTable(steps);
+  }
+  auto next = Next();
+  Body& body = next.Get();
+  Entry entry = MakeEntry(before + (behind - before) / 2, pair);
+  Key key{HashOf(pair.stepName.View()), pair.stepName};
+  Number const* const present = body.numbers.ConstFind(key);
+  if (present == nullptr || entry.number < *present) { body.numbers.Insert(std::move(key), entry.number); }
+  body.procedures += pair.procedure ? 1 : 0;
+  ++body.size;
+  if (body.parts.empty()) { body.parts.push_back({cow_Handle<Block>::Make(), 0, 0}); }
+  std::size_t const part = index == 0 ? 0 : PartOf(index - 1);
+  Block& block = body.parts[part].block.Get();
+  block.types |= kprC_ProcedureBit(entry.type);
+  block.entries.insert(block.entries.begin() + static_cast<std::ptrdiff_t>(index - body.parts[part].begin), std::move(entry));
+  if (block.entries.size() > kBlock) {
+    // a sequence that grows at its end leaves full blocks behind, one that grows elsewhere halves
+    bool const atEnd = index + 1 == body.size;
+    auto const middle = block.entries.begin() + static_cast<std::ptrdiff_t>(atEnd ? kBlock : kBlock / 2);
+    auto rest = cow_Handle<Block>::Make();
+    rest.Get().entries.assign(middle, block.entries.end());
+    for (Entry const& moved : rest->entries) { rest.Get().types |= kprC_ProcedureBit(moved.type); }
+    block.entries.erase(middle, block.entries.end());
+    block.types = 0;
+    for (Entry const& kept : block.entries) { block.types |= kprC_ProcedureBit(kept.type); }
+    body.parts.insert(body.parts.begin() + static_cast<std::ptrdiff_t>(part + 1), {std::move(rest), 0, 0});
+  }
+  Settle(body, part);
+  return From(std::move(next));
 }
 
 kprC_StepTable kprC_StepTable::WithRemoved(std::size_t index) const {
-  kprC_StepSequence steps = body_->steps;
-  steps.Remove(index);
-  return kprC_StepTable(std::move(steps));
+  auto next = Next();
+  Body& body = next.Get();
+  std::size_t const part = PartOf(index);
+  Block& block = body.parts[part].block.Get();
+  auto const at = block.entries.begin() + static_cast<std::ptrdiff_t>(index - body.parts[part].begin);
+  Entry const removed = *at;
+  body.disturbed = removed.number;
+  block.entries.erase(at);
+  block.types = 0;
+  for (Entry const& kept : block.entries) { block.types |= kprC_ProcedureBit(kept.type); }
+  if (block.entries.empty()) { body.parts.erase(body.parts.begin() + static_cast<std::ptrdiff_t>(part)); }
+  --body.size;
+  body.procedures -= removed.step->pair.procedure ? 1 : 0;
+  Settle(body, part);
+  cow_String const& name = removed.step->pair.stepName;
+  Key key{HashOf(name.View()), name};
+  if (Number const* const number = body.numbers.ConstFind(key); number != nullptr && *number == removed.number) {
+    bool const twice = body_->numbers.Size() < Size();  // another step may have the name
+    body.numbers.Remove(key);
+    for (Part const& other : body.parts) {
+      if (!twice) { break; }
+      for (Entry const& entry : other.block->entries) {
+        if (entry.step->pair.stepName == name && !body.numbers.Contains(key)) { body.numbers.Insert(key, entry.number); }
+      }
+    }
+  }
+  return From(std::move(next));
 }
 
 kprC_StepTable kprC_StepTable::WithReplaced(std::size_t index, kprC_StepNameProcedurePair const& pair) const {
-  kprC_StepSequence steps = body_->steps;
-  steps.Get(index) = pair;
-  return kprC_StepTable(std::move(steps));
+  Entry entry = MakeEntry(NumberOf(index), pair);
+  bool const renamed = !(Name(index) == pair.stepName);
+  if (renamed && body_->numbers.Size() < Size()) {  // names that stand twice: worked out anew
+    kprC_StepSequence steps = Sequence();
+    steps.Get(index) = pair;
+    return kprC_StepTable(steps);
+  }
+  auto next = Next();
+  Body& body = next.Get();
+  if (renamed) {
+    body.numbers.Remove(Key{HashOf(Name(index).View()), Name(index)});
+    Key key{HashOf(pair.stepName.View()), pair.stepName};
+    Number const* const present = body.numbers.ConstFind(key);
+    if (present == nullptr || entry.number < *present) { body.numbers.Insert(std::move(key), entry.number); }
+  }
+  body.procedures += pair.procedure ? 1 : 0;
+  body.procedures -= (*this)[index].procedure ? 1 : 0;
+  if (entry.type != ProcedureType(index)) { body.disturbed = entry.number; }
+  std::size_t const part = PartOf(index);
+  Block& block = body.parts[part].block.Get();
+  block.entries[index - body.parts[part].begin] = std::move(entry);
+  block.types = 0;
+  for (Entry const& kept : block.entries) { block.types |= kprC_ProcedureBit(kept.type); }
+  return From(std::move(next));
+}
+
+kprC_StepTable kprC_StepTable::WithNames(kprC_StepTable const& other) const {
+  kprC_StepSequence steps = Sequence();
+  for (std::size_t i = 0; i < Size(); ++i) { steps.Get(i).stepName = other.Name(i); }
+  kprC_StepTable renamed(steps);
+  Body& body = renamed.body_.Get();
+  body.parent = body_->version;
+  std::size_t index = 0;
+  body.numbers.Clear();
+  for (Part& part : body.parts) {
+    for (Entry& entry : part.block.Get().entries) {
+      entry.number = NumberOf(index++);
+      Key key{HashOf(entry.step->pair.stepName.View()), entry.step->pair.stepName};
+      if (!body.numbers.Contains(key)) { body.numbers.Insert(std::move(key), entry.number); }
+    }
+  }
+  Settle(body, 0);
+  return renamed;
+}
+
+void cls_MemberTraits<kprC_StepTable>::Describe(cls_MemberInfo& info) { cls_MemberTraits<kprC_StepSequence>::Describe(info); }
+
+void cls_MemberTraits<kprC_StepTable>::Write(cls_WriteVisitor const& out, std::string_view name, kprC_StepTable const& table) {
+  bool const written = out.WriteSequence(name, table.Size(), [&table](std::size_t index) {
+    kprC_StepNameProcedurePair const& pair = table[index];
+    return std::pair<std::string_view, cls_Object const*>(pair.stepName.View(), pair.procedure.ConstGet());
+  });
+  if (written) { return; }
+  out.StartList(name, table.Size());
+  table.ForEach([&out](kprC_StepNameProcedurePair const& pair) { cls_MemberTraits<kprC_StepNameProcedurePair>::Write(out, "", pair); });
+  out.EndList();
+}
+
+void cls_MemberTraits<kprC_StepTable>::Read(cls_ReadVisitor const& in, std::string_view name, kprC_StepTable& table) {
+  kprC_StepSequence steps;
+  cls_MemberTraits<kprC_StepSequence>::Read(in, name, steps);
+  table = kprC_StepTable(steps);
+}
+
+bool cls_MemberTraits<kprC_StepTable>::Equal(kprC_StepTable const& a, kprC_StepTable const& b) {
+  if (a.Same(b)) { return true; }
+  if (a.Size() != b.Size()) { return false; }
+  for (std::size_t i = 0; i < a.Size(); ++i) {
+    if (!cls_MemberTraits<kprC_StepNameProcedurePair>::Equal(a[i], b[i])) { return false; }
+  }
+  return true;
+}
+
+cls_Value cls_MemberTraits<kprC_StepTable>::ToValue(kprC_StepTable const& table) {
+  cls_Value::List values;
+  table.ForEach(
+      [&values](kprC_StepNameProcedurePair const& pair) { values.push_back(cls_MemberTraits<kprC_StepNameProcedurePair>::ToValue(pair)); });
+  return values;
 }

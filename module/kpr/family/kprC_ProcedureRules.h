@@ -11,8 +11,6 @@ struct kprC_ProcedureRules {
   static constexpr kprC_StepKind Kind(unsigned procedureType) {
     return kprC_perturbationProcedures.Contains(procedureType) ? kprC_StepKind::Perturbation : kprC_StepKind::General;
   }
-  static constexpr bool IsFrequency(unsigned procedureType) { return procedureType == kprC_ProcedureType::Frequency; }
-  static constexpr bool IsAnneal(unsigned procedureType) { return procedureType == kprC_ProcedureType::Anneal; }
 
   /// The procedures that nothing is moved into, in the order in which they are asked, each with its refusal. The last four
   /// are perturbation procedures and not reached behind the first.

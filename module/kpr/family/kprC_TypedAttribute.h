@@ -1,5 +1,8 @@
 #pragma once
 
+#include <atomic>
+#include <vector>
+
 #include "module/kpr/family/kprC_ProcedureRules.h"
 #include "module/kpr/family/kprC_Types.h"
 #include "platform/CaeUtils/omu_PrimEnumTraits.h"
@@ -42,6 +45,17 @@ protected:
   /// A default state of the type, by its row.
   std::unique_ptr<typename Rules::State> DefaultState() const {
     return std::unique_ptr<typename Rules::State>(static_cast<typename Rules::State*>(Type().newState().release()));
+  }
+  /// The same for all attributes of the type, and asked of it once.
+  std::uint32_t CarriedInto() const override {
+    static std::vector<std::atomic<std::uint32_t>> known(Rules::Types().size());  // 0: not asked yet, or carried nowhere
+    auto& answer = known[static_cast<std::size_t>(&Type() - Rules::Types().data())];
+    std::uint32_t procedures = answer.load(std::memory_order_relaxed);
+    if (procedures == 0) {
+      procedures = kprC_StepAttribute<Rules>::CarriedInto();
+      answer.store(procedures, std::memory_order_relaxed);
+    }
+    return procedures;
   }
   /// The type's row. Linear in the family's types.
   typename Rules::TypeRow const& Type() const { return *kprC_FindType(Rules::Types(), this->DynTypeId()); }

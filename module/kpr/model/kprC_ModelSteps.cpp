@@ -1,5 +1,7 @@
 #include "module/kpr/model/kprC_ModelSteps.h"
 
+#include <algorithm>
+
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/kprC_assert.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
@@ -8,16 +10,29 @@
 namespace {
 constexpr bool kAddedMassPermitted = true;
 
-/// Refuses a sequence in which a general step turns nlgeom off after an earlier one had it on. Steps without it, which are
-/// the perturbation steps and those without displacements, neither turn it off nor on.
-void AssertNlgeom(kprC_StepContainer const& steps) {
+using Nlgeom = kprC_StepContainer::Nlgeom;
+
+/// What the step \p index adds to \p nlgeom. Steps without nlgeom, which are the perturbation steps and those without
+/// displacements, neither turn it off nor on.
+void Take(Nlgeom& nlgeom, kprC_StepContainer const& steps, std::size_t index) {
   using enum kprC_Step::NlgeomEnm;
-  bool isOn = false;
-  for (std::size_t i = 0; i < steps.Size(); ++i) {
-    kprC_Step::NlgeomEnm const nlgeom = steps.Step(i).Nlgeom();
-    kprC_Assert(!isOn || nlgeom != OFF, kprC_ErrorEnm::NlgeomTurnedOff);
-    isOn = isOn || nlgeom == ON;
-  }
+  kprC_StepTable::Number const number = steps.Table().NumberOf(index);
+  kprC_Step::NlgeomEnm const says = steps.Step(index).Nlgeom();
+  if (says == ON) { nlgeom.firstOn = nlgeom.firstOn == 0 ? number : std::min(nlgeom.firstOn, number); }
+  if (says == OFF) { nlgeom.lastOff = std::max(nlgeom.lastOff, number); }
+}
+
+/// Refuses a sequence in which a general step turns nlgeom off after an earlier one had it on.
+void AssertNlgeom(Nlgeom const& nlgeom) {
+  kprC_Assert(nlgeom.firstOn == 0 || nlgeom.lastOff < nlgeom.firstOn, kprC_ErrorEnm::NlgeomTurnedOff);
+}
+
+/// Checks the whole sequence for that, and keeps what was found. The sequencer has been asked before.
+void CheckNlgeom(kprC_StepContainer& steps) {
+  Nlgeom nlgeom;
+  for (std::size_t i = 0; i < steps.Size(); ++i) { Take(nlgeom, steps, i); }
+  AssertNlgeom(nlgeom);
+  steps.KeepChecked(nlgeom);
 }
 
 /// Edits a copy of the model, which shares what the edit leaves alone, and puts it in the model's place at the end.
@@ -26,9 +41,7 @@ template <class Edit> void WholeOrNothing(ddr_Model& model, Edit&& edit) {
   std::size_t const mark = changes.Size();
   try {
     ddr_Model copy = model;
-    auto& steps = copy.Get<kprC_StepContainer>(ddr_Model::stepsCmd());
-    edit(steps);
-    AssertNlgeom(steps);
+    edit(copy.Get<kprC_StepContainer>(ddr_Model::stepsCmd()));
     kprC_UpdateRepositories(copy);
     model = std::move(copy);
   } catch (...) {
@@ -52,8 +65,23 @@ void kprC_UpdateRepositories(ddr_Model& model) {
 void kprC_InsertStep(ddr_Model& model, cow_String const& previous, cow_String const& name, kprC_StepHandle const& step) {
   WholeOrNothing(model, [&](kprC_StepContainer& steps) {
     step->AssertValid();
-    kprC_StepSequencer(steps, kAddedMassPermitted).InsertAfter(previous, step->ProcedureType());
+    kprC_StepTable const before = steps.Table();
+    Nlgeom const* const checked = steps.Checked();
+    std::size_t const index = steps.Index(previous) + 1;
+    if (checked == nullptr || index == 0) {
+      kprC_StepSequencer(steps, kAddedMassPermitted).InsertAfter(previous, step->ProcedureType());
+      steps.Insert(previous, name, step);
+      return CheckNlgeom(steps);
+    }
+    // a sequence that is known to be legal is asked only as far as the new step reaches
+    bool const legal = kprC_StepSequencer::MayInsert(before, index, step->ProcedureType(), kAddedMassPermitted);
+    kprC_Assert(legal, kprC_ErrorEnm::StepSequence);
+    Nlgeom nlgeom = *checked;
     steps.Insert(previous, name, step);
+    if (!steps.Table().Continues(before)) { return CheckNlgeom(steps); }
+    Take(nlgeom, steps, index);
+    AssertNlgeom(nlgeom);
+    steps.KeepChecked(nlgeom);
   });
 }
 
@@ -66,11 +94,15 @@ void kprC_RemoveStep(ddr_Model& model, cow_String const& name) {
       kprC_Assert(sequencer.IsRemovable(static_cast<int>(index) - 1), kprC_ErrorEnm::StepSequence);
     }
     steps.Remove(name);
+    CheckNlgeom(steps);
   });
 }
 
 void kprC_RenameStep(ddr_Model& model, cow_String const& name, cow_String const& newName) {
-  WholeOrNothing(model, [&](kprC_StepContainer& steps) { steps.Rename(name, newName); });
+  WholeOrNothing(model, [&](kprC_StepContainer& steps) {
+    steps.Rename(name, newName);
+    CheckNlgeom(steps);
+  });
 }
 
 void kprC_ReplaceStep(ddr_Model& model, cow_String const& name, kprC_StepHandle const& step) {
@@ -78,5 +110,6 @@ void kprC_ReplaceStep(ddr_Model& model, cow_String const& name, kprC_StepHandle 
     step->AssertValid();
     kprC_StepSequencer(steps, kAddedMassPermitted).Replace(name, step->ProcedureType());
     steps.Replace(name, step);
+    CheckNlgeom(steps);
   });
 }

@@ -16,8 +16,8 @@ void AssertProcedure(kprC_StepHandle const& step) {
 }
 
 /// What stored steps should have been; "" where they are right.
-std::string_view Expected(kprC_StepSequence const& steps) {
-  if (steps.IsEmpty() || !(steps[0].stepName == kprC_Step::initialCmd())) { return "\"Initial\" as the first step"; }
+std::string_view Expected(kprC_StepTable const& steps) {
+  if (steps.Size() == 0 || !(steps[0].stepName == kprC_Step::initialCmd())) { return "\"Initial\" as the first step"; }
   std::unordered_set<std::string_view> names;
   for (std::size_t i = 0; i < steps.Size(); ++i) {
     auto const* const step = dynamic_cast<kprC_Step const*>(steps[i].procedure.ConstGet());
@@ -33,13 +33,12 @@ std::string_view Expected(kprC_StepSequence const& steps) {
 kprC_StepContainer::kprC_StepContainer() {
   kprC_StepSequence steps;
   steps.Append(kprC_StepNameProcedurePair(kprC_Step::initialCmd().View(), cow_Handle<kprC_InitialStep>::Make()));
-  Store(std::move(steps));
+  table_ = kprC_StepTable(steps);
 }
 
 kprC_StepContainer::kprC_StepContainer(cls_ReadVisitor const& in) {
   cls_ReadMembers(*this, in);
-  if (auto const expected = Expected(steps_); expected != "") { in.Refuse(kprC_Step::stepRepositoryCmd(), expected); }
-  table_ = kprC_StepTable(steps_);
+  if (auto const expected = Expected(table_); expected != "") { in.Refuse(kprC_Step::stepRepositoryCmd(), expected); }
 }
 
 kprC_Step const* kprC_StepContainer::Find(std::string_view name) const {
@@ -50,7 +49,7 @@ kprC_Step const* kprC_StepContainer::Find(std::string_view name) const {
 cow_List<cow_String> kprC_StepContainer::Names() const {
   std::vector<cow_String> names;
   names.reserve(Size());
-  for (kprC_StepNameProcedurePair const& pair : steps_) { names.push_back(pair.stepName); }
+  table_.ForEach([&names](kprC_StepNameProcedurePair const& pair) { names.push_back(pair.stepName); });
   return cow_List<cow_String>(std::move(names));
 }
 
@@ -60,19 +59,22 @@ void kprC_StepContainer::Insert(std::string_view after, cow_String const& name, 
 }
 
 void kprC_StepContainer::Insert(std::string_view after, std::span<NamedStep const> added) {
-  std::size_t const index = Known(after) + 1;
+  std::size_t index = Known(after) + 1;
   std::unordered_set<std::string_view> names;
-  std::vector<kprC_StepNameProcedurePair> steps;
-  steps.reserve(Size() + added.size());
-  steps.assign(steps_.begin(), steps_.begin() + index);
   for (NamedStep const& one : added) {
     bool const isNew = !one.name.IsEmpty() && !IsMember(one.name) && names.insert(one.name.View()).second;
     kprC_Assert(isNew, kprC_ErrorEnm::Step);
     AssertProcedure(one.step);
-    steps.emplace_back(one.name, one.step);
   }
-  steps.insert(steps.end(), steps_.begin() + index, steps_.end());
-  Store(kprC_StepSequence(std::move(steps)));
+  if (added.size() == 1) {
+    table_ = table_.WithInserted(index, kprC_StepNameProcedurePair(added[0].name, added[0].step));
+    return;
+  }
+  kprC_StepSequence const present = table_.Sequence();
+  std::vector<kprC_StepNameProcedurePair> steps(present.begin(), present.begin() + index);
+  for (NamedStep const& one : added) { steps.emplace_back(one.name, one.step); }
+  steps.insert(steps.end(), present.begin() + index, present.end());
+  table_ = kprC_StepTable(kprC_StepSequence(std::move(steps)));
 }
 
 void kprC_StepContainer::Remove(std::string_view name) {
@@ -81,18 +83,14 @@ void kprC_StepContainer::Remove(std::string_view name) {
 }
 
 void kprC_StepContainer::Remove(std::span<cow_String const> names) {
-  std::vector<char> leaves(Size());
+  kprC_StepTable shorter = table_;
   for (cow_String const& name : names) {
     std::size_t const index = Known(name);
     kprC_Assert(index != 0, kprC_ErrorEnm::Step);
-    leaves[index] = 1;
+    std::size_t const left = shorter.Find(name.View());  // named twice, it has gone already
+    if (left != npos) { shorter = shorter.WithRemoved(left); }
   }
-  std::vector<kprC_StepNameProcedurePair> steps;
-  steps.reserve(Size());
-  for (std::size_t i = 0; i < Size(); ++i) {
-    if (leaves[i] == 0) { steps.push_back(steps_[i]); }
-  }
-  Store(kprC_StepSequence(std::move(steps)));
+  table_ = shorter;
 }
 
 void kprC_StepContainer::Rename(std::string_view name, cow_String const& newName) {
@@ -100,18 +98,14 @@ void kprC_StepContainer::Rename(std::string_view name, cow_String const& newName
   kprC_Assert(index != 0, kprC_ErrorEnm::Step);
   if (newName == name) { return; }
   kprC_Assert(!newName.IsEmpty() && !IsMember(newName), kprC_ErrorEnm::Step);
-  kprC_StepSequence steps = steps_;
-  steps.Get(index) = kprC_StepNameProcedurePair(newName, steps_[index].procedure);
-  Store(std::move(steps));
+  table_ = table_.WithReplaced(index, kprC_StepNameProcedurePair(newName, table_[index].procedure));
 }
 
 void kprC_StepContainer::Replace(std::string_view name, kprC_StepHandle const& step) {
   std::size_t const index = Known(name);
   kprC_Assert(index != 0, kprC_ErrorEnm::InitialStepReplaced);
   AssertProcedure(step);
-  kprC_StepSequence steps = steps_;
-  steps.Get(index) = kprC_StepNameProcedurePair(steps_[index].stepName, step);
-  Store(std::move(steps));
+  table_ = table_.WithReplaced(index, kprC_StepNameProcedurePair(table_[index].stepName, step));
 }
 
 void kprC_StepContainer::AssertValid() const {
@@ -122,11 +116,6 @@ std::size_t kprC_StepContainer::Known(std::string_view name) const {
   std::size_t const index = Index(name);
   kprC_Assert(index != npos, kprC_ErrorEnm::NoSuchStep);
   return index;
-}
-
-void kprC_StepContainer::Store(kprC_StepSequence steps) {
-  table_ = kprC_StepTable(steps);
-  steps_ = std::move(steps);
 }
 
 // The rooms of the procedures know no container: what the sequencer takes of one is its table.

@@ -42,7 +42,6 @@ public:
   kprC_Step const* Find(std::string_view name) const;
   cow_List<cow_String> Names() const;
 
-  kprC_StepSequence const& Sequence() const { return steps_; }
   kprC_StepTable const& Table() const { return table_; }
 
   /// Puts \p step behind the step called \p after.
@@ -55,6 +54,19 @@ public:
   /// Puts \p step, of the same procedure or another, in the place of the step called \p name.
   void Replace(std::string_view name, kprC_StepHandle const& step);
 
+  /// What a check of the whole sequence has found: the steps that turn nlgeom on first and off last, by their numbers; 0 for none.
+  struct Nlgeom {
+    kprC_StepTable::Number firstOn = 0, lastOff = 0;
+    friend bool operator==(Nlgeom const&, Nlgeom const&) = default;
+  };
+  /// Keeps what is known of the present sequence once it is found to be legal; every edit forgets it.
+  void KeepChecked(Nlgeom const& nlgeom) {
+    checked_ = table_;
+    nlgeom_ = nlgeom;
+  }
+  /// Null while the present sequence has not been found to be legal.
+  Nlgeom const* Checked() const { return checked_.Same(table_) ? &nlgeom_ : nullptr; }
+
   /// Raises the first refusal of a step's own check, in step order.
   void AssertValid() const;
 
@@ -62,13 +74,13 @@ public:
   bool SetMember(std::string_view, cls_Value const&) override { return false; }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
-    visit(kprC_Step::stepRepositoryCmd(), &kprC_StepContainer::steps_, cls_MemberText{"the steps in order"});
+    visit(kprC_Step::stepRepositoryCmd(), &kprC_StepContainer::table_, cls_MemberText{"the steps in order"});
   }
 
 private:
   std::size_t Known(std::string_view name) const;
-  void Store(kprC_StepSequence steps);
 
-  kprC_StepSequence steps_;
-  kprC_StepTable table_;  // of steps_
+  kprC_StepTable table_;
+  kprC_StepTable checked_;  // the sequence that was found to be legal
+  Nlgeom nlgeom_;           // of it
 };

@@ -45,6 +45,7 @@ constexpr kprC_ProcedureRow const* kprC_FindProcedure(unsigned procedureType) {
   return index < kprC_procedures.size() ? &kprC_procedures[index] : nullptr;
 }
 
+static_assert(kprC_ProcedureType::Frequency == kprC_frequencyStepType && kprC_ProcedureType::Anneal == kprC_annealStepType);
 static_assert(kprC_procedures.front().type == kprC_firstProcedureType && kprC_procedures.back().type == kprC_lastProcedureType);
 static_assert(
     [] {

@@ -164,6 +164,31 @@ void kprC_StepSequencer::Replace(cow_String const& stepName, unsigned procedureT
   Rebuild(types);
 }
 
+// What may follow a step that is no perturbation step is the same whatever stands before it, but for what a frequency step allows.
+kprC_StepSequencer::Entry kprC_StepSequencer::EntryBefore(kprC_StepTable const& steps, std::size_t index) {
+  std::size_t first = index;  // of the steps that have to be looked at
+  while (first > 1 && kprC_perturbationProcedures.Contains(steps.ProcedureType(first - 1))) { --first; }
+  first = first > 1 ? first - 1 : 1;
+  Entry entry = kStart;
+  entry.frequency = steps.LastBefore(first, Frequency) != 0;
+  for (std::size_t i = first; i < index; ++i) { entry = After(entry, steps.ProcedureType(i)); }
+  return entry;
+}
+
+bool kprC_StepSequencer::MayInsert(kprC_StepTable const& legal, std::size_t index, unsigned procedureType, bool addedMassPermitted) {
+  kprC_StepSequencer const rules(addedMassPermitted);
+  Entry was = EntryBefore(legal, index);
+  if (!rules.Permitted(was.next).Contains(procedureType)) { return false; }
+  Entry is = After(was, procedureType);
+  for (std::size_t i = index; i < legal.Size() && !(is == was); ++i) {
+    unsigned const type = legal.ProcedureType(i);
+    if (!rules.Permitted(is.next).Contains(type)) { return false; }
+    was = After(was, type);
+    is = After(is, type);
+  }
+  return true;
+}
+
 // Behind a step that leaves things as they were, the rest of the sequence is as legal as it was.
 bool kprC_StepSequencer::IsRemovable(int index) const {
   kprC_Assert(index >= 0 && static_cast<std::size_t>(index) < Size(), kprC_ErrorEnm::StepIndex);

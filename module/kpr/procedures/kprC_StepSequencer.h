@@ -53,6 +53,10 @@ public:
   /// Those of them that are perturbation procedures, in the same order.
   cow_List<unsigned> AppendablePerturbation() const { return Appendable(true); }
 
+  /// Whether \p procedureType may stand at the position \p index of \p legal, a sequence that is legal with its initial step first.
+  /// Looks only as far as the change can reach.
+  static bool MayInsert(kprC_StepTable const& legal, std::size_t index, unsigned procedureType, bool addedMassPermitted);
+
   /// A sentence that says why \p procedureType may not be appended; empty when it may.
   std::string WhyNot(unsigned procedureType) const;
 
@@ -67,6 +71,9 @@ private:
   };
   static Entry const kStart;
   static Entry After(Entry const& before, unsigned procedureType);
+
+  /// The step before the position \p index of a table.
+  static Entry EntryBefore(kprC_StepTable const& steps, std::size_t index);
 
   Entry const& Last() const { return sequence_.empty() ? kStart : sequence_.back(); }
   Entry const& Before(std::size_t index) const { return index == 0 ? kStart : sequence_[index - 1]; }

@@ -118,6 +118,56 @@ TEST_F(BoundaryCondition, AnswersForItsSteps) {
   EXPECT_EQ(condition.ConstGetStateQuad("S1").procedure->ProcedureType(), kprC_StaticStep::TypeId());
 }
 
+TEST_F(BoundaryCondition, LendsARecordThatBecomesTheStepsOwnWhenItIsChanged) {
+  ASSERT_EQ(Create("DisplacementBC", "IGGG", "S1", {{"u1", 1.0}}), -1);
+  kbcC_BC& condition = Item();
+  std::unique_ptr<cls_Object> const copy = condition.Copy();
+  auto const& before = dynamic_cast<kbcC_BC const&>(*copy);
+  auto& record = condition.GetStateQuad("S2");
+  EXPECT_TRUE(condition.Equals(before)) << "merely lent";
+  dynamic_cast<kbcC_DisplacementBCState&>(record.state.Get()).u2 = 5.0;
+  EXPECT_EQ(condition.StateAt(2)->Member("u2"), cls_Value(5.0)) << "shows at once";
+  EXPECT_EQ(condition.StateAt(3)->Member("u2"), cls_Value("UNSET")) << "nothing is formed before the next pass";
+  EXPECT_FALSE(condition.Equals(before));
+  EXPECT_EQ(History(), "0 1 2 2");
+  condition.UpdateStates();
+  EXPECT_EQ(History(), "0 1 3 2");
+  EXPECT_EQ(condition.StateAt(3)->Member("u2"), cls_Value(5.0));
+  EXPECT_EQ(record.status, mdl_PropagationStatusEnm::Modified) << "the reference stays that of the record";
+  EXPECT_EQ(before.StateAt(2)->Member("u2"), cls_Value("UNSET"));
+}
+
+TEST_F(BoundaryCondition, ShowsARecordThatWasEmptiedAsItIsUntilTheNextPass) {
+  ASSERT_EQ(Create("DisplacementBC", "IGGGP", "S1", {{"u1", 1.0}}), -1);
+  EXPECT_EQ(Move("S1", "S4"), 39);
+  EXPECT_EQ(History(), "0 1 2 2 9");
+  EXPECT_EQ(Item().StateAt(2), nullptr) << "the records between are empty already";
+  Item().UpdateStates();
+  EXPECT_NE(Item().StateAt(2), nullptr);
+  ASSERT_EQ(Edit("S3", {{"u1", 2.0}}), -1);
+  Item().ReplaceStep("S3");
+  EXPECT_EQ(History(), "0 1 2 0 9");
+  EXPECT_EQ(Item().StateAt(3), nullptr);
+  EXPECT_EQ(CodeOf([this] { Item().ReplaceStep("S1"); }), 19);
+}
+
+TEST_F(BoundaryCondition, KeepsTheIdentitiesOfItsRecordsWhenTheStepsAreHandedOverAgain) {
+  ASSERT_EQ(Create("DisplacementBC", "IGG", "S1", {{"u1", 1.0}}), -1);
+  cls_Uid const uid = Item().ConstGetStateQuad("S2").Uid();
+  repository.UpdateSteps(kprC_StepTable(test::StepsOf("IGGG")));
+  EXPECT_EQ(Item().ConstGetStateQuad("S2").Uid(), uid);
+}
+
+TEST_F(BoundaryCondition, IsNotLoadedInAnInitialStepWithoutAProcedure) {
+  kprC_StepSequence steps = test::StepsOf("IG");
+  steps.Get(0).procedure.Reset();
+  repository.UpdateSteps(kprC_StepTable(steps));
+  auto const condition = Made("DisplacementBC");
+  std::string unknown;
+  condition->SetInStep("Initial", {{"u1", 1.0}}, &unknown);
+  EXPECT_EQ(CodeOf([&] { repository.Insert("A", *condition); }), 6);
+}
+
 TEST_F(BoundaryCondition, AsksItsStateWhatAStepMakesOfIt) {
   Displacement const carried;
   std::string none;

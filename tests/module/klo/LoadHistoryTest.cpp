@@ -42,6 +42,33 @@ TEST_F(LoadHistory, IsNotSwitchedOffInThisOrderOfRefusals) {
   EXPECT_EQ(Deactivate("S4"), 9);
 }
 
+TEST_F(LoadHistory, KnowsTheInitialStepByItsPlaceToo) {
+  kprC_StepSequence steps = test::StepsOf("IGG");
+  steps.Get(0).procedure.Reset();
+  repository.UpdateSteps(kprC_StepTable(steps));
+  auto const force = Made("ConcentratedForce");
+  std::string unknown;
+  force->SetInStep("S1", kForce, &unknown);
+  repository.Insert("A", *force);
+  EXPECT_EQ(Deactivate("Initial"), 31);
+}
+
+TEST_F(LoadHistory, StaysWhenTheSameStepsAreHandedOverAgain) {
+  ASSERT_EQ(Create("ConcentratedForce", "IGGUG", "S1", kForce), -1);
+  ASSERT_EQ(Edit("S2", {{"cf2", 2.0}}), -1);
+  ASSERT_EQ(Deactivate("S2"), -1);
+  ASSERT_EQ(Deactivate("S1"), -1);
+  ASSERT_EQ(Edit("S3", {{"cf1", 3.0}}), -1);
+  Item().Remove("S1");
+  ASSERT_EQ(Edit("S2", {{"cf3", 4.0}}), -1);
+  EXPECT_EQ(History(), "0 0 1 8 2");
+  auto const off = [this](std::size_t index) { return Item().StateAt(index)->Member("deactivate"); };
+  EXPECT_EQ(off(3), cls_Value(false));
+  repository.UpdateSteps(kprC_StepTable(test::StepsOf("IGGUG")));
+  EXPECT_EQ(History(), "0 0 1 8 2");
+  EXPECT_EQ(off(3), cls_Value(false));
+}
+
 TEST_F(LoadHistory, IsNotMovedInThisOrderOfRefusals) {
   struct {
     char const* steps;
@@ -51,7 +78,7 @@ TEST_F(LoadHistory, IsNotMovedInThisOrderOfRefusals) {
     char const* to;
     int code;
   } const rows[] = {
-      {"IGGGG", "S1", {"S2"}, "S1", "Nowhere", 31},  {"IGGGG", "S1", {"S2"}, "Nowhere", "Nowhere", -1},
+      {"IGGGG", "S1", {"S2"}, "S1", "Nowhere", 31},  {"IGGGG", "S1", {"S2"}, "Nowhere", "Nowhere", 31},
       {"IGGGG", "S1", {}, "S1", "S1", -1},           {"IGGGG", "S1", {"S2", "S3"}, "S1", "S3", 22},
       {"IGGGG", "S1", {"S2", "S3"}, "S3", "S1", 22}, {"IGGGG", "S1", {}, "Initial", "S1", 23},
       {"IGGGG", "S1", {}, "S2", "S1", 23},           {"IGGGG", "S3", {}, "S1", "S2", 13},
@@ -127,8 +154,8 @@ TEST_F(LoadHistory, IsAskedForByStep) {
     char const* step;
     bool has, editable;
     int check, loadCase;
-  } const rows[] = {{"Initial", false, false, 32, 53}, {"S1", false, false, 32, 53}, {"S2", true, true, -1, -1},
-                    {"S3", true, false, -1, -1},       {"S4", true, false, 32, 53},  {"Nowhere", false, false, 32, 53}};
+  } const rows[] = {{"Initial", true, false, 32, 53}, {"S1", true, false, 32, 53}, {"S2", true, true, -1, -1},
+                    {"S3", true, false, -1, -1},      {"S4", true, false, 32, 53}, {"Nowhere", false, false, 32, 53}};
   for (auto const& row : rows) {
     SCOPED_TRACE(row.step);
     EXPECT_EQ(Item().HasStep(row.step), row.has);

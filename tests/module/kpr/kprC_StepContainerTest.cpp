@@ -71,11 +71,11 @@ TEST(StepContainer, GivesARenamedOrReplacedEntryAnIdentityOfItsOwn) {
   kprC_StepContainer steps = Container("A B");
   kprC_StepContainer const before = steps;
   steps.Rename("A", "C");
-  EXPECT_NE(steps.Sequence()[1].Uid(), before.Sequence()[1].Uid());
+  EXPECT_NE(steps.Table()[1].Uid(), before.Table()[1].Uid());
   EXPECT_EQ(&steps.Step(1), &before.Step(1));
   steps.Replace("B", Static());
-  EXPECT_NE(steps.Sequence()[2].Uid(), before.Sequence()[2].Uid());
-  EXPECT_EQ(steps.Sequence()[0].Uid(), before.Sequence()[0].Uid());
+  EXPECT_NE(steps.Table()[2].Uid(), before.Table()[2].Uid());
+  EXPECT_EQ(steps.Table()[0].Uid(), before.Table()[0].Uid());
 }
 
 // Random edits against a plain list of names and steps; every earlier copy stays what it was.
@@ -105,7 +105,7 @@ TEST(StepContainer, HoldsWhatTheEditsSay) {
       expected[at].second = step.ConstGet();
     }
     ASSERT_EQ(steps.Size(), expected.size());
-    ASSERT_EQ(steps.Sequence().Size(), expected.size());
+    ASSERT_EQ(steps.Table().Sequence().Size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i) {
       auto const& [itsName, itsStep] = expected[i];
       ASSERT_EQ(steps.Index(itsName), i);
@@ -113,7 +113,7 @@ TEST(StepContainer, HoldsWhatTheEditsSay) {
       // the very object, wherever it is asked for
       ASSERT_EQ(&steps.Step(i), itsStep);
       ASSERT_EQ(steps.Table()[i].procedure.ConstGet(), itsStep);
-      ASSERT_EQ(steps.Sequence()[i].procedure.ConstGet(), itsStep);
+      ASSERT_EQ(steps.Table()[i].procedure.ConstGet(), itsStep);
     }
     if (edit % 40 == 0) { snapshots.emplace_back(steps, Names(steps)); }
   }

@@ -9,6 +9,7 @@
 #include "module/kpr/model/kprC_StepContainer.h"
 #include "module/kpr/steps/kprC_Steps.h"
 #include "tests/module/kpr/kprTestSteps.h"
+#include "tests/support/StepLetters.h"
 
 namespace {
 
@@ -129,6 +130,17 @@ TEST(Sequencer, AgreesWithTheRulesTakenLiterally) {
         kprC_StepSequencer shorter = sequencer;
         shorter.Remove(static_cast<int>(i));
         ASSERT_EQ(shorter.MayFollow(), kprC_StepSequencer(shorter.Sequence(), permitted).MayFollow());
+      }
+      kprC_StepSequence steps;
+      steps.Append(test::NamedStep("Initial", 0));
+      for (unsigned const type : sequencer.Sequence()) { steps.Append(test::NamedStep(std::to_string(steps.Size()), type)); }
+      kprC_StepTable const table(steps);
+      for (std::size_t i = 0; i <= length; ++i) {
+        unsigned const type = kprC_procedures[random() % kprC_procedures.size()].type;
+        Reference::Sequence longer = reference;
+        longer.insert(longer.begin() + static_cast<std::ptrdiff_t>(i), std::string(labels.Label(type)));
+        bool const expected = !longer[i].empty() && Reference::IsLegal(longer, permitted);
+        ASSERT_EQ(kprC_StepSequencer::MayInsert(table, i + 1, type, permitted), expected) << Labels(sequencer.Sequence()) << " + " << i;
       }
       if (allowed.empty()) { break; }
       unsigned const next = allowed[random() % allowed.size()];

@@ -1,0 +1,398 @@
+#include "module/kpr/engine/kprC_Attribute.h"
+
+#include <algorithm>
+
+#include "module/kpr/engine/kprC_Propagator.h"
+
+using Status_ = mdl_PropagationStatusEnm;
+
+namespace {
+constexpr std::size_t npos = kprC_StepTable::npos;
+}  // namespace
+
+// ---- what is asked
+
+struct kprC_Attribute::Asked {
+  cow_String const& step;
+  cow_String const* toStep = nullptr;
+  std::size_t index = npos, to = npos;
+  bool emptied = false;  // the records between were
+};
+
+std::size_t kprC_Attribute::Known(cow_String const& step) const {
+  std::size_t const index = States().Find(step.View());
+  Family().Assert(index != npos, Family().unknownStep);
+  return index;
+}
+
+bool kprC_Attribute::SaysSomething(std::size_t begin, std::size_t end) const {
+  bool says = false;
+  States().ForEachOwn([&](std::size_t index, kprC_History::Own const& own) {  // what is carried is never in the way
+    says = says || (index >= begin && index < end && Is(own.status, kprC_IllegalMove));
+  });
+  return says;
+}
+
+bool kprC_Attribute::Holds(kprC_Ask ask, Asked& asked) {
+  kprC_History& states = States();
+  auto const is = [&](unsigned trait) { return Is(states.Status(asked.index), trait); };
+  switch (ask) {
+    case kprC_Ask::UnknownStep:
+      asked.index = states.Find(asked.step.View());
+      asked.to = asked.toStep == nullptr ? asked.index : states.Find(asked.toStep->View());
+      return asked.index == npos || asked.to == npos;
+    case kprC_Ask::SameStep: return asked.step == *asked.toStep;
+    case kprC_Ask::InitialStep: return Steps().IsInitial(asked.index);
+    case kprC_Ask::CreateStep: return asked.step == CreateStepName();
+    case kprC_Ask::NoState: return states.State(asked.index) == nullptr;
+    case kprC_Ask::SwitchedOff: return states.State(asked.index)->SwitchedOff();
+    case kprC_Ask::Perturbation: {
+      auto const& procedure = Steps()[asked.index].procedure;
+      return procedure && procedure->Perturbation();
+    }
+    case kprC_Ask::Inactive: return !is(kprC_Active);
+    case kprC_Ask::NotEditable: return !is(kprC_Editable);
+    case kprC_Ask::Propagated: return is(kprC_Propagated);
+    case kprC_Ask::NoReset: return (Family().statuses[static_cast<std::size_t>(states.Status(asked.index))] & kprC_NoReset) != 0;
+    case kprC_Ask::OfType: AssertMove(asked.index, asked.to); return false;
+    case kprC_Ask::DestinationFirst: return asked.to < asked.index && SaysSomething(asked.to, asked.to + 1);
+    case kprC_Ask::Between: return SaysSomething(std::min(asked.index, asked.to) + 1, std::max(asked.index, asked.to));
+    case kprC_Ask::Destination: return SaysSomething(asked.to, asked.to + 1);
+    case kprC_Ask::EmptyBetween:
+      states.Clear(std::min(asked.index, asked.to) + 1, std::max(asked.index, asked.to));
+      states.NewUid();
+      asked.emptied = true;
+      return false;
+    case kprC_Ask::Target: AssertTarget(asked.to); return false;
+    case kprC_Ask::NotAdmitted: return Steps()[asked.to].procedure && !Admits(Steps().ProcedureType(asked.to), false);
+  }
+  return false;
+}
+
+bool kprC_Attribute::Ask(std::span<kprC_Family::Test const> tests, Asked& asked) {
+  for (kprC_Family::Test const& test : tests) {
+    if (!Holds(test.ask, asked)) { continue; }
+    if (test.refusal < 0) { return false; }
+    Family().refuse(test.refusal);
+  }
+  return true;
+}
+
+void kprC_Attribute::AssertTarget(std::size_t to) const {
+  auto const& procedure = Steps()[to].procedure;
+  if (!procedure) { return; }
+  std::uint32_t const bit = kprC_ProcedureBit(Steps().ProcedureType(to));
+  for (auto const& target : Family().targets) { Family().Assert((target.procedures & bit) == 0, target.refusal); }
+}
+
+template <class Fn> void kprC_Attribute::Edit(Fn&& edit) {
+  checked_ = false;
+  if (!Family().onCopy) { return edit(); }
+  kprC_History const states = States();
+  bool const suppressed = suppress_;
+  try {
+    edit();
+  } catch (...) {
+    States() = states;
+    suppress_ = suppressed;
+    throw;
+  }
+}
+
+// ---- operations
+
+void kprC_Attribute::Resume() {
+  Edit([this] {
+    suppress_ = false;
+    Sync();
+  });
+}
+
+bool kprC_Attribute::PutState(cow_String const& step, kprC_State const& state) {
+  cow_Handle<kprC_State> copy(kprC_Duplicate(state));
+  copy.Get().NewUid();
+  kprC_History& states = States();
+  if (states.Size() == 0) {
+    states.StartWith(step, std::move(copy));
+    return true;
+  }
+  std::size_t const index = states.Find(step.View());
+  if (index == npos) { return false; }
+  Edit([&] {
+    // the create step stays the create step, also where it was switched off
+    Status_ const status = states.IsCreateStep(index) ? Status_::Created : states.Status(index);
+    bool const off = copy->SwitchedOff();
+    states.Set(index, status, std::move(copy), off);
+    if (Steps().HasProcedure()) { Sync(); }
+  });
+  return true;
+}
+
+bool kprC_Attribute::SetInStep(cow_String const& step, kprC_Arguments const& members, std::string* unknown) {
+  kprC_History const& states = States();
+  std::size_t const index = states.Size() == 0 ? npos : Known(step);
+  kprC_State const* const present = index == npos ? nullptr : states.State(index);
+  std::unique_ptr<kprC_State> state = present != nullptr ? kprC_Duplicate(*present) : MakeState();
+  state->SetSwitchedOff(false);
+  for (auto const& [name, value] : members) {
+    if (auto const* text = value.template As<std::string>()) {
+      Family().Assert(Family().setToPropagated < 0 || *text != "PROPAGATED", Family().setToPropagated);
+      AssertMemberState(index, name, *text);
+    }
+    if (!state->SetMember(name, value)) {
+      *unknown = name;
+      return false;
+    }
+  }
+  return InsertState(step, *state);
+}
+
+bool kprC_Attribute::Remove(cow_String const& step) {
+  if (!IsMember(step)) { return false; }
+  Edit([&] {
+    std::size_t const index = Known(step);
+    States().Clear(index, index + 1);
+    Sync();
+  });
+  return true;
+}
+
+void kprC_Attribute::Deactivate(cow_String const& step) {
+  Asked asked{.step = step};
+  if (!Ask(Family().deactivate, asked)) { return; }
+  Edit([&] {
+    kprC_History& states = States();
+    cow_Handle<kprC_State> state = states.StateHandle(asked.index);
+    kprC_State& off = state.Get();
+    off.SetSwitchedOff(true);
+    off.NewUid();
+    states.Set(asked.index, states.Status(asked.index), std::move(state), true);
+    Sync();
+  });
+}
+
+void kprC_Attribute::Reset(cow_String const& step) {
+  Asked asked{.step = step};
+  if (!Ask(Family().reset, asked)) { return; }
+  Edit([&] {
+    States().Clear(asked.index, asked.index + 1);
+    Sync();
+  });
+}
+
+void kprC_Attribute::Move(cow_String const& fromStep, cow_String const& toStep) {
+  Edit([&] {
+    kprC_History& states = States();
+    kprC_History const before = states;
+    Asked asked{.step = fromStep, .toStep = &toStep};
+    try {
+      if (!Ask(Family().move, asked)) { return; }
+    } catch (...) {
+      if (asked.emptied && !Family().onCopy) {  // until the next pass the records between show that they are empty
+        for (std::size_t i = std::min(asked.index, asked.to) + 1; i < std::max(asked.index, asked.to); ++i) {
+          states.Empty(i, before.Status(i));
+        }
+      }
+      throw;
+    }
+    cow_Handle<kprC_State> moved = states.StateHandle(asked.index);
+    Status_ const status = states.Status(asked.index);
+    bool marked = false;
+    if (moved) {
+      marked = moved->SwitchedOff();
+      moved.Get().NewUid();
+    }
+    states.Clear(asked.index, asked.index + 1);
+    states.Set(asked.to, status, std::move(moved), marked);
+    Sync();
+  });
+}
+
+void kprC_Attribute::UpdateStates() {
+  std::size_t const index = States().CreateStep();
+  if (index != npos && Steps()[index].procedure) {
+    Family().Assert(Admits(Steps().ProcedureType(index), false), Family().createNotAdmitted);
+  }
+  Edit([this] { Sync(); });
+}
+
+void kprC_Attribute::ReplaceStep(cow_String const& step) {
+  std::size_t const index = Known(step);
+  EmptyStep(index, Steps().WithReplaced(index, kprC_StepNameProcedurePair(Steps().Name(index), nullptr)));
+}
+
+// ---- forming and checking
+
+std::uint32_t kprC_Attribute::CarriedInto() const {
+  std::uint32_t admitted = Admits(0, true) ? kprC_ProcedureBit(0) : 0U;
+  for (unsigned type = kprC_firstProcedureType; type <= kprC_lastProcedureType; ++type) {
+    admitted |= Admits(type, true) ? kprC_ProcedureBit(type) : 0U;
+  }
+  return admitted;
+}
+
+void kprC_Attribute::FormHistory() {
+  States().SetAdmitted(CarriedInto());
+  States().Form();
+}
+
+void kprC_Attribute::Sync() {
+  FormHistory();
+  AssertValid();
+  checked_ = true;
+}
+
+void kprC_Attribute::AssertValid() const {
+  if (suppress_) { return; }
+  AssertSteps();
+  AssertWhole();
+  ForEachOwnEditable([this](std::size_t index, kprC_State const& state) { AssertOwnState(state, index); });
+}
+
+void kprC_Attribute::AssertSteps() const {
+  if (Steps().HasType(kprC_annealStepType)) {
+    ForEachOwnEditable([this](std::size_t index, kprC_State const&) {
+      Family().Assert(Steps().ProcedureType(index) != kprC_annealStepType, Family().anneal);
+    });
+  }
+  States().ForEachOwn([this](std::size_t index, kprC_History::Own const& own) {
+    if (!own.state || !Is(own.status, kprC_Editable)) { return; }
+    bool const carried = own.status != Status_::Created;
+    Family().Assert(Admits(Steps().ProcedureType(index), carried), Family().createNotAdmitted);
+  });
+}
+
+// ---- members and what they name
+
+bool kprC_Attribute::SetMember(std::string_view name, cls_Value const& value) {
+  checked_ = false;
+  return kprC_StepDependent::SetMember(name, value);
+}
+
+cls_xoList<rgnC_Region> kprC_Attribute::Regions(rgnC_RegionType type) const {
+  cls_xoList<rgnC_Region> regions;
+  if (region_ && region_.Type() == type) { regions.Append(region_); }
+  return regions;
+}
+
+cow_1DArrayList<cow_String> kprC_Attribute::Amplitudes() const {
+  cow_Map<cow_String, bool> seen;
+  cow_1DArrayList<cow_String> names;
+  cls_ForEachReference(MemberRows(), static_cast<void const*>(this), [&](cls_Reference kind, std::string_view name) {
+    if (kind == cls_Reference::Amplitude && seen.Insert(cow_String(name), true)) { names.Append(cow_String(name)); }
+  });
+  return names;
+}
+
+bool kprC_Attribute::Redirect(cls_Redirection const& to) {
+  bool redirected = false;
+  Edit([&] {
+    redirected = cls_Redirect(MemberRows(), static_cast<void*>(this), to);
+    if (redirected) { Sync(); }
+  });
+  return redirected;
+}
+
+void kprC_Attribute::ForEachRun(RunVisitor const& visit) const {
+  States().ForEachRun(
+      [&visit](std::size_t begin, std::size_t end, Status_ status, kprC_State const* state) { visit(begin, end, status, state); });
+}
+
+cow_List<Status_> kprC_Attribute::History() const {
+  std::vector<Status_> statuses;
+  statuses.reserve(States().Size());
+  States().ForEachRun([&statuses](std::size_t begin, std::size_t end, Status_ status, kprC_State const*) {
+    statuses.insert(statuses.end(), end - begin, status);
+  });
+  return cow_List<Status_>(std::move(statuses));
+}
+
+cow_String kprC_Attribute::CreateStepName() const {
+  std::size_t const index = States().CreateStep();
+  return index == npos ? cow_String() : Steps().Name(index);
+}
+
+// ---- the repository's calls
+
+void kprC_Attribute::MatchTo(kprC_StepTable const& steps) {
+  std::size_t const create = States().CreateStep();
+  bool const known = create == npos || steps.Continues(Steps()) || steps.Find(Steps().Name(create).View()) != npos;
+  Family().Assert(known, Family().unknownStep);
+  States().Attach(steps);
+}
+
+void kprC_Attribute::Initialize(kprC_StepTable const& steps) {
+  if (steps.Size() == 0) { return; }
+  Edit([&] {
+    MatchTo(steps);
+    Sync();
+  });
+}
+
+void kprC_Attribute::InitializeStateValues(kprC_StepTable const& steps) {
+  if (steps.Size() == 0) { return; }
+  Edit([&] {
+    States().Attach(steps);
+    FormHistory();
+  });
+}
+
+void kprC_Attribute::FollowSteps(kprC_StepTable const& steps) {
+  kprC_History& states = States();
+  std::size_t const disturbed = steps.Disturbed() == 0 ? npos : states.Steps().Position(steps.Disturbed());
+  bool const saidThere = disturbed != npos && states.HasOwn(disturbed);
+  if (checked_ && !saidThere && states.IsFormed() && !LooksAtSteps()) { return states.Attach(steps); }
+  Edit([&] {
+    states.Attach(steps);
+    Sync();
+  });
+}
+
+bool kprC_Attribute::IsUpToDate(kprC_StepTable const& steps) const {
+  return checked_ && Steps().Same(steps) && States().IsFormed() && !LooksAtSteps();
+}
+
+void kprC_Attribute::EmptyStep(std::size_t index, kprC_StepTable const& bare) {
+  Family().Assert(!States().IsCreateStep(index), Family().resetInCreateStep);
+  checked_ = false;
+  States().Empty(index, Status_::NotYetCreated);
+  States().Attach(bare);
+}
+
+void kprC_Attribute::Restored(cls_ReadVisitor const& in) {
+  if (in.ReadsOwnRecordsOnly()) { return; }  // its repository has the steps
+  std::size_t const stored = States().OwnCount();
+  RestoreHistory(in, Steps());
+  std::size_t const create = States().CreateStep();
+  std::size_t const told = create == npos ? 0 : Steps().Size() - create;
+  if (told != stored) { in.Refuse("states", "a state in every record from the create step on"); }
+}
+
+void kprC_Attribute::RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable const& steps) {
+  // the repository, which calls later, has the name at hand, the visitor then has not
+  std::string const member = Name().IsEmpty() ? "states" : std::string(Name().View()) + " / states";
+  struct Stored {
+    cow_String step;
+    Status_ status;
+    cow_Handle<kprC_State> state;
+  };
+  std::vector<Stored> stored;
+  bool fits = in.ReadsOwnRecordsOnly() || Steps().SameNames(steps);
+  States().ForEachOwn([&](std::size_t index, kprC_History::Own const& own) {
+    fits = fits && steps.Find(Steps().Name(index).View()) != npos;
+    stored.push_back({Steps().Name(index), own.status, own.state});
+  });
+  if (!fits) { in.Refuse(member, "one record for each step of the sequence, in step order"); }
+  States().Attach(steps);
+  FormHistory();
+  for (Stored const& own : stored) {
+    std::size_t const index = steps.Find(own.step.View());
+    kprC_State const* const state = States().State(index);
+    if (States().Status(index) != own.status || state == nullptr || !state->Equals(*own.state)) {
+      in.Refuse(member, "in step \"" + std::string(own.step.View()) + "\" the status and the state that follow from the steps before");
+    }
+  }
+  if (in.ReadsOwnRecordsOnly() && States().OwnCount() != stored.size()) {
+    in.Refuse(member, "only records that say something of their own");
+  }
+}

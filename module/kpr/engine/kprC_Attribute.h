@@ -1,0 +1,127 @@
+#pragma once
+
+#include "module/kpr/engine/kprC_History.h"
+
+/// The per-step operations of every family, by its page of tables. Compiled once; kprC_StepAttribute gives them the family's
+/// types.
+///
+/// Operations ask before they change, in the order of the family's tests; each ends with the whole history formed anew, and with
+/// the check of every record. What such a late refusal leaves behind is the family's: those that work on a copy are as
+/// they were.
+class DDB_API kprC_Attribute : public kprC_StepDependent {
+public:
+  bool IsSuppressed() const override { return suppress_; }
+  void Suppress() override { suppress_ = true; }
+  void Resume() override;
+
+  rgnC_Region const& Region() const { return region_; }
+  cls_xoList<rgnC_Region> Regions(rgnC_RegionType type) const override;
+  cow_1DArrayList<cow_String> Amplitudes() const override;
+  bool Redirect(cls_Redirection const& to) override;
+  bool SetMember(std::string_view name, cls_Value const& value) override;
+
+  kprC_StepTable const& Steps() const override { return States().Steps(); }
+  /// Raises the unknown-step refusal.
+  mdl_PropagationStatusEnm Status(cow_String const& step) const override { return States().Status(Known(step)); }
+  mdl_PropagationStatusEnm StatusAt(std::size_t index) const override { return States().Status(index); }
+  cls_Object const* StateAt(std::size_t index) const override { return States().State(index); }
+  void ForEachRun(RunVisitor const& visit) const override;
+  cow_List<mdl_PropagationStatusEnm> History() const override;
+  cow_String CreateStepName() const override;
+  bool IsMember(cow_String const& step) const override { return States().Find(step.View()) != kprC_StepTable::npos; }
+  bool IsActiveIn(cow_String const& step) const override { return Is(Status(step), kprC_Active); }
+  bool IsEditable(cow_String const& step) const override { return Is(Status(step), kprC_Editable); }
+  cow_String GetEditableStepName(cow_String const& step) const override { return IsEditable(step) ? step : CreateStepName(); }
+
+  bool SetInStep(cow_String const& step, kprC_Arguments const& members, std::string* unknown) override;
+  /// Takes what \p step says away. False for an unknown step.
+  bool Remove(cow_String const& step) override;
+  /// Switches the attribute off from \p step on. The family's kDeactivate says what is asked.
+  void Deactivate(cow_String const& step) override;
+  /// Takes back what \p step says. The family's kReset says what is asked.
+  void Reset(cow_String const& step) override;
+  /// Moves what \p fromStep says to \p toStep, and empties the records between where the family does. The family's kMove says what
+  /// is asked, and from which question on the records between are empty already.
+  void Move(cow_String const& fromStep, cow_String const& toStep) override;
+  void UpdateStates() override;
+
+  /// Nothing while suppressed. Refuses an attribute that is active in an anneal step, then one whose type a step does not
+  /// admit in which it is; then what the type refuses of itself and of its states. The family says for which statuses a
+  /// step is asked; what is carried rests where its type is not admitted and holds nothing that its source does not, so
+  /// that the own records are the ones to ask.
+  void AssertValid() const override;
+
+  /// Empties the record of a step whose procedure is being replaced: no state, no procedure, status 0. Refused for the
+  /// create step. The history is formed when the new sequence is handed over.
+  void ReplaceStep(cow_String const& step);
+
+  void Restored(cls_ReadVisitor const& in) override;
+
+protected:
+  virtual kprC_History& States() = 0;
+  virtual kprC_History const& States() const = 0;
+  kprC_Family const& Family() const { return States().Family(); }
+
+  /// A default state of the type, of the family's class.
+  virtual std::unique_ptr<kprC_State> MakeState() const = 0;
+  /// Inserts by the type's own rules.
+  virtual bool InsertState(cow_String const& step, kprC_State const& state) = 0;
+  /// The insertion itself: puts a copy of \p state into the record of \p step and forms the history. Without records one is
+  /// begun; false when there are records but none of that step.
+  bool PutState(cow_String const& step, kprC_State const& state);
+
+  /// Forms the history: statuses and carried states of all records, and then the check of every record.
+  virtual void Sync();
+
+  /// Calls \p fn(index, state) with every own record whose status is an editable one.
+  template <class Fn> void ForEachOwnEditable(Fn&& fn) const {
+    States().ForEachOwn([&](std::size_t index, kprC_History::Own const& own) {
+      if (own.state && Is(own.status, kprC_Editable)) { fn(index, *own.state); }
+    });
+  }
+
+  /// The part of AssertValid that asks the steps alone.
+  void AssertSteps() const;
+  /// What the type refuses of itself as a whole, and of a state in force; \p index is that of its step.
+  virtual void AssertWhole() const {}
+  virtual void AssertOwnState(kprC_State const& /*state*/, std::size_t /*index*/) const {}
+  /// What the type refuses of a move before anything changes.
+  virtual void AssertMove(std::size_t /*from*/, std::size_t /*to*/) const {}
+  /// Refuses a word ("UNSET", "FREED", "PROPAGATED") where a member may not take that state in that step.
+  /// \p index is npos while the attribute is being created.
+  virtual void AssertMemberState(std::size_t /*index*/, std::string_view /*member*/, std::string_view /*word*/) const {}
+  /// Whether the type refuses by more of the steps than its own records' procedures: it is then asked again with every
+  /// edit of the sequence.
+  virtual bool LooksAtSteps() const { return false; }
+
+  /// The procedure types that the attribute is carried into, a bit each: what Admits says of them. Asked with every pass.
+  virtual std::uint32_t CarriedInto() const;
+
+  bool Is(mdl_PropagationStatusEnm status, unsigned trait) const { return Family().Is(status, trait); }
+  void FormHistory();
+
+  rgnC_Region region_;
+  cow_String fieldName_;
+  bool suppress_ = false;
+
+private:
+  struct Asked;
+  /// Asks \p tests of \p asked in turn. False where the operation ends without a refusal.
+  bool Ask(std::span<kprC_Family::Test const> tests, Asked& asked);
+  bool Holds(kprC_Ask ask, Asked& asked);
+  void AssertTarget(std::size_t to) const;
+  bool SaysSomething(std::size_t begin, std::size_t end) const;
+  std::size_t Known(cow_String const& step) const;
+  /// Runs what changes the attribute and may be refused late.
+  template <class Fn> void Edit(Fn&& edit);
+
+  void Initialize(kprC_StepTable const& steps) override;
+  void InitializeStateValues(kprC_StepTable const& steps) override;
+  void MatchTo(kprC_StepTable const& steps);
+  void TakeSteps(kprC_StepTable const& steps) override { States().Attach(steps); }
+  void FollowSteps(kprC_StepTable const& steps) override;
+  bool IsUpToDate(kprC_StepTable const& steps) const override;
+  bool SaysSomethingIn(std::size_t index) const override { return States().HasOwn(index); }
+  void EmptyStep(std::size_t index, kprC_StepTable const& bare) override;
+  void RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable const& steps) override;
+};

@@ -1,0 +1,412 @@
+#include "module/kpr/engine/kprC_History.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+
+#include "module/kpr/engine/kprC_Propagator.h"
+
+// ---- a state made when it is asked for
+
+kprC_LazyState::kprC_LazyState(kprC_LazyState const& other) noexcept {
+  kprC_State const* const present = other.Present();
+  if (present != nullptr) { present->Retain(); }
+  state_.store(present, std::memory_order_relaxed);
+}
+
+kprC_LazyState& kprC_LazyState::operator=(kprC_LazyState other) noexcept {
+  kprC_State const* const present = Present();
+  state_.store(other.Present(), std::memory_order_relaxed);
+  other.state_.store(present, std::memory_order_relaxed);
+  return *this;
+}
+
+void kprC_LazyState::Reset() noexcept {
+  kprC_State const* const present = Present();
+  if (present == nullptr) { return; }
+  state_.store(nullptr, std::memory_order_relaxed);
+  if (present->Release()) { delete present; }
+}
+
+kprC_State const& kprC_LazyState::Keep(cow_Handle<kprC_State> const& made) const {
+  kprC_State const* present = nullptr;
+  made->Retain();
+  if (state_.compare_exchange_strong(present, made.ConstGet(), std::memory_order_acq_rel)) { return *made; }
+  static_cast<void>(made->Release());  // another thread was first; the handle still holds ours
+  return *present;
+}
+
+// ---- records that are lent
+
+struct kprC_History::Loan {
+  Number step;
+  std::unique_ptr<kprC_Record> record;
+  Status_ status;  // as lent, to see what has changed
+  Handle state;
+
+  bool IsChanged() const { return record->StatusNow() != status || !(record->StateNow() == state); }
+};
+struct kprC_History::Loans {
+  std::map<Number, Loan> bySteps;
+};
+
+kprC_History::kprC_History(kprC_Family const& family) : family_(&family) {}
+kprC_History::kprC_History(kprC_History const& other)
+    : family_(other.family_),
+      steps_(other.steps_),
+      body_(other.body_),
+      uid_(other.uid_),
+      admitted_(other.admitted_),
+      firstTouched_(other.firstTouched_),
+      lastTouched_(other.lastTouched_) {
+  if (!other.loans_) { return; }
+  for (auto const& [step, loan] : other.loans_->bySteps) {
+    std::size_t const index = steps_.Position(step);
+    if (index != npos && loan.IsChanged()) {
+      Set(index, loan.record->StatusNow(), loan.record->StateNow(), loan.record->StateNow() && loan.record->StateNow()->SwitchedOff());
+    }
+  }
+}
+kprC_History::kprC_History(kprC_History&& other) noexcept = default;
+kprC_History& kprC_History::operator=(kprC_History other) noexcept {
+  std::swap(family_, other.family_);
+  std::swap(steps_, other.steps_);
+  std::swap(body_, other.body_);
+  std::swap(uid_, other.uid_);
+  std::swap(admitted_, other.admitted_);
+  std::swap(firstTouched_, other.firstTouched_);
+  std::swap(lastTouched_, other.lastTouched_);
+  if (loans_) { RefreshLoans(); }
+  return *this;
+}
+kprC_History::~kprC_History() = default;
+
+kprC_Record& kprC_History::Lend(std::size_t index) {
+  if (!loans_) { loans_ = std::make_unique<Loans>(); }
+  Number const step = steps_.NumberOf(index);
+  auto lent = loans_->bySteps.find(step);
+  if (lent == loans_->bySteps.end()) {
+    Loan loan{step, family_->makeRecord(), Status(index), StateHandle(index)};
+    loan.record->Take(steps_[index], loan.status, loan.state, RecordUid(index));
+    lent = loans_->bySteps.emplace(step, std::move(loan)).first;
+  }
+  return *lent->second.record;
+}
+
+bool kprC_History::Lent() const {
+  return loans_ && std::ranges::any_of(loans_->bySteps, [](auto const& loan) { return loan.second.IsChanged(); });
+}
+
+void kprC_History::TakeBackLoans() {
+  if (!loans_) { return; }
+  for (auto& [step, loan] : loans_->bySteps) {
+    std::size_t const index = steps_.Position(step);
+    if (index == npos || !loan.IsChanged()) { continue; }
+    Handle const state = loan.record->StateNow();
+    Own const* const own = FindOwn(step);
+    bool const wasOff = loan.state && loan.state->SwitchedOff();
+    bool const isOff = state && state->SwitchedOff();
+    bool const marked = isOff != wasOff ? isOff : own != nullptr && own->marked;
+    Status_ const status = loan.record->StatusNow();
+    loan.status = status;
+    loan.state = state;
+    if (state) {
+      Set(index, status, state, marked);
+    } else {
+      Empty(index, status);
+    }
+  }
+}
+
+void kprC_History::RefreshLoans() {
+  if (!loans_) { return; }
+  for (auto& [step, loan] : loans_->bySteps) {
+    std::size_t const index = steps_.Position(step);
+    if (index == npos) { continue; }  // gone with its step, but whoever holds it may still look at it
+    Record const now = Look(index);
+    loan.status = now.status;
+    loan.state = now.state == nullptr ? Handle() : Handle::Sharing(*now.state);
+    loan.record->Take(steps_[index], loan.status, loan.state, RecordUid(index));
+  }
+}
+
+// ---- asking
+
+kprC_History::Own const* kprC_History::FindOwn(Number step) const {
+  auto const& owns = OwnRecords();
+  auto const at = std::ranges::lower_bound(owns, step, {}, &Own::step);
+  return at != owns.end() && at->step == step ? &*at : nullptr;
+}
+
+kprC_History::Record kprC_History::Look(std::size_t index) const {
+  Number const step = steps_.NumberOf(index);
+  if (loans_) {
+    if (auto const lent = loans_->bySteps.find(step); lent != loans_->bySteps.end() && lent->second.IsChanged()) {
+      return {lent->second.record->StatusNow(), lent->second.record->StateNow().ConstGet()};
+    }
+  }
+  auto const& owns = OwnRecords();
+  auto own = std::ranges::upper_bound(owns, step, {}, &Own::step);
+  if (own == owns.begin()) { return {Status_::NotYetCreated, nullptr}; }
+  if ((--own)->step == step) { return {own->status, own->state.ConstGet()}; }
+  while (!own->state) {  // emptied
+    if (own == owns.begin()) { return {Status_::NotYetCreated, nullptr}; }
+    --own;
+  }
+  return Carried(*own, index);
+}
+
+kprC_History::Handle kprC_History::StateHandle(std::size_t index) const {
+  kprC_State const* const state = State(index);
+  return state == nullptr ? Handle() : Handle::Sharing(*state);
+}
+
+cls_Uid kprC_History::RecordUid(std::size_t index) const {
+  constexpr std::uint64_t kOfAStep = std::uint64_t{1} << 62;  // keeps clear of the parts 0 and all ones, which mean something else
+  return cls_Uid::OfElement(uid_, std::hash<std::string_view>{}(steps_.Name(index).View()) / 4 | kOfAStep);
+}
+
+std::size_t kprC_History::CreateStep() const {
+  for (Own const& own : OwnRecords()) {
+    if (own.state) { return steps_.Position(own.step); }
+  }
+  return npos;
+}
+
+kprC_State const& kprC_History::Carry(Own const& source, bool off, Handle const& present) const {
+  return (off ? source.off : source.on).Get([&] {
+    auto made = kprC_Duplicate(*source.state);
+    made->Propagate();
+    made->SetSwitchedOff(off);
+    if (present && made->Equals(*present)) { return present; }
+    if (made->Equals(*source.state)) { return source.state; }
+    made->NewUid();
+    return Handle(std::move(made));
+  });
+}
+
+kprC_History::Record kprC_History::Carried(Own const& own, std::size_t index) const {
+  kprC_PassTable const& pass = family_->pass;
+  unsigned const procedure = steps_.ProcedureType(index);
+  kprC_StepKind const kind = family_->kind(procedure);
+  Own const& source = own.source == own.step ? own : *FindOwn(own.source);
+  bool const modal = kind == kprC_StepKind::Modal;
+  bool const off = own.base == Base::Off;
+  auto const carry = [&](Status_ status, bool isOff) { return Record{status, &Carry(source, isOff)}; };
+  // the status in the last frequency step, as far as that says something of its own
+  auto const inFrequency = [&] {
+    Number const frequency = steps_.LastBefore(index, kprC_frequencyStepType);
+    Own const* const there = frequency == 0 ? nullptr : FindOwn(frequency);
+    return there == nullptr ? Status_::NotYetCreated : there->status;
+  };
+  if (own.base == Base::None) { return carry(modal && inFrequency() == Status_::Created ? pass.held : pass.notCarried, false); }
+  bool const admitted = (admitted_ & kprC_ProcedureBit(procedure)) != 0;
+  if (!admitted && (kind != kprC_StepKind::Perturbation || pass.asksAdmissionInPerturbation)) { return carry(pass.notAdmitted, off); }
+  if (modal) { return carry(off || inFrequency() == pass.perturbationOff ? pass.afterOff : pass.held, false); }
+  if (off) { return carry(pass.afterOff, true); }
+  if (kind == kprC_StepKind::Perturbation) { return carry(pass.perturbation, false); }
+  return carry(own.untouched ? pass.carriedFromInitial : pass.carried, false);
+}
+
+// ---- changing
+
+std::vector<kprC_History::Own>& kprC_History::Owns() {
+  if (!body_) { body_ = cow_Handle<Body>::Make(); }
+  return body_.Get().own;
+}
+
+void kprC_History::Touch(Number first, Number last) {
+  bool const nothing = firstTouched_ > lastTouched_;
+  firstTouched_ = nothing ? first : std::min(firstTouched_, first);
+  lastTouched_ = nothing ? last : std::max(lastTouched_, last);
+}
+
+void kprC_History::Put(Own own) {
+  Number const step = own.step;
+  auto& owns = Owns();
+  auto const at = std::ranges::lower_bound(owns, step, {}, &Own::step);
+  if (at != owns.end() && at->step == step) {
+    own.source = at->source;
+    own.base = at->base;
+    own.untouched = at->untouched;
+    *at = std::move(own);
+  } else {
+    if (at != owns.begin()) {  // until the next pass it gives on what the one before does
+      own.source = std::prev(at)->source;
+      own.base = std::prev(at)->base;
+      own.untouched = std::prev(at)->untouched;
+    } else {
+      own.source = step;
+    }
+    owns.insert(at, std::move(own));
+  }
+  Touch(step, step);
+}
+
+void kprC_History::Set(std::size_t index, Status_ status, Handle state, bool marked) {
+  if (!state) { return Clear(index, index + 1); }
+  Own own;
+  own.step = steps_.NumberOf(index);
+  own.state = std::move(state);
+  own.status = status;
+  own.marked = marked;
+  Put(std::move(own));
+}
+
+void kprC_History::Empty(std::size_t index, Status_ status) {
+  Own own;
+  own.step = steps_.NumberOf(index);
+  own.status = status;
+  Put(std::move(own));
+}
+
+void kprC_History::Clear(std::size_t begin, std::size_t end) {
+  if (begin >= end) { return; }
+  auto& owns = Owns();
+  Number const first = steps_.NumberOf(begin), last = steps_.NumberOf(end - 1);
+  auto const from = std::ranges::lower_bound(owns, first, {}, &Own::step);
+  auto const to = std::ranges::upper_bound(owns, last, {}, &Own::step);
+  owns.erase(from, to);
+  Touch(first, last);
+}
+
+void kprC_History::StartWith(cow_String const& step, Handle state) {
+  steps_ = kprC_StepTable::OfOne(step);
+  Own own;
+  own.step = own.source = steps_.NumberOf(0);
+  own.marked = state->SwitchedOff();
+  own.state = std::move(state);
+  own.status = Status_::Created;
+  Owns().push_back(std::move(own));
+  TouchAll();
+}
+
+void kprC_History::Attach(kprC_StepTable const& steps) {
+  if (steps_.Same(steps)) { return; }
+  TakeBackLoans();
+  bool const follows = steps.Continues(steps_);
+  bool const kept = follows && (steps.Disturbed() == 0 || FindOwn(steps.Disturbed()) == nullptr);
+  if (!kept && !OwnRecords().empty()) {
+    auto& owns = Owns();
+    std::map<Number, Number> numbers;  // of the sources
+    for (Own& own : owns) {
+      std::size_t const now = follows ? steps.Position(own.step) : steps.Find(steps_.Name(steps_.Position(own.step)).View());
+      Number const number = now == npos ? 0 : steps.NumberOf(now);
+      numbers[own.step] = number;
+      own.step = number;
+    }
+    std::erase_if(owns, [](Own const& own) { return own.step == 0; });
+    for (Own& own : owns) {
+      Number const source = numbers[own.source];
+      own.source = source == 0 ? own.step : source;
+    }
+    std::ranges::sort(owns, {}, &Own::step);
+    TouchAll();
+  }
+  steps_ = steps;
+  RefreshLoans();
+}
+
+bool kprC_History::Redirect(cls_Redirection const& to) {
+  bool redirected = false;
+  for (std::size_t i = 0; i < OwnRecords().size(); ++i) {
+    Handle state = OwnRecords()[i].state;
+    if (!state) { continue; }
+    auto& own = state.Get();
+    if (!cls_Redirect(own.MemberRows(), &own, to)) { continue; }
+    own.NewUid();
+    Own& changed = Owns()[i];
+    changed.state = std::move(state);
+    changed.on.Reset();
+    changed.off.Reset();
+    Touch(changed.step, changed.step);
+    redirected = true;
+  }
+  return redirected;
+}
+
+void kprC_History::SetAdmitted(std::uint32_t procedures) {
+  if (admitted_ != procedures) { TouchAll(); }
+  admitted_ = procedures;
+}
+
+void kprC_History::Form() {
+  TakeBackLoans();
+  if (firstTouched_ > lastTouched_) { return; }
+  kprC_Propagator(*this).Run();
+  firstTouched_ = ~Number{0};
+  lastTouched_ = 0;
+  RefreshLoans();
+}
+
+// ---- storing
+
+void kprC_History::Write(cls_WriteVisitor const& out, std::string_view name) const {
+  if (Lent()) { return kprC_History(*this).Write(out, name); }
+  if (out.WritesOwnRecordsOnly()) {
+    auto const& owns = OwnRecords();
+    auto const isTold = [](Own const& own) { return static_cast<bool>(own.state); };
+    out.StartList(name, static_cast<std::size_t>(std::ranges::count_if(owns, isTold)));
+    for (Own const& own : owns) {
+      if (!isTold(own)) { continue; }
+      std::size_t const index = steps_.Position(own.step);
+      family_->writeRecord(out, {steps_.Name(index), own.status, own.state, nullptr},
+                           RecordUid(index));  // the sequence tells the procedure
+    }
+  } else {
+    out.StartList(name, Size());
+    for (std::size_t i = 0; i < Size(); ++i) {
+      Record const record = Look(i);
+      Handle const state = record.state == nullptr ? Handle() : Handle::Sharing(*record.state);
+      family_->writeRecord(out, {steps_.Name(i), record.status, state, steps_[i].procedure}, RecordUid(i));
+    }
+  }
+  out.EndList();
+}
+
+void kprC_History::Read(cls_ReadVisitor const& in, std::string_view name) {
+  kprC_History read(*family_);
+  kprC_StepSequence steps;
+  std::vector<std::pair<std::size_t, Stored>> told;
+  std::size_t const count = in.StartList(name);
+  for (std::size_t i = 0; i < count; ++i) {
+    Stored record;
+    in.ReadNested("", [&](cls_ReadVisitor const& nested) { record = family_->readRecord(nested); });
+    steps.Append(kprC_StepNameProcedurePair(record.stepName, record.procedure));
+    if (record.state) {
+      told.emplace_back(i, std::move(record));
+    } else if (record.status != Status_::NotYetCreated) {
+      in.Refuse(name, "a state in every record from the create step on");
+    }
+  }
+  in.EndList();
+  read.steps_ = kprC_StepTable(steps);
+  bool const ownOnly = in.ReadsOwnRecordsOnly();
+  for (auto& [index, record] : told) {
+    bool const marked = kprC_IsOffByItself(record.status, *record.state, ownOnly);
+    read.Set(index, record.status, std::move(record.state), marked);
+  }
+  if (!told.empty()) { read.Owns().front().creation = true; }
+  read.TouchAll();
+  *this = std::move(read);
+}
+
+bool kprC_History::Equals(kprC_History const& other) const {
+  if (Lent() || other.Lent()) { return kprC_History(*this).Equals(kprC_History(other)); }
+  auto const& a = OwnRecords();
+  auto const& b = other.OwnRecords();
+  bool const sameBody = body_ == other.body_ && steps_.Same(other.steps_);
+  return sameBody || (std::ranges::equal(a, b,
+                                         [&](Own const& one, Own const& two) {
+                                           return steps_.Position(one.step) == other.steps_.Position(two.step) &&
+                                                  one.status == two.status && one.marked == two.marked &&
+                                                  cls_MemberTraits<Handle>::Equal(one.state, two.state);
+                                         }) &&
+                      cls_MemberTraits<kprC_StepTable>::Equal(steps_, other.steps_));
+}
+
+void kprC_History::References(cls_ReferenceVisitor const& visit) const {
+  for (Own const& own : OwnRecords()) {
+    if (own.state) { cls_ForEachReference(own.state->MemberRows(), own.state.ConstGet(), visit); }
+  }
+}

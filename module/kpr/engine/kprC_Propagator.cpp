@@ -1,0 +1,163 @@
+#include "module/kpr/engine/kprC_Propagator.h"
+
+#include <algorithm>
+
+using Status = mdl_PropagationStatusEnm;
+
+namespace {
+bool IsModified(kprC_State const& state) { return state.IsModified() || state.IsConditionModified(); }
+}  // namespace
+
+std::unique_ptr<kprC_State> kprC_Duplicate(kprC_State const& state) {
+  return std::unique_ptr<kprC_State>(static_cast<kprC_State*>(state.Copy().release()));
+}
+
+bool kprC_IsOffByItself(Status status, kprC_State const& state, bool ownRecordsOnly) {
+  switch (status) {
+    case Status::Deactivated:
+    case Status::Inactive11:
+    case Status::Status15: return true;
+    case Status::InactiveAfterDeactivation:
+    case Status::Inactive6:
+    case Status::Reserved13: return ownRecordsOnly && !IsModified(state);
+    default: return false;
+  }
+}
+
+kprC_Propagator::Kind kprC_Propagator::Classify(Own const& own) {
+  if (!own.state) { return Kind::Carried; }
+  if (own.status == Status::Created) { return Kind::Creation; }
+  if (own.marked) { return Kind::Off; }
+  return IsModified(*own.state) ? Kind::Change : Kind::Carried;
+}
+
+void kprC_Propagator::Run() {
+  auto& owns = history_.Owns();
+  auto const from = std::ranges::lower_bound(owns, history_.firstTouched_, {}, &Own::step);
+  std::size_t kept = static_cast<std::size_t>(from - owns.begin());
+  if (kept > 0) {
+    Own const& before = owns[kept - 1];
+    base_ = before.base;
+    untouched_ = before.untouched;
+    source_ = &*std::ranges::lower_bound(owns, before.source, {}, &Own::step);
+  }
+  for (std::size_t at = kept; at < owns.size(); ++at) {
+    Own& own = owns[at];
+    Handle const state = own.state;
+    Status const status = own.status;
+    if (!Take(own)) { continue; }
+    bool const touched = own.step >= history_.firstTouched_ && own.step <= history_.lastTouched_;
+    bool const sameState = own.state == state && !touched;
+    bool const sameCarry = own.source == source_->step && own.base == base_ && own.untouched == untouched_;
+    if (source_ == &own) { sourceChanged_ = !sameState; }
+    bool const settled =
+        kept == at && own.step > history_.lastTouched_ && sameState && sameCarry && own.status == status && !sourceChanged_;
+    own.source = source_->step;
+    own.base = base_;
+    own.untouched = untouched_;
+    if (kept != at) {
+      bool const isSource = source_ == &own;
+      owns[kept] = std::move(own);
+      if (isSource) { source_ = &owns[kept]; }
+    }
+    ++kept;
+    if (settled) { return; }
+  }
+  owns.erase(owns.begin() + static_cast<std::ptrdiff_t>(kept), owns.end());
+}
+
+bool kprC_Propagator::Take(Own& own) {
+  Kind kind = Classify(own);
+  if (kind == Kind::Carried) { return false; }
+  std::size_t const index = history_.steps_.Position(own.step);
+  unsigned const procedure = history_.steps_.ProcedureType(index);
+  kprC_StepKind const step = history_.family_->kind(procedure);
+  if (source_ == nullptr) {
+    Create(own, step, history_.steps_.IsInitial(index));
+    return true;
+  }
+  own.creation = false;
+  if (kind == Kind::Creation) { kind = IsModified(*own.state) ? Kind::Change : Kind::Carried; }
+  return kind != Kind::Carried && Change(own, step, procedure, kind == Kind::Change);
+}
+
+void kprC_Propagator::Create(Own& own, kprC_StepKind kind, bool initial) {
+  // what was a change becomes the creation, since the creation went: it keeps what is in force here as its own
+  bool const was = !own.creation && own.status != Status::Created && own.status != Status::NotYetCreated;
+  if (was || own.state->SwitchedOff() != own.marked) {
+    auto made = kprC_Duplicate(*own.state);
+    if (was) { made->TakeOver(); }
+    made->SetSwitchedOff(own.marked);
+    if (!made->Equals(*own.state)) {
+      made->NewUid();
+      own.state = Handle(std::move(made));
+      own.on.Reset();
+      own.off.Reset();
+    }
+  }
+  own.creation = true;
+  own.status = own.marked ? history_.family_->pass.createdOff : Status::Created;
+  base_ = kind != kprC_StepKind::General ? Base::None : own.marked ? Base::Off : Base::On;
+  untouched_ = initial;
+  source_ = &own;
+}
+
+bool kprC_Propagator::Change(Own& own, kprC_StepKind kind, unsigned procedure, bool change) {
+  kprC_PassTable const& pass = history_.family_->pass;
+  bool const general = kind == kprC_StepKind::General;
+  if (base_ == Base::None || kind == kprC_StepKind::Modal) { return false; }
+  bool const admitted = (history_.admitted_ & kprC_ProcedureBit(procedure)) != 0;
+  if (!change && !admitted && (general || pass.asksAdmissionInPerturbation)) {
+    if (!general) { return false; }
+    own.status = pass.notAdmitted;  // passed over; the switch-off stays for later
+    own.state = Plain(base_ == Base::Off, own.state);
+    return true;
+  }
+  if (base_ == Base::Off) {
+    own.status = pass.afterOff;
+    own.state = change ? Merged(own.state, true) : Plain(true, own.state);
+    return true;
+  }
+  if (!general) {
+    if (change && !pass.keepsPerturbationChange) { return false; }
+    own.status = change ? pass.perturbationChanged : pass.perturbationOff;
+    own.state = change ? Merged(own.state, false) : Plain(true, own.state);
+    return true;
+  }
+  if (!change) {
+    own.status = pass.off;
+    own.state = Plain(true, own.state);
+    base_ = Base::Off;
+    return true;
+  }
+  own.status = untouched_ ? pass.changedFromInitial : pass.changed;
+  Handle merged = Merged(own.state, false);
+  if (!(merged == own.state)) {
+    own.state = std::move(merged);
+    own.on.Reset();
+    own.off.Reset();
+  }
+  untouched_ = false;
+  source_ = &own;
+  return true;
+}
+
+kprC_Propagator::Handle kprC_Propagator::Plain(bool off, Handle const& present) const {
+  return Handle::Sharing(history_.Carry(*source_, off, present));
+}
+
+kprC_Propagator::Handle kprC_Propagator::Merged(Handle const& own, bool off) const {
+  auto made = kprC_Duplicate(*source_->state);
+  made->Propagate();
+  if (own->SwitchedOff()) {  // a state that is off takes nothing over
+    auto clear = kprC_Duplicate(*own);
+    clear->SetSwitchedOff(false);
+    made->Modify(*clear);
+  } else {
+    made->Modify(*own);
+  }
+  made->SetSwitchedOff(off);
+  if (own->Equals(*made)) { return own; }
+  made->NewUid();
+  return Handle(std::move(made));
+}
