@@ -1,27 +1,9 @@
-// Building, editing and undoing histories, over series of steps and of attributes. Counter "limit": how many times as
-// long as moving the records that the work concerns once (benchmarks/Workload.h); "heap": bytes on the heap per record.
+// Building, editing, undoing and reading histories through the library, over series of attributes and of steps. Each benchmark
+// gives the fastest of twelve rounds, for edits the median over all attributes in random order. Counter "limit": how many times
+// as long as the same work on plain structs (benchmarks/Workload.h); "heap": bytes on the heap per record.
 #include <benchmark/benchmark.h>
-#include <malloc.h>
-
-#include <cstdlib>
-#include <new>
 
 #include "benchmarks/Workload.h"
-
-namespace {
-std::size_t heapBytes = 0;
-}
-void* operator new(std::size_t size) {
-  void* const memory = std::malloc(size);
-  if (memory == nullptr) { throw std::bad_alloc(); }
-  heapBytes += malloc_usable_size(memory);
-  return memory;
-}
-void operator delete(void* memory) noexcept {
-  if (memory != nullptr) { heapBytes -= malloc_usable_size(memory); }
-  std::free(memory);
-}
-void operator delete(void* memory, std::size_t /*size*/) noexcept { operator delete(memory); }
 
 namespace {
 
@@ -37,96 +19,195 @@ struct Size {
   bench::Mix mix;
 };
 
-/// Measures \p work against moving the records of \p attributes.
-template <class Before, class Work>
-void Measure(benchmark::State& state, Size const& size, std::size_t attributes, Before&& before, Work&& work) {
-  bench::Measure(state, bench::SecondsToMove(size.steps * attributes, attributes * bench::kStatesPerAttribute), before, work);
+/// A model of that size, and the limit for it.
+struct Work {
+  explicit Work(benchmark::State const& state)
+      : size(state),
+        steps(bench::Steps(size.steps, size.mix)),
+        plan(steps, size.mix),
+        names(bench::Names(size.attributes)),
+        model(bench::EmptyOver(steps, size.mix)) {
+    Build(model);
+    Changes().TruncateTo(0);
+  }
+
+  void Build(bench::Repositories& repositories) const { bench::AddAll(repositories.conditions, repositories.loads, plan, names, size.mix); }
+  bench::Limit Limit() const { return {size.steps, size.attributes, bench::StatesOf(model.conditions.ConstGet(names[0]))}; }
+  kprC_StepTable WithStep() const {
+    kprC_StepContainer longer = steps;
+    longer.Insert(plan.middle.View(), cow_String("Inserted"), bench::StaticStep());
+    return longer.Table();
+  }
+
+  Size size;
+  kprC_StepContainer steps;
+  bench::Plan plan;
+  std::vector<cow_String> names;
+  bench::Repositories model;
+};
+
+struct Sum {
+  std::uint64_t statuses = 0;
+  double values = 0.0;
+};
+template <class Family> double ValueOf(cls_Object const* state) {
+  return state == nullptr ? 0.0 : Family::Value(static_cast<typename Family::State const&>(*state));
+}
+template <class Family> void ReadByRuns(bench::Repository<Family> const& repository, Sum& sum) {
+  kprC_StepDependent::RunVisitor const visit = [&sum](std::size_t begin, std::size_t end, auto status, cls_Object const* state) {
+    sum.statuses += static_cast<std::uint64_t>(status) * (end - begin);
+    sum.values += ValueOf<Family>(state) * static_cast<double>(end - begin);
+  };
+  repository.ForEach([&](cow_String const&, kprC_StepDependent const& attribute) { attribute.ForEachRun(visit); });
+}
+template <class Family> void ReadByRecords(bench::Repository<Family> const& repository, Sum& sum) {
+  repository.ForEach([&](cow_String const&, kprC_StepDependent const& attribute) {
+    std::size_t const steps = attribute.Steps().Size();
+    for (std::size_t i = 0; i < steps; ++i) {
+      sum.statuses += static_cast<std::uint64_t>(attribute.StatusAt(i));
+      sum.values += ValueOf<Family>(attribute.StateAt(i));
+    }
+  });
+}
+void ReadAllByRuns(bench::Repositories const& repositories) {
+  Sum sum;
+  ReadByRuns<bench::Conditions>(repositories.conditions, sum);
+  ReadByRuns<bench::Loads>(repositories.loads, sum);
+  benchmark::DoNotOptimize(sum);
+}
+void ReadAllByRecords(bench::Repositories const& repositories) {
+  Sum sum;
+  ReadByRecords<bench::Conditions>(repositories.conditions, sum);
+  ReadByRecords<bench::Loads>(repositories.loads, sum);
+  benchmark::DoNotOptimize(sum);
+}
+void Build(benchmark::State& state) {
+  Work const work(state);
+  bench::Repositories const empty = bench::EmptyOver(work.steps, work.size.mix);
+  bench::Repositories built = empty;
+  double const seconds = bench::Fastest(
+      [&] {
+        built = empty;
+        Changes().TruncateTo(0);
+      },
+      [&] { work.Build(built); });
+  bench::Report(state, seconds, work.Limit().Build());
 }
 
-void Build(benchmark::State& state) {
+/// What a model of that size holds, the names and the records of the changes included: as built, and once everything has been read.
+void Heap(benchmark::State& state) {
   Size const size(state);
-  ddr_Model steps;
-  bench::AddSteps(steps, size.steps, size.mix);
-  ddr_Model model;
-  std::size_t heap = 0;
-  Measure(
-      state, size, size.attributes,
+  kprC_StepContainer const steps = bench::Steps(size.steps, size.mix);
+  bench::Repositories built = bench::EmptyOver(steps, size.mix);
+  omu_ChangeHistory().Swap(Changes());
+  double const before = bench::HeapBytes();
+  double const seconds = bench::Seconds(
+      [&] { bench::AddAll(built.conditions, built.loads, bench::Plan(steps, size.mix), bench::Names(size.attributes), size.mix); });
+  auto const perRecord = [&] { return (bench::HeapBytes() - before) / static_cast<double>(size.steps * size.attributes); };
+  double const asBuilt = perRecord();
+  ReadAllByRuns(built);
+  double const asRead = perRecord();
+  std::size_t const states = bench::StatesOf(*built.conditions.ConstItem("A-0"));
+  bench::Report(state, seconds, bench::Limit(size.steps, size.attributes, states).Build());
+  state.counters["heap"] = asBuilt;
+  state.counters["heapRead"] = asRead;
+}
+
+void EditOne(benchmark::State& state, double bench::OneByOne::*part) {
+  Work const work(state);
+  bench::Repositories edited = work.model;
+  bench::Repositories snapshot = work.model;
+  double value = 10.0;
+  auto const edit = [&]<class Family>(Family, cow_String const& name) {
+    snapshot.Of<Family>() = edited.Of<Family>();
+    bench::Edit<Family>(edited.Of<Family>(), work.plan.edit, name, value);
+  };
+  bool const undone = part == &bench::OneByOne::undo;
+  auto const undo = [&]<class Family>(Family) {
+    if (undone) { edited.Of<Family>() = std::move(snapshot.Of<Family>()); }
+  };
+  bench::OneByOne const seconds = bench::FastestPasses(
+      work.size.attributes,
       [&] {
-        model = steps;
+        edited = work.model;
+        snapshot = work.model;
         Changes().TruncateTo(0);
-        heap = heapBytes;
+        value += 1.0;
       },
-      [&] { bench::AddAttributes(model, size.attributes, size.mix); });
-  state.counters["heap"] = static_cast<double>(heapBytes - heap) / static_cast<double>(size.steps * size.attributes);
+      [&](std::size_t a) {
+        bench::IsLoad(a, work.size.mix) ? edit(bench::Loads(), work.names[a]) : edit(bench::Conditions(), work.names[a]);
+      },
+      [&](std::size_t a) { bench::IsLoad(a, work.size.mix) ? undo(bench::Loads()) : undo(bench::Conditions()); });
+  bench::Report(state, seconds.*part, work.Limit().Edit().*part);
 }
 
 void InsertStep(benchmark::State& state) {
-  Size const size(state);
-  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.mix);
-  cow_String const middle = bench::StepAt(model, size.steps / 2);
-  ddr_Model edited;
-  Measure(
-      state, size, size.attributes, [&] { edited = model; }, [&] { kprC_InsertStep(edited, middle, "Inserted", bench::StaticStep()); });
-}
-
-void UndoInsertStep(benchmark::State& state) {
-  Size const size(state);
-  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.mix);
-  cow_String const middle = bench::StepAt(model, size.steps / 2);
-  ddr_Model edited;
-  Measure(
-      state, size, size.attributes,
+  Work const work(state);
+  kprC_StepTable const table = work.WithStep();
+  bench::Repositories edited = work.model;
+  bench::Repositories snapshot = work.model;
+  double const seconds = bench::Fastest(
       [&] {
-        edited = model;
-        kprC_InsertStep(edited, middle, "Inserted", bench::StaticStep());
+        edited = work.model;
+        snapshot = work.model;
+        Changes().TruncateTo(0);
       },
-      [&] { edited = model; });
-}
-
-/// One edit of the attribute in the middle, of a load where there are loads.
-void EditMiddle(ddr_Model& model, Size const& size, cow_String const& step, double value) {
-  std::size_t const middle = size.attributes / 2 | 1U;
-  bench::IsLoad(middle, size.mix) ? bench::Edit<bench::Loads>(model, step, bench::NameOf(middle), value)
-                                  : bench::Edit<bench::Conditions>(model, step, bench::NameOf(middle), value);
-}
-
-void EditOne(benchmark::State& state) {
-  Size const size(state);
-  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.mix);
-  cow_String const step = bench::StepAt(model, size.steps / 3);
-  ddr_Model edited;
-  double value = 0.0;
-  Measure(
-      state, size, 1, [&] { edited = model; }, [&] { EditMiddle(edited, size, step, value += 1.0); });
-}
-
-void UndoEdit(benchmark::State& state) {
-  Size const size(state);
-  ddr_Model const model = bench::ModelOf(size.steps, size.attributes, size.mix);
-  cow_String const step = bench::StepAt(model, size.steps / 3);
-  ddr_Model edited;
-  Measure(
-      state, size, 1,
       [&] {
-        edited = model;
-        EditMiddle(edited, size, step, 1.0);
+        snapshot = edited;
+        edited.UpdateSteps(table);
+      });
+  bench::Report(state, seconds, work.Limit().Insert());
+}
+void UndoInsert(benchmark::State& state) {
+  Work const work(state);
+  kprC_StepTable const table = work.WithStep();
+  bench::Repositories edited = work.model;
+  bench::Repositories snapshot = work.model;
+  double const seconds = bench::Fastest(
+      [&] {
+        Changes().TruncateTo(0);
+        snapshot = edited;
+        edited.UpdateSteps(table);
       },
-      [&] { edited = model; });
+      [&] { edited = std::move(snapshot); });
+  bench::Report(state, seconds, work.Limit().UndoInsert());
+}
+
+void Read(benchmark::State& state, void (*read)(bench::Repositories const&)) {
+  Work const work(state);
+  bench::Report(state, bench::Fastest([] {}, [&] { read(work.model); }), work.Limit().Read());
+}
+/// Reading everything right after the insertion of a step, which is the first time that somebody reads it.
+void ReadAfterInsert(benchmark::State& state) {
+  Work const work(state);
+  kprC_StepTable const table = work.WithStep();
+  bench::Repositories edited = work.model;
+  double const seconds = bench::Fastest(
+      [&] {
+        Changes().TruncateTo(0);
+        edited = bench::EmptyOver(work.steps, work.size.mix);
+        work.Build(edited);
+        edited.UpdateSteps(table);
+      },
+      [&] { ReadAllByRuns(edited); });
+  bench::Report(state, seconds, work.Limit().Read());
 }
 
 void Sizes(benchmark::internal::Benchmark* b) {
-  b->ArgNames({"steps", "attributes", "mix"})->Unit(benchmark::kMicrosecond)->UseManualTime();
-  for (long const steps : {10, 100, 1000, 10000}) { b->Args({steps, 100, 0}); }
-  for (long const attributes : {1000, 10000}) { b->Args({100, attributes, 0}); }
-  b->Args({10000, 1000, 0});
-  for (long const mix : {1, 2}) {
-    for (long const steps : {1000, 10000}) { b->Args({steps, 100, mix}); }
-  }
+  b->ArgNames({"steps", "attributes", "mix"})->Unit(benchmark::kMicrosecond)->UseManualTime()->Iterations(1);
+  for (long const attributes : {10000, 1000, 100}) { b->Args({100, attributes, 0}); }
+  for (long const steps : {10, 1000, 10000}) { b->Args({steps, 100, 0}); }
+  for (long const mix : {1, 2}) { b->Args({100, 10000, mix}); }
+  b->Args({100, 1000, 3});
 }
 BENCHMARK(Build)->Apply(Sizes);
+BENCHMARK(Heap)->Apply(Sizes);
+BENCHMARK_CAPTURE(EditOne, edit, &bench::OneByOne::work)->Apply(Sizes);
+BENCHMARK_CAPTURE(EditOne, undo, &bench::OneByOne::undo)->Apply(Sizes);
 BENCHMARK(InsertStep)->Apply(Sizes);
-BENCHMARK(UndoInsertStep)->Apply(Sizes);
-BENCHMARK(EditOne)->Apply(Sizes);
-BENCHMARK(UndoEdit)->Apply(Sizes);
+BENCHMARK(ReadAfterInsert)->Apply(Sizes);
+BENCHMARK(UndoInsert)->Apply(Sizes);
+BENCHMARK_CAPTURE(Read, runs, &ReadAllByRuns)->Apply(Sizes);
+BENCHMARK_CAPTURE(Read, records, &ReadAllByRecords)->Apply(Sizes);
 
 }  // namespace

@@ -1,9 +1,12 @@
-// The same edits as commands of a session, with journal and undo, and the model file. Counter "limit": how many times as
-// long as moving the records that the work concerns once, for the file as writing or reading their bytes once.
+// The same edits as commands of a session, with journal and undo, and the model file. Each benchmark gives the fastest of several
+// rounds, for edits the median over all attributes in random order; the commands are made beforehand. Counter "limit": how
+// many times as long as the same work on plain structs (benchmarks/Workload.h), for the file as writing or reading their bytes
+// once; "heap": bytes on the heap that one command adds, and a snapshot keeps.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
 
 #include "benchmarks/Workload.h"
 #include "command/Session.h"
@@ -17,16 +20,161 @@ struct Size {
   explicit Size(benchmark::State const& state)
       : steps(static_cast<std::size_t>(state.range(0))), attributes(static_cast<std::size_t>(state.range(1))) {}
   ddr_Model Model() const { return bench::ModelOf(steps, attributes, bench::Mix::Uniform); }
-  std::size_t Bytes() const { return attributes * (steps * 40 + bench::kStatesPerAttribute * 64); }
+  bench::Limit Limit() const { return {steps, attributes, kStates}; }
+  std::size_t Bytes() const { return attributes * BytesOfOne(); }
+  std::size_t BytesOfOne() const { return steps * sizeof(bench::PlainRecord) + kStates * sizeof(bench::PlainState); }
+
+  static constexpr std::size_t kStates = 8;  // of an attribute of the workload: one per own record and one per stretch that carries it
   std::size_t steps, attributes;
 };
 
+/// The commands of a workload.
+struct Commands {
+  explicit Commands(Size const& of) : size(of), plan(bench::Steps(size.steps, bench::Mix::Uniform), bench::Mix::Uniform) {}
+
+  static gattr::Json Valued(gattr::Json command, double value) {
+    for (char const* component : {"u1", "u2", "u3", "ur1", "ur2", "ur3"}) { command[component] = value; }
+    command["amplitude"] = bench::Amplitude().c_str();
+    return command;
+  }
+  static std::string Name(std::size_t attribute) { return "A-" + std::to_string(attribute); }
+  static gattr::Json Edit(std::size_t attribute, cow_String const& step, double value) {
+    return Valued({{"command", "setValuesInStep"}, {"boundaryCondition", Name(attribute)}, {"stepName", step.c_str()}}, value);
+  }
+  /// What every session begins with beside the steps.
+  static std::vector<gattr::Json> References() {
+    return {{{"command", "Amplitude"}, {"name", bench::Amplitude().c_str()}}, {{"command", "Set"}, {"name", "Region"}}};
+  }
+  static gattr::Json Insert(std::string const& previous, std::string const& name) {
+    return {{"command", "StaticStep"}, {"name", name}, {"previous", previous}, {"initialInc", 0.1}, {"minInc", 1e-5}, {"maxInc", 1.0}};
+  }
+
+  std::vector<gattr::Json> Build() const {
+    std::vector<gattr::Json> commands;
+    for (std::size_t a = 0; a < size.attributes; ++a) {
+      double value = 1.0;
+      commands.push_back(
+          Valued({{"command", "DisplacementBC"}, {"name", Name(a)}, {"createStepName", plan.create.c_str()}, {"region", "Region"}}, value));
+      for (cow_String const& step : plan.changes) { commands.push_back(Edit(a, step, value += 1.0)); }
+      commands.push_back({{"command", "deactivate"}, {"boundaryCondition", Name(a)}, {"stepName", plan.off.c_str()}});
+    }
+    return commands;
+  }
+  /// An edit of each attribute.
+  std::vector<gattr::Json> Edits() const {
+    std::vector<gattr::Json> commands;
+    for (std::size_t a = 0; a < size.attributes; ++a) { commands.push_back(Edit(a, plan.edit, 10.0)); }
+    return commands;
+  }
+  gattr::Json Insert() const { return Insert(plan.middle.c_str(), "Inserted"); }
+
+  Size size;
+  bench::Plan plan;
+};
+
+void Run(benchmark::State& state, gattr::Session& session, gattr::Json const& command) {
+  gattr::Outcome const outcome = session.Execute(command);
+  if (!outcome.ok) { state.SkipWithError(outcome.message.c_str()); }
+}
+void RunAll(benchmark::State& state, gattr::Session& session, std::vector<gattr::Json> const& commands) {
+  for (gattr::Json const& command : commands) { Run(state, session, command); }
+}
+/// A session that knows what the commands refer to.
+gattr::Session SessionOf(benchmark::State& state, ddr_Model const& model) {
+  gattr::Session session(model);
+  RunAll(state, session, Commands::References());
+  return session;
+}
+
+void BuildByCommands(benchmark::State& state) {
+  Size const size(state);
+  std::vector<gattr::Json> const commands = Commands(size).Build();
+  ddr_Model const empty = bench::ModelOf(size.steps, 0, bench::Mix::Uniform);
+  std::optional<gattr::Session> session;
+  double const seconds = bench::Fastest([&] { session.emplace(SessionOf(state, empty)); }, [&] { RunAll(state, *session, commands); });
+  bench::Report(state, seconds, size.Limit().Build());
+}
+
+void EditByCommand(benchmark::State& state, double bench::OneByOne::*part) {
+  Size const size(state);
+  ddr_Model const model = size.Model();
+  std::vector<gattr::Json> const commands = Commands(size).Edits();
+  std::optional<gattr::Session> session;
+  bool const undone = part == &bench::OneByOne::undo;
+  bench::OneByOne const seconds = bench::FastestPasses(
+      size.attributes, [&] { session.emplace(SessionOf(state, model)); }, [&](std::size_t a) { Run(state, *session, commands[a]); },
+      [&](std::size_t) {
+        if (undone) { session->Undo(); }
+      });
+  bench::Report(state, seconds.*part, size.Limit().Edit().*part);
+}
+
+void InsertStepByCommand(benchmark::State& state) {
+  Size const size(state);
+  gattr::Session session = SessionOf(state, size.Model());
+  gattr::Json const command = Commands(size).Insert();
+  double const before = bench::HeapBytes();
+  Run(state, session, command);
+  double const heap = bench::HeapBytes() - before;
+  double const seconds = bench::Fastest([&] { session.Undo(); }, [&] { Run(state, session, command); });
+  bench::Report(state, seconds, size.Limit().Insert());
+  state.counters["heap"] = heap;
+}
+void UndoInsertByCommand(benchmark::State& state) {
+  Size const size(state);
+  gattr::Session session = SessionOf(state, size.Model());
+  gattr::Json const command = Commands(size).Insert();
+  double const seconds = bench::Fastest([&] { Run(state, session, command); }, [&] { session.Undo(); });
+  bench::Report(state, seconds, size.Limit().UndoInsert());
+}
+
+/// Steps appended one by one, as many as some seconds allow: per step. The limit is to write a record of each attribute.
+void AppendSteps(benchmark::State& state) {
+  constexpr std::size_t kSteps = 10000, kBatch = 100;
+  constexpr double kEnough = 8.0;
+  Size const size(state);
+  gattr::Session session = SessionOf(state, size.Model());
+  std::vector<gattr::Json> commands;
+  std::string last = Commands(size).plan.last.c_str();
+  for (std::size_t i = 0; i < kSteps; ++i) {
+    std::string const name = "Appended-" + std::to_string(i);
+    commands.push_back(Commands::Insert(last, name));
+    last = name;
+  }
+  double const heap = bench::HeapBytes();
+  double seconds = 0.0;
+  std::size_t steps = 0;
+  while (steps < kSteps && seconds < kEnough) {
+    seconds += bench::Seconds([&] {
+      for (std::size_t const end = steps + kBatch; steps < end; ++steps) { Run(state, session, commands[steps]); }
+    });
+  }
+  auto const perStep = [steps](double of) { return of / static_cast<double>(steps); };
+  double const used = perStep(bench::HeapBytes() - heap);
+  bench::Report(state, perStep(seconds), perStep(bench::Limit(steps, size.attributes, 1).Build()));
+  if (size.attributes == 0) { state.counters.erase("limit"); }
+  state.counters["appended"] = static_cast<double>(steps);
+  state.counters["heap"] = used;
+}
+
+// ---- the model file
+
 std::filesystem::path Scratch(char const* name) { return std::filesystem::temp_directory_path() / name; }
 
+constexpr int kFileRounds = 5;
+template <class Before, class Work> double FastestOnFile(Before&& before, Work&& work) {
+  double best = 1e300;
+  for (int i = 0; i < kFileRounds; ++i) {
+    before();
+    best = std::min(best, bench::Seconds(work));
+  }
+  return best;
+}
 double SecondsToWrite(std::size_t bytes) {
   std::vector<char> const content(bytes, 'x');
   std::filesystem::path const path = Scratch("gattr-limit.bin");
-  double const seconds = bench::Fastest(5, [&] { std::ofstream(path, std::ios::binary).write(content.data(), static_cast<long>(bytes)); });
+  auto const write = [&] { std::ofstream(path, std::ios::binary).write(content.data(), static_cast<long>(bytes)); };
+  double const seconds = FastestOnFile([] {}, write);
   std::filesystem::remove(path);
   return seconds;
 }
@@ -34,65 +182,18 @@ double SecondsToRead(std::size_t bytes) {
   std::vector<char> content(bytes, 'x');
   std::filesystem::path const path = Scratch("gattr-limit.bin");
   std::ofstream(path, std::ios::binary).write(content.data(), static_cast<long>(bytes));
-  double const seconds = bench::Fastest(5, [&] { std::ifstream(path, std::ios::binary).read(content.data(), static_cast<long>(bytes)); });
+  auto const read = [&] { std::ifstream(path, std::ios::binary).read(content.data(), static_cast<long>(bytes)); };
+  double const seconds = FastestOnFile([] {}, read);
   std::filesystem::remove(path);
   return seconds;
-}
-
-void Run(benchmark::State& state, gattr::Session& session, gattr::Json const& command) {
-  gattr::Outcome const outcome = session.Execute(command);
-  if (!outcome.ok) { state.SkipWithError(outcome.message.c_str()); }
-}
-gattr::Json EditCommand(ddr_Model const& model, Size const& size, double value) {
-  return {{"command", "setValuesInStep"},
-          {"boundaryCondition", bench::NameOf(size.attributes / 2).c_str()},
-          {"stepName", bench::StepAt(model, size.steps / 3).c_str()},
-          {"u1", value}};
-}
-gattr::Json InsertCommand(ddr_Model const& model, Size const& size) {
-  return {{"command", "StaticStep"}, {"name", "Inserted"}, {"previous", bench::StepAt(model, size.steps / 2).c_str()},
-          {"initialInc", 0.1},       {"minInc", 1e-5},     {"maxInc", 1.0}};
-}
-
-void EditCommandOnce(benchmark::State& state) {
-  Size const size(state);
-  gattr::Session session(size.Model());
-  double value = 0.0;
-  gattr::Json command;
-  bench::Measure(
-      state, bench::SecondsToMove(size.steps, bench::kStatesPerAttribute),
-      [&] { command = EditCommand(session.Model(), size, value += 1.0); }, [&] { Run(state, session, command); });
-}
-void UndoEditCommand(benchmark::State& state) {
-  Size const size(state);
-  gattr::Session session(size.Model());
-  bench::Measure(
-      state, bench::SecondsToMove(size.steps, bench::kStatesPerAttribute),
-      [&] { Run(state, session, EditCommand(session.Model(), size, 5.0)); }, [&] { session.Undo(); });
-}
-void InsertStepCommand(benchmark::State& state) {
-  Size const size(state);
-  gattr::Session session(size.Model());
-  gattr::Json const command = InsertCommand(session.Model(), size);
-  bench::Measure(
-      state, bench::SecondsToMove(size.steps * size.attributes, size.attributes * bench::kStatesPerAttribute), [&] { session.Undo(); },
-      [&] { Run(state, session, command); });
-}
-void UndoInsertStepCommand(benchmark::State& state) {
-  Size const size(state);
-  gattr::Session session(size.Model());
-  gattr::Json const command = InsertCommand(session.Model(), size);
-  bench::Measure(
-      state, bench::SecondsToMove(size.steps * size.attributes, size.attributes * bench::kStatesPerAttribute),
-      [&] { Run(state, session, command); }, [&] { session.Undo(); });
 }
 
 void FirstSave(benchmark::State& state) {
   Size const size(state);
   ddr_Model const model = size.Model();
   std::filesystem::path const path = Scratch("gattr-bench.gadb");
-  bench::Measure(
-      state, SecondsToWrite(size.Bytes()), [&] { std::filesystem::remove(path); }, [&] { gattr::ModelFile(path).Save(model); });
+  double const seconds = FastestOnFile([&] { std::filesystem::remove(path); }, [&] { gattr::ModelFile(path).Save(model); });
+  bench::Report(state, seconds, SecondsToWrite(size.Bytes()));
   state.counters["MB"] = static_cast<double>(std::filesystem::file_size(path)) / 1e6;
   std::filesystem::remove(path);
 }
@@ -101,33 +202,39 @@ void Open(benchmark::State& state) {
   std::filesystem::path const path = Scratch("gattr-bench.gadb");
   std::filesystem::remove(path);
   gattr::ModelFile(path).Save(size.Model());
-  bench::Measure(
-      state, SecondsToRead(size.Bytes()), [] {}, [&] { benchmark::DoNotOptimize(gattr::ModelFile(path).Open()); });
+  double const seconds = FastestOnFile([] {}, [&] { benchmark::DoNotOptimize(gattr::ModelFile(path).Open()); });
+  bench::Report(state, seconds, SecondsToRead(size.Bytes()));
   std::filesystem::remove(path);
 }
 void SaveAfterOneEdit(benchmark::State& state) {
   Size const size(state);
   std::filesystem::path const path = Scratch("gattr-bench.gadb");
   std::filesystem::remove(path);
-  gattr::Session session(size.Model());
+  gattr::Session session = SessionOf(state, size.Model());
   gattr::ModelFile file(path);
   file.Save(session.Model());
-  double value = 0.0;
-  bench::Measure(
-      state, SecondsToWrite(size.steps * 40 + bench::kStatesPerAttribute * 64),
-      [&] { Run(state, session, EditCommand(session.Model(), size, value += 1.0)); }, [&] { file.Save(session.Model()); });
+  Commands const commands(size);
+  double value = 10.0;
+  double const seconds = FastestOnFile([&] { Run(state, session, Commands::Edit(size.attributes / 2, commands.plan.edit, value += 1.0)); },
+                                       [&] { file.Save(session.Model()); });
+  bench::Report(state, seconds, SecondsToWrite(size.BytesOfOne()));
   std::filesystem::remove(path);
 }
 
-void Sizes(benchmark::internal::Benchmark* b) {
-  b->ArgNames({"steps", "attributes"})->Unit(benchmark::kMicrosecond)->UseManualTime();
-  for (long const steps : {10, 100, 1000, 10000}) { b->Args({steps, 100}); }
-  for (long const attributes : {1000, 10000}) { b->Args({100, attributes}); }
+void Series(benchmark::internal::Benchmark* b) {
+  b->ArgNames({"steps", "attributes"})->Unit(benchmark::kMicrosecond)->UseManualTime()->Iterations(1);
 }
-BENCHMARK(EditCommandOnce)->Apply(Sizes);
-BENCHMARK(UndoEditCommand)->Apply(Sizes);
-BENCHMARK(InsertStepCommand)->Apply(Sizes);
-BENCHMARK(UndoInsertStepCommand)->Apply(Sizes);
+void Sizes(benchmark::internal::Benchmark* b) {
+  Series(b);
+  for (long const attributes : {10000, 1000, 100}) { b->Args({100, attributes}); }
+  for (long const steps : {10, 1000, 10000}) { b->Args({steps, 100}); }
+}
+BENCHMARK(BuildByCommands)->Apply(Sizes);
+BENCHMARK_CAPTURE(EditByCommand, edit, &bench::OneByOne::work)->Apply(Sizes);
+BENCHMARK_CAPTURE(EditByCommand, undo, &bench::OneByOne::undo)->Apply(Sizes);
+BENCHMARK(InsertStepByCommand)->Apply(Sizes);
+BENCHMARK(UndoInsertByCommand)->Apply(Sizes);
+BENCHMARK(AppendSteps)->Apply(Series)->Args({10, 0})->Args({10, 1000});
 BENCHMARK(FirstSave)->Apply(Sizes);
 BENCHMARK(Open)->Apply(Sizes);
 BENCHMARK(SaveAfterOneEdit)->Apply(Sizes);

@@ -1,10 +1,17 @@
 #pragma once
 
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <cstring>
+#include <numeric>
+#include <random>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "module/DDB_GeometricAttributes.h"
@@ -15,14 +22,17 @@
 #include "module/kpr/steps/kprC_Steps.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
 
-/// The models that the benchmarks work on, and the limit that they are measured against.
+/// The models that the benchmarks work on, the limit that they are measured against, and how both are timed.
 namespace bench {
+
+// ---- the models
 
 /// What a model is made of.
 enum class Mix {
   Uniform,      ///< conditions over general steps only
   Alternating,  ///< a perturbation step after every general one: no two neighbouring records are alike
   Families,     ///< general steps; every second attribute is a load
+  Dense,        ///< conditions that say something of their own in every general step
 };
 
 inline kprC_StepHandle StaticStep() {
@@ -33,110 +43,341 @@ inline kprC_StepHandle StaticStep() {
   return step;
 }
 
-inline void AddSteps(ddr_Model& model, std::size_t count, Mix mix) {
+/// A sequence of \p count steps, the initial one included.
+inline kprC_StepContainer Steps(std::size_t count, Mix mix) {
   std::vector<kprC_StepContainer::NamedStep> steps;
   for (std::size_t i = 1; i < count; ++i) {
     kprC_StepHandle step = StaticStep();
     if (mix == Mix::Alternating && i % 2 == 0) { step = cow_Handle<kprC_StaticLinearPerturbationStep>::Make(); }
     steps.push_back({cow_String("Step-" + std::to_string(i)), step});
   }
-  model.Get<kprC_StepContainer>(ddr_Model::stepsCmd()).Insert("Initial", steps);
-  kprC_UpdateRepositories(model);
+  kprC_StepContainer made;
+  made.Insert("Initial", steps);
+  return made;
 }
 
-inline cow_String NameOf(std::size_t attribute) { return cow_String("A-" + std::to_string(attribute)); }
-/// A general step near \p index.
-inline cow_String StepAt(ddr_Model const& model, std::size_t index) { return kprC_Steps(model).Name(index | 1U); }
+/// Names made beforehand: no benchmark is about making texts.
+inline std::vector<cow_String> Names(std::size_t attributes) {
+  std::vector<cow_String> names;
+  names.reserve(attributes);
+  for (std::size_t a = 0; a < attributes; ++a) { names.emplace_back("A-" + std::to_string(a)); }
+  return names;
+}
+inline cow_String const& Amplitude() {
+  static cow_String const name("Amplitude");
+  return name;
+}
+
+/// Where an attribute says something: it is created in step 2, changed in S/4 and S/2 and switched off in 3S/4; a dense one is
+/// created in step 1 and changed in every other.
+struct Plan {
+  Plan(kprC_StepContainer const& steps, Mix mix) {
+    std::size_t const size = steps.Size();
+    // every second step of alternating ones is a general one
+    auto const name = [&](std::size_t index) { return steps.Name(mix == Mix::Alternating ? index | 1U : index); };
+    edit = name(size / 3);
+    middle = name(size / 2);
+    last = steps.Name(size - 1);
+    if (mix == Mix::Dense) {
+      create = name(1);
+      for (std::size_t i = 2; i < size; ++i) { changes.push_back(name(i)); }
+    } else {
+      create = name(2);
+      changes = {name(std::max<std::size_t>(size / 4, 3)), name(size / 2)};
+      off = name(3 * size / 4);
+    }
+  }
+
+  cow_String create;
+  std::vector<cow_String> changes;
+  cow_String off;   // empty: it stays on
+  cow_String edit;  // where the benchmarks edit
+  cow_String middle, last;
+};
 
 /// What the benchmarks need to know of a family.
 struct Conditions {
   using Base = kbcC_BC;
   using Type = kbcC_DisplacementBC;
+  using State = kbcC_DisplacementBCState;
   static auto& In(ddr_Model& model) { return model.Get<kprC_PropagatingContainer<Base>>(ddr_Model::bcCmd()); }
-  static auto Values(double value) {
-    kbcC_DisplacementBCState state;
-    state.u1 = value;
+  static State Values(double value) {
+    State state;
+    state.u1 = state.u2 = state.u3 = value;
+    state.ur1 = state.ur2 = state.ur3 = value;
+    state.amplitude = Amplitude();
     return state;
   }
+  static double Value(State const& state) { return state.u1.ConstGet(); }
 };
 struct Loads {
   using Base = kloC_Load;
   using Type = kloC_ConcentratedForce;
+  using State = kloC_ConcentratedForceState;
   static auto& In(ddr_Model& model) { return model.Get<kprC_PropagatingContainer<Base>>(kloC_Load::loadRepositoryCmd()); }
-  static auto Values(double value) {
-    kloC_ConcentratedForceState state;
-    state.c1 = value;
+  static State Values(double value) {
+    State state;
+    state.c1 = state.c2 = state.c3 = value;
+    state.amplitude = Amplitude();
     return state;
   }
+  static double Value(State const& state) { return state.c1.ConstGet(); }
 };
+template <class Family> using Repository = kprC_PropagatingContainer<typename Family::Base>;
+
+inline bool IsLoad(std::size_t attribute, Mix mix) { return mix == Mix::Families && attribute % 2 == 1; }
 
 /// One edit of one attribute with its record.
-template <class Family> void Edit(ddr_Model& model, cow_String const& step, cow_String const& name, double value) {
-  auto& repository = Family::In(model);
+template <class Family> void Edit(Repository<Family>& repository, cow_String const& step, cow_String const& name, double value) {
   repository.Get(name).Insert(step, Family::Values(value));
   repository.RecordModify(name);
 }
-
-/// An attribute created in step 2, modified in S/4 and S/2, switched off in 3S/4.
-template <class Family> void Add(ddr_Model& model, cow_String const& name) {
-  std::size_t const steps = kprC_Steps(model).Size();
+template <class Family> void Add(Repository<Family>& repository, Plan const& plan, cow_String const& name) {
   typename Family::Type attribute;
-  attribute.Insert(StepAt(model, 2), Family::Values(1.0));
-  Family::In(model).Insert(name, attribute);
-  Edit<Family>(model, StepAt(model, steps / 4), name, 2.0);
-  Edit<Family>(model, StepAt(model, steps / 2), name, 3.0);
-  Family::In(model).Get(name).Deactivate(StepAt(model, 3 * steps / 4));
-  Family::In(model).RecordModify(name);
+  double value = 1.0;
+  attribute.Insert(plan.create, Family::Values(value));
+  repository.Insert(name, attribute);
+  for (cow_String const& step : plan.changes) { Edit<Family>(repository, step, name, value += 1.0); }
+  if (plan.off.IsEmpty()) { return; }
+  repository.Get(name).Deactivate(plan.off);
+  repository.RecordModify(name);
 }
-inline bool IsLoad(std::size_t attribute, Mix mix) { return mix == Mix::Families && attribute % 2 == 1; }
-inline void AddAttributes(ddr_Model& model, std::size_t attributes, Mix mix) {
-  for (std::size_t a = 0; a < attributes; ++a) { IsLoad(a, mix) ? Add<Loads>(model, NameOf(a)) : Add<Conditions>(model, NameOf(a)); }
+inline void AddAll(Repository<Conditions>& conditions, Repository<Loads>& loads, Plan const& plan, std::vector<cow_String> const& names,
+                   Mix mix) {
+  for (std::size_t a = 0; a < names.size(); ++a) {
+    IsLoad(a, mix) ? Add<Loads>(loads, plan, names[a]) : Add<Conditions>(conditions, plan, names[a]);
+  }
+}
+
+/// The repositories of a model, by themselves.
+struct Repositories {
+  void UpdateSteps(kprC_StepTable const& steps) {
+    conditions.UpdateSteps(steps);
+    if (mix == Mix::Families) { loads.UpdateSteps(steps); }
+  }
+  template <class Family> auto& Of() {
+    if constexpr (std::is_same_v<Family, Loads>) {
+      return loads;
+    } else {
+      return conditions;
+    }
+  }
+
+  Mix mix;
+  Repository<Conditions> conditions = {};
+  Repository<Loads> loads = {};
+};
+inline Repositories EmptyOver(kprC_StepContainer const& steps, Mix mix) {
+  Repositories made{.mix = mix};
+  made.UpdateSteps(steps.Table());
+  return made;
 }
 
 inline ddr_Model ModelOf(std::size_t steps, std::size_t attributes, Mix mix) {
   ddr_Model model;
-  AddSteps(model, steps, mix);
-  AddAttributes(model, attributes, mix);
+  kprC_StepContainer& held = model.Get<kprC_StepContainer>(ddr_Model::stepsCmd());
+  held = Steps(steps, mix);
+  Plan const plan(held, mix);
+  kprC_UpdateRepositories(model);
+  AddAll(Conditions::In(model), Loads::In(model), plan, Names(attributes), mix);
   return model;
 }
 
-/// Seconds of the fastest of \p rounds runs.
-template <class Work> double Fastest(int rounds, Work&& work) {
+/// The states that an attribute holds as told record by record: an object each.
+inline std::size_t StatesOf(kprC_StepDependent const& attribute) {
+  std::set<cls_Object const*> states;
+  for (std::size_t i = 0; i < attribute.Steps().Size(); ++i) { states.insert(attribute.StateAt(i)); }
+  states.erase(nullptr);
+  return states.size();
+}
+
+// ---- the clock
+
+inline constexpr int kRounds = 12;
+
+template <class Work> double Seconds(Work&& work) {
+  auto const start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+/// Seconds of the fastest of the rounds; \p before each, which does not count.
+template <class Before, class Work> double Fastest(Before&& before, Work&& work) {
   double best = 1e300;
-  for (int i = 0; i < rounds; ++i) {
-    auto const start = std::chrono::steady_clock::now();
-    work();
-    best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+  for (int i = 0; i < kRounds; ++i) {
+    before();
+    best = std::min(best, Seconds(work));
   }
   return best;
 }
 
-/// The limit: the same records as 40-byte structs in one array and 64-byte states, moved once, nothing computed. Into
-/// memory that has been touched before, which is the strict way to measure it.
-inline double SecondsToMove(std::size_t records, std::size_t states) {
-  std::vector<char> from(records * 40 + states * 64, 1), to(from.size(), 2);
-  return Fastest(9, [&] {
-    std::memcpy(to.data(), from.data(), from.size());
-    asm volatile("" : : "r"(to.data()) : "memory");
-  });
+/// All attributes in an order that is random and always the same.
+inline std::vector<std::size_t> Shuffled(std::size_t attributes) {
+  std::vector<std::size_t> order(attributes);
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  std::shuffle(order.begin(), order.end(), std::mt19937(1));
+  return order;
 }
 
-/// The states that an attribute of the workload holds: one per own record and one per stretch that carries it.
-inline constexpr std::size_t kStatesPerAttribute = 8;
-
-/// Times \p work, after \p before, which does not count; the counter "limit" is its time over that of the limit.
-template <class Before, class Work> void Measure(benchmark::State& state, double limit, Before&& before, Work&& work) {
-  double spent = 0.0;
-  for (auto _ : state) {
-    before();
-    auto const start = std::chrono::steady_clock::now();
-    work();
-    double const seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    state.SetIterationTime(seconds);
-    spent += seconds;
+/// What work on one attribute takes, and what undoing it right after: medians of the fastest pass over all.
+struct OneByOne {
+  double work = 1e300, undo = 1e300;
+};
+/// \p before each pass, which does not count.
+template <class Before, class Work, class Undo> OneByOne FastestPasses(std::size_t attributes, Before&& before, Work&& work, Undo&& undo) {
+  std::vector<std::size_t> const order = Shuffled(attributes);
+  double clock = 1e300;
+  for (int i = 0; i < 1000; ++i) {
+    clock = std::min(clock, Seconds([] {}));
   }
-  state.counters["limit"] = spent / static_cast<double>(state.iterations()) / limit;
+  std::vector<double> works(attributes), undos(attributes);
+  auto const median = [clock](std::vector<double>& of) {
+    auto const middle = of.begin() + static_cast<std::ptrdiff_t>(of.size() / 2);
+    std::nth_element(of.begin(), middle, of.end());
+    return std::max(*middle - clock, 1e-10);
+  };
+  OneByOne best, bestSums;
+  for (int round = 0; round < kRounds; ++round) {
+    before();
+    for (std::size_t i = 0; i < attributes; ++i) {
+      works[i] = Seconds([&] { work(order[i]); });
+      undos[i] = Seconds([&] { undo(order[i]); });
+    }
+    double const sumOfWorks = std::accumulate(works.begin(), works.end(), 0.0);
+    double const sumOfUndos = std::accumulate(undos.begin(), undos.end(), 0.0);
+    if (sumOfWorks < bestSums.work) { bestSums.work = sumOfWorks, best.work = median(works); }
+    if (sumOfUndos < bestSums.undo) { bestSums.undo = sumOfUndos, best.undo = median(undos); }
+  }
+  return best;
 }
+
+/// Hands the benchmark what it took; the counter "limit" is its time over that of the limit.
+inline void Report(benchmark::State& state, double seconds, double limit) {
+  for (auto _ : state) { state.SetIterationTime(seconds); }
+  state.counters["limit"] = seconds / limit;
+}
+
+/// Bytes in use on the heap.
+inline double HeapBytes() {
+  auto const info = mallinfo2();
+  return static_cast<double>(info.uordblks + info.hblkhd);
+}
+
+// ---- the limit
+
+struct PlainState {
+  double components[6];
+  std::uint64_t amplitude, flags;
+};
+struct PlainRecord {
+  std::uint64_t step, procedure;
+  PlainState const* state;
+  std::uint64_t uid;
+  std::uint32_t status, flags;
+};
+struct PlainChange {
+  std::uint64_t name, kind;
+};
+static_assert(sizeof(PlainState) == 64 && sizeof(PlainRecord) == 40 && sizeof(PlainChange) == 16);
+
+/// What the work costs where nothing is computed: the same records as plain structs in one array, the states beside them.
+/// All memory has been touched before, which is the strict way to measure it.
+class Limit {
+public:
+  Limit(std::size_t steps, std::size_t attributes, std::size_t states)
+      : steps_(steps), attributes_(attributes), each_(states), records_(steps * attributes), states_(states * attributes) {
+    WriteAll();
+  }
+
+  /// Every record and every state is written, member by member.
+  double Build() {
+    return Fastest([] {}, [this] { WriteAll(); });
+  }
+  /// Every record is moved into an array that has room for the step, with a record of the change for each attribute.
+  double Insert() { return MoveAll(records_, longer_, steps_, steps_ + 1); }
+  double UndoInsert() { return MoveAll(longer_, records_, steps_ + 1, steps_); }
+  /// The records and the states of one attribute are copied, and back.
+  OneByOne Edit() {
+    std::vector<PlainRecord> records(steps_);
+    std::vector<PlainState> states(each_);
+    auto const copy = [this](auto* to, auto const* from, std::size_t count) {
+      std::memcpy(to, from, count * sizeof(*from));
+      Touched(to);
+    };
+    return FastestPasses(
+        attributes_, [] {},
+        [&](std::size_t a) {
+          copy(records.data(), &records_[a * steps_], steps_);
+          copy(states.data(), &states_[a * each_], each_);
+        },
+        [&](std::size_t a) {
+          copy(&records_[a * steps_], records.data(), steps_);
+          copy(&states_[a * each_], states.data(), each_);
+        });
+  }
+  /// Every record is read: its status, and a value of its state.
+  double Read() {
+    return Fastest([] {},
+                   [this] {
+                     std::uint64_t statuses = 0;
+                     double values = 0.0;
+                     for (PlainRecord const& record : records_) {
+                       statuses += record.status;
+                       if (record.state != nullptr) { values += record.state->components[0]; }
+                     }
+                     benchmark::DoNotOptimize(statuses);
+                     benchmark::DoNotOptimize(values);
+                   });
+  }
+
+private:
+  static void Touched(void const* memory) { asm volatile("" : : "r"(memory) : "memory"); }
+
+  void WriteAll() {
+    PlainRecord* record = records_.data();
+    PlainState* state = states_.data();
+    for (std::size_t a = 0; a < attributes_; ++a) {
+      // the first stretch of records comes before the creation
+      for (std::size_t stretch = 0; stretch <= each_; ++stretch) {
+        PlainState const* shared = nullptr;
+        if (stretch > 0) {
+          for (double& component : state->components) { component = static_cast<double>(stretch); }
+          state->amplitude = a;
+          state->flags = stretch;
+          shared = state++;
+        }
+        std::size_t const begin = steps_ * stretch / (each_ + 1), end = steps_ * (stretch + 1) / (each_ + 1);
+        for (std::size_t i = begin; i < end; ++i) {
+          *record++ = {.step = i, .procedure = i, .state = shared, .uid = a, .status = static_cast<std::uint32_t>(stretch), .flags = 0};
+        }
+      }
+    }
+    Touched(records_.data());
+    Touched(states_.data());
+  }
+
+  double MoveAll(std::vector<PlainRecord> const& from, std::vector<PlainRecord>& to, std::size_t size, std::size_t newSize) {
+    longer_.resize((steps_ + 1) * attributes_);
+    std::vector<PlainChange> changes(attributes_);
+    std::size_t const middle = steps_ / 2, rest = std::min(size, newSize) - middle;
+    return Fastest([] {},
+                   [&] {
+                     for (std::size_t a = 0; a < attributes_; ++a) {
+                       PlainRecord const* const old = &from[a * size];
+                       PlainRecord* const now = &to[a * newSize];
+                       std::copy_n(old, middle, now);
+                       if (newSize > size) { now[middle] = old[middle - 1]; }
+                       std::copy_n(old + size - rest, rest, now + newSize - rest);
+                       if (newSize > size) { changes[a] = {a, 1}; }
+                     }
+                     Touched(to.data());
+                     Touched(changes.data());
+                   });
+  }
+
+  std::size_t steps_, attributes_, each_;
+  std::vector<PlainRecord> records_, longer_;
+  std::vector<PlainState> states_;
+};
 
 /// Starts the library for the program's life.
 struct Library {
