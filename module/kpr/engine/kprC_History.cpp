@@ -60,12 +60,7 @@ kprC_History::kprC_History(kprC_History const& other)
       firstTouched_(other.firstTouched_),
       lastTouched_(other.lastTouched_) {
   if (!other.loans_) { return; }
-  for (auto const& [step, loan] : other.loans_->bySteps) {
-    std::size_t const index = steps_.Position(step);
-    if (index != npos && loan.IsChanged()) {
-      Set(index, loan.record->StatusNow(), loan.record->StateNow(), loan.record->StateNow() && loan.record->StateNow()->SwitchedOff());
-    }
-  }
+  for (auto const& [step, loan] : other.loans_->bySteps) { Take(loan); }
 }
 kprC_History::kprC_History(kprC_History&& other) noexcept = default;
 kprC_History& kprC_History::operator=(kprC_History other) noexcept {
@@ -97,24 +92,24 @@ bool kprC_History::Lent() const {
   return loans_ && std::ranges::any_of(loans_->bySteps, [](auto const& loan) { return loan.second.IsChanged(); });
 }
 
+void kprC_History::Take(Loan const& loan) {
+  std::size_t const index = steps_.Position(loan.step);
+  if (index == npos || !loan.IsChanged()) { return; }
+  Handle state = loan.record->StateNow();
+  if (!state) { return Empty(index, loan.record->StatusNow()); }
+  Own const* const own = FindOwn(loan.step);
+  bool const wasOff = loan.state && loan.state->SwitchedOff();
+  bool const isOff = state->SwitchedOff();
+  bool const marked = isOff != wasOff ? isOff : own != nullptr && own->marked;
+  Set(index, loan.record->StatusNow(), std::move(state), marked);
+}
+
 void kprC_History::TakeBackLoans() {
   if (!loans_) { return; }
   for (auto& [step, loan] : loans_->bySteps) {
-    std::size_t const index = steps_.Position(step);
-    if (index == npos || !loan.IsChanged()) { continue; }
-    Handle const state = loan.record->StateNow();
-    Own const* const own = FindOwn(step);
-    bool const wasOff = loan.state && loan.state->SwitchedOff();
-    bool const isOff = state && state->SwitchedOff();
-    bool const marked = isOff != wasOff ? isOff : own != nullptr && own->marked;
-    Status_ const status = loan.record->StatusNow();
-    loan.status = status;
-    loan.state = state;
-    if (state) {
-      Set(index, status, state, marked);
-    } else {
-      Empty(index, status);
-    }
+    Take(loan);
+    loan.status = loan.record->StatusNow();
+    loan.state = loan.record->StateNow();
   }
 }
 
@@ -189,7 +184,8 @@ kprC_History::Record kprC_History::Carried(Own const& own, std::size_t index) co
   kprC_PassTable const& pass = family_->pass;
   unsigned const procedure = steps_.ProcedureType(index);
   kprC_StepKind const kind = family_->kind(procedure);
-  Own const& source = own.source == own.step ? own : *FindOwn(own.source);
+  Own const* const found = own.source == own.step ? &own : FindOwn(own.source);
+  Own const& source = found == nullptr || !found->state ? own : *found;  // one that went is missed until the next pass
   bool const modal = kind == kprC_StepKind::Modal;
   bool const off = own.base == Base::Off;
   auto const carry = [&](Status_ status, bool isOff) { return Record{status, &Carry(source, isOff)}; };

@@ -173,6 +173,8 @@ private:
   /// What the records behind \p source carry; \p present where that is the same.
   kprC_State const& Carry(Own const& source, bool off, Handle const& present = {}) const;
   bool Lent() const;
+  /// Makes what was changed in a lent record the step's own.
+  void Take(Loan const& loan);
   void TakeBackLoans();
   void RefreshLoans();
 

@@ -16,9 +16,9 @@ using kprC_StepSequence = cls_xo1DArrayList<kprC_StepNameProcedurePair>;
 /// to them.
 ///
 /// A version never changes. An edit gives the next one, which shares with it what the edit leaves alone: it costs what a
-/// block of steps weighs, and a word for every block, whatever the number of steps. Every step keeps its number from version
-/// to version, and the numbers rise in step order: a history names steps by number and need not be told of steps that come,
-/// go, or are renamed elsewhere. Questions by position cost the same for every step but for a search among the blocks,
+/// block of steps weighs, and a word for every block, whatever the number of steps. A position that does not exist is refused. Every step
+/// keeps its number from version to version, and the numbers rise in step order: a history names steps by number and need not be told of
+/// steps that come, go, or are renamed elsewhere. Questions by position cost the same for every step but for a search among the blocks,
 /// questions by number or name are logarithmic.
 class DDB_API kprC_StepTable {
 public:
@@ -120,6 +120,7 @@ private:
   static Entry MakeEntry(Number number, kprC_StepNameProcedurePair const& pair);
   std::size_t PartOf(std::size_t index) const;
   Entry const& At(std::size_t index) const {
+    if (index >= body_->size) { cow_RefuseIndex(index, body_->size); }
     auto const& parts = body_->parts;
     if (parts.size() == 1) { return parts[0].block->entries[index]; }
     Part const& part = parts[PartOf(index)];

@@ -149,6 +149,13 @@ TEST_F(BoundaryCondition, ShowsARecordThatWasEmptiedAsItIsUntilTheNextPass) {
   EXPECT_EQ(History(), "0 1 2 0 9");
   EXPECT_EQ(Item().StateAt(3), nullptr);
   EXPECT_EQ(CodeOf([this] { Item().ReplaceStep("S1"); }), 19);
+  ASSERT_EQ(Create("DisplacementBC", "IGGPP", "S1", {{"u1", 1.0}}), -1);
+  ASSERT_EQ(Edit("S2", {{"u1", 2.0}}), -1);
+  ASSERT_EQ(Edit("S3", {{"u2", 3.0}}), -1);
+  Item().ReplaceStep("S2");
+  EXPECT_EQ(History(), "0 1 0 10 9") << "also where others carry what it said";
+  EXPECT_NE(Item().StateAt(4), nullptr);
+  EXPECT_THROW(Item().StatusAt(5), std::out_of_range);
 }
 
 TEST_F(BoundaryCondition, KeepsTheIdentitiesOfItsRecordsWhenTheStepsAreHandedOverAgain) {
