@@ -35,6 +35,20 @@ protected:
   Session session_;
 };
 
+TEST_F(Checking, NotesRegionsThatADeletedStepHasLeftUntilTheyAreReleased) {
+  RunJournal(session_, {R"({"command": "Set", "name": "Punch"})",
+                        R"({"command": "DisplacementBC", "name": "Push", "createStepName": "S3", "u1": 1, "region": "Punch"})",
+                        R"({"command": "delete", "step": "S3"})"});
+  std::vector<Finding> const findings = Check(session_.Model());
+  ASSERT_EQ(findings.size(), 1U);
+  EXPECT_EQ(findings[0].kind + " " + findings[0].name, "set Punch");
+  EXPECT_TRUE(findings[0].note) << "it is in nobody's way";
+  RunJournal(session_, {R"({"command": "releaseDanglingRegions"})"});
+  EXPECT_THAT(Told(session_.Model()), ::testing::IsEmpty());
+  RunJournal(session_, {R"({"command": "undo"})"});
+  EXPECT_EQ(Check(session_.Model()).size(), 1U);
+}
+
 TEST_F(Checking, FindsNothingInWhatCommandsMake) {
   RunJournal(
       session_,
