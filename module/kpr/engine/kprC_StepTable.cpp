@@ -173,15 +173,6 @@ bool kprC_StepTable::SameNames(kprC_StepTable const& other) const {
   return true;
 }
 
-bool kprC_StepTable::Tells(kprC_StepTable const& other) const {
-  if (Same(other)) { return true; }
-  if (!SameNames(other)) { return false; }
-  for (std::size_t i = 0; i < Size(); ++i) {
-    if (!((*this)[i].procedure == other[i].procedure)) { return false; }
-  }
-  return true;
-}
-
 kprC_StepTable kprC_StepTable::WithInserted(std::size_t index, kprC_StepNameProcedurePair const& pair) const {
   Number const before = index == 0 ? 0 : NumberOf(index - 1);
   Number const behind = index < Size() ? NumberOf(index) : before + 2 * kGap;

@@ -66,8 +66,6 @@ public:
   bool Continues(kprC_StepTable const& earlier) const { return Same(earlier) || body_->parent == earlier.body_->version; }
   /// Number of the step that the edit took away or gave another kind of procedure; 0 where it did neither.
   Number Disturbed() const { return body_->disturbed; }
-  /// Whether both tell the same sequence: as many steps, equal names, the very same procedure objects.
-  bool Tells(kprC_StepTable const& other) const;
   /// Whether both have the same names in the same order.
   bool SameNames(kprC_StepTable const& other) const;
 
