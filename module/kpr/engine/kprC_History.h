@@ -67,9 +67,6 @@ public:
     // what later records find
     Base base = Base::None;
     bool untouched = false;  ///< the base state is still what the initial step created
-
-    /// Whether a step changes or frees anything here.
-    bool IsModified() const { return state->IsModified() || state->IsConditionModified(); }
   };
 
   explicit kprC_History(kprC_Family const& family);
