@@ -60,6 +60,7 @@ struct DDB_API kbcC_Rules : kprC_ProcedureRules {
       .off = Status::Deactivated,
       .afterOff = Status::InactiveAfterDeactivation,
       .notAdmitted = Status::Inactive6,
+      .keptFromInitial = Status::Inactive6,
       .perturbation = Status::PropagatedFromBaseState,
       .perturbationChanged = Status::ModifiedFromBaseState,
       .perturbationOff = Status::Inactive11,

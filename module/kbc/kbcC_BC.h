@@ -48,7 +48,7 @@ public:
   bool ValidInStep(kprC_Step const& step, bool carried, bool isInitial, bool isExplicit) const;
   /// The same with what follows from the procedure type worked out; 0 is the initial step.
   bool ValidInStepButRelaxCheckOnInitial(unsigned procedureType, bool carried) const;
-  bool Admits(unsigned procedureType, bool carried) const override { return ValidInStepButRelaxCheckOnInitial(procedureType, carried); }
+  bool Admits(kprC_StepFacts step, bool carried) const override { return ValidInStepButRelaxCheckOnInitial(step.procedureType, carried); }
 
   /// Refuses 20 where the create step frees a component, 21 where a step frees one in which the condition is not active.
   /// Then as kprC_StepAttribute.

@@ -57,6 +57,7 @@ struct DDB_API kloC_Rules : kprC_ProcedureRules {
       .off = Status::Deactivated,
       .afterOff = Status::InactiveAfterDeactivation,
       .notAdmitted = Status::Inactive6,
+      .keptFromInitial = Status::Inactive6,
       .perturbation = Status::Status8,
       .perturbationChanged = Status::Status8,
       .perturbationOff = Status::Status8,

@@ -38,7 +38,7 @@ public:
   void CheckStep(cow_String const& step) const;
 
   /// Whether the type may stand in a step of \p procedureType, created there or carried into it.
-  bool Admits(unsigned procedureType, bool /*carried*/) const override { return Type().procedures.Contains(procedureType); }
+  bool Admits(kprC_StepFacts step, bool /*carried*/) const override { return Type().procedures.Contains(step.procedureType); }
 
   /// Refuses, in this order: 18 in force in an anneal step, 34 in a step that does not admit the type; what the type
   /// refuses as a whole; of each state 41 no magnitude in the create step, what the state refuses itself, 70 no field

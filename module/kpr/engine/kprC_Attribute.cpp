@@ -64,7 +64,7 @@ bool kprC_Attribute::Holds(kprC_Ask ask, Asked& asked) {
       asked.emptied = true;
       return false;
     case kprC_Ask::Target: AssertTarget(asked.to); return false;
-    case kprC_Ask::NotAdmitted: return Steps()[asked.to].procedure && !Admits(Steps().ProcedureType(asked.to), false);
+    case kprC_Ask::NotAdmitted: return Steps()[asked.to].procedure && !Admits(Steps().Facts(asked.to), false);
   }
   return false;
 }
@@ -210,9 +210,7 @@ void kprC_Attribute::Move(cow_String const& fromStep, cow_String const& toStep) 
 
 void kprC_Attribute::UpdateStates() {
   std::size_t const index = States().CreateStep();
-  if (index != npos && Steps()[index].procedure) {
-    Family().Assert(Admits(Steps().ProcedureType(index), false), Family().createNotAdmitted);
-  }
+  if (index != npos && Steps()[index].procedure) { Family().Assert(Admits(Steps().Facts(index), false), Family().createNotAdmitted); }
   Edit([this] { Sync(); });
 }
 
@@ -223,16 +221,20 @@ void kprC_Attribute::ReplaceStep(cow_String const& step) {
 
 // ---- forming and checking
 
-std::uint32_t kprC_Attribute::CarriedInto() const {
-  std::uint32_t admitted = Admits(0, true) ? kprC_ProcedureBit(0) : 0U;
-  for (unsigned type = kprC_firstProcedureType; type <= kprC_lastProcedureType; ++type) {
-    admitted |= Admits(type, true) ? kprC_ProcedureBit(type) : 0U;
-  }
-  return admitted;
+cow_Handle<kprC_Carrying> kprC_Attribute::Carrying() const {
+  auto carrying = cow_Handle<kprC_Carrying>::Make();
+  kprC_Carrying& made = carrying.Get();
+  made.pass = &Pass();
+  made.admitted = kprC_StepSet::Where([this](kprC_StepFacts step) { return Admits(step, true); });
+  made.kept = kprC_StepSet::Where([this](kprC_StepFacts step) { return StaysFromInitial(step); });
+  return carrying;
 }
 
 void kprC_Attribute::FormHistory() {
-  States().SetAdmitted(CarriedInto());
+  States().SetCarrying(Carrying());
+  States().Form();
+  if (!CarriedByValues()) { return; }
+  States().SetCarrying(Carrying());  // the creation may be another one now
   States().Form();
 }
 
@@ -258,7 +260,7 @@ void kprC_Attribute::AssertSteps() const {
   States().ForEachOwn([this](std::size_t index, kprC_History::Own const& own) {
     if (!own.state || !Is(own.status, kprC_Editable)) { return; }
     bool const carried = own.status != Status_::Created;
-    Family().Assert(Admits(Steps().ProcedureType(index), carried), Family().createNotAdmitted);
+    Family().Assert(Admits(Steps().Facts(index), carried), Family().createNotAdmitted);
   });
 }
 

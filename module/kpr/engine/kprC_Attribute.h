@@ -94,8 +94,15 @@ protected:
   /// edit of the sequence.
   virtual bool LooksAtSteps() const { return false; }
 
-  /// The procedure types that the attribute is carried into, a bit each: what Admits says of them. Asked with every pass.
-  virtual std::uint32_t CarriedInto() const;
+  /// Whether what the initial step creates stays in force, until something touches it, in such a step that does not admit
+  /// the type.
+  virtual bool StaysFromInitial(kprC_StepFacts /*step*/) const { return false; }
+  /// What the attribute's records become: the family's table, or another for a type that is carried otherwise.
+  virtual kprC_PassTable const& Pass() const { return Family().pass; }
+  /// Whether the values of the creation count for what Admits says.
+  virtual bool CarriedByValues() const { return false; }
+  /// How the attribute is carried, by Pass, Admits and StaysFromInitial. Asked with every pass.
+  virtual cow_Handle<kprC_Carrying> Carrying() const;
 
   bool Is(mdl_PropagationStatusEnm status, unsigned trait) const { return Family().Is(status, trait); }
   void FormHistory();

@@ -56,7 +56,7 @@ kprC_History::kprC_History(kprC_History const& other)
       steps_(other.steps_),
       body_(other.body_),
       uid_(other.uid_),
-      admitted_(other.admitted_),
+      carrying_(other.carrying_),
       firstTouched_(other.firstTouched_),
       lastTouched_(other.lastTouched_) {
   if (!other.loans_) { return; }
@@ -68,7 +68,7 @@ kprC_History& kprC_History::operator=(kprC_History other) noexcept {
   std::swap(steps_, other.steps_);
   std::swap(body_, other.body_);
   std::swap(uid_, other.uid_);
-  std::swap(admitted_, other.admitted_);
+  std::swap(carrying_, other.carrying_);
   std::swap(firstTouched_, other.firstTouched_);
   std::swap(lastTouched_, other.lastTouched_);
   if (loans_) { RefreshLoans(); }
@@ -181,9 +181,9 @@ kprC_State const& kprC_History::Carry(Own const& source, bool off, Handle const&
 }
 
 kprC_History::Record kprC_History::Carried(Own const& own, std::size_t index) const {
-  kprC_PassTable const& pass = family_->pass;
-  unsigned const procedure = steps_.ProcedureType(index);
-  kprC_StepKind const kind = family_->kind(procedure);
+  kprC_PassTable const& pass = Pass();
+  kprC_StepFacts const step = steps_.Facts(index);
+  kprC_StepKind const kind = family_->kind(step.procedureType);
   Own const* const found = own.source == own.step ? &own : FindOwn(own.source);
   Own const& source = found == nullptr || !found->state ? own : *found;  // one that went is missed until the next pass
   bool const modal = kind == kprC_StepKind::Modal;
@@ -196,8 +196,9 @@ kprC_History::Record kprC_History::Carried(Own const& own, std::size_t index) co
     return there == nullptr ? Status_::NotYetCreated : there->status;
   };
   if (own.base == Base::None) { return carry(modal && inFrequency() == Status_::Created ? pass.held : pass.notCarried, false); }
-  bool const admitted = (admitted_ & kprC_ProcedureBit(procedure)) != 0;
-  if (!admitted && (kind != kprC_StepKind::Perturbation || pass.asksAdmissionInPerturbation)) { return carry(pass.notAdmitted, off); }
+  if (!IsCarriedInto(step) && (kind != kprC_StepKind::Perturbation || pass.asksAdmissionInPerturbation)) {
+    return carry(PassedOver(step, own.untouched && !off), off);
+  }
   if (modal) { return carry(off || inFrequency() == pass.perturbationOff ? pass.afterOff : pass.held, false); }
   if (off) { return carry(pass.afterOff, true); }
   if (kind == kprC_StepKind::Perturbation) { return carry(pass.perturbation, false); }
@@ -321,9 +322,10 @@ bool kprC_History::Redirect(cls_Redirection const& to) {
   return redirected;
 }
 
-void kprC_History::SetAdmitted(std::uint32_t procedures) {
-  if (admitted_ != procedures) { TouchAll(); }
-  admitted_ = procedures;
+void kprC_History::SetCarrying(cow_Handle<kprC_Carrying> const& carrying) {
+  if (carrying_ == carrying || (carrying_ && carrying_->Equals(*carrying))) { return; }
+  TouchAll();
+  carrying_ = carrying;
 }
 
 void kprC_History::Form() {

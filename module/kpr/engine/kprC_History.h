@@ -32,6 +32,15 @@ private:
   mutable std::atomic<kprC_State const*> state_{nullptr};  // one share of it is ours
 };
 
+/// How an attribute is carried from step to step: the same for all of a type, unless its values count.
+struct kprC_Carrying : mem_Counted {
+  kprC_PassTable const* pass;  ///< what the records become
+  kprC_StepSet admitted;       ///< steps that it is carried into
+  kprC_StepSet kept;           ///< steps that do not admit it in which the untouched creation of the initial step stays in force
+
+  bool Equals(kprC_Carrying const& other) const { return pass == other.pass && admitted == other.admitted && kept == other.kept; }
+};
+
 /// The records of one attribute, one per step.
 ///
 /// Only the records that say something of their own are kept, by the numbers of their steps; what stands between them
@@ -125,8 +134,8 @@ public:
   /// Has every state led elsewhere. False when none names anything of the kind.
   bool Redirect(cls_Redirection const& to);
 
-  /// Which procedure types the attribute is carried into, a bit each. Another answer has the whole history formed anew.
-  void SetAdmitted(std::uint32_t procedures);
+  /// How the attribute is carried. Another answer has the whole history formed anew.
+  void SetCarrying(cow_Handle<kprC_Carrying> const& carrying);
   /// Gives every record the status and the state that follow from the own records, from the first change on and as far
   /// as it reaches. A second pass changes nothing.
   void Form();
@@ -164,6 +173,15 @@ private:
   void TouchAll() { Touch(0, ~Number{0}); }
   void Put(Own own);
 
+  // until the first pass nothing is known of how the attribute is carried
+  kprC_PassTable const& Pass() const { return carrying_ ? *carrying_->pass : family_->pass; }
+  bool IsCarriedInto(kprC_StepFacts step) const { return carrying_ && carrying_->admitted.Contains(step); }
+  /// The status in a step that the attribute is not carried into; \p untouched: in force as the initial step created it.
+  Status_ PassedOver(kprC_StepFacts step, bool untouched) const {
+    bool const kept =
+        untouched && family_->kind(step.procedureType) == kprC_StepKind::General && carrying_ && carrying_->kept.Contains(step);
+    return kept ? Pass().keptFromInitial : Pass().notAdmitted;
+  }
   Record Look(std::size_t index) const;
   /// What a record without anything of its own takes over from \p own, the last own record before it.
   Record Carried(Own const& own, std::size_t index) const;
@@ -179,7 +197,7 @@ private:
   kprC_StepTable steps_;
   cow_Handle<Body> body_;
   cls_Uid uid_ = cls_Uid::AllocateUid();
-  std::uint32_t admitted_ = 0;
+  cow_Handle<kprC_Carrying> carrying_;
   Number firstTouched_ = ~Number{0}, lastTouched_ = 0;  // what Form has to look at
   std::unique_ptr<Loans> loans_;
 };

@@ -37,14 +37,18 @@ struct kprC_PassTable {
   Status off;                        ///< general step, switched off
   Status afterOff;                   ///< off since an earlier step
   Status notAdmitted;                ///< passed over
+  Status keptFromInitial;            ///< the same of the untouched creation of the initial step, where it stays in force (kprC_Carrying)
   Status perturbation;               ///< perturbation step, carried
   Status perturbationChanged;        ///< perturbation step, own change
   Status perturbationOff;            ///< switched off for one perturbation step
   Status held;                       ///< modal-based step
   Status notCarried;                 ///< made in a perturbation or modal-based step, later steps
-  bool keepsPerturbationChange;      ///< false: an own change in a perturbation step is dropped
+  bool keepsPerturbationChange;      ///< false: an own change in a perturbation step is dropped, admitted or not
   bool asksAdmissionInPerturbation;  ///< false: a perturbation step carries what it does not admit
 };
 
-/// Statuses in which a state's switched-off flag is not the step's own doing, a bit each.
-inline constexpr unsigned kprC_neverOff = 1U << 0 | 1U << 5 | 1U << 6 | 1U << 7 | 1U << 8 | 1U << 12 | 1U << 13;
+/// The same for a type that is in force in its own step alone: what would be carried or passed over is not carried.
+constexpr kprC_PassTable kprC_NotPropagating(kprC_PassTable pass) {
+  pass.carried = pass.carriedFromInitial = pass.notAdmitted = pass.keptFromInitial = pass.notCarried;
+  return pass;
+}

@@ -70,15 +70,15 @@ bool kprC_Propagator::Take(Own& own) {
   Kind kind = Classify(own);
   if (kind == Kind::Carried) { return false; }
   std::size_t const index = history_.steps_.Position(own.step);
-  unsigned const procedure = history_.steps_.ProcedureType(index);
-  kprC_StepKind const step = history_.family_->kind(procedure);
+  kprC_StepFacts const step = history_.steps_.Facts(index);
+  kprC_StepKind const stepKind = history_.family_->kind(step.procedureType);
   if (source_ == nullptr) {
-    Create(own, step, history_.steps_.IsInitial(index));
+    Create(own, stepKind, history_.steps_.IsInitial(index));
     return true;
   }
   own.creation = false;
   if (kind == Kind::Creation) { kind = IsModified(*own.state) ? Kind::Change : Kind::Carried; }
-  return kind != Kind::Carried && Change(own, step, procedure, kind == Kind::Change);
+  return kind != Kind::Carried && Change(own, stepKind, step, kind == Kind::Change);
 }
 
 void kprC_Propagator::Create(Own& own, kprC_StepKind kind, bool initial) {
@@ -96,22 +96,23 @@ void kprC_Propagator::Create(Own& own, kprC_StepKind kind, bool initial) {
     }
   }
   own.creation = true;
-  own.status = own.marked ? history_.family_->pass.createdOff : Status::Created;
+  own.status = own.marked ? history_.Pass().createdOff : Status::Created;
   base_ = kind != kprC_StepKind::General ? Base::None : own.marked ? Base::Off : Base::On;
   untouched_ = initial;
   source_ = &own;
 }
 
-bool kprC_Propagator::Change(Own& own, kprC_StepKind kind, unsigned procedure, bool change) {
-  kprC_PassTable const& pass = history_.family_->pass;
+bool kprC_Propagator::Change(Own& own, kprC_StepKind kind, kprC_StepFacts step, bool change) {
+  kprC_PassTable const& pass = history_.Pass();
   bool const general = kind == kprC_StepKind::General;
   if (base_ == Base::None || kind == kprC_StepKind::Modal) { return false; }
-  bool const admitted = (history_.admitted_ & kprC_ProcedureBit(procedure)) != 0;
-  if (!change && !admitted && (general || pass.asksAdmissionInPerturbation)) {
-    if (!general) { return false; }
-    own.status = pass.notAdmitted;  // passed over; the switch-off stays for later
-    own.state = Plain(base_ == Base::Off, own.state);
-    return true;
+  if (!history_.IsCarriedInto(step)) {
+    if (!general && pass.asksAdmissionInPerturbation && !(change && pass.keepsPerturbationChange)) { return false; }
+    if (general && !change) {
+      own.status = history_.PassedOver(step, untouched_ && base_ == Base::On);  // the switch-off stays for later
+      own.state = Plain(base_ == Base::Off, own.state);
+      return true;
+    }
   }
   if (base_ == Base::Off) {
     own.status = pass.afterOff;

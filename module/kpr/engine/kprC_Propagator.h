@@ -21,7 +21,7 @@ private:
   bool Take(Own& own);
   void Create(Own& own, kprC_StepKind kind, bool initial);
   /// An own record behind the creation: what it says is kept, dropped, or left for when the attribute is on again.
-  bool Change(Own& own, kprC_StepKind kind, unsigned procedure, bool change);
+  bool Change(Own& own, kprC_StepKind kind, kprC_StepFacts step, bool change);
   /// What is carried, on or switched off.
   Handle Plain(bool off, Handle const& present) const;
   /// What is carried with the record's own members on it.

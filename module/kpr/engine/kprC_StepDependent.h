@@ -75,9 +75,8 @@ public:
   virtual void Deactivate(cow_String const& step) = 0;
   virtual void Reset(cow_String const& step) = 0;
   virtual void Move(cow_String const& fromStep, cow_String const& toStep) = 0;
-  /// Whether the type may stand in a step of \p procedureType (0: the initial step): created or moved there, or \p carried
-  /// into it.
-  virtual bool Admits(unsigned procedureType, bool carried) const = 0;
+  /// Whether the attribute may stand in such a step: created or moved there, or \p carried into it.
+  virtual bool Admits(kprC_StepFacts step, bool carried) const = 0;
   /// Checks again after the procedures of the steps have changed.
   virtual void UpdateStates() = 0;
   /// Re-checks every record against its step; raises the first refusal. Nothing while suppressed.

@@ -20,7 +20,13 @@ std::size_t HashOf(std::string_view name) { return std::hash<std::string_view>{}
 }  // namespace
 
 kprC_StepTable::Entry kprC_StepTable::MakeEntry(Number number, kprC_StepNameProcedurePair const& pair) {
-  return {number, cow_Handle<Step>::Make(pair), pair.ProcedureType()};
+  return {number, cow_Handle<Step>::Make(pair), kprC_StepFacts(pair.procedure.ConstGet())};
+}
+
+void kprC_StepTable::Block::CountAll() {
+  types = 0;
+  traits = 0;
+  for (Entry const& entry : entries) { Count(entry); }
 }
 
 kprC_StepTable::kprC_StepTable() {
@@ -66,10 +72,7 @@ void kprC_StepTable::Fill(Body& body, std::vector<Entry> entries) {
     if (last == entries.end()) { break; }
   }
   Settle(body, 0);
-  for (Part& part : body.parts) {
-    Block& block = part.block.Get();
-    for (Entry const& entry : block.entries) { block.types |= kprC_ProcedureBit(entry.type); }
-  }
+  for (Part& part : body.parts) { part.block.Get().CountAll(); }
 }
 
 void kprC_StepTable::Settle(Body& body, std::size_t part) {
@@ -124,16 +127,17 @@ std::size_t kprC_StepTable::Find(std::string_view name) const {
 }
 
 std::size_t kprC_StepTable::SegmentEnd(std::size_t index) const {
-  unsigned const type = ProcedureType(index);
+  kprC_StepFacts const facts = Facts(index);
+  std::uint32_t const bit = kprC_ProcedureBit(facts.procedureType);
   auto const& parts = body_->parts;
   for (std::size_t part = parts.size() == 1 ? 0 : PartOf(index); part < parts.size(); ++part) {
     Block const& block = *parts[part].block;
-    if (index == parts[part].begin && block.types == kprC_ProcedureBit(type) && block.types != 0) {
+    if (index == parts[part].begin && block.types == bit && bit != 0 && (facts.traits | block.traits) == 0) {
       index += block.entries.size();
       continue;
     }
     for (std::size_t at = index - parts[part].begin; at < block.entries.size(); ++at, ++index) {
-      if (block.entries[at].type != type) { return index; }
+      if (block.entries[at].facts != facts) { return index; }
     }
   }
   return index;
@@ -146,7 +150,7 @@ kprC_StepTable::Number kprC_StepTable::LastBefore(std::size_t index, unsigned pr
     Block const& block = *parts[part].block;
     if ((block.types & kprC_ProcedureBit(procedureType)) == 0) { continue; }
     for (std::size_t at = std::min(index - parts[part].begin, block.entries.size()); at-- > 0;) {
-      if (block.entries[at].type == procedureType) { return block.entries[at].number; }
+      if (block.entries[at].facts.procedureType == procedureType) { return block.entries[at].number; }
     }
   }
   return 0;
@@ -192,7 +196,7 @@ kprC_StepTable kprC_StepTable::WithInserted(std::size_t index, kprC_StepNameProc
   if (body.parts.empty()) { body.parts.push_back({cow_Handle<Block>::Make(), 0, 0}); }
   std::size_t const part = index == 0 ? 0 : PartOf(index - 1);
   Block& block = body.parts[part].block.Get();
-  block.types |= kprC_ProcedureBit(entry.type);
+  block.Count(entry);
   block.entries.insert(block.entries.begin() + static_cast<std::ptrdiff_t>(index - body.parts[part].begin), std::move(entry));
   if (block.entries.size() > kBlock) {
     // a sequence that grows at its end leaves full blocks behind, one that grows elsewhere halves
@@ -200,10 +204,9 @@ kprC_StepTable kprC_StepTable::WithInserted(std::size_t index, kprC_StepNameProc
     auto const middle = block.entries.begin() + static_cast<std::ptrdiff_t>(atEnd ? kBlock : kBlock / 2);
     auto rest = cow_Handle<Block>::Make();
     rest.Get().entries.assign(middle, block.entries.end());
-    for (Entry const& moved : rest->entries) { rest.Get().types |= kprC_ProcedureBit(moved.type); }
+    rest.Get().CountAll();
     block.entries.erase(middle, block.entries.end());
-    block.types = 0;
-    for (Entry const& kept : block.entries) { block.types |= kprC_ProcedureBit(kept.type); }
+    block.CountAll();
     body.parts.insert(body.parts.begin() + static_cast<std::ptrdiff_t>(part + 1), {std::move(rest), 0, 0});
   }
   Settle(body, part);
@@ -219,8 +222,7 @@ kprC_StepTable kprC_StepTable::WithRemoved(std::size_t index) const {
   Entry const removed = *at;
   body.disturbed = removed.number;
   block.entries.erase(at);
-  block.types = 0;
-  for (Entry const& kept : block.entries) { block.types |= kprC_ProcedureBit(kept.type); }
+  block.CountAll();
   if (block.entries.empty()) { body.parts.erase(body.parts.begin() + static_cast<std::ptrdiff_t>(part)); }
   --body.size;
   body.procedures -= removed.step->pair.procedure ? 1 : 0;
@@ -258,12 +260,11 @@ kprC_StepTable kprC_StepTable::WithReplaced(std::size_t index, kprC_StepNameProc
   }
   body.procedures += pair.procedure ? 1 : 0;
   body.procedures -= (*this)[index].procedure ? 1 : 0;
-  if (entry.type != ProcedureType(index)) { body.disturbed = entry.number; }
+  if (entry.facts != Facts(index)) { body.disturbed = entry.number; }
   std::size_t const part = PartOf(index);
   Block& block = body.parts[part].block.Get();
   block.entries[index - body.parts[part].begin] = std::move(entry);
-  block.types = 0;
-  for (Entry const& kept : block.entries) { block.types |= kprC_ProcedureBit(kept.type); }
+  block.CountAll();
   return From(std::move(next));
 }
 

@@ -35,7 +35,8 @@ public:
   kprC_StepNameProcedurePair const& operator[](std::size_t index) const { return At(index).step->pair; }
   cow_String const& Name(std::size_t index) const { return (*this)[index].stepName; }
   /// The procedure type that rules are asked with; 0 for the initial step.
-  unsigned ProcedureType(std::size_t index) const { return At(index).type; }
+  unsigned ProcedureType(std::size_t index) const { return At(index).facts.procedureType; }
+  kprC_StepFacts Facts(std::size_t index) const { return At(index).facts; }
   Number NumberOf(std::size_t index) const { return At(index).number; }
   /// Whether the step is the initial one: the first of the sequence, with a procedure object or without.
   bool IsInitial(std::size_t index) const { return index == 0 && !body_->loose && ProcedureType(0) == 0; }
@@ -43,7 +44,7 @@ public:
   std::size_t Position(Number number) const;
   /// Position of the first step called \p name, or npos.
   std::size_t Find(std::string_view name) const;
-  /// One past the last of the neighbouring steps that share the procedure type of \p index.
+  /// One past the last of the neighbouring steps that share the facts of \p index.
   std::size_t SegmentEnd(std::size_t index) const;
   /// Number of the last step of that procedure type before the position \p index; 0 when there is none.
   Number LastBefore(std::size_t index, unsigned procedureType) const;
@@ -64,7 +65,7 @@ public:
   bool Same(kprC_StepTable const& other) const { return body_ == other.body_; }
   /// Whether this is \p earlier, or the version made from it by one edit: numbers mean the same in both.
   bool Continues(kprC_StepTable const& earlier) const { return Same(earlier) || body_->parent == earlier.body_->version; }
-  /// Number of the step that the edit took away or gave another kind of procedure; 0 where it did neither.
+  /// Number of the step that the edit took away or gave other facts; 0 where it did neither.
   Number Disturbed() const { return body_->disturbed; }
   /// Whether both have the same names in the same order.
   bool SameNames(kprC_StepTable const& other) const;
@@ -86,11 +87,18 @@ private:
   struct Entry {
     Number number;
     cow_Handle<Step> step;
-    unsigned type;
+    kprC_StepFacts facts;
   };
   struct Block : mem_Counted {
     std::vector<Entry> entries;
-    std::uint32_t types = 0;  // of the steps, a bit each
+    std::uint32_t types = 0;  // procedure types of the steps, a bit each
+    std::uint8_t traits = 0;  // that any of them has
+
+    void Count(Entry const& entry) {
+      types |= kprC_ProcedureBit(entry.facts.procedureType);
+      traits |= entry.facts.traits;
+    }
+    void CountAll();
   };
   struct Part {
     cow_Handle<Block> block;

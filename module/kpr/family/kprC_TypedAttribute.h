@@ -1,6 +1,6 @@
 #pragma once
 
-#include <atomic>
+#include <mutex>
 #include <vector>
 
 #include "module/kpr/family/kprC_ProcedureRules.h"
@@ -46,16 +46,17 @@ protected:
   std::unique_ptr<typename Rules::State> DefaultState() const {
     return std::unique_ptr<typename Rules::State>(static_cast<typename Rules::State*>(Type().newState().release()));
   }
-  /// The same for all attributes of the type, and asked of it once.
-  std::uint32_t CarriedInto() const override {
-    static std::vector<std::atomic<std::uint32_t>> known(Rules::Types().size());  // 0: not asked yet, or carried nowhere
-    auto& answer = known[static_cast<std::size_t>(&Type() - Rules::Types().data())];
-    std::uint32_t procedures = answer.load(std::memory_order_relaxed);
-    if (procedures == 0) {
-      procedures = kprC_StepAttribute<Rules>::CarriedInto();
-      answer.store(procedures, std::memory_order_relaxed);
-    }
-    return procedures;
+  /// The same for all attributes of the type unless their values count, and asked of it once.
+  cow_Handle<kprC_Carrying> Carrying() const override {
+    if (this->CarriedByValues()) { return kprC_StepAttribute<Rules>::Carrying(); }
+    struct Answer {
+      std::once_flag asked;
+      cow_Handle<kprC_Carrying> carrying;
+    };
+    static std::vector<Answer> answers(Rules::Types().size());
+    Answer& answer = answers[static_cast<std::size_t>(&Type() - Rules::Types().data())];
+    std::call_once(answer.asked, [&] { answer.carrying = kprC_StepAttribute<Rules>::Carrying(); });
+    return answer.carrying;
   }
   /// The type's row. Linear in the family's types.
   typename Rules::TypeRow const& Type() const { return *kprC_FindType(Rules::Types(), this->DynTypeId()); }

@@ -47,6 +47,7 @@ public:
   /// Whether the procedure is integrated explicitly in time.
   virtual bool Explicit() const = 0;
   virtual ResponseEnm Response() const = 0;
+  std::uint8_t Traits() const override;
   /// The step's duration; 0 for a step that takes no time.
   virtual double TimePeriod() const = 0;
   virtual NlgeomEnm Nlgeom() const = 0;
