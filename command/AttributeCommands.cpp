@@ -134,8 +134,7 @@ std::vector<CommandInfo> AttributeConstructions() {
   ForEachRepository(ddr_Model(), [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     for (auto const& construction : repository.Constructions()) {
       std::unique_ptr<kprC_StepDependent> const item = repository.Construct(construction.command);
-      std::string unknown;
-      item->SetInStep(cow_String(kprC_Step::initialCmd().View()), {}, &unknown);
+      item->Begin(cow_String(kprC_Step::initialCmd().View()), kprC_ProcedureType::Initial);
       std::string_view const label = construction.label.empty() ? construction.command : construction.label;
       CommandInfo info{std::string(construction.command), InWords(extension), "creates: " + std::string(label), {}};
       info.arguments.push_back(Required(kName, "the new object's name"));
@@ -170,8 +169,7 @@ bool ConstructAttribute(Call& call) {
   if (!steps.IsMember(step)) { repository.Refuse(codes.unknownStep); }
   if (codes.inInitialStep && steps.Index(step) == 0) { repository.Refuse(*codes.inInitialStep); }
 
-  std::string unknown;
-  item->SetInStep(step, {}, &unknown);  // begins with a default state, which tells what it takes
+  item->Begin(step, steps.Table().ProcedureType(steps.Index(step)));  // with a default state, which tells what it takes
   Members members = Sorted(call, MemberArguments(*item), *CreateState(*item));
   ResolveReferences(call, repository, members);
   SetOwn(call, *item, members);
@@ -212,27 +210,29 @@ void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
   Edit(call, target, [&](kprC_StepDependent& item) { SetState(call, item, step, *state, members); });
 }
 
-void DeactivateAttribute(Call& call, AttributeTarget const& target) {
-  EditInStep(call, target, [](kprC_StepDependent& item, cow_String const& step) { item.Deactivate(step); });
+kprC_Operation const* FindOperation(kprC_StepAwareRepository const& repository, std::string_view command) {
+  auto const operations = repository.Operations();
+  auto const found = std::ranges::find(operations, command, &kprC_Operation::command);
+  return found == operations.end() ? nullptr : &*found;
 }
 
-void ResetAttribute(Call& call, AttributeTarget const& target) {
-  EditInStep(call, target, [](kprC_StepDependent& item, cow_String const& step) { item.Reset(step); });
+void PerformOnAttribute(Call& call, AttributeTarget const& target) {
+  kprC_Operation const& operation = *FindOperation(target.repository, call.arguments.Command());
+  if (operation.effect != kprC_Effect::Move) {
+    return EditInStep(call, target, [&](kprC_StepDependent& item, cow_String const& step) { item.Perform(operation, step, step); });
+  }
+  cow_String const from = StepArgument(call, kFromStep);
+  cow_String const to(call.arguments.Text(kToStep));
+  if (!call.subject.atFault) { StepArgument(call, kToStep); }
+  call.arguments.AssertNoRest({std::string(kFromStep), std::string(kToStep)});
+  AssertNotSuppressed(target);
+  Edit(call, target, [&](kprC_StepDependent& item) { item.Perform(operation, from, to); });
 }
 
 void RemoveAttributeState(Call& call, AttributeTarget const& target) {
   EditInStep(call, target, [&](kprC_StepDependent& item, cow_String const& step) {
     if (!item.Remove(step)) { target.repository.Refuse(target.repository.EditRefusals().unknownStep); }
   });
-}
-
-void MoveAttribute(Call& call, AttributeTarget const& target) {
-  cow_String const from = StepArgument(call, kFromStep);
-  cow_String const to(call.arguments.Text(kToStep));
-  if (!call.subject.atFault) { StepArgument(call, kToStep); }
-  call.arguments.AssertNoRest({std::string(kFromStep), std::string(kToStep)});
-  AssertNotSuppressed(target);
-  Edit(call, target, [&](kprC_StepDependent& item) { item.Move(from, to); });
 }
 
 void SuppressAttribute(Call& call, AttributeTarget const& target) {

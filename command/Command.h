@@ -84,10 +84,10 @@ void ReplaceStep(Call& call, cow_String const& name);
 // commands on an attribute
 void SetAttributeValues(Call& call, AttributeTarget const& target);
 void SetAttributeValuesInStep(Call& call, AttributeTarget const& target);
-void DeactivateAttribute(Call& call, AttributeTarget const& target);
-void ResetAttribute(Call& call, AttributeTarget const& target);
+/// The operation that a command is in a family; null where it is none.
+kprC_Operation const* FindOperation(kprC_StepAwareRepository const& repository, std::string_view command);
+void PerformOnAttribute(Call& call, AttributeTarget const& target);
 void RemoveAttributeState(Call& call, AttributeTarget const& target);
-void MoveAttribute(Call& call, AttributeTarget const& target);
 void SuppressAttribute(Call& call, AttributeTarget const& target);
 void ResumeAttribute(Call& call, AttributeTarget const& target);
 void RenameAttribute(Call& call, AttributeTarget const& target);
@@ -116,8 +116,8 @@ std::optional<int> UnknownCode(kprC_EditRefusalCodes const& codes, cls_Reference
 void ForEachUnknown(ddr_Model const& model, cls_Object const& object,
                     std::function<void(ReferenceKind const& kind, std::string_view name)> const& visit);
 
-/// The commands on objects, in the order of help.
-std::vector<ObjectCommand> const& ObjectCommands();
+/// The commands on objects, in the order of help; those that operations of the model's families are among them.
+std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model);
 /// Every kind of object that commands on objects may name, in the order of help.
 std::vector<std::string> ObjectKinds(ddr_Model const& model);
 /// Runs a command on the object that it names; false when there is no such command.

@@ -19,14 +19,14 @@ cow_String Named(Call& call, std::string_view kind) {
   return cow_String(name);
 }
 
-[[noreturn]] void RefuseKind(Call& call, ObjectCommand const& command, std::string_view kind) {
-  RefuseUnknown(call.subject, Quoted(command.name) + " is no command on a " + std::string(kind) + ".");
+[[noreturn]] void RefuseKind(Call& call, std::string_view kind) {
+  RefuseUnknown(call.subject, Quoted(call.arguments.Command()) + " is no command on a " + std::string(kind) + ".");
 }
 
 bool RunOnStep(Call& call, ObjectCommand const& command) {
   std::string_view const kind = kprC_Step::stepCmd();
   if (!call.arguments.Has(kind)) { return false; }
-  if (command.onStep == nullptr) { RefuseKind(call, command, kind); }
+  if (command.onStep == nullptr) { RefuseKind(call, kind); }
   cow_String const name = Named(call, kind);
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   if (!steps.IsMember(name)) {
@@ -41,7 +41,7 @@ bool RunOnStep(Call& call, ObjectCommand const& command) {
 
 bool RunOnReference(Call& call, ObjectCommand const& command, ReferenceKind const& kind) {
   if (!call.arguments.Has(kind.kind)) { return false; }
-  if (command.onReference == nullptr) { RefuseKind(call, command, kind.kind); }
+  if (command.onReference == nullptr) { RefuseKind(call, kind.kind); }
   cow_String const name = Named(call, kind.kind);
   Referred(call, kind, name);
   command.onReference(call, kind, name);
@@ -55,7 +55,9 @@ bool RunOnAttribute(Call& call, ObjectCommand const& command) {
     std::string const kind = repository.ItemCmd();
     if (found || !call.arguments.Has(kind)) { return; }
     found = true;
-    if (command.onAttribute == nullptr) { RefuseKind(call, command, kind); }
+    bool const isOperation = command.onAttribute == &PerformOnAttribute;
+    bool const isKnown = isOperation ? FindOperation(repository, call.arguments.Command()) != nullptr : command.onAttribute != nullptr;
+    if (!isKnown) { RefuseKind(call, kind); }
     cow_String const name = Named(call, kind);
     kprC_StepDependent const* item = repository.ConstItem(name);
     if (item == nullptr) {
@@ -70,19 +72,8 @@ bool RunOnAttribute(Call& call, ObjectCommand const& command) {
   return found;
 }
 
-}  // namespace
-
-std::string ObjectText(std::string_view kind, std::string_view name) { return std::string(kind) + " " + Quoted(name); }
-
-std::vector<std::string> ObjectKinds(ddr_Model const& model) {
-  std::vector<std::string> kinds;
-  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) { kinds.push_back(repository.ItemCmd()); });
-  kinds.emplace_back(kprC_Step::stepCmd().View());
-  for (ReferenceKind const& kind : ReferenceKinds()) { kinds.emplace_back(kind.kind); }
-  return kinds;
-}
-
-std::vector<ObjectCommand> const& ObjectCommands() {
+/// The commands that every object of a kind knows; the operations of families stand beside them.
+std::vector<ObjectCommand> const& CommonCommands() {
   static std::vector<ObjectCommand> const commands = {
       {"setValues",
        "sets members of an object; of an attribute, its own and those of its create step",
@@ -94,13 +85,7 @@ std::vector<ObjectCommand> const& ObjectCommands() {
        "sets members of an attribute from a step on",
        {StepName(), AnyMember(R"(a member of the attribute's state: a value, "UNSET" or "FREED")")},
        &SetAttributeValuesInStep},
-      {"deactivate", "switches an attribute off from a step on", {StepName()}, &DeactivateAttribute},
-      {"reset", "takes back a deactivation", {StepName("the step of the deactivation")}, &ResetAttribute},
       {"remove", "takes back what an attribute sets in a step", {StepName()}, &RemoveAttributeState},
-      {"move",
-       "moves what an attribute sets in one step to another",
-       {Required("fromStepName", "the step that sets it"), Required("toStepName", "the step that is to set it")},
-       &MoveAttribute},
       {"suppress", "takes an attribute out of the analysis as a whole; its history stays", {}, &SuppressAttribute},
       {"resume", "takes a suppressed attribute back into the analysis", {}, &ResumeAttribute},
       {"rename", "gives an object another name", {Required("newName", "the new name")}, &RenameAttribute, &RenameStep, &RenameReference},
@@ -119,9 +104,48 @@ std::vector<ObjectCommand> const& ObjectCommands() {
   return commands;
 }
 
+/// A command that is an operation of the family of the attribute that it names.
+ObjectCommand const& OperationCommand() {
+  static ObjectCommand const command{"", "", {}, &PerformOnAttribute};
+  return command;
+}
+
+}  // namespace
+
+std::string ObjectText(std::string_view kind, std::string_view name) { return std::string(kind) + " " + Quoted(name); }
+
+std::vector<std::string> ObjectKinds(ddr_Model const& model) {
+  std::vector<std::string> kinds;
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) { kinds.push_back(repository.ItemCmd()); });
+  kinds.emplace_back(kprC_Step::stepCmd().View());
+  for (ReferenceKind const& kind : ReferenceKinds()) { kinds.emplace_back(kind.kind); }
+  return kinds;
+}
+
+std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model) {
+  std::vector<ObjectCommand> commands = CommonCommands();
+  auto const behindEdits = [&commands] { return std::ranges::find(commands, std::string_view("remove"), &ObjectCommand::name); };
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) {
+    for (kprC_Operation const& operation : repository.Operations()) {
+      if (std::ranges::find(commands, operation.command, &ObjectCommand::name) != commands.end()) { continue; }
+      ObjectCommand& command = *commands.insert(behindEdits(), OperationCommand());
+      command.name = operation.command;
+      command.meaning = operation.meaning;
+      command.arguments = operation.effect == kprC_Effect::Move ? std::vector{Required("fromStepName", "the step that sets it"),
+                                                                              Required("toStepName", "the step that is to set it")}
+                                                                : std::vector{StepName()};
+    }
+  });
+  return commands;
+}
+
 bool RunOnObject(Call& call) {
-  auto const command = std::ranges::find(ObjectCommands(), call.arguments.Command(), &ObjectCommand::name);
-  if (command == ObjectCommands().end()) { return false; }
+  auto const common = std::ranges::find(CommonCommands(), call.arguments.Command(), &ObjectCommand::name);
+  ObjectCommand const* command = common == CommonCommands().end() ? nullptr : &*common;
+  ForEachRepository(call.model, [&](auto const&, kprC_StepAwareRepository const& repository) {
+    if (command == nullptr && FindOperation(repository, call.arguments.Command()) != nullptr) { command = &OperationCommand(); }
+  });
+  if (command == nullptr) { return false; }
   if (RunOnAttribute(call, *command) || RunOnStep(call, *command)) { return true; }
   // Last: "region" and "amplitude" are members of attributes too.
   if (std::ranges::any_of(ReferenceKinds(), [&](ReferenceKind const& kind) { return RunOnReference(call, *command, kind); })) {

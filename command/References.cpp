@@ -54,8 +54,9 @@ constexpr Declaration kDeclarations[] = {
 
 bool Names(cls_Object const& object, cls_Reference reference, std::string_view name) {
   bool found = false;
-  cls_ForEachReference(object.MemberRows(), &object,
-                       [&](cls_Reference kind, std::string_view named) { found = found || (kind == reference && named == name); });
+  cls_ForEachReference(object.MemberRows(), &object, [&](cls_Reference kind, std::string_view named, cls_Object const*) {
+    found = found || (kind == reference && named == name);
+  });
   return found;
 }
 
@@ -190,7 +191,7 @@ void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, s
 void ForEachUnknown(ddr_Model const& model, cls_Object const& object,
                     std::function<void(ReferenceKind const& kind, std::string_view name)> const& visit) {
   std::set<std::pair<cls_Reference, std::string>> told;
-  cls_ForEachReference(object.MemberRows(), &object, [&](cls_Reference reference, std::string_view name) {
+  cls_ForEachReference(object.MemberRows(), &object, [&](cls_Reference reference, std::string_view name, cls_Object const*) {
     ReferenceKind const* const kind = FindReferenceKind(reference);
     if (kind == nullptr || kind->In(model).ConstObject(name) != nullptr) { return; }
     if (told.emplace(reference, name).second) { visit(*kind, name); }

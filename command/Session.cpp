@@ -249,7 +249,7 @@ std::vector<CommandInfo> Session::Commands() {
   for (auto const& more : {AttributeConstructions(), ReferenceConstructions()}) { infos.insert(infos.end(), more.begin(), more.end()); }
   std::string kinds;
   for (std::string const& kind : ObjectKinds(ddr_Model())) { kinds += (kinds.empty() ? "" : " | ") + kind; }
-  for (ObjectCommand const& command : ObjectCommands()) {
+  for (ObjectCommand const& command : ObjectCommands(ddr_Model())) {
     CommandInfo info{std::string(command.name), "objects", std::string(command.meaning), command.arguments};
     info.arguments.insert(info.arguments.begin(), Required(kinds, "name of the object, under its kind"));
     infos.push_back(std::move(info));

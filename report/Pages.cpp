@@ -203,8 +203,7 @@ std::string TypesOf(kprC_StepAwareRepository const& repository) {
   Grouped types;
   for (auto const& construction : repository.Constructions()) {
     auto const item = repository.Construct(construction.command);
-    std::string unknown;
-    item->SetInStep(cow_String("Initial"), {}, &unknown);
+    item->Begin(cow_String("Initial"), kprC_ProcedureType::Initial);
     unsigned const state = item->StateAt(0)->DynTypeId();
     Texts members = {OwnMembers(item->DynTypeId(), FamilyBase(item->DynTypeId())), OwnMembers(state, FamilyBase(state))};
     std::erase(members, "");

@@ -14,7 +14,7 @@ template <> struct omu_EnumTable<kbcC_CategoryEnm> {
 };
 
 /// A row of the table of types.
-struct kbcC_TypeRow : kprC_TypeRow<kbcC_CategoryEnm> {
+struct kbcC_TypeRow : kprC_LoadCaseTypeRow<kbcC_CategoryEnm> {
   bool staysConstrained;  ///< carried, it may stand in what kbcC_kStaysConstrained holds
 };
 /// The table of types, in the order of the lists that users see.
@@ -73,21 +73,10 @@ struct DDB_API kbcC_Rules : kprC_ProcedureRules {
   static constexpr kprC_StepRefusals<Error> kRefusals = {
       .unknownStep = Error::UnknownStepType,
       .unknownStatus = Error::UnknownPropagationStatus,
-      .notActive = Error::NotActiveInStep,
-      .resetInCreateStep = Error::ResetInCreateStep,
-      .resetNotDeactivated = Error::ResetNotDeactivated,
-      .moveAcrossChange = Error::MoveAcrossChange,
-      .moveOntoChange = Error::MoveOntoChange,
-      .moveInactive = Error::MoveInactive,
-      .movePropagated = Error::MoveNothing,
-      .moveFromPerturbation = Error::MoveFromPerturbation,
-      .moveNotAdmitted = Error::MoveToInvalidStep,
+      .replaceCreateStep = Error::ResetInCreateStep,
       .createNotAdmitted = Error::InvalidStep,
       .anneal = Error::AnnealStep,
       .setToPropagated = Error::StateSetToPropagated,
-      .offInInitialStep = {},
-      .offInPerturbation = {},
-      .cannotBeOff = {},
   };
   static constexpr kprC_LoadCaseRefusals<Error> kLoadCase = {
       .notActive = Error::LoadCaseNotActive, .type = Error::LoadCaseType, .notYet = Error::LoadCaseNotSupported};
@@ -95,33 +84,33 @@ struct DDB_API kbcC_Rules : kprC_ProcedureRules {
   static constexpr bool kOnCopy = false;
 
   // what each operation asks, in this order
-  using Test = kprC_TestOf<Error>;
-  static constexpr auto kDeactivate = std::to_array<Test>({
-      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
+  static constexpr auto kDeactivate = std::to_array<kprC_Test>({
+      {kprC_Ask::UnknownStep, Error::UnknownStepType},
       {kprC_Ask::NoState},
       {kprC_Ask::SwitchedOff},
-      {kprC_Ask::Inactive, kRefusals.notActive},
+      {kprC_Ask::Inactive, Error::NotActiveInStep},
   });
-  static constexpr auto kReset = std::to_array<Test>({
-      {kprC_Ask::CreateStep, kRefusals.resetInCreateStep},
-      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
-      {kprC_Ask::NoReset, kRefusals.resetNotDeactivated},
+  static constexpr auto kReset = std::to_array<kprC_Test>({
+      {kprC_Ask::CreateStep, Error::ResetInCreateStep},
+      {kprC_Ask::UnknownStep, Error::UnknownStepType},
+      {kprC_Ask::NoReset, Error::ResetNotDeactivated},
   });
   /// A move asks destination and steps between as it meets them.
-  static constexpr auto kMove = std::to_array<Test>({
+  static constexpr auto kMove = std::to_array<kprC_Test>({
       {kprC_Ask::SameStep},
-      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
+      {kprC_Ask::UnknownStep, Error::UnknownStepType},
       {kprC_Ask::OfType},
-      {kprC_Ask::DestinationFirst, kRefusals.moveOntoChange},
-      {kprC_Ask::Between, kRefusals.moveAcrossChange},
-      {kprC_Ask::Destination, kRefusals.moveOntoChange},
+      {kprC_Ask::DestinationFirst, Error::MoveOntoChange},
+      {kprC_Ask::Between, Error::MoveAcrossChange},
+      {kprC_Ask::Destination, Error::MoveOntoChange},
       {kprC_Ask::EmptyBetween},
-      {kprC_Ask::Inactive, kRefusals.moveInactive},
-      {kprC_Ask::Propagated, kRefusals.movePropagated},
-      {kprC_Ask::Perturbation, kRefusals.moveFromPerturbation},
+      {kprC_Ask::Inactive, Error::MoveInactive},
+      {kprC_Ask::Propagated, Error::MoveNothing},
+      {kprC_Ask::Perturbation, Error::MoveFromPerturbation},
       {kprC_Ask::Target},
-      {kprC_Ask::NotAdmitted, kRefusals.moveNotAdmitted},
+      {kprC_Ask::NotAdmitted, Error::MoveToInvalidStep},
   });
+  static constexpr auto kOperations = Operations(kDeactivate, kReset, kMove);
   static constexpr auto kMoveTargets = MoveTargets<Error>({
       .perturbation = Error::MoveToPerturbation,
       .anneal = Error::MoveToAnneal,

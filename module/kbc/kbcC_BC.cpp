@@ -6,18 +6,6 @@
 template class kprC_StepAttribute<kbcC_Rules>;
 template class kprC_PropagatingContainer<kbcC_BC>;
 
-bool kbcC_BC::ValidInStep(unsigned procedureType, bool carried, bool /*isInitial*/, bool /*isExplicit*/) const {
-  return kbcC_isValidBCTypeforStep(DynTypeId(), procedureType) || ValidByOwnRule(procedureType, carried);
-}
-
-bool kbcC_BC::ValidInStep(kprC_Step const& step, bool carried, bool isInitial, bool isExplicit) const {
-  return ValidInStep(kprC_ProcedureTypeOf(&step), carried, isInitial, isExplicit);
-}
-
-bool kbcC_BC::ValidInStepButRelaxCheckOnInitial(unsigned procedureType, bool carried) const {
-  return ValidInStep(procedureType, carried, procedureType == 0, procedureType != 0 && kprC_IsExplicit(procedureType));
-}
-
 bool kbcC_BC::Insert(cow_String const& step, kbcC_BCState const& state) {
   std::size_t const index = States().Find(step.View());
   if (index != kprC_StepTable::npos || States().Size() == 0) { AssertComponentState(index, state.IsConditionModified(), false); }
@@ -48,7 +36,8 @@ void kbcC_BC::AssertState(kbcC_BCState const& state, std::size_t index) const {
   kbcC_Assert(!state.IsNonZero(), kbcC_ErrorEnm::NonZeroInInitialStep);
 }
 
-void kbcC_BC::AssertMove(std::size_t from, std::size_t to) const {
+void kbcC_BC::AssertOperation(kprC_Effect effect, std::size_t from, std::size_t to) const {
+  if (effect != kprC_Effect::Move) { return; }
   auto const* const state = static_cast<kbcC_BCState const*>(States().State(from));
   kbcC_Assert(!Steps().IsInitial(to) || state == nullptr || !state->IsNonZero(), kbcC_ErrorEnm::MoveNonZeroToInitialStep);
 }

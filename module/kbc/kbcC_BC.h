@@ -42,14 +42,6 @@ public:
   DistribTypeEnum DistributionType() const { return distribution_; }
   bool UsesField() const { return distribution_ == FIELD; }
 
-  /// Whether the type may stand in a step of \p procedureType: the table of types by procedure grants it, or the type's
-  /// own rule, which is told with \p carried whether the condition is carried into the step.
-  bool ValidInStep(unsigned procedureType, bool carried, bool isInitial, bool isExplicit) const;
-  bool ValidInStep(kprC_Step const& step, bool carried, bool isInitial, bool isExplicit) const;
-  /// The same with what follows from the procedure type worked out; 0 is the initial step.
-  bool ValidInStepButRelaxCheckOnInitial(unsigned procedureType, bool carried) const;
-  bool Admits(kprC_StepFacts step, bool carried) const override { return ValidInStepButRelaxCheckOnInitial(step.procedureType, carried); }
-
   /// Refuses 20 where the create step frees a component, 21 where a step frees one in which the condition is not active.
   /// Then as kprC_StepAttribute.
   bool Insert(cow_String const& step, kbcC_BCState const& state) override;
@@ -58,6 +50,8 @@ public:
   /// the type is not admitted; what the type refuses; of each state what it refuses itself, 25 fixed and 6 anything but
   /// zero in the initial step.
   void AssertValid() const override;
+
+  rgnC_Region const& Region() const { return region_; }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit(suppressCmd(), &kbcC_BC::suppress_, cls_MemberText{"whether the condition is suppressed as a whole"}.NotSettable());
@@ -74,17 +68,19 @@ protected:
   void AssertMemberState(std::size_t index, std::string_view member, std::string_view word) const override;
   void AssertState(kbcC_BCState const& state, std::size_t index) const override;
   /// Refuses 26: anything but zero moved into the initial step.
-  void AssertMove(std::size_t from, std::size_t to) const override;
-  /// The type's own rule for steps that the table does not grant: what is constrained stays so when it is carried.
-  virtual bool ValidByOwnRule(unsigned procedureType, bool carried) const;
+  void AssertOperation(kprC_Effect effect, std::size_t from, std::size_t to) const override;
+  /// What is constrained stays so when it is carried.
+  bool ValidByOwnRule(unsigned procedureType, bool carried) const override;
 
 private:
   /// Refuses 20 for a component freed in the create step (\p index npos: being created); elsewhere 21 for one freed or
   /// unset where the condition is not active, 22 for one unset where it is.
   void AssertComponentState(std::size_t index, bool freed, bool unset) const;
 
+  rgnC_Region region_;
   dtmC_DatumRef csys_;
   omu_PrimEnum<DistribTypeEnum, 1> distribution_;
+  cow_String fieldName_;
 };
 
 extern template class DDB_API kprC_PropagatingContainer<kbcC_BC>;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-std::unique_ptr<kbcC_BCState> kbcC_TypeBC::NewState() const {
+std::unique_ptr<kbcC_BCState> kbcC_TypeBC::NewStateFor(unsigned /*procedureType*/) const {
   auto state = std::make_unique<kbcC_TypeBCState>();
   state->typeName = kind_;
   return state;

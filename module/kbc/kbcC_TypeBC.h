@@ -53,7 +53,7 @@ public:
   explicit kbcC_TypeBC(TypeNameEnm kind = XSYMM) : kind_(kind) {}
   explicit kbcC_TypeBC(cls_ReadVisitor const& in) : kbcC_Unedited(in) {}
 
-  std::unique_ptr<kbcC_BCState> NewState() const override;
+  std::unique_ptr<kbcC_BCState> NewStateFor(unsigned procedureType) const override;
   /// The command of the kind that the create step sets.
   std::string ConstructionName() const override;
 

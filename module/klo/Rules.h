@@ -10,7 +10,7 @@ template <> struct omu_EnumTable<kloC_CategoryEnm> {
 };
 
 /// A row of the table of types.
-using kloC_TypeRow = kprC_TypeRow<kloC_CategoryEnm>;
+using kloC_TypeRow = kprC_LoadCaseTypeRow<kloC_CategoryEnm>;
 /// The table of types, in the order of the lists that users see.
 DDB_API std::span<kloC_TypeRow const> kloC_Types();
 /// The label of the type of that identity; empty where it has none.
@@ -70,53 +70,42 @@ struct DDB_API kloC_Rules : kprC_ProcedureRules {
   static constexpr kprC_StepRefusals<Error> kRefusals = {
       .unknownStep = Error::StepUnknown,
       .unknownStatus = Error::UnknownPropagationStatus,
-      .notActive = Error::NotActive,
-      .resetInCreateStep = Error::ResetInCreateStep,
-      .resetNotDeactivated = Error::ResetNotDeactivated,
-      .moveAcrossChange = Error::MoveAcrossChange,
-      .moveOntoChange = Error::MoveOntoChange,
-      .moveInactive = Error::MoveInactive,
-      .movePropagated = Error::MoveNothing,
-      .moveFromPerturbation = Error::MoveFromPerturbation,
-      .moveNotAdmitted = Error::MoveToInvalidStep,
+      .replaceCreateStep = Error::ResetInCreateStep,
       .createNotAdmitted = Error::InvalidStep,
       .anneal = Error::AnnealStep,
       .setToPropagated = Error::ComponentValue,
-      .offInInitialStep = Error::StepUnknown,
-      .offInPerturbation = Error::DeactivateInBaseState,
-      .cannotBeOff = Error::CannotBeDeactivated,
   };
 
   // what each operation asks, in this order
-  using Test = kprC_TestOf<Error>;
-  static constexpr auto kDeactivate = std::to_array<Test>({
-      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
-      {kprC_Ask::InitialStep, kRefusals.offInInitialStep},
+  static constexpr auto kDeactivate = std::to_array<kprC_Test>({
+      {kprC_Ask::UnknownStep, Error::StepUnknown},
+      {kprC_Ask::InitialStep, Error::StepUnknown},
       {kprC_Ask::NoState},
       {kprC_Ask::SwitchedOff},
-      {kprC_Ask::Perturbation, kRefusals.offInPerturbation},
-      {kprC_Ask::Inactive, kRefusals.notActive},
-      {kprC_Ask::NotEditable, kRefusals.cannotBeOff},
+      {kprC_Ask::Perturbation, Error::DeactivateInBaseState},
+      {kprC_Ask::Inactive, Error::NotActive},
+      {kprC_Ask::NotEditable, Error::CannotBeDeactivated},
   });
-  static constexpr auto kReset = std::to_array<Test>({
-      {kprC_Ask::CreateStep, kRefusals.resetInCreateStep},
-      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
-      {kprC_Ask::NoReset, kRefusals.resetNotDeactivated},
+  static constexpr auto kReset = std::to_array<kprC_Test>({
+      {kprC_Ask::CreateStep, Error::ResetInCreateStep},
+      {kprC_Ask::UnknownStep, Error::StepUnknown},
+      {kprC_Ask::NoReset, Error::ResetNotDeactivated},
   });
   /// A move asks the steps between first, then the destination.
-  static constexpr auto kMove = std::to_array<Test>({
-      {kprC_Ask::UnknownStep, kRefusals.unknownStep},
+  static constexpr auto kMove = std::to_array<kprC_Test>({
+      {kprC_Ask::UnknownStep, Error::StepUnknown},
       {kprC_Ask::SameStep},
       {kprC_Ask::OfType},
-      {kprC_Ask::Between, kRefusals.moveAcrossChange},
-      {kprC_Ask::Destination, kRefusals.moveOntoChange},
+      {kprC_Ask::Between, Error::MoveAcrossChange},
+      {kprC_Ask::Destination, Error::MoveOntoChange},
       {kprC_Ask::EmptyBetween},
-      {kprC_Ask::Inactive, kRefusals.moveInactive},
-      {kprC_Ask::Propagated, kRefusals.movePropagated},
-      {kprC_Ask::Perturbation, kRefusals.moveFromPerturbation},
+      {kprC_Ask::Inactive, Error::MoveInactive},
+      {kprC_Ask::Propagated, Error::MoveNothing},
+      {kprC_Ask::Perturbation, Error::MoveFromPerturbation},
       {kprC_Ask::Target},
-      {kprC_Ask::NotAdmitted, kRefusals.moveNotAdmitted},
+      {kprC_Ask::NotAdmitted, Error::MoveToInvalidStep},
   });
+  static constexpr auto kOperations = Operations(kDeactivate, kReset, kMove);
   static constexpr kprC_LoadCaseRefusals<Error> kLoadCase = {
       .notActive = Error::LoadCaseNotActive, .type = Error::LoadCaseType, .notYet = Error::LoadCaseConnector};
   static constexpr auto kMoveTargets = MoveTargets<Error>({

@@ -1,8 +1,10 @@
 #include "module/klo/kloC_BoltLoad.h"
 
-void kloC_BoltLoad::Deactivate(cow_String const& /*step*/) { kloC_Assert(false, kloC_ErrorEnm::BoltDeactivated); }
-
-void kloC_BoltLoad::Move(cow_String const& /*fromStep*/, cow_String const& /*toStep*/) { kloC_Assert(false, kloC_ErrorEnm::BoltMoved); }
+void kloC_BoltLoad::Perform(kprC_Operation const& operation, cow_String const& step, cow_String const& toStep) {
+  kloC_Assert(operation.effect != kprC_Effect::SwitchOff, kloC_ErrorEnm::BoltDeactivated);
+  kloC_Assert(operation.effect != kprC_Effect::Move, kloC_ErrorEnm::BoltMoved);
+  kloC_Load::Perform(operation, step, toStep);
+}
 
 void kloC_BoltLoad::AssertWhole() const {
   std::size_t const create = States().CreateStep();

@@ -35,10 +35,8 @@ public:
   using kprC_TypeOf::kprC_TypeOf;
   using BoltMethodEnm = kloC_BoltMethodEnm;
 
-  /// Refuses 35, whatever the step.
-  void Deactivate(cow_String const& step) override;
-  /// Refuses 36, whatever the steps.
-  void Move(cow_String const& fromStep, cow_String const& toStep) override;
+  /// Refuses, whatever the steps, 35 to switch it off and 36 to move it.
+  void Perform(kprC_Operation const& operation, cow_String const& step, cow_String const& toStep) override;
   void AssertInModel(ddr_Model const& model) const override;
 
 protected:

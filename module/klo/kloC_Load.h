@@ -37,9 +37,6 @@ public:
   /// Refuses 32 unless the load is in force in \p step: there, active and not suppressed.
   void CheckStep(cow_String const& step) const;
 
-  /// Whether the type may stand in a step of \p procedureType, created there or carried into it.
-  bool Admits(kprC_StepFacts step, bool /*carried*/) const override { return Type().procedures.Contains(step.procedureType); }
-
   /// Refuses, in this order: 18 in force in an anneal step, 34 in a step that does not admit the type; what the type
   /// refuses as a whole; of each state 41 no magnitude in the create step, what the state refuses itself, 70 no field
   /// name with the distribution FIELD, and what the type refuses there. A step is asked where the status is 1, 2 or 3.
@@ -49,6 +46,8 @@ public:
   void AssertValidAnyMagnitude() const;
   /// Refuses what the space of \p model cannot have.
   void AssertInModel(ddr_Model const& model) const override;
+
+  rgnC_Region const& Region() const { return region_; }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit(regionCmd(), &kloC_Load::region_, cls_MemberText{"the set or surface that it acts on"}.RefersTo(cls_Reference::Region));
@@ -61,6 +60,10 @@ public:
 protected:
   void AssertState(kloC_LoadState const& state, std::size_t index) const override;
   bool IsCreateStep(std::size_t index) const { return index == States().CreateStep(); }
+
+private:
+  rgnC_Region region_;
+  cow_String fieldName_;
 };
 
 extern template class DDB_API kprC_PropagatingContainer<kloC_Load>;

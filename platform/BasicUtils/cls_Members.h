@@ -90,8 +90,8 @@ struct cls_MemberInfo {
   cls_Reference refers = cls_Reference::None;
 };
 
-/// Takes what a member names.
-using cls_ReferenceVisitor = std::function<void(cls_Reference kind, std::string_view name)>;
+/// Takes what a member names; \p whole is null for a member that holds the name alone.
+using cls_ReferenceVisitor = std::function<void(cls_Reference kind, std::string_view name, cls_Object const* whole)>;
 
 /// Has references of a kind and name lead elsewhere.
 struct cls_Redirection {
@@ -168,7 +168,7 @@ template <> struct cls_MemberTraits<cow_String> : cls_PlainTraits {
     return value = cow_String(*text), "";
   }
   static void References(cow_String const& value, cls_Reference kind, cls_ReferenceVisitor const& visit) {
-    if (kind != cls_Reference::None && !value.IsEmpty()) { visit(kind, value.View()); }
+    if (kind != cls_Reference::None && !value.IsEmpty()) { visit(kind, value.View(), nullptr); }
   }
   static bool Redirect(cow_String& value, cls_Reference kind, cls_Redirection const& to) {
     if (kind != to.kind || value.View() != to.from) { return false; }

@@ -69,7 +69,7 @@ template <> struct cls_MemberTraits<rgnC_Region> : cls_ObjectTraits<rgnC_Region>
     return region = rgnC_Region(cow_String(*name)), "";
   }
   static void References(rgnC_Region const& region, cls_Reference, cls_ReferenceVisitor const& visit) {
-    if (region) { visit(cls_Reference::Region, region.Name().View()); }
+    if (region) { visit(cls_Reference::Region, region.Name().View(), &region); }
   }
   static bool Redirect(rgnC_Region& region, cls_Reference, cls_Redirection const& to) {
     if (to.kind != cls_Reference::Region || region.Name().View() != to.from) { return false; }

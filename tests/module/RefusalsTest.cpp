@@ -63,7 +63,8 @@ TEST(Refusals, AreRaisedAsTheirRowSays) {
 /// Where the enumerators of a module are named: by file, in its page of rules by row.
 std::map<std::string, std::set<std::string>> Places(std::string const& module) {
   std::map<std::string, std::set<std::string>> places;
-  std::regex const qualified(module + "C_(?:Content)?ErrorEnm::(\\w+)"), inRules(R"(\.(\w+) = Error::(\w+))"), word(R"((^|[^\w.:])(\w+))");
+  std::regex const qualified(module + "C_(?:Content)?ErrorEnm::(\\w+)"), inRules(R"(\.(\w+) = Error::(\w+))"),
+      operation(R"(k(\w+) = std::to_array<kprC_Test>\(([^;]*);)"), inTest(R"(, Error::(\w+)\})"), word(R"((^|[^\w.:])(\w+))");
   std::string const usesAll = "using enum " + module + "C_ErrorEnm";
   for (char const* folder : {"module", "command"}) {
     for (auto const& file : std::filesystem::recursive_directory_iterator(std::string(GATTR_SOURCE_DIR "/") + folder)) {
@@ -77,6 +78,12 @@ std::map<std::string, std::set<std::string>> Places(std::string const& module) {
       };
       if (stem == "Rules" && path.parent_path().filename() == module) {
         each(inRules, [&](std::smatch const& match) { places[match[2]].insert("Rules." + match[1].str()); });
+        each(operation, [&](std::smatch const& tests) {
+          std::string const list = tests[2];
+          for (std::sregex_iterator at(list.begin(), list.end(), inTest), end; at != end; ++at) {
+            places[(*at)[1]].insert("Rules.k" + tests[1].str());
+          }
+        });
         continue;
       }
       each(qualified, [&](std::smatch const& match) { places[match[1]].insert(stem); });

@@ -63,6 +63,12 @@ inline Store const kModelFile{"Model.gadb",
                               [](std::filesystem::path const& path) { return gattr::ModelFile(path).Open(); }};
 inline Store const kStores[] = {kText, kModelFile};
 
+inline ddr_Model WrittenAndRead(Store const& store, ddr_Model const& model) {
+  ScratchFolder folder;
+  store.write(model, folder / store.fileName);
+  return store.read(folder / store.fileName);
+}
+
 /// The model's canonical text.
 inline std::string Dump(ddr_Model const& model) {
   std::ostringstream out;

@@ -8,12 +8,6 @@
 
 namespace {
 
-ddr_Model WrittenAndRead(Store const& store, ddr_Model const& model) {
-  ScratchFolder folder;
-  store.write(model, folder / store.fileName);
-  return store.read(folder / store.fileName);
-}
-
 class EitherStore : public testing::TestWithParam<Store> {};
 INSTANTIATE_TEST_SUITE_P(Stores, EitherStore, testing::ValuesIn(kStores),
                          [](auto const& store) { return IsText(store.param) ? "Text" : "ModelFile"; });

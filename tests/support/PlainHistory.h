@@ -59,7 +59,8 @@ struct State {
     State merged = *this;
     merged.off = switchedOff;
     for (auto const& [name, member] : own.members) {
-      if (member.state == 1) { merged.members[name] = member; }
+      if (member.state != 1 && member.state != 3) { continue; }
+      merged.members[name] = member;
       if (member.state == 3) { merged.members[name].Drop(3); }
     }
     return merged;
@@ -105,6 +106,15 @@ private:
   mutable int depth_ = 0;
 };
 
+/// "(a)(b)" as a list.
+inline std::vector<std::string> Elements(std::string_view text) {
+  std::vector<std::string> elements;
+  for (std::size_t end = 0; (end = text.find(')')) != std::string_view::npos; text.remove_prefix(end + 1)) {
+    elements.emplace_back(text.substr(1, end - 1));
+  }
+  return elements;
+}
+
 /// A state told plainly; \p blank has every member unset and is null for itself.
 inline State Told(kprC_State const& state, State const* blank) {
   static std::map<std::string, int> const states = {{"UNSET", 0}, {"SET", 1}, {"PROPAGATED", 2}, {"FREED", 3}};
@@ -114,13 +124,22 @@ inline State Told(kprC_State const& state, State const* blank) {
   for (std::size_t i = 0; i + 1 < stored.size(); ++i) {
     auto const& [name, value] = stored[i];
     auto const& [next, word] = stored[i + 1];  // a propagating member is followed by its companion
-    if (next == name + "State") { told.members[name] = {value, states.at(word), blank == nullptr ? value : blank->members.at(name).value}; }
+    if (next != name + "State") { continue; }
+    if (!word.empty() && word.front() != '(') {
+      told.members[name] = {value, states.at(word), blank == nullptr ? value : blank->members.at(name).value};
+      continue;
+    }
+    std::vector<std::string> const values = Elements(value), words = Elements(word);  // carried element by element
+    for (std::size_t at = 0; at < words.size(); ++at) {
+      std::string const none = values[at].find_first_of("0123456789") == 0 ? std::to_string(0.0) : "";
+      told.members[name + std::to_string(at)] = {values[at], states.at(words[at]), none};
+    }
   }
   return told;
 }
 
 struct Record {
-  unsigned procedure = 0;  // 0 for the initial step
+  kprC_StepFacts step;
   int status = 0;
   std::optional<State> state;
   bool marked = false;    // switched off by itself
@@ -141,7 +160,7 @@ struct Record {
 inline std::string Text(std::vector<Record> const& records) {
   std::ostringstream out;
   for (Record const& record : records) {
-    out << NameOfProcedure(record.procedure) << record.status;
+    out << NameOfProcedure(record.step.procedureType) << +record.step.traits << ':' << record.status;
     if (record.state) {
       out << (record.state->off ? "off:" : ":");
       for (auto const& [name, member] : record.state->members) {
@@ -163,17 +182,27 @@ struct Rules {
   int perturbationOff;
   bool asksInPerturbation;  ///< a perturbation step passes over what it does not admit
   bool staysWhenRefused;    ///< a refused edit leaves the attribute as it was
+  int off = 4, afterOff = 5;
+  bool moveEmptiesBetween = true;
+  int staysPut = -1;  ///< a record of that status is not moved
 };
 
-/// One pass over \p records; \p admits tells for a procedure whether the type may be carried into it.
-inline void Pass(std::vector<Record>& records, Rules const& rules, std::function<bool(unsigned)> const& admits) {
+/// What a type says of a step.
+struct Admission {
+  std::function<bool(kprC_StepFacts)> carries;  ///< it is carried into it
+  std::function<bool(kprC_StepFacts)> keeps;    ///< it is not, and the untouched creation of the initial step stays in force
+  bool propagates;
+};
+
+/// One pass over \p records.
+inline void Pass(std::vector<Record>& records, Rules const& rules, Admission const& admission) {
   bool created = false, hasBase = false, baseOff = false, untouched = false;
   State source;
   int frequency = 0;
   for (std::size_t i = 0; i < records.size(); ++i) {
     Record& record = records[i];
-    bool const modal = rules.modal.Contains(record.procedure);
-    bool const perturbation = !modal && rules.perturbation.Contains(record.procedure);
+    bool const modal = rules.modal.Contains(record.step.procedureType);
+    bool const perturbation = !modal && rules.perturbation.Contains(record.step.procedureType);
     bool own = false, off = false;
     if (record.state) {
       if (record.status == 1 && !created) {
@@ -187,12 +216,15 @@ inline void Pass(std::vector<Record>& records, Rules const& rules, std::function
     bool const wasCreation = std::exchange(record.creation, false) || record.status <= 1;
     bool keepsMark = false;
     auto const give = [&](int status, std::optional<State> state) {
-      record.status = status;
+      bool const ends = !admission.propagates && (status == 2 || status == 6 || status == 14);
+      record.status = ends ? 7 : status;
       record.state = std::move(state);
       record.marked = record.marked && keepsMark;
     };
     State const on = source.Carried(false), switchedOff = source.Carried(true);
-    bool const passedOver = !own && (!perturbation || rules.asksInPerturbation) && !admits(record.procedure);
+    bool const admitted = admission.carries(record.step);
+    bool const dropped = perturbation && rules.perturbationChanged == 0;  // whatever it changes
+    bool const passedOver = !admitted && (!own || dropped) && (!perturbation || rules.asksInPerturbation);
     if (!created && !own && !off) {
       give(0, std::nullopt);
     } else if (!created) {
@@ -201,21 +233,21 @@ inline void Pass(std::vector<Record>& records, Rules const& rules, std::function
       record.creation = true;
       record.state->off = record.marked;
       source = *record.state;
-      record.status = source.off ? 4 : 1;
+      record.status = source.off ? rules.off : 1;
       hasBase = !modal && !perturbation;
       baseOff = hasBase && source.off;
-      untouched = i == 0 && record.procedure == 0;
+      untouched = i == 0 && record.step.procedureType == 0;
     } else if (!hasBase) {
       give(modal && frequency == 1 ? 12 : 7, on);
     } else if (modal) {
-      bool const admitted = admits(record.procedure);
-      give(!admitted ? 6 : baseOff || frequency == 11 ? 5 : 12, !admitted && baseOff ? switchedOff : on);
+      give(!admitted ? 6 : baseOff || frequency == 11 ? rules.afterOff : 12, !admitted && baseOff ? switchedOff : on);
     } else if (passedOver) {
       keepsMark = off && !perturbation;
-      give(6, baseOff ? switchedOff : on);
+      bool const kept = !perturbation && untouched && !baseOff && admission.keeps(record.step);
+      give(kept ? 14 : 6, baseOff ? switchedOff : on);
     } else if (baseOff) {
       keepsMark = off;
-      give(5, own ? on.With(*record.state, true) : switchedOff);
+      give(rules.afterOff, own ? on.With(*record.state, true) : switchedOff);
     } else if (perturbation) {
       keepsMark = off;
       if (off) {
@@ -227,7 +259,7 @@ inline void Pass(std::vector<Record>& records, Rules const& rules, std::function
       }
     } else if (off) {
       keepsMark = true;
-      give(4, switchedOff);
+      give(rules.off, switchedOff);
       baseOff = true;
     } else if (own) {
       give(untouched ? rules.changedFromInitial : 3, on.With(*record.state, false));
@@ -236,7 +268,7 @@ inline void Pass(std::vector<Record>& records, Rules const& rules, std::function
     } else {
       give(untouched ? rules.carriedFromInitial : 2, on);
     }
-    if (record.procedure == kprC_ProcedureType::Frequency) { frequency = record.status; }
+    if (record.step.procedureType == kprC_ProcedureType::Frequency) { frequency = record.status; }
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "framework/mdl_Extension.h"
 #include "module/kpr/engine/kprC_Propagator.h"
 
 using Status_ = mdl_PropagationStatusEnm;
@@ -10,11 +11,19 @@ namespace {
 constexpr std::size_t npos = kprC_StepTable::npos;
 }  // namespace
 
+kprC_Operation const& kprC_Family::Operation(kprC_Effect effect) const {
+  auto const operation = std::ranges::find(operations, effect, &kprC_Operation::effect);
+  static constexpr std::string_view kEffects[] = {"switching off", "taking back", "moving"};
+  if (operation == operations.end()) { mdl_RefuseMissing(kEffects[static_cast<std::size_t>(effect)], "family's list of operations"); }
+  return *operation;
+}
+
 // ---- what is asked
 
 struct kprC_Attribute::Asked {
+  kprC_Effect effect;
   cow_String const& step;
-  cow_String const* toStep = nullptr;
+  cow_String const& toStep;
   std::size_t index = npos, to = npos;
   bool emptied = false;  // the records between were
 };
@@ -39,10 +48,11 @@ bool kprC_Attribute::Holds(kprC_Ask ask, Asked& asked) {
   switch (ask) {
     case kprC_Ask::UnknownStep:
       asked.index = states.Find(asked.step.View());
-      asked.to = asked.toStep == nullptr ? asked.index : states.Find(asked.toStep->View());
+      asked.to = asked.effect == kprC_Effect::Move ? states.Find(asked.toStep.View()) : asked.index;
       return asked.index == npos || asked.to == npos;
-    case kprC_Ask::SameStep: return asked.step == *asked.toStep;
+    case kprC_Ask::SameStep: return asked.step == asked.toStep;
     case kprC_Ask::InitialStep: return Steps().IsInitial(asked.index);
+    case kprC_Ask::IntoInitialStep: return Steps().IsInitial(asked.to);
     case kprC_Ask::CreateStep: return asked.step == CreateStepName();
     case kprC_Ask::NoState: return states.State(asked.index) == nullptr;
     case kprC_Ask::SwitchedOff: return states.State(asked.index)->SwitchedOff();
@@ -51,10 +61,11 @@ bool kprC_Attribute::Holds(kprC_Ask ask, Asked& asked) {
       return procedure && procedure->Perturbation();
     }
     case kprC_Ask::Inactive: return !is(kprC_Active);
+    case kprC_Ask::BuiltIn: return is(kprC_BuiltIn);
     case kprC_Ask::NotEditable: return !is(kprC_Editable);
     case kprC_Ask::Propagated: return is(kprC_Propagated);
     case kprC_Ask::NoReset: return (Family().statuses[static_cast<std::size_t>(states.Status(asked.index))] & kprC_NoReset) != 0;
-    case kprC_Ask::OfType: AssertMove(asked.index, asked.to); return false;
+    case kprC_Ask::OfType: AssertOperation(asked.effect, asked.index, asked.to); return false;
     case kprC_Ask::DestinationFirst: return asked.to < asked.index && SaysSomething(asked.to, asked.to + 1);
     case kprC_Ask::Between: return SaysSomething(std::min(asked.index, asked.to) + 1, std::max(asked.index, asked.to));
     case kprC_Ask::Destination: return SaysSomething(asked.to, asked.to + 1);
@@ -69,8 +80,8 @@ bool kprC_Attribute::Holds(kprC_Ask ask, Asked& asked) {
   return false;
 }
 
-bool kprC_Attribute::Ask(std::span<kprC_Family::Test const> tests, Asked& asked) {
-  for (kprC_Family::Test const& test : tests) {
+bool kprC_Attribute::Ask(std::span<kprC_Test const> tests, Asked& asked) {
+  for (kprC_Test const& test : tests) {
     if (!Holds(test.ask, asked)) { continue; }
     if (test.refusal < 0) { return false; }
     Family().refuse(test.refusal);
@@ -128,11 +139,14 @@ bool kprC_Attribute::PutState(cow_String const& step, kprC_State const& state) {
   return true;
 }
 
+void kprC_Attribute::Begin(cow_String const& step, unsigned procedureType) { InsertState(step, *MakeState(procedureType)); }
+
 bool kprC_Attribute::SetInStep(cow_String const& step, kprC_Arguments const& members, std::string* unknown) {
   kprC_History const& states = States();
   std::size_t const index = states.Size() == 0 ? npos : Known(step);
   kprC_State const* const present = index == npos ? nullptr : states.State(index);
-  std::unique_ptr<kprC_State> state = present != nullptr ? kprC_Duplicate(*present) : MakeState();
+  std::unique_ptr<kprC_State> state =
+      present != nullptr ? kprC_Duplicate(*present) : MakeState(index == npos ? 0 : Steps().ProcedureType(index));
   state->SetSwitchedOff(false);
   for (auto const& [name, value] : members) {
     if (auto const* text = value.template As<std::string>()) {
@@ -157,55 +171,62 @@ bool kprC_Attribute::Remove(cow_String const& step) {
   return true;
 }
 
-void kprC_Attribute::Deactivate(cow_String const& step) {
-  Asked asked{.step = step};
-  if (!Ask(Family().deactivate, asked)) { return; }
-  Edit([&] {
-    kprC_History& states = States();
-    cow_Handle<kprC_State> state = states.StateHandle(asked.index);
-    kprC_State& off = state.Get();
-    off.SetSwitchedOff(true);
-    off.NewUid();
-    states.Set(asked.index, states.Status(asked.index), std::move(state), true);
-    Sync();
-  });
-}
+void kprC_Attribute::Deactivate(cow_String const& step) { Perform(Family().Operation(kprC_Effect::SwitchOff), step, step); }
 
-void kprC_Attribute::Reset(cow_String const& step) {
-  Asked asked{.step = step};
-  if (!Ask(Family().reset, asked)) { return; }
-  Edit([&] {
-    States().Clear(asked.index, asked.index + 1);
-    Sync();
-  });
-}
+void kprC_Attribute::Reset(cow_String const& step) { Perform(Family().Operation(kprC_Effect::TakeBack), step, step); }
 
 void kprC_Attribute::Move(cow_String const& fromStep, cow_String const& toStep) {
+  Perform(Family().Operation(kprC_Effect::Move), fromStep, toStep);
+}
+
+void kprC_Attribute::Perform(kprC_Operation const& operation, cow_String const& step, cow_String const& toStep) {
+  Asked asked{.effect = operation.effect, .step = step, .toStep = toStep};
+  if (operation.effect == kprC_Effect::Move) {
+    return Edit([&] { MoveRecord(operation, asked); });
+  }
+  if (!Ask(operation.tests, asked)) { return; }
   Edit([&] {
-    kprC_History& states = States();
-    kprC_History const before = states;
-    Asked asked{.step = fromStep, .toStep = &toStep};
-    try {
-      if (!Ask(Family().move, asked)) { return; }
-    } catch (...) {
-      if (asked.emptied && !Family().onCopy) {  // until the next pass the records between show that they are empty
-        for (std::size_t i = std::min(asked.index, asked.to) + 1; i < std::max(asked.index, asked.to); ++i) {
-          states.Empty(i, before.Status(i));
-        }
-      }
-      throw;
+    if (operation.effect == kprC_Effect::SwitchOff) {
+      SwitchOff(asked.index);
+    } else {
+      States().Clear(asked.index, asked.index + 1);
     }
-    cow_Handle<kprC_State> moved = states.StateHandle(asked.index);
-    Status_ const status = states.Status(asked.index);
-    bool marked = false;
-    if (moved) {
-      marked = moved->SwitchedOff();
-      moved.Get().NewUid();
-    }
-    states.Clear(asked.index, asked.index + 1);
-    states.Set(asked.to, status, std::move(moved), marked);
     Sync();
   });
+}
+
+void kprC_Attribute::SwitchOff(std::size_t index) {
+  kprC_History& states = States();
+  cow_Handle<kprC_State> state = states.StateHandle(index);
+  kprC_State& off = state.Get();
+  off.SetSwitchedOff(true);
+  off.NewUid();
+  states.Set(index, states.Status(index), std::move(state), true);
+}
+
+void kprC_Attribute::MoveRecord(kprC_Operation const& operation, Asked& asked) {
+  kprC_History& states = States();
+  kprC_History const before = states;
+  try {
+    if (!Ask(operation.tests, asked)) { return; }
+  } catch (...) {
+    if (asked.emptied && !Family().onCopy) {  // until the next pass the records between show that they are empty
+      for (std::size_t i = std::min(asked.index, asked.to) + 1; i < std::max(asked.index, asked.to); ++i) {
+        states.Empty(i, before.Status(i));
+      }
+    }
+    throw;
+  }
+  cow_Handle<kprC_State> moved = states.StateHandle(asked.index);
+  Status_ const status = states.Status(asked.index);
+  bool marked = false;
+  if (moved) {
+    marked = moved->SwitchedOff();
+    moved.Get().NewUid();
+  }
+  states.Clear(asked.index, asked.index + 1);
+  states.Set(asked.to, status, std::move(moved), marked);
+  Sync();
 }
 
 void kprC_Attribute::UpdateStates() {
@@ -272,15 +293,19 @@ bool kprC_Attribute::SetMember(std::string_view name, cls_Value const& value) {
 }
 
 cls_xoList<rgnC_Region> kprC_Attribute::Regions(rgnC_RegionType type) const {
+  cow_Map<cow_String, bool> seen;
   cls_xoList<rgnC_Region> regions;
-  if (region_ && region_.Type() == type) { regions.Append(region_); }
+  cls_ForEachReference(MemberRows(), static_cast<void const*>(this), [&](cls_Reference, std::string_view name, cls_Object const* whole) {
+    auto const* const region = dynamic_cast<rgnC_Region const*>(whole);
+    if (region != nullptr && region->Type() == type && seen.Insert(cow_String(name), true)) { regions.Append(*region); }
+  });
   return regions;
 }
 
 cow_1DArrayList<cow_String> kprC_Attribute::Amplitudes() const {
   cow_Map<cow_String, bool> seen;
   cow_1DArrayList<cow_String> names;
-  cls_ForEachReference(MemberRows(), static_cast<void const*>(this), [&](cls_Reference kind, std::string_view name) {
+  cls_ForEachReference(MemberRows(), static_cast<void const*>(this), [&](cls_Reference kind, std::string_view name, cls_Object const*) {
     if (kind == cls_Reference::Amplitude && seen.Insert(cow_String(name), true)) { names.Append(cow_String(name)); }
   });
   return names;
@@ -355,7 +380,7 @@ bool kprC_Attribute::IsUpToDate(kprC_StepTable const& steps) const {
 }
 
 void kprC_Attribute::EmptyStep(std::size_t index, kprC_StepTable const& bare) {
-  Family().Assert(!States().IsCreateStep(index), Family().resetInCreateStep);
+  Family().Assert(!States().IsCreateStep(index), Family().replaceCreateStep);
   checked_ = false;
   States().Empty(index, Status_::NotYetCreated);
   States().Attach(bare);

@@ -14,7 +14,6 @@ public:
   void Suppress() override { suppress_ = true; }
   void Resume() override;
 
-  rgnC_Region const& Region() const { return region_; }
   cls_xoList<rgnC_Region> Regions(rgnC_RegionType type) const override;
   cow_1DArrayList<cow_String> Amplitudes() const override;
   bool Redirect(cls_Redirection const& to) override;
@@ -33,16 +32,23 @@ public:
   bool IsEditable(cow_String const& step) const override { return Is(Status(step), kprC_Editable); }
   cow_String GetEditableStepName(cow_String const& step) const override { return IsEditable(step) ? step : CreateStepName(); }
 
+  void Begin(cow_String const& step, unsigned procedureType) override;
+  /// Whether what the initial step creates stays in force, until something touches it, in such a step that does not admit
+  /// the type.
+  virtual bool StaysFromInitial(kprC_StepFacts /*step*/) const { return false; }
+
   bool SetInStep(cow_String const& step, kprC_Arguments const& members, std::string* unknown) override;
   /// Takes what \p step says away. False for an unknown step.
   bool Remove(cow_String const& step) override;
-  /// Switches the attribute off from \p step on. The family's kDeactivate says what is asked.
-  void Deactivate(cow_String const& step) override;
-  /// Takes back what \p step says. The family's kReset says what is asked.
-  void Reset(cow_String const& step) override;
-  /// Moves what \p fromStep says to \p toStep, and empties the records between where the family does. The family's kMove says what
-  /// is asked, and from which question on the records between are empty already.
-  void Move(cow_String const& fromStep, cow_String const& toStep) override;
+  /// Asks the operation's tests and does what it says. A move empties the records between where a test of the family says so; from
+  /// that test on they are empty.
+  void Perform(kprC_Operation const& operation, cow_String const& step, cow_String const& toStep) override;
+  /// Switches the attribute off from \p step on.
+  virtual void Deactivate(cow_String const& step);
+  /// Takes back what \p step says.
+  virtual void Reset(cow_String const& step);
+  /// Moves what \p fromStep says to \p toStep.
+  virtual void Move(cow_String const& fromStep, cow_String const& toStep);
   void UpdateStates() override;
 
   /// Nothing while suppressed. Refuses an attribute that is active in an anneal step, then one whose type a step does not
@@ -62,8 +68,8 @@ protected:
   virtual kprC_History const& States() const = 0;
   kprC_Family const& Family() const { return States().Family(); }
 
-  /// A default state of the type, of the family's class.
-  virtual std::unique_ptr<kprC_State> MakeState() const = 0;
+  /// A default state of the type, of the family's class, for a step of \p procedureType.
+  virtual std::unique_ptr<kprC_State> MakeState(unsigned procedureType) const = 0;
   /// Inserts by the type's own rules.
   virtual bool InsertState(cow_String const& step, kprC_State const& state) = 0;
   /// The insertion itself: puts a copy of \p state into the record of \p step and forms the history. Without records one is
@@ -85,8 +91,9 @@ protected:
   /// What the type refuses of itself as a whole, and of a state in force; \p index is that of its step.
   virtual void AssertWhole() const {}
   virtual void AssertOwnState(kprC_State const& /*state*/, std::size_t /*index*/) const {}
-  /// What the type refuses of a move before anything changes.
-  virtual void AssertMove(std::size_t /*from*/, std::size_t /*to*/) const {}
+  /// What the type refuses of an operation before anything changes; \p to is \p index unless it is a move. Asked where the family's
+  /// tests say so.
+  virtual void AssertOperation(kprC_Effect /*effect*/, std::size_t /*index*/, std::size_t /*to*/) const {}
   /// Refuses a word ("UNSET", "FREED", "PROPAGATED") where a member may not take that state in that step.
   /// \p index is npos while the attribute is being created.
   virtual void AssertMemberState(std::size_t /*index*/, std::string_view /*member*/, std::string_view /*word*/) const {}
@@ -94,9 +101,6 @@ protected:
   /// edit of the sequence.
   virtual bool LooksAtSteps() const { return false; }
 
-  /// Whether what the initial step creates stays in force, until something touches it, in such a step that does not admit
-  /// the type.
-  virtual bool StaysFromInitial(kprC_StepFacts /*step*/) const { return false; }
   /// What the attribute's records become: the family's table, or another for a type that is carried otherwise.
   virtual kprC_PassTable const& Pass() const { return Family().pass; }
   /// Whether the values of the creation count for what Admits says.
@@ -107,16 +111,16 @@ protected:
   bool Is(mdl_PropagationStatusEnm status, unsigned trait) const { return Family().Is(status, trait); }
   void FormHistory();
 
-  rgnC_Region region_;
-  cow_String fieldName_;
   bool suppress_ = false;
 
 private:
   struct Asked;
   /// Asks \p tests of \p asked in turn. False where the operation ends without a refusal.
-  bool Ask(std::span<kprC_Family::Test const> tests, Asked& asked);
+  bool Ask(std::span<kprC_Test const> tests, Asked& asked);
   bool Holds(kprC_Ask ask, Asked& asked);
   void AssertTarget(std::size_t to) const;
+  void SwitchOff(std::size_t index);
+  void MoveRecord(kprC_Operation const& operation, Asked& asked);
   bool SaysSomething(std::size_t begin, std::size_t end) const;
   std::size_t Known(cow_String const& step) const;
   /// Runs what changes the attribute and may be refused late.

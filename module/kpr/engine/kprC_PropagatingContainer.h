@@ -172,6 +172,7 @@ public:
     return codes;
   }
   [[noreturn]] void Refuse(int code) const override { T::Refuse(code); }
+  std::span<kprC_Operation const> Operations() const override { return T::Operations(); }
   kprC_StatusTable const& Statuses() const override { return T::kStatuses; }
   std::vector<kprC_StepAwareRepository::Construction> Constructions() const override {
     std::vector<kprC_StepAwareRepository::Construction> list;

@@ -26,13 +26,6 @@ public:
   /// Whether a member is freed here.
   virtual bool IsConditionModified() const;
 
-  // what a step of a procedure type (0: the initial step) makes of the state
-  virtual bool UseAmplitude(unsigned procedureType) const = 0;
-  virtual bool UseComplex(unsigned procedureType) const = 0;
-  virtual bool UseMagnitude(unsigned procedureType) const = 0;
-  /// Drops what a step of \p procedureType has no use for, when the state comes to stand in one.
-  virtual void ChangeProcedureType(unsigned procedureType) = 0;
-
 protected:
   bool switchedOff_ = false;
 };

@@ -49,14 +49,17 @@ public:
             number(edit.fieldUnknown),    number(edit.notInStep),
             number(edit.readOnlyInStep),  edit.inInitialStep ? std::optional<int>(number(*edit.inInitialStep)) : std::nullopt};
   }
+  static std::span<kprC_Operation const> Operations() { return Rules::kOperations; }
   /// Raises a refusal of the family by its number.
   [[noreturn]] static void Refuse(int code) {
     Rules::Assert(false, static_cast<Error>(code));
     std::abort();  // not reached: the refusal is raised above
   }
 
-  /// A default state of the type.
-  virtual std::unique_ptr<State> NewState() const = 0;
+  /// A default state of the type for a step of \p procedureType.
+  virtual std::unique_ptr<State> NewStateFor(unsigned procedureType) const = 0;
+  /// The same where no step says more.
+  std::unique_ptr<State> NewState() const { return NewStateFor(0); }
 
 protected:
   kprC_History& States() override { return states_; }
@@ -72,7 +75,7 @@ protected:
   kprC_HistoryOf<Rules> states_;
 
 private:
-  std::unique_ptr<kprC_State> MakeState() const override { return NewState(); }
+  std::unique_ptr<kprC_State> MakeState(unsigned procedureType) const override { return NewStateFor(procedureType); }
   bool InsertState(cow_String const& step, kprC_State const& state) override { return Insert(step, static_cast<State const&>(state)); }
   void AssertOwnState(kprC_State const& state, std::size_t index) const override { AssertState(static_cast<State const&>(state), index); }
 };

@@ -5,7 +5,7 @@
 #include <vector>
 #include "framework/mdl_Extension.h"
 
-#include "module/kpr/engine/kprC_PassTable.h"
+#include "module/kpr/engine/kprC_Family.h"
 #include "module/kpr/engine/kprC_StepDependent.h"
 
 /// A repository of step-dependent attributes of one family, as the steps, the stores and the commands see it.
@@ -48,6 +48,8 @@ public:
   /// Raises the family's refusal of that number.
   [[noreturn]] virtual void Refuse(int code) const = 0;
 
+  /// What may be done to an attribute in a step.
+  virtual std::span<kprC_Operation const> Operations() const = 0;
   /// How the family classifies each status: kprC_StatusTrait.
   virtual kprC_StatusTable const& Statuses() const = 0;
 

@@ -13,6 +13,7 @@
 #include "platform/CoreGeometry/rgnC_Region.h"
 
 class ddr_Model;
+struct kprC_Operation;
 
 /// What the editing layers refuse before they reach an attribute, by a family's codes.
 template <class Error> struct kprC_EditRefusals {
@@ -68,13 +69,14 @@ public:
   /// \p step where it can be edited, else the create step.
   virtual cow_String GetEditableStepName(cow_String const& step) const = 0;
 
+  /// Begins the history in \p step with the default state of the type for a step of \p procedureType.
+  virtual void Begin(cow_String const& step, unsigned procedureType) = 0;
   /// Sets members of the state of \p step by name and forms the history anew. Names that the state does not have are
   /// looked for in the attribute. False when neither knows one; nothing has changed then.
   virtual bool SetInStep(cow_String const& step, kprC_Arguments const& members, std::string* unknown) = 0;
   virtual bool Remove(cow_String const& step) = 0;
-  virtual void Deactivate(cow_String const& step) = 0;
-  virtual void Reset(cow_String const& step) = 0;
-  virtual void Move(cow_String const& fromStep, cow_String const& toStep) = 0;
+  /// Does what \p operation, one of the family's, says in \p step; \p toStep counts for a move only.
+  virtual void Perform(kprC_Operation const& operation, cow_String const& step, cow_String const& toStep) = 0;
   /// Whether the attribute may stand in such a step: created or moved there, or \p carried into it.
   virtual bool Admits(kprC_StepFacts step, bool carried) const = 0;
   /// Checks again after the procedures of the steps have changed.

@@ -19,13 +19,13 @@ public:
   mdl_PropAttr<cow_String> amplitude;  ///< name of the amplitude that varies the values over the step
 
   /// False for the initial step and for buckle, frequency, static Riks, static linear perturbation and complex frequency.
-  bool UseAmplitude(unsigned procedureType) const override { return procedureType != 0 && !kprC_noAmplitude.Contains(procedureType); }
+  virtual bool UseAmplitude(unsigned procedureType) const { return procedureType != 0 && !kprC_noAmplitude.Contains(procedureType); }
   /// True for steady-state direct only.
-  bool UseComplex(unsigned procedureType) const override { return kprC_complex.Contains(procedureType); }
+  virtual bool UseComplex(unsigned procedureType) const { return kprC_complex.Contains(procedureType); }
   /// False for frequency and complex frequency.
-  bool UseMagnitude(unsigned procedureType) const override { return !kprC_noMagnitude.Contains(procedureType); }
+  virtual bool UseMagnitude(unsigned procedureType) const { return !kprC_noMagnitude.Contains(procedureType); }
   /// Drops an amplitude that a step of \p procedureType has no use for.
-  void ChangeProcedureType(unsigned procedureType) override {
+  virtual void ChangeProcedureType(unsigned procedureType) {
     if (!UseAmplitude(procedureType)) { amplitude = mdl_PropAttributeStateEnm::Unset; }
   }
 

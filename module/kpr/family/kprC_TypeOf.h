@@ -12,7 +12,7 @@ public:
   kprC_TypeOf() = default;
   explicit kprC_TypeOf(cls_ReadVisitor const& in) { cls_ReadMembers(static_cast<Base&>(*this), in); }
 
-  std::unique_ptr<typename Base::State> NewState() const override { return this->DefaultState(); }
+  std::unique_ptr<typename Base::State> NewStateFor(unsigned procedureType) const override { return this->DefaultState(procedureType); }
 
   template <class V> static constexpr void VisitMembers(V&& visit) { Base::VisitMembers(visit); }
 };

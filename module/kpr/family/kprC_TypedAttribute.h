@@ -14,24 +14,54 @@ template <class Error> struct kprC_LoadCaseRefusals {
   Error notYet;  ///< of a type that load cases do not yet support
 };
 
-/// An attribute of a family whose types stand in a table: Rules::Types() gives rows of Rules::TypeRow, Rules::kLoadCase the
-/// refusals.
+/// An attribute of a family whose types stand in a table: Rules::Types() gives rows of Rules::TypeRow. Where they are
+/// kprC_LoadCaseTypeRow, Rules::kLoadCase has the refusals.
 template <class Rules> class kprC_TypedAttribute : public kprC_StepAttribute<Rules> {
 public:
-  using CategoryEnm = decltype(Rules::TypeRow::category);
+  using TypeRow = typename Rules::TypeRow;
+  static constexpr bool kInLoadCases = requires(TypeRow const& row) { row.loadCase; };
 
-  CategoryEnm Category() const { return Type().category; }
+  /// The type's row. Linear in the family's types.
+  TypeRow const& Type() const { return *kprC_FindType(Rules::Types(), this->DynTypeId()); }
   std::string ConstructionName() const override { return std::string(Type().command); }
   std::string Label() const override { return std::string(Type().label); }
-  std::string CategoryText() const override { return std::string(omu_PrimEnum<CategoryEnm, 1>(Category()).View()); }
-  std::string LoadCaseText() const override { return NYIForLoadCase() ? "not yet" : AllowedInALoadCase() ? "yes" : "no"; }
+
+  /// Whether the type may stand in a step of \p procedureType (0: the initial step): its row grants it, or the type's own rule,
+  /// which is told with \p carried whether the attribute is carried into the step.
+  bool ValidInStep(unsigned procedureType, bool carried, bool initialRelaxed, bool explicitOnly) const {
+    return Type().Grants(procedureType, initialRelaxed, explicitOnly) || ValidByOwnRule(procedureType, carried);
+  }
+  bool ValidInStep(kprC_Procedure const& step, bool carried, bool initialRelaxed, bool explicitOnly) const {
+    return ValidInStep(kprC_ProcedureTypeOf(&step), carried, initialRelaxed, explicitOnly);
+  }
+  /// The same with what follows from the procedure type worked out.
+  bool ValidInStepButRelaxCheckOnInitial(unsigned procedureType, bool carried) const {
+    return ValidInStep(procedureType, carried, procedureType == 0, kprC_IsExplicit(procedureType));
+  }
+  bool Admits(kprC_StepFacts step, bool carried) const override { return ValidInStepButRelaxCheckOnInitial(step.procedureType, carried); }
+
+  auto Category() const requires kInLoadCases { return Type().category; }
+  std::string CategoryText() const override {
+    if constexpr (kInLoadCases) {
+      return std::string(omu_PrimEnum<decltype(TypeRow::category), 1>(Type().category).View());
+    } else {
+      return {};
+    }
+  }
+  std::string LoadCaseText() const override {
+    if constexpr (kInLoadCases) {
+      return NYIForLoadCase() ? "not yet" : AllowedInALoadCase() ? "yes" : "no";
+    } else {
+      return {};
+    }
+  }
   /// Whether a load case may use attributes of this type.
-  bool AllowedInALoadCase() const { return Type().loadCase != kprC_LoadCase::Refused; }
+  bool AllowedInALoadCase() const requires kInLoadCases { return Type().loadCase != kprC_LoadCase::Refused; }
   /// Whether load cases do not yet support this type.
-  bool NYIForLoadCase() const { return Type().loadCase == kprC_LoadCase::NotYet; }
+  bool NYIForLoadCase() const requires kInLoadCases { return Type().loadCase == kprC_LoadCase::NotYet; }
   /// Whether a load case of \p step may use this attribute. With \p raise a no is refused: not active there or suppressed,
   /// of a type that load cases do not take, of one that they do not yet support.
-  bool ValidInALoadCase(cow_String const& step, bool raise) const {
+  bool ValidInALoadCase(cow_String const& step, bool raise) const requires kInLoadCases {
     auto const holds = [raise](bool condition, typename Rules::Error code) {
       if (raise) { Rules::Assert(condition, code); }
       return condition;
@@ -42,9 +72,15 @@ public:
   }
 
 protected:
+  /// The type's own rule for steps that its row does not grant.
+  virtual bool ValidByOwnRule(unsigned /*procedureType*/, bool /*carried*/) const { return false; }
+  kprC_PassTable const& Pass() const override {
+    static constexpr kprC_PassTable notPropagating = kprC_NotPropagating(Rules::kPass);
+    return Type().propagates ? Rules::kPass : notPropagating;
+  }
   /// A default state of the type, by its row.
-  std::unique_ptr<typename Rules::State> DefaultState() const {
-    return std::unique_ptr<typename Rules::State>(static_cast<typename Rules::State*>(Type().newState().release()));
+  std::unique_ptr<typename Rules::State> DefaultState(unsigned procedureType) const {
+    return std::unique_ptr<typename Rules::State>(static_cast<typename Rules::State*>(Type().newState(procedureType).release()));
   }
   /// The same for all attributes of the type unless their values count, and asked of it once.
   cow_Handle<kprC_Carrying> Carrying() const override {
@@ -58,6 +94,4 @@ protected:
     std::call_once(answer.asked, [&] { answer.carrying = kprC_StepAttribute<Rules>::Carrying(); });
     return answer.carrying;
   }
-  /// The type's row. Linear in the family's types.
-  typename Rules::TypeRow const& Type() const { return *kprC_FindType(Rules::Types(), this->DynTypeId()); }
 };

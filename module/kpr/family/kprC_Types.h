@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <concepts>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -12,22 +13,48 @@
 /// Whether load cases take attributes of a type.
 enum class kprC_LoadCase { Accepted, Refused, NotYet };
 
+/// When the initial step takes a type that its row grants it. It is asked with two flags: whether the check is relaxed there, as
+/// for steps that follow whatever they are, and whether the analysis is an explicit one.
+enum class kprC_InInitial { Always, WhereExplicit, WhereNotExplicit };
+
 /// A row of a family's table of types (Types.def): all that sets a type apart but its members and what it alone refuses.
-template <class CategoryEnm> struct kprC_TypeRow {
+struct kprC_TypeRow {
   unsigned typeId;
   std::string_view command;      ///< that constructs it; "" where several do
   std::string_view label;        ///< by which users know it; "" for a type that no list shows
   kprC_ProcedureSet procedures;  ///< in whose steps it may be created
+  std::unique_ptr<cls_Object> (*newState)(unsigned procedureType);
+  kprC_InInitial inInitial = kprC_InInitial::Always;
+  bool propagates = true;  ///< false: in force in its own steps alone
+
+  constexpr bool Grants(unsigned procedureType, bool initialRelaxed, bool explicitOnly) const {
+    if (!procedures.Contains(procedureType)) { return false; }
+    bool const asks = procedureType == 0 && !initialRelaxed && inInitial != kprC_InInitial::Always;
+    return !asks || explicitOnly == (inInitial == kprC_InInitial::WhereExplicit);
+  }
+};
+/// A row of a family whose types fall into categories and may be used in load cases.
+template <class CategoryEnm> struct kprC_LoadCaseTypeRow : kprC_TypeRow {
   CategoryEnm category;
   kprC_LoadCase loadCase;
-  std::unique_ptr<cls_Object> (*newState)();
 };
 
-/// The row of the class \p T, whose states are of the class \p State.
+/// The row of the class \p T, whose states are of the class \p State; they are made for a procedure type where the class asks for one.
+template <class T, class State>
+constexpr kprC_TypeRow kprC_RowOf(std::string_view command, std::string_view label, kprC_ProcedureSet procedures) {
+  auto const make = [](unsigned procedureType) -> std::unique_ptr<cls_Object> {
+    if constexpr (std::constructible_from<State, unsigned>) {
+      return std::make_unique<State>(procedureType);
+    } else {
+      return static_cast<void>(procedureType), std::make_unique<State>();
+    }
+  };
+  return {T::TypeId(), command, label, procedures, make};
+}
 template <class T, class State, class CategoryEnm>
-constexpr kprC_TypeRow<CategoryEnm> kprC_RowOf(std::string_view command, std::string_view label, kprC_ProcedureSet procedures,
-                                               CategoryEnm category, kprC_LoadCase loadCase) {
-  return {T::TypeId(), command, label, procedures, category, loadCase, &cls_Make<State>};
+constexpr kprC_LoadCaseTypeRow<CategoryEnm> kprC_RowOf(std::string_view command, std::string_view label, kprC_ProcedureSet procedures,
+                                                       CategoryEnm category, kprC_LoadCase loadCase) {
+  return {kprC_RowOf<T, State>(command, label, procedures), category, loadCase};
 }
 
 /// The row of the type of that identity; null when the table has none.

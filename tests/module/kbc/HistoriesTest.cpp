@@ -18,7 +18,7 @@ TEST_F(BoundaryConditionHistories, OfAllTypesAreThoseThatAWalkOverEveryRecordGiv
       .asksInPerturbation = true,
       .staysWhenRefused = false,
   };
-  test::ExpectPlainHistories(kbcC_BC::Constructors(), rules, 60);
+  test::ExpectPlainHistories(kbcC_BC::Constructors(), rules, 80);
 }
 
 }  // namespace

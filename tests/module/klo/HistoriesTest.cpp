@@ -20,8 +20,8 @@ TEST_F(LoadHistories, OfAllTypesAreThoseThatAWalkOverEveryRecordGives) {
       .staysWhenRefused = true,
   };
   using Edits = test::RandomEdits<kloC_Load>;
-  test::ExpectPlainHistories(kloC_Load::Constructors(), rules, 30,
-                             {{"BoltLoad", Edits::Deactivate}, {"BoltLoad", Edits::Move}, {"PressurePenetration", Edits::Move}});
+  test::ExpectPlainHistories(kloC_Load::Constructors(), rules, 60,
+                             {{"BoltLoad", Edits::SwitchOff}, {"BoltLoad", Edits::Move}, {"PressurePenetration", Edits::Move}});
 }
 
 }  // namespace
