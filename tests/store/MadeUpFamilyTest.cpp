@@ -1,0 +1,46 @@
+#include "tests/support/MadeUpFamily.h"
+
+#include "tests/store/Models.h"
+#include "tests/support/RandomEdits.h"
+
+namespace {
+
+using MadeUpFamily = test::madeup::WithMadeUpFamily;
+
+/// A model of \p repository, with its steps.
+template <class Attribute> ddr_Model ModelOf(std::string_view extension, kprC_PropagatingContainer<Attribute> const& repository) {
+  ddr_Model model;
+  kprC_StepTable const& table = repository.Steps();
+  std::vector<kprC_StepContainer::NamedStep> steps;
+  for (std::size_t i = 1; i < table.Size(); ++i) {
+    steps.push_back({std::string(table.Name(i).View()), table[i].procedure.template As<kprC_Step>()});
+  }
+  auto& container = model.Get<kprC_StepContainer>(ddr_Model::stepsCmd());
+  container.Insert(container.Name(0).View(), steps);
+  model.Get<kprC_PropagatingContainer<Attribute>>(extension) = repository;
+  kprC_UpdateRepositories(model);
+  return model;
+}
+
+template <class Attribute> void ExpectToComeBack(std::string_view extension) {
+  using Edits = test::RandomEdits<Attribute>;
+  for (auto const& type : Attribute::Constructors()) {
+    for (unsigned seed = 1; seed <= 20; ++seed) {
+      typename Edits::Counts counts{};
+      Edits edits(type, test::madeup::kPlainRules, seed);
+      ASSERT_NO_FATAL_FAILURE(edits.Run(20, counts));
+      ddr_Model const model = ModelOf(extension, edits.Made());
+      for (Store const& store : kStores) {
+        EXPECT_TRUE(WrittenAndRead(store, model).Equals(model)) << type.command << ", seed " << seed << ", " << store.fileName;
+      }
+    }
+  }
+}
+
+TEST_F(MadeUpFamily, ComesBackFromEveryStoreAfterAnyEdits) {
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<tstC_Device>("devices"));
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<tstC_Gauge>("gauges"));
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<tstC_Guide>("guides"));
+}
+
+}  // namespace
