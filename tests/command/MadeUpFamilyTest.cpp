@@ -56,7 +56,7 @@ TEST_F(MadeUpFamily, OffersTheOperationsOfItsPageAndNoOther) {
 }
 
 TEST_F(MadeUpFamily, BeginsByTheProcedureOfItsStep) {
-  AppendSteps(session_, "IGHG");
+  AppendSteps(session_, "IGTG");
   RunJournal(session_, {R"({"command": "Sampler", "name": "Cold", "createStepName": "S1"})",
                         R"({"command": "Sampler", "name": "Hot", "createStepName": "S2"})"});
   EXPECT_EQ(History("gauges", "Cold"), "0 1 2 2");

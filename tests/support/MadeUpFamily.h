@@ -277,7 +277,7 @@ inline constexpr kprC_ProcedureSet kMany =
 inline constexpr auto kTypes = [] {
   auto types = std::to_array<kprC_TypeRow>({
       kprC_RowOf<tstC_Heater, tstC_State>("Heater", "Heater", kMany),
-      kprC_RowOf<tstC_Pulse, tstC_State>("Pulse", "Pulse", Initial | Static | ImplicitDynamics),
+      kprC_RowOf<tstC_Pulse, tstC_State>("Pulse", "Pulse", kMany),
       kprC_RowOf<tstC_Pairing, tstC_PairingState>("Pairing", "Pairing", kMany | Frequency),
       kprC_RowOf<tstC_Sampler, tstC_SamplerState>("Sampler", "Sampler", kMany),
   });
