@@ -16,8 +16,8 @@ namespace {
 
 constexpr char const* kSteps = "steps";
 
-/// The bounds of the increments that a creation with a first increment leaves out: the largest one is the whole period, the
-/// smallest a hundred-thousandth of it. The first increment itself is always the user's to say.
+/// The increments that a creation leaves out: the first and the largest one are the whole period, the smallest is a
+/// hundred-thousandth of it.
 void CompleteIncrements(kprC_Step& step, kprC_Arguments const& given) {
   using Parameters = kprC_StepParameters;
   auto const isGiven = [&](std::string_view name) {
@@ -32,8 +32,9 @@ void CompleteIncrements(kprC_Step& step, kprC_Arguments const& given) {
   auto const complete = [&](std::string_view name, double value) {
     if (!isGiven(name)) { step.SetMember(name, value); }
   };
-  if (!isGiven(Parameters::initialIncCmd()) || ClassOf(step).Find(Parameters::maxIncCmd()) == nullptr || !(period > 0.0)) { return; }
+  if (ClassOf(step).Find(Parameters::maxIncCmd()) == nullptr || !(period > 0.0)) { return; }
   complete(Parameters::maxIncCmd(), period);
+  complete(Parameters::initialIncCmd(), std::min(period, number(Parameters::maxIncCmd())));
   complete(Parameters::minIncCmd(), std::min({1e-5 * period, number(Parameters::initialIncCmd()), number(Parameters::maxIncCmd())}));
 }
 
