@@ -90,11 +90,20 @@ void AssertNotSuppressed(AttributeTarget const& target) {
   if (target.item.IsSuppressed()) { target.repository.Refuse(target.repository.EditRefusals().suppressed); }
 }
 
-/// Refuses an attribute whose creation has been removed: there is nothing to set values in.
-void AssertCreated(Call& call, AttributeTarget const& target, cls_Object const* state) {
-  if (state != nullptr) { return; }
-  call.subject.hint = "Its creation has been removed; delete it and create it anew.";
-  target.repository.Refuse(target.repository.EditRefusals().notInStep);
+/// Refuses a creation in the initial step, in a family that has none there.
+void AssertNotInInitialStep(Call const& call, kprC_StepAwareRepository const& repository, cow_String const& step) {
+  std::optional<int> const code = repository.EditRefusals().inInitialStep;
+  if (code && kprC_Steps(call.model).Index(step) == 0) { repository.Refuse(*code); }
+}
+
+/// An attribute of the type as \p step would create it, for one whose creation has been removed: setting values creates it anew.
+std::unique_ptr<kprC_StepDependent> Anew(Call& call, AttributeTarget const& target, cow_String const& step) {
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  if (!steps.IsMember(step)) { target.repository.Refuse(target.repository.EditRefusals().unknownStep); }
+  AssertNotInInitialStep(call, target.repository, step);
+  std::unique_ptr<kprC_StepDependent> fresh = target.repository.Construct(target.item.ConstructionName());
+  fresh->Begin(step, steps.Table().ProcedureType(steps.Index(step)));
+  return fresh;
 }
 
 /// Edits the attribute, asks whether it still goes with the model, and records the edit.
@@ -167,7 +176,7 @@ bool ConstructAttribute(Call& call) {
   cow_String const step = StepArgument(call, kCreateStep);
   if (steps.Size() == 0) { repository.Refuse(codes.noSteps); }
   if (!steps.IsMember(step)) { repository.Refuse(codes.unknownStep); }
-  if (codes.inInitialStep && steps.Index(step) == 0) { repository.Refuse(*codes.inInitialStep); }
+  AssertNotInInitialStep(call, repository, step);
 
   item->Begin(step, steps.Table().ProcedureType(steps.Index(step)));  // with a default state, which tells what it takes
   Members members = Sorted(call, MemberArguments(*item), *CreateState(*item));
@@ -182,7 +191,10 @@ bool ConstructAttribute(Call& call) {
 
 void SetAttributeValues(Call& call, AttributeTarget const& target) {
   cls_Object const* state = CreateState(target.item);
-  AssertCreated(call, target, state);
+  if (state == nullptr) {
+    call.subject.hint = "Its creation has been removed; setValuesInStep creates it anew.";
+    target.repository.Refuse(target.repository.EditRefusals().notInStep);
+  }
   Members members = Sorted(call, MemberArguments(target.item), *state);
   AssertNotSuppressed(target);
   ResolveReferences(call, target.repository, members);
@@ -197,11 +209,12 @@ void SetAttributeValues(Call& call, AttributeTarget const& target) {
 void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
   cow_String const step = StepArgument(call, kStep);
   cls_Object const* state = CreateState(target.item);
-  AssertCreated(call, target, state);
+  std::unique_ptr<kprC_StepDependent> const anew = state == nullptr ? Anew(call, target, step) : nullptr;
+  if (anew) { state = anew->StateAt(0); }
   Members members = Sorted(call, {}, *state);  // what is the attribute's own is the same in all steps
   AssertNotSuppressed(target);
   if (!kprC_Steps(call.model).IsMember(step)) { target.repository.Refuse(target.repository.EditRefusals().unknownStep); }
-  if (!target.item.IsEditable(step)) {
+  if (!anew && !target.item.IsEditable(step)) {
     call.subject.hint = "It has the status " + std::to_string(static_cast<int>(target.item.Status(step))) + " there.";
     kprC_EditRefusalCodes const& codes = target.repository.EditRefusals();
     target.repository.Refuse(target.item.IsActiveIn(step) ? codes.readOnlyInStep : codes.notInStep);

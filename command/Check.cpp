@@ -61,6 +61,9 @@ public:
   void Run(cow_String const& name, kprC_StepDependent const& item) {
     name_ = name.View();
     suppressed_ = item.IsSuppressed();
+    if (item.CreateStepName().IsEmpty()) {
+      return Add({"", -1, "", "No step creates it: its creation has been removed."}, {}, "setValuesInStep creates it anew.");
+    }
     auto const again = Copy(item);
     auto const refusal = RefusalBy([&] { suppressed_ ? again->Resume() : item.AssertValid(); });
     if (refusal) { Add(*refusal, FirstInvalidStep(*Copy(item))); }

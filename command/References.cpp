@@ -115,6 +115,20 @@ void RefuseNumbered(Call& call, kprC_StepAwareRepository const* repository, Refe
   repository->Refuse(*code);
 }
 
+/// A region that is given by its members has to be the declared one.
+void ResolveWholeRegion(Call& call, ReferenceKind const& kind, cls_Value& value) {
+  cls_Value::Fields const& given = *value.As<cls_Value::Fields>();
+  auto const name = std::ranges::find(given, "name", &std::pair<std::string, cls_Value>::first);
+  auto const* text = name == given.end() ? nullptr : name->second.As<std::string>();
+  if (text == nullptr || text->empty()) { return; }  // no region
+  cls_Object const& declared = Referred(call, kind, *text);
+  for (auto const& [member, said] : given) {
+    if (ClassOf(declared).Find(member) == nullptr || declared.Member(member) == said) { continue; }  // an unknown member is refused as such
+    RefuseValue(call.subject, "The " + ObjectText(kind.kind, *text) + " is declared with another " + Quoted(member) + ".");
+  }
+  value = cls_RowsToValue(declared.MemberRows(), &declared);
+}
+
 /// Completes one value of a member, or of an element of its list.
 void Resolve(Call& call, kprC_StepAwareRepository const* repository, cls_MemberInfo const& info, cls_Value& value) {
   if (auto* list = std::get_if<cls_Value::List>(&value.data)) {
@@ -122,6 +136,7 @@ void Resolve(Call& call, kprC_StepAwareRepository const* repository, cls_MemberI
     return;
   }
   if (auto* fields = std::get_if<cls_Value::Fields>(&value.data)) {
+    if (info.typeId == rgnC_Region::TypeId()) { return ResolveWholeRegion(call, *FindReferenceKind(cls_Reference::Region), value); }
     cls_ClassMetadata const* const record = cls_MetadataRegistrar::Registrar().Find(info.typeId);
     for (auto& [name, field] : *fields) {
       cls_MemberInfo const* member = record == nullptr ? nullptr : record->Find(name);

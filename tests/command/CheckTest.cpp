@@ -49,6 +49,14 @@ TEST_F(Checking, NotesRegionsThatADeletedStepHasLeftUntilTheyAreReleased) {
   EXPECT_EQ(Check(session_.Model()).size(), 1U);
 }
 
+TEST_F(Checking, FindsAnAttributeWhoseCreationWasRemovedUntilValuesCreateItAnew) {
+  RunJournal(session_, {R"({"command": "remove", "boundaryCondition": "Fix", "stepName": "S1"})"});
+  EXPECT_THAT(Told(session_.Model()), ::testing::ElementsAre(::testing::StartsWith("boundaryCondition Fix: No step creates it")));
+  RunJournal(session_, {R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "S2", "u1": 0})"});
+  EXPECT_EQ(HistoryOf(session_, "Fix"), "0 0 1 2");
+  EXPECT_THAT(Told(session_.Model()), ::testing::IsEmpty());
+}
+
 TEST_F(Checking, FindsNothingInWhatCommandsMake) {
   RunJournal(
       session_,

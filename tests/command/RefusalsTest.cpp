@@ -170,6 +170,12 @@ INSTANTIATE_TEST_SUITE_P(
             kKey,
             {"no region \"Dye\"", "\"Die\"?"}},
         Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "region": 4})", kValue, {"the name of a region"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "region": {"name": "Dye"}})",
+            kKey,
+            {"no region \"Dye\"", "\"Die\"?"}},
+        Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "region": {"name": "Die", "dimension": 1}})",
+            kValue,
+            {"is declared with another \"dimension\""}},
         Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "amplitude": 4})", "kbc 35", {"\"amplitude\""}},
         Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "amplitude": "Rump"})", "kbc 35", {"\"Ramp\"?"}},
         Row{R"({"command": "DisplacementBC", "name": "New", "createStepName": "Hold", "amplitude": ""})", "kbc 23", {"\"amplitude\""}},
@@ -308,10 +314,11 @@ TEST_F(Editing, TakesAnyTextAsAName) {
 
 TEST_F(Editing, CompletesTheBoundsOfAStepsIncrements) {
   Session session;
-  EXPECT_EQ(session.Execute({{"command", "StaticStep"}, {"name", "A"}}).refused.code, 71) << "the first increment is the user's to say";
-  RunJournal(session, {R"({"command": "StaticStep", "name": "B", "initialInc": 0.1})",
-                       R"({"command": "StaticStep", "name": "C", "initialInc": 0.1, "timePeriod": 10, "maxInc": 0.5})",
-                       R"({"command": "StaticStep", "name": "D", "initialInc": 1e-7, "maxInc": 1e-7})"});
+  RunJournal(session,
+             {R"({"command": "StaticStep", "name": "B", "initialInc": 0.1})",
+              R"({"command": "StaticStep", "name": "C", "initialInc": 0.1, "timePeriod": 10, "maxInc": 0.5})",
+              R"({"command": "StaticStep", "name": "D", "initialInc": 1e-7, "maxInc": 1e-7})",
+              R"({"command": "StaticStep", "name": "E", "timePeriod": 4})", R"({"command": "StaticStep", "name": "F", "maxInc": 0.2})"});
   kprC_StepTable const& steps = BoundaryConditions(session).Steps();
   auto const member = [&](std::size_t step, char const* name) { return *steps[step].procedure->Member(name).As<double>(); };
   EXPECT_EQ(member(1, "maxInc"), 1.0);
@@ -319,6 +326,8 @@ TEST_F(Editing, CompletesTheBoundsOfAStepsIncrements) {
   EXPECT_EQ(member(2, "maxInc"), 0.5);
   EXPECT_EQ(member(2, "minInc"), 1e-4);
   EXPECT_EQ(member(3, "minInc"), 1e-7);
+  EXPECT_EQ(member(4, "initialInc"), 4.0);
+  EXPECT_EQ(member(5, "initialInc"), 0.2);
 }
 
 TEST_F(Editing, HandsTheWholeRegionToTheAttributesThatUseIt) {
