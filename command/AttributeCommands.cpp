@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "command/Command.h"
+#include "command/Hints.h"
 #include "command/Members.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "text/Text.h"
@@ -184,7 +185,8 @@ bool ConstructAttribute(Call& call) {
   SetOwn(call, *item, members);
   SetState(call, *item, step, *CreateState(*item), members);
   auto& target = call.model.Get<kprC_StepAwareRepository>(family);
-  target.InsertItem(name, *item);
+  Hinting(
+      call, [&] { target.InsertItem(name, *item); }, [&](int) { return AdmissionHint(*item, steps.Table(), step); });
   AssertInModel(call, *target.ConstItem(name));
   return true;
 }
@@ -215,12 +217,16 @@ void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
   AssertNotSuppressed(target);
   if (!kprC_Steps(call.model).IsMember(step)) { target.repository.Refuse(target.repository.EditRefusals().unknownStep); }
   if (!anew && !target.item.IsEditable(step)) {
-    call.subject.hint = "It has the status " + std::to_string(static_cast<int>(target.item.Status(step))) + " there.";
+    call.subject.hint = NotEditableHint(target.item, step);
     kprC_EditRefusalCodes const& codes = target.repository.EditRefusals();
     target.repository.Refuse(target.item.IsActiveIn(step) ? codes.readOnlyInStep : codes.notInStep);
   }
   ResolveReferences(call, target.repository, members);
-  Edit(call, target, [&](kprC_StepDependent& item) { SetState(call, item, step, *state, members); });
+  Edit(call, target, [&](kprC_StepDependent& item) {
+    Hinting(
+        call, [&] { SetState(call, item, step, *state, members); },
+        [&](int) { return anew ? AdmissionHint(*anew, kprC_Steps(call.model).Table(), step) : std::string(); });
+  });
 }
 
 kprC_Operation const* FindOperation(kprC_StepAwareRepository const& repository, std::string_view command) {
@@ -231,15 +237,20 @@ kprC_Operation const* FindOperation(kprC_StepAwareRepository const& repository, 
 
 void PerformOnAttribute(Call& call, AttributeTarget const& target) {
   kprC_Operation const& operation = *FindOperation(target.repository, call.arguments.Command());
+  auto const perform = [&](kprC_StepDependent& item, cow_String const& step, cow_String const& toStep) {
+    Hinting(
+        call, [&] { item.Perform(operation, step, toStep); },
+        [&](int code) { return OperationHint(target.repository, target.item, operation, step, toStep, code); });
+  };
   if (operation.effect != kprC_Effect::Move) {
-    return EditInStep(call, target, [&](kprC_StepDependent& item, cow_String const& step) { item.Perform(operation, step, step); });
+    return EditInStep(call, target, [&](kprC_StepDependent& item, cow_String const& step) { perform(item, step, step); });
   }
   cow_String const from = StepArgument(call, kFromStep);
   cow_String const to(call.arguments.Text(kToStep));
   if (!call.subject.atFault) { StepArgument(call, kToStep); }
   call.arguments.AssertNoRest({std::string(kFromStep), std::string(kToStep)});
   AssertNotSuppressed(target);
-  Edit(call, target, [&](kprC_StepDependent& item) { item.Perform(operation, from, to); });
+  Edit(call, target, [&](kprC_StepDependent& item) { perform(item, from, to); });
 }
 
 void RemoveAttributeState(Call& call, AttributeTarget const& target) {

@@ -93,6 +93,16 @@ void ResumeAttribute(Call& call, AttributeTarget const& target);
 void RenameAttribute(Call& call, AttributeTarget const& target);
 void DeleteAttribute(Call& call, AttributeTarget const& target);
 
+/// Runs \p run; where it is refused and the message has no hint yet, \p hint(code) gives one.
+template <class Run, class Hint> void Hinting(Call& call, Run&& run, Hint&& hint) {
+  try {
+    run();
+  } catch (std::exception const& error) {
+    if (call.subject.hint.empty()) { call.subject.hint = hint(RefusalOf(error).code); }
+    throw;
+  }
+}
+
 /// Asks an attribute, unless it is suppressed, whether it goes with the model as the command leaves it.
 void AssertInModel(Call const& call, kprC_StepDependent const& item);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "command/Hints.h"
 #include "platform/CoreGeometry/rgnC_Region.h"
 #include "text/Text.h"
 
@@ -179,7 +180,10 @@ void ExplainValues(Subject& subject, cls_Object const& object, std::vector<Membe
       auto const* text = member.second.template As<std::string>();
       return text != nullptr && IsStateWord(*text);
     });
-    if (word != members.end()) { subject.member = word->first; }
+    if (word != members.end()) {
+      subject.member = word->first;
+      if (subject.hint.empty()) { subject.hint = WordHint(*word->second.As<std::string>()); }
+    }
     throw;
   }
 }

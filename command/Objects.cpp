@@ -62,6 +62,10 @@ bool RunOnAttribute(Call& call, ObjectCommand const& command) {
     kprC_StepDependent const* item = repository.ConstItem(name);
     if (item == nullptr) {
       call.subject.hint = Suggestion(name, Texts(repository.Keys()), "There are");
+      ForEachRepository(before, [&](auto const&, kprC_StepAwareRepository const& other) {
+        if (other.ConstItem(name) == nullptr) { return; }
+        call.subject.hint = Quoted(name) + " is a " + other.ItemCmd() + ".";
+      });
       call.subject.atFault = true;
       kprC_EditRefusalCodes const& codes = repository.EditRefusals();
       repository.Refuse(repository.Size() == 0 ? codes.noAttributes : codes.noSuchAttribute);

@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "command/Command.h"
+#include "command/Hints.h"
 #include "command/Members.h"
 #include "module/kpr/kprC_assert.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -70,17 +71,19 @@ std::string WhyNot(ddr_Model const& model, cow_String const& step, bool stopBefo
   return sequencer.WhyNot(procedureType);
 }
 
-/// Runs \p edit; when the sequence of steps is refused, the message says \p why, or that the steps behind are the reason.
-template <class Edit, class Why> void ExplainSequence(Call& call, Edit&& edit, Why&& why) {
-  try {
-    edit();
-  } catch (nex_TextException const& error) {
-    if (error.Code() == static_cast<int>(kprC_ErrorEnm::StepSequence)) {
-      call.subject.hint = why();
-      if (call.subject.hint.empty()) { call.subject.hint = "A step behind it could not follow what would stand before."; }
+/// Runs \p edit of \p step, null where one is taken away. When the sequence of steps is refused, the message says \p why, or which step of
+/// those \p after it could not follow; when a parameter is, with which values.
+template <class Edit, class After, class Why>
+void ExplainStep(Call& call, Edit&& edit, kprC_StepHandle const& step, After&& after, Why&& why) {
+  Hinting(call, edit, [&](int code) {
+    std::string hint;
+    if (code == static_cast<int>(kprC_ErrorEnm::StepSequence)) {
+      hint = why();
+      return hint.empty() ? SequenceHint(after()) : hint;
     }
-    throw;
-  }
+    if (code == static_cast<int>(kprC_ErrorEnm::NlgeomTurnedOff)) { return NlgeomHint(after()); }
+    return step ? ParameterHint(*step, code) : hint;
+  });
 }
 
 cow_String NewStepName(Call& call, std::string_view argument) {
@@ -119,8 +122,11 @@ bool ConstructStep(Call& call) {
     call.subject.atFault = true;
   }
   kprC_StepHandle const step = Constructed(call, call.arguments.Command());
-  ExplainSequence(
-      call, [&] { kprC_InsertStep(call.model, previous, name, step); },
+  ExplainStep(
+      call, [&] { kprC_InsertStep(call.model, previous, name, step); }, step,
+      [&] {
+        return steps.Table().WithInserted(steps.Index(previous) + 1, {name, step});
+      },
       [&] { return WhyNot(call.model, previous, false, step->ProcedureType()); });
   return true;
 }
@@ -130,7 +136,12 @@ void SetStepValues(Call& call, cow_String const& name) {
   kprC_StepHandle step = steps.Handle(steps.Index(name));
   step.Get().NewUid();
   SetStepMembers(call, step.Get(), call.arguments.Rest());
-  kprC_ReplaceStep(call.model, name, step);
+  ExplainStep(
+      call, [&] { kprC_ReplaceStep(call.model, name, step); }, step,
+      [&] {
+        return steps.Table().WithReplaced(steps.Index(name), {name, step});
+      },
+      [] { return std::string(); });
 }
 
 void RenameStep(Call& call, cow_String const& name) {
@@ -141,8 +152,10 @@ void RenameStep(Call& call, cow_String const& name) {
 
 void DeleteStep(Call& call, cow_String const& name) {
   call.arguments.AssertNoRest({});
-  ExplainSequence(
-      call, [&] { kprC_RemoveStep(call.model, name); }, [] { return std::string(); });
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  ExplainStep(
+      call, [&] { kprC_RemoveStep(call.model, name); }, nullptr, [&] { return steps.Table().WithRemoved(steps.Index(name)); },
+      [] { return std::string(); });
 }
 
 void ReplaceStep(Call& call, cow_String const& name) {
@@ -152,8 +165,13 @@ void ReplaceStep(Call& call, cow_String const& name) {
                   Suggestion(procedure, ConstructionNames(), "Procedures"));
   }
   kprC_StepHandle const step = Constructed(call, procedure);
-  ExplainSequence(
-      call, [&] { kprC_ReplaceStep(call.model, name, step); }, [&] { return WhyNot(call.model, name, true, step->ProcedureType()); });
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  ExplainStep(
+      call, [&] { kprC_ReplaceStep(call.model, name, step); }, step,
+      [&] {
+        return steps.Table().WithReplaced(steps.Index(name), {name, step});
+      },
+      [&] { return WhyNot(call.model, name, true, step->ProcedureType()); });
 }
 
 }  // namespace gattr

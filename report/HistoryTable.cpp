@@ -4,29 +4,13 @@
 
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
-#include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
-#include "platform/CoreUtils/thr_Singleton.h"
 
 namespace gattr {
 namespace {
 
-constexpr StatusWord kWords[kStatusCount] = {
-    {"-", "not yet created", Style::Faint},
-    {"created", "begins here", Style::New},
-    {"propagated", "carried unchanged from an earlier step", Style::Kept},
-    {"modified", "changed here", Style::Changed},
-    {"deactivated", "switched off here", Style::Off},
-    {"off", "off since an earlier step", Style::Faint},
-    {"passed over", "the step does not admit this type; it resumes after it", Style::Faint},
-    {"not carried", "exists, but is not carried into this step", Style::Faint},
-    {"in base state", "part of the base state: active, not editable", Style::Held},
-    {"base state", "the base state's values, unchanged", Style::Kept},
-    {"base modified", "the base state's values, changed here", Style::Changed},
-    {"off here", "switched off for this perturbation step only", Style::Off},
-    {"built in", "held by the modes: neither active nor editable", Style::Held},
-    {"initial value", "at the initial value since an earlier reset", Style::Kept},
-    {"initial", "an initial condition in force: active, not editable", Style::Held},
-    {"reset", "set back to the initial value here", Style::Changed},
+constexpr Style kStyles[kStatusCount] = {
+    Style::Faint, Style::New,  Style::Kept,    Style::Changed, Style::Off,  Style::Faint, Style::Faint, Style::Faint,
+    Style::Held,  Style::Kept, Style::Changed, Style::Off,     Style::Held, Style::Kept,  Style::Held,  Style::Changed,
 };
 
 /// Calls \p visit(repository) for every repository of step-dependent attributes.
@@ -42,15 +26,7 @@ bool Shows(std::vector<std::string> const& names, std::string_view name) {
 
 }  // namespace
 
-StatusWord const& WordOf(mdl_PropagationStatusEnm status) { return kWords[static_cast<std::size_t>(status) % kStatusCount]; }
-
-std::string ProcedureText(unsigned procedureType) {
-  if (procedureType == kprC_ProcedureType::Initial) { return "INITIAL"; }
-  auto const label = thr_GlobalSingleton<kprC_ProcedureTypeLabelMap>::Instance().Label(procedureType);
-  if (!label.empty()) { return std::string(label); }
-  auto const* row = kprC_FindProcedure(procedureType);
-  return row == nullptr ? "" : std::string(row->command.View());
-}
+Style StyleOf(mdl_PropagationStatusEnm status) { return kStyles[static_cast<std::size_t>(status) % kStatusCount]; }
 
 HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
   HistoryTable table;

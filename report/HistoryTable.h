@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "command/Words.h"
 #include "framework/ddr_Model.h"
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
 #include "report/Display.h"
@@ -12,14 +13,7 @@
 namespace gattr {
 
 /// How a status is shown.
-struct StatusWord {
-  std::string_view word;     ///< "created"; in a CSV file too
-  std::string_view meaning;  ///< a sentence part for a legend
-  Style style;
-};
-/// All of them, by number.
-inline constexpr std::size_t kStatusCount = 16;
-StatusWord const& WordOf(mdl_PropagationStatusEnm status);
+Style StyleOf(mdl_PropagationStatusEnm status);
 
 /// The histories of a model as a table: a row per attribute, a column per step.
 struct HistoryTable {
@@ -56,7 +50,5 @@ HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter = {
 /// The names that a filter can give.
 std::vector<std::string> AttributeNames(ddr_Model const& model);
 std::vector<std::string> StepNames(ddr_Model const& model);
-/// What a procedure type is called: its label, "INITIAL" for the initial step, the class's name where there is no label.
-std::string ProcedureText(unsigned procedureType);
 
 }  // namespace gattr

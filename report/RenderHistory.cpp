@@ -90,8 +90,7 @@ private:
       Put(names_[r], nameWidth_, row.suppressed ? Style::Faint : Style::Strong);
       if (withTypes) { Put(TypeText(row), typeWidth_, Style::Faint); }
       for (std::size_t i = begin; i < end; ++i) {
-        StatusWord const& word = WordOf(row.Status(i));
-        Put(word.word, columns_[i].width, row.suppressed ? Style::Faint : word.style);
+        Put(WordOf(row.Status(i)).word, columns_[i].width, row.suppressed ? Style::Faint : StyleOf(row.Status(i)));
       }
       EndLine();
     }
@@ -194,7 +193,7 @@ small, .faint { color: #999; font-weight: normal }
         << "</td>";
     for (std::size_t i = 0; i < row.statuses.size(); ++i) {
       StatusWord const& word = WordOf(row.Status(i));
-      out << "<td class=\"" << CssClass(word.style) << "\" title=\"" << word.meaning << "\">" << word.word << "</td>";
+      out << "<td class=\"" << CssClass(StyleOf(row.Status(i))) << "\" title=\"" << word.meaning << "\">" << word.word << "</td>";
     }
     out << "</tr>\n";
   }

@@ -1,6 +1,7 @@
 #include "text/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cstdio>
 #include <numeric>
@@ -46,6 +47,76 @@ std::size_t Distance(std::string_view a, std::string_view b) {
     last.swap(now);
   }
   return last[b.size()];
+}
+
+/// Whether \p name goes on where \p text ends, case apart.
+bool Begins(std::string_view text, std::string_view name) {
+  return name.size() > text.size() && std::ranges::equal(text, name.substr(0, text.size()), {}, Lower, Lower);
+}
+
+/// Whether one of two words takes back what the other does: "activate" and "deactivate".
+bool AreOpposite(std::string_view a, std::string_view b) {
+  auto const negates = [](std::string_view prefix, std::string_view longer, std::string_view shorter) {
+    return longer.size() == prefix.size() + shorter.size() && Begins(prefix, longer) &&
+           std::ranges::equal(longer.substr(prefix.size()), shorter, {}, Lower, Lower);
+  };
+  return std::ranges::any_of(std::array<std::string_view, 3>{"de", "un", "in"},
+                             [&](std::string_view prefix) { return negates(prefix, a, b) || negates(prefix, b, a); });
+}
+
+/// The name that somebody means with a word of the same sense, where there is that name.
+std::string Meant(std::string_view text, std::span<std::string const> names) {
+  struct Synonym {
+    std::string_view said, meant;
+  };
+  static constexpr Synonym kSynonyms[] = {
+      {"activate", "reset"},         {"force", "ConcentratedForce"}, {"modify", "setValuesInStep"}, {"edit", "setValuesInStep"},
+      {"change", "setValuesInStep"}, {"set", "setValues"},           {"switchOff", "deactivate"},   {"erase", "delete"},
+      {"enable", "resume"},          {"disable", "suppress"},
+  };
+  auto const synonym =
+      std::ranges::find_if(kSynonyms, [text](Synonym const& row) { return std::ranges::equal(row.said, text, {}, Lower, Lower); });
+  if (synonym == std::end(kSynonyms)) { return {}; }
+  auto const name = std::ranges::find(names, synonym->meant);
+  return name == names.end() ? "" : *name;
+}
+
+/// The words of a name: at capitals, digits and whatever is no letter.
+std::vector<std::string_view> WordsOf(std::string_view text) {
+  std::vector<std::string_view> words;
+  std::size_t begin = 0;
+  auto const isLetter = [](char c) { return std::isalpha(static_cast<unsigned char>(c)) != 0; };
+  for (std::size_t at = 1; at <= text.size(); ++at) {
+    bool const ends = at == text.size() || !isLetter(text[at]) || std::isupper(static_cast<unsigned char>(text[at])) != 0;
+    if (!ends) { continue; }
+    std::size_t const first = isLetter(text[begin]) ? begin : begin + 1;
+    if (at > first + 2) { words.push_back(text.substr(first, at - first)); }
+    begin = at;
+  }
+  return words;
+}
+
+/// The name that shares most words with \p text, a word being as good as its beginning; of equals the shortest. Empty where less than half
+/// of the words are shared.
+std::string NearestByWords(std::string_view text, std::span<std::string const> names) {
+  std::vector<std::string_view> const said = WordsOf(text);
+  auto const alike = [](std::string_view a, std::string_view b) {
+    return std::ranges::equal(a, b, {}, Lower, Lower) || Begins(a, b) || Begins(b, a);
+  };
+  std::string nearest;
+  double best = 0.0;
+  for (std::string const& name : names) {
+    std::vector<std::string_view> const words = WordsOf(name);
+    auto const shared = static_cast<double>(std::ranges::count_if(
+        said, [&](std::string_view word) { return std::ranges::any_of(words, [&](auto other) { return alike(word, other); }); }));
+    double const score =
+        shared / static_cast<double>(std::max(said.size() + words.size(), std::size_t{1}) - static_cast<std::size_t>(shared));
+    bool const enough = 2 * shared >= static_cast<double>(said.size()) && shared > 0;
+    if (!enough || score < best || (score == best && name.size() >= nearest.size())) { continue; }
+    best = score;
+    nearest = name;
+  }
+  return nearest;
 }
 
 }  // namespace
@@ -94,11 +165,12 @@ std::string QuotedList(std::span<std::string const> names, std::size_t shown) {
 std::string Nearest(std::string_view text, std::span<std::string const> names) {
   constexpr std::size_t kLongestCompared = 200;
   if (text.size() > kLongestCompared) { return {}; }
+  if (std::string const meant = Meant(text, names); !meant.empty()) { return meant; }
   std::string nearest;
   std::size_t least = std::max<std::size_t>(2, text.size() / 3) + 1;
   for (std::string const& name : names) {
     std::size_t const apart = name.size() > text.size() ? name.size() - text.size() : text.size() - name.size();
-    if (apart >= least) { continue; }
+    if (apart >= least || AreOpposite(text, name)) { continue; }
     std::size_t const distance = Distance(text, name);
     if (distance < least && distance < name.size()) {
       least = distance;
@@ -107,10 +179,9 @@ std::string Nearest(std::string_view text, std::span<std::string const> names) {
   }
   if (!nearest.empty() || text.size() < 3) { return nearest; }
   for (std::string const& name : names) {  // a text that somebody left off
-    bool const begins = name.size() > text.size() && std::ranges::equal(text, name.substr(0, text.size()), {}, Lower, Lower);
-    if (begins && (nearest.empty() || name.size() < nearest.size())) { nearest = name; }
+    if (Begins(text, name) && (nearest.empty() || name.size() < nearest.size())) { nearest = name; }
   }
-  return nearest;
+  return nearest.empty() ? NearestByWords(text, names) : nearest;
 }
 
 std::string Suggestion(std::string_view text, std::span<std::string const> names, std::string_view known) {

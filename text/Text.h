@@ -17,8 +17,9 @@ std::string OneLine(std::string_view text);
 /// "a", "b" and 12 more: at most \p shown of the names, quoted.
 std::string QuotedList(std::span<std::string const> names, std::size_t shown = 8);
 
-/// The name nearest to \p text by the number of letters to insert, drop, replace or exchange with their neighbour, case
-/// apart, or else the shortest that begins with \p text; empty when there is none. Linear in the names.
+/// The name that is meant by \p text: one for which it is another word, the nearest by the number of letters to insert, drop, replace
+/// or exchange with their neighbour, case apart, the shortest that begins with it, or the one that shares most of its words; never the
+/// opposite ("deactivate" for "activate"). Empty when there is none. Linear in the names.
 std::string Nearest(std::string_view text, std::span<std::string const> names);
 
 /// "Did you mean "Step-2"?" where a name is near, otherwise "\p known: "Initial", "Step-1".", or "There are none.".

@@ -194,7 +194,10 @@ INSTANTIATE_TEST_SUITE_P(
             false},
         Row{R"({"command": "setValuesInStep", "boundaryCondition": "Fx", "stepName": "Hold", "u1": 1})", "kbc 0", {"\"Fix\"?"}},
         Row{R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "Hodl", "u1": 1})", "kbc 7", {"\"Hold\"?"}},
-        Row{R"({"command": "setValuesInStep", "boundaryCondition": "Push", "stepName": "Initial", "u1": 0})", "kbc 0", {"status 0"}, false},
+        Row{R"({"command": "setValuesInStep", "boundaryCondition": "Push", "stepName": "Initial", "u1": 0})",
+            "kbc 0",
+            {"not yet created", "\"Press\""},
+            false},
         Row{R"({"command": "setValuesInStep", "boundaryCondition": "Push", "stepName": "Hold", "region": "Die"})", kKey, {"\"region\""}},
         Row{R"({"command": "setValuesInStep", "boundaryCondition": "Push", "stepName": "Hold", "u2": "UNSET"})",
             "kbc 22",
@@ -243,8 +246,14 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"({"command": "SurfaceTraction", "name": "New", "createStepName": "Hold", "magnitude": 1, "directionVector": [1, 2, 3]})",
             "klo 21",
             {"a list of rows of one length, each value a finite number"}},
-        Row{R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Shake", "cf1": 1})", "klo 12", {"status 8"}, false},
-        Row{R"({"command": "setValuesInStep", "load": "Late", "stepName": "Hold", "cf1": 1})", "klo 32", {"status 0"}, false},
+        Row{R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Shake", "cf1": 1})",
+            "klo 12",
+            {"in base state", "edited in \"Release\""},
+            false},
+        Row{R"({"command": "setValuesInStep", "load": "Late", "stepName": "Hold", "cf1": 1})",
+            "klo 32",
+            {"not yet created", "\"Release\""},
+            false},
         Row{R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Hodl", "cf1": 1})", "klo 31", {"\"Hold\"?"}},
         Row{R"({"command": "setValuesInStep", "load": "Idle", "stepName": "Hold", "magnitude": 1})", "klo 61", {"\"Idle\""}, false},
         Row{R"({"command": "setValues", "load": "Idle", "magnitude": 1})", "klo 61", {}, false},
@@ -279,6 +288,46 @@ INSTANTIATE_TEST_SUITE_P(
                       Row{R"({"command": "setValues", "connector": "Hinge", "components": 1})", kValue, {"a list, each a 32-bit integer"}},
                       Row{R"({"command": "delete", "connector": "Hing"})", kKey, {"Did you mean \"Hinge\"?"}},
                       Row{R"({"command": "suppress", "region": "Die"})", kKey, {"\"suppress\" is no command on a region"}}));
+
+class WaysOut : public CommandTest {};
+
+TEST_F(WaysOut, StandInTheMessageOfATypicalMistake) {
+  Session session;
+  RunJournal(
+      session,
+      {R"({"command": "StaticStep", "name": "Grip", "nlgeom": "ON"})", R"({"command": "StaticStep", "name": "Form", "nlgeom": "ON"})",
+       R"({"command": "StaticStep", "name": "Spring", "nlgeom": "ON"})", R"({"command": "FrequencyStep", "name": "Modes", "numEigen": 5})",
+       R"({"command": "ModalDynamicsStep", "name": "Ring"})",
+       R"({"command": "DisplacementBC", "name": "Punch", "createStepName": "Grip", "u1": 1})",
+       R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Form", "u1": 2})",
+       R"({"command": "ConcentratedForce", "name": "Fluid", "createStepName": "Grip", "cf1": 1})"});
+  struct Mistake {
+    char const *command, *wayOut;
+  };
+  for (auto const& [command, wayOut] : {
+           Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Ring", "u1": 3})", "It is built in there"},
+           Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Ring", "u1": 3})", "edited in \"Modes\""},
+           Mistake{R"({"command": "move", "boundaryCondition": "Punch", "fromStepName": "Grip", "toStepName": "Spring"})",
+                   "In \"Form\" it is modified: remove that first."},
+           Mistake{R"({"command": "delete", "step": "Modes"})", "\"Ring\" behind it could not follow"},
+           Mistake{R"({"command": "StaticStep", "name": "X", "previous": "Spring"})", "\"ON\" since \"Grip\": give \"nlgeom\": \"ON\"."},
+           Mistake{R"({"command": "StaticStep", "name": "X", "nlgeom": "ON", "previous": "Grip", "initialInc": 2})",
+                   "\"timePeriod\" 1, \"initialInc\" 2"},
+           Mistake{R"({"command": "EncastreBC", "name": "X", "createStepName": "Ring"})",
+                   "MODAL_DYNAMICS, which does not take this type; steps that do: \"Initial\""},
+           Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Form", "u1": "UNSET"})", "\"FREED\""},
+           Mistake{R"({"command": "reset", "boundaryCondition": "Punch", "stepName": "Form"})", "taken back by \"remove\""},
+           Mistake{R"({"command": "suppress", "boundaryCondition": "Fluid"})", "\"Fluid\" is a load."},
+           Mistake{R"({"command": "activate", "boundaryCondition": "Punch", "stepName": "Form"})", "Did you mean \"reset\"?"},
+           Mistake{R"({"command": "modify", "boundaryCondition": "Punch"})", "Did you mean \"setValuesInStep\"?"},
+           Mistake{R"({"command": "StaticGeneralStep", "name": "X"})", "Did you mean \"StaticStep\"?"},
+           Mistake{R"({"command": "Force", "name": "X"})", "Did you mean \"ConcentratedForce\"?"},
+           Mistake{R"({"command": "StaticStep", "name": "X", "initialIncrement": 1})", "Did you mean \"initialInc\"?"},
+           Mistake{R"({"command": "deactivate", "boundaryCondition": "Punch", "stepName": "Springback"})", "Did you mean \"Spring\"?"},
+       }) {
+    EXPECT_THAT(session.Execute(Line(command)).message, HasSubstr(wayOut)) << command;
+  }
+}
 
 class Editing : public CommandTest {};
 

@@ -1,0 +1,149 @@
+#include "command/Hints.h"
+
+#include <algorithm>
+#include <optional>
+#include <sstream>
+
+#include "command/Members.h"
+#include "command/Words.h"
+#include "module/kpr/kprC_assert.h"
+#include "module/kpr/procedures/kprC_StepSequencer.h"
+#include "module/kpr/steps/kprC_StepParameters.h"
+#include "text/Text.h"
+
+namespace gattr {
+
+namespace {
+
+constexpr std::size_t npos = kprC_StepTable::npos;
+
+std::string Named(kprC_StepTable const& steps, std::size_t index) { return Quoted(steps.Name(index).View()); }
+
+/// 'It is built in there (held by the modes: neither active nor editable).'
+std::string StatusText(kprC_StepDependent const& item, std::size_t index) {
+  StatusWord const& word = WordOf(item.StatusAt(index));
+  if (item.StatusAt(index) == mdl_PropagationStatusEnm::NotYetCreated) {
+    cow_String const begins = item.CreateStepName();
+    return "It is not yet created there" + (begins.IsEmpty() ? "." : ": it begins in " + Quoted(begins.View()) + ".");
+  }
+  return "It is " + std::string(word.word) + " there (" + std::string(word.meaning) + ").";
+}
+
+/// The nearest step before \p index, or else behind it, in which the attribute can be edited.
+std::size_t NearestEditable(kprC_StepDependent const& item, std::size_t index) {
+  kprC_StepTable const& steps = item.Steps();
+  for (std::size_t at = index; at-- > 0;) {
+    if (item.IsEditable(steps.Name(at))) { return at; }
+  }
+  for (std::size_t at = index + 1; at < steps.Size(); ++at) {
+    if (item.IsEditable(steps.Name(at))) { return at; }
+  }
+  return npos;
+}
+
+/// The first step from \p begin to \p end in which the attribute says something that a move may not pass.
+std::size_t FirstInTheWay(kprC_StepAwareRepository const& repository, kprC_StepDependent const& item, std::size_t begin, std::size_t end) {
+  for (std::size_t at = begin; at < end; ++at) {
+    if ((repository.Statuses()[static_cast<std::size_t>(item.StatusAt(at))] & kprC_IllegalMove) != 0) { return at; }
+  }
+  return npos;
+}
+
+}  // namespace
+
+std::string NotEditableHint(kprC_StepDependent const& item, cow_String const& step) {
+  std::size_t const index = item.Steps().Find(step.View());
+  if (index == npos) { return {}; }
+  if (item.StatusAt(index) == mdl_PropagationStatusEnm::NotYetCreated) { return StatusText(item, index); }
+  std::size_t const editable = NearestEditable(item, index);
+  std::string const instead = editable == npos ? "" : " It can be edited in " + Named(item.Steps(), editable) + ".";
+  return StatusText(item, index) + instead;
+}
+
+std::string AdmissionHint(kprC_StepDependent const& item, kprC_StepTable const& steps, cow_String const& step) {
+  std::size_t const index = steps.Find(step.View());
+  if (index == npos || item.Admits(steps.Facts(index), false)) { return {}; }
+  std::vector<std::string> others;
+  for (std::size_t at = 0; at < steps.Size(); ++at) {
+    if (item.Admits(steps.Facts(at), false)) { others.emplace_back(steps.Name(at).View()); }
+  }
+  std::string const procedure = ProcedureText(steps.ProcedureType(index));
+  constexpr std::size_t kShown = 3;
+  return Quoted(step.View()) + " is a step of the procedure " + procedure + ", which does not take this type; " +
+         (others.empty() ? "no step of the model does." : "steps that do: " + QuotedList(others, kShown) + ".");
+}
+
+std::string OperationHint(kprC_StepAwareRepository const& repository, kprC_StepDependent const& item, kprC_Operation const& operation,
+                          cow_String const& step, cow_String const& toStep, int code) {
+  auto const refused = std::ranges::find(operation.tests, code, &kprC_Test::refusal);
+  kprC_StepTable const& steps = item.Steps();
+  std::size_t const index = steps.Find(step.View()), to = steps.Find(toStep.View());
+  if (index == npos || to == npos) { return {}; }
+  auto const takeBack = [&](std::size_t begin, std::size_t end) {
+    std::size_t const at = FirstInTheWay(repository, item, begin, end);
+    if (at == npos) { return std::string(); }
+    return "In " + Named(steps, at) + " it is " + std::string(WordOf(item.StatusAt(at)).word) + ": remove that first.";
+  };
+  if (refused == operation.tests.end()) { return operation.effect == kprC_Effect::Move ? AdmissionHint(item, steps, toStep) : ""; }
+  switch (refused->ask) {
+    case kprC_Ask::Between: return takeBack(std::min(index, to) + 1, std::max(index, to));
+    case kprC_Ask::Destination:
+    case kprC_Ask::DestinationFirst: return takeBack(to, to + 1);
+    case kprC_Ask::NoReset:
+      return item.IsEditable(step) ? "What a step sets is taken back by \"remove\"."
+                                   : StatusText(item, index) + " There is nothing to reset.";
+    case kprC_Ask::CreateStep: return "It was created there: \"delete\" takes it out of the model.";
+    case kprC_Ask::NotAdmitted:
+    case kprC_Ask::Target: return AdmissionHint(item, steps, toStep);
+    case kprC_Ask::Inactive:
+    case kprC_Ask::NotEditable:
+    case kprC_Ask::BuiltIn:
+    case kprC_Ask::Propagated: return StatusText(item, index);
+    case kprC_Ask::Perturbation:
+      return Quoted(step.View()) + " is a step of the perturbation procedure " + ProcedureText(steps.ProcedureType(index)) + ".";
+    default: return {};
+  }
+}
+
+std::string WordHint(std::string_view word) {
+  if (word == "UNSET") { return "\"FREED\" gives a value up from a step on; \"remove\" takes back what the step sets."; }
+  if (word == "FREED") { return "There is nothing to give up: leave the value out, or say \"UNSET\"."; }
+  return {};
+}
+
+std::string ParameterHint(kprC_Step const& step, int code) {
+  using enum kprC_ErrorEnm;
+  static constexpr kprC_ErrorEnm kOfIncrements[] = {InitialIncrement, MinIncrement, MaxIncrement, TimePeriod, InitialAbovePeriod};
+  if (std::ranges::find(kOfIncrements, static_cast<kprC_ErrorEnm>(code)) == std::end(kOfIncrements)) { return {}; }
+  using Parameters = kprC_StepParameters;
+  std::ostringstream values;
+  for (auto const name : {Parameters::timePeriodCmd(), Parameters::initialIncCmd(), Parameters::minIncCmd(), Parameters::maxIncCmd()}) {
+    if (ClassOf(step).Find(name) == nullptr) { continue; }
+    cls_Value const value = step.Member(name);
+    if (auto const* number = value.As<double>()) {
+      values << (values.tellp() == 0 ? "The step has " : ", ") << Quoted(name) << " " << *number;
+    }
+  }
+  return values.tellp() == 0 ? "" : values.str() + ".";
+}
+
+std::string NlgeomHint(kprC_StepTable const& steps) {
+  for (std::size_t i = 1; i < steps.Size(); ++i) {
+    auto const* step = dynamic_cast<kprC_Step const*>(steps[i].procedure.ConstGet());
+    if (step == nullptr || step->Nlgeom() != kprC_Step::NlgeomEnm::ON) { continue; }
+    return "It is \"OFF\" where it is left out, and \"ON\" since " + Named(steps, i) + ": give \"nlgeom\": \"ON\".";
+  }
+  return {};
+}
+
+std::string SequenceHint(kprC_StepTable const& steps) {
+  kprC_StepSequencer sequencer(true);
+  for (std::size_t i = 1; i < steps.Size(); ++i) {
+    std::string const why = sequencer.WhyNot(steps.ProcedureType(i));
+    if (!why.empty()) { return Named(steps, i) + " behind it could not follow what would stand before: " + why; }
+    sequencer.Append(steps.ProcedureType(i));
+  }
+  return {};
+}
+
+}  // namespace gattr
