@@ -4,18 +4,20 @@
 #include <array>
 #include <cassert>
 #include <compare>
-#include <concepts>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
+#include <memory>
 #include <utility>
+#include <vector>
 
 #include "platform/BasicUtils/cow_Handle.h"
 
 /// Keys in rising order, each with a value, in a tree whose nodes are shared between copies of the map. Copying costs
 /// one count; finding, inserting, removing and Get() cost O(log n), also right after a copy: a change copies the nodes
 /// between the root and the place of the change that other maps hold too, and changes in place those that none does.
-/// A snapshot is therefore as cheap to keep as to take. Values are copied together with their node: let them be
-/// handles or other copy-on-write values.
+/// A snapshot is therefore as cheap to keep as to take. Values are copied together with their node, which holds some of
+/// them: let them be handles or other copy-on-write values. Nodes whose values alone differ share their keys.
 ///
 /// Keys are looked up by anything that compares with them (names by string views and literals). Iterators, references
 /// and pointers are good until the next change of this map.
@@ -24,7 +26,6 @@ template <class K, class V> class cow_Map {
   using Link = cow_Handle<Node>;
 
 public:
-  using value_type = std::pair<K const, V>;
   class const_iterator;
 
   cow_Map() noexcept = default;
@@ -42,31 +43,34 @@ public:
 
   /// The value of \p key, null when there is none.
   template <class Key> V const* ConstFind(Key const& key) const {
-    Node const* node = root_.ConstGet();
-    while (node != nullptr) {
-      auto const order = Compare(key, node->Key());
-      if (order == 0) { return &node->entry.second; }
-      node = (order < 0 ? node->left : node->right).ConstGet();
-    }
-    return nullptr;
+    return Find(key, [](std::size_t) {});
   }
   template <class Key> bool Contains(Key const& key) const { return ConstFind(key) != nullptr; }
 
   /// The value of \p key, to be changed: it is this map's alone. Null, and nothing is separated, when there is none.
   template <class Key> V* Get(Key const& key) {
-    if (!Contains(key)) { return nullptr; }
+    std::array<std::uint8_t, kMaxHeight> way;  // filled as far as it goes
+    std::size_t depth = 0;
+    if (Find(key, [&](std::size_t at) { way[depth++] = static_cast<std::uint8_t>(at); }) == nullptr) { return nullptr; }
     Link* link = &root_;
-    while (true) {
+    for (std::size_t level = 0;; ++level) {
       Node& node = link->Get();
-      auto const order = Compare(key, node.Key());
-      if (order == 0) { return &node.entry.second; }
-      link = &(order < 0 ? node.left : node.right);
+      if (node.height == 0) { return &As<V>(node).slots[way[level]]; }
+      link = &As<Link>(node).slots[way[level]];
     }
   }
 
   /// Gives \p key the value; true when the key is new, false when its value has been replaced.
   bool Insert(K key, V value) {
-    bool const isNew = InsertAt(root_, key, value);
+    if (!root_) { root_ = Link(std::make_unique<NodeOf<V>>(0)); }
+    Link behind;
+    bool const isNew = InsertAt(root_, key, value, behind, true);
+    if (behind) {
+      auto above = std::make_unique<NodeOf<Link>>(root_->height + 1);
+      above->Insert(0, root_->Key(0), root_);
+      above->Insert(1, behind->Key(0), behind);
+      root_ = Link(std::move(above));
+    }
     size_ += isNew ? 1 : 0;
     return isNew;
   }
@@ -75,7 +79,8 @@ public:
   template <class Key> bool Remove(Key const& key) {
     if (!Contains(key)) { return false; }
     RemoveAt(root_, key);
-    --size_;
+    while (root_->height > 0 && root_->Size() == 1) { root_ = Link(As<Link>(*root_).slots[0]); }
+    if (--size_ == 0) { root_.Reset(); }
     return true;
   }
 
@@ -85,7 +90,7 @@ public:
   /// change after the other.
   template <class Fn> cow_Map Mapped(Fn&& fn) const {
     cow_Map mapped;
-    mapped.root_ = MapFrom(root_, fn);
+    if (root_) { mapped.root_ = MapFrom(*root_, fn); }
     mapped.size_ = size_;
     return mapped;
   }
@@ -104,18 +109,87 @@ public:
   }
 
 private:
-  /// An AVL tree: the heights of two sisters differ by one at most.
-  struct Node : mem_Counted {
-    Node(K key, V value) : entry(std::move(key), std::move(value)) {}
-    K const& Key() const noexcept { return entry.first; }
+  static constexpr std::size_t kWide = 16;        // slots in a node at most
+  static constexpr std::size_t kFew = kWide / 4;  // a node that is left with fewer joins its neighbour
+  static constexpr std::size_t kMaxHeight = 24;   // a tree of this height has more than 10^13 entries
 
-    signed char height = 1;
-    Link left, right;
-    value_type entry;
+  /// Up to kWide of one kind side by side.
+  template <class T> class Row {
+  public:
+    Row() noexcept {}  // NOLINT(modernize-use-equals-default): the union has no default to take
+    Row(Row const& other) : size_(other.size_) { std::uninitialized_copy_n(other.of, size_, of); }
+    Row& operator=(Row const&) = delete;
+    ~Row() { std::destroy_n(of, size_); }
+
+    std::size_t Size() const noexcept { return size_; }
+    T& operator[](std::size_t at) noexcept { return of[at]; }
+    T const& operator[](std::size_t at) const noexcept { return of[at]; }
+    /// There is room.
+    void Insert(std::size_t at, T value) {
+      std::construct_at(of + size_++, std::move(value));
+      std::rotate(of + at, of + size_ - 1, of + size_);
+    }
+    T Take(std::size_t at) {
+      std::rotate(of + at, of + at + 1, of + size_);
+      T taken = std::move(of[--size_]);
+      std::destroy_at(of + size_);
+      return taken;
+    }
+
+  private:
+    union {
+      T of[kWide];  // alive up to size_
+    };
+    std::size_t size_ = 0;
   };
 
-  // A tree of this height has more than 10^13 entries.
-  static constexpr std::size_t kMaxHeight = 64;
+  struct Keys : mem_Counted {
+    Row<K> of;
+  };
+  /// Of the height 0 a leaf, with a value for each key; of any other with a child for each key: it holds what is not less
+  /// than that key, and less than the next one. The first child of a node also takes what is less than its key.
+  struct Node : mem_Counted {
+    explicit Node(std::uint32_t of) : height(of) {}
+    Node(Node const&) = default;
+    Node& operator=(Node const&) = delete;
+    virtual ~Node() = default;
+    virtual std::unique_ptr<Node> Copy() const = 0;
+
+    std::size_t Size() const noexcept { return keys->of.Size(); }
+    K const& Key(std::size_t at) const noexcept { return keys->of[at]; }
+
+    std::uint32_t height;
+    cow_Handle<Keys> keys;
+  };
+  template <class Slot> struct NodeOf final : Node {
+    explicit NodeOf(std::uint32_t of) : Node(of) { this->keys = cow_Handle<Keys>::Make(); }
+    explicit NodeOf(Node const& other) : Node(other.height) { this->keys = other.keys; }  // its slots follow
+    NodeOf(NodeOf const&) = default;
+    NodeOf& operator=(NodeOf const&) = delete;
+    ~NodeOf() override = default;
+    std::unique_ptr<Node> Copy() const override { return std::make_unique<NodeOf>(*this); }
+
+    void Insert(std::size_t at, K key, Slot slot) {
+      this->keys.Get().of.Insert(at, std::move(key));
+      slots.Insert(at, std::move(slot));
+    }
+    void Remove(std::size_t at) {
+      this->keys.Get().of.Take(at);
+      slots.Take(at);
+    }
+    /// Moves slots between this and \p next, its neighbour behind, so that this has \p size.
+    void Share(NodeOf& next, std::size_t size) {
+      auto& own = this->keys.Get().of;
+      auto& others = next.keys.Get().of;
+      for (std::size_t last = slots.Size(); last-- > size;) { next.Insert(0, own.Take(last), slots.Take(last)); }
+      for (std::size_t last = slots.Size(); last < size; ++last) { Insert(last, others.Take(0), next.slots.Take(0)); }
+    }
+
+    Row<Slot> slots;
+  };
+
+  template <class Slot> static NodeOf<Slot>& As(Node& node) noexcept { return static_cast<NodeOf<Slot>&>(node); }
+  template <class Slot> static NodeOf<Slot> const& As(Node const& node) noexcept { return static_cast<NodeOf<Slot> const&>(node); }
 
   template <class Left, class Right> static auto Compare(Left const& left, Right const& right) {
     if constexpr (requires { left <=> right; }) {
@@ -126,101 +200,111 @@ private:
     }
   }
 
-  static int Height(Link const& link) noexcept { return link ? link->height : 0; }
-
-  static void UpdateHeight(Node& node) noexcept {
-    node.height = static_cast<signed char>(1 + std::max(Height(node.left), Height(node.right)));
+  struct Place {
+    std::size_t at;
+    bool found;
+  };
+  /// Where \p key stands in a leaf, or would stand.
+  template <class Key> static Place PlaceIn(Node const& leaf, Key const& key) {
+    std::size_t low = 0, high = leaf.Size();
+    while (low < high) {
+      std::size_t const middle = (low + high) / 2;
+      auto const order = Compare(key, leaf.Key(middle));
+      if (order == 0) { return {middle, true}; }
+      order < 0 ? high = middle : low = middle + 1;
+    }
+    return {low, false};
+  }
+  /// The child that holds \p key.
+  template <class Key> static std::size_t ChildOf(Node const& node, Key const& key) {
+    std::size_t low = 1, high = node.Size();
+    while (low < high) {
+      std::size_t const middle = (low + high) / 2;
+      Compare(key, node.Key(middle)) < 0 ? high = middle : low = middle + 1;
+    }
+    return low - 1;
+  }
+  /// Calls pass(at) for every node on the way down to \p key.
+  template <class Key, class Pass> V const* Find(Key const& key, Pass&& pass) const {
+    if (!root_) { return nullptr; }
+    Node const* node = root_.ConstGet();
+    while (node->height > 0) {
+      std::size_t const at = ChildOf(*node, key);
+      pass(at);
+      node = As<Link>(*node).slots[at].ConstGet();
+    }
+    auto const [at, found] = PlaceIn(*node, key);
+    pass(at);
+    return found ? &As<V>(*node).slots[at] : nullptr;
   }
 
-  /// Lifts the child on the side \p up into its parent's place; the parent becomes its child on the side \p down.
-  static void Rotate(Link& link, Link Node::*up, Link Node::*down) {
-    Node& parent = link.Get();
-    Node& child = (parent.*up).Get();
-    Link lifted = std::move(parent.*up);
-    parent.*up = std::move(child.*down);
-    UpdateHeight(parent);
-    child.*down = std::move(link);
-    UpdateHeight(child);
-    link = std::move(lifted);
+  /// What does not fit goes to a new node \p behind. \p last: nothing of the map stands behind the node.
+  template <class Slot> static void Put(Node& node, std::size_t at, K key, Slot slot, Link& behind, bool last) {
+    auto* to = &As<Slot>(node);
+    if (node.Size() == kWide) {
+      // keys that come in rising order leave full nodes behind
+      std::size_t const kept = last && at == kWide ? kWide : kWide / 2;
+      auto next = std::make_unique<NodeOf<Slot>>(node.height);
+      to->Share(*next, kept);
+      if (at > kept || kept == kWide) {
+        to = next.get();
+        at -= kept;
+      }
+      behind = Link(std::move(next));
+    }
+    to->Insert(at, std::move(key), std::move(slot));
   }
-
-  /// Restores the balance at \p link after one entry has come or gone below it.
-  static void Rebalance(Link& link) {
+  static bool InsertAt(Link& link, K& key, V& value, Link& behind, bool last) {
     Node& node = link.Get();
-    int const lean = Height(node.left) - Height(node.right);
-    if (lean > 1) {
-      RotateTowards(link, &Node::left, &Node::right);
-    } else if (lean < -1) {
-      RotateTowards(link, &Node::right, &Node::left);
-    } else {
-      UpdateHeight(node);
+    if (node.height == 0) {
+      auto const [at, found] = PlaceIn(node, key);
+      if (found) {
+        As<V>(node).slots[at] = std::move(value);
+      } else {
+        Put<V>(node, at, std::move(key), std::move(value), behind, last);
+      }
+      return !found;
     }
-  }
-
-  static void RotateTowards(Link& link, Link Node::*tall, Link Node::*low) {
-    Link& child = link.Get().*tall;
-    if (Height((*child).*tall) < Height((*child).*low)) { Rotate(child, low, tall); }
-    Rotate(link, tall, low);
-  }
-
-  static bool InsertAt(Link& link, K& key, V& value) {
-    if (!link) {
-      link = Link::Make(std::move(key), std::move(value));
-      return true;
-    }
-    Node& node = link.Get();
-    auto const order = Compare(key, node.Key());
-    if (order == 0) {
-      node.entry.second = std::move(value);
-      return false;
-    }
-    bool const isNew = InsertAt(order < 0 ? node.left : node.right, key, value);
-    if (isNew) { Rebalance(link); }
+    std::size_t const at = ChildOf(node, key);
+    Link next;
+    bool const isNew = InsertAt(As<Link>(node).slots[at], key, value, next, last && at + 1 == node.Size());
+    if (next) { Put<Link>(node, at + 1, next->Key(0), next, behind, last); }
     return isNew;
   }
 
   /// \p key exists below \p link.
   template <class Key> static void RemoveAt(Link& link, Key const& key) {
-    auto const order = Compare(key, link->Key());
-    if (order != 0) {
-      Node& node = link.Get();
-      RemoveAt(order < 0 ? node.left : node.right, key);
-    } else if (!link->left || !link->right) {
-      link = Link(link->left ? link->left : link->right);
-      return;  // the remaining subtree is balanced as it was
+    Node& node = link.Get();
+    if (node.height == 0) { return As<V>(node).Remove(PlaceIn(node, key).at); }
+    std::size_t const at = ChildOf(node, key);
+    auto& children = As<Link>(node);
+    RemoveAt(children.slots[at], key);
+    if (children.slots[at]->Size() >= kFew || node.Size() == 1) { return; }
+    std::size_t const left = at == 0 ? 0 : at - 1;
+    node.height == 1 ? Join<V>(children, left) : Join<Link>(children, left);
+  }
+  /// Makes one of the children \p left and the next, or two of like size.
+  template <class Slot> static void Join(NodeOf<Link>& node, std::size_t left) {
+    auto& one = As<Slot>(node.slots[left].Get());
+    auto& next = As<Slot>(node.slots[left + 1].Get());
+    std::size_t const both = one.Size() + next.Size();
+    one.Share(next, both <= kWide ? both : both / 2);
+    if (both <= kWide) {
+      node.Remove(left + 1);
     } else {
-      Link left = link->left;
-      Link right = link->right;
-      link.Reset();  // first, so that what only this map held is changed in place
-      link = DetachLeast(right);
-      Node& node = link.Get();
-      node.left = std::move(left);
-      node.right = std::move(right);
+      node.keys.Get().of[left + 1] = next.Key(0);
     }
-    Rebalance(link);
   }
 
-  /// Takes the entry with the least key out of a tree that has one.
-  static Link DetachLeast(Link& link) {
-    if (!link->left) {
-      Link least = link;
-      link = Link(least->right);
-      return least;
+  template <class Fn> static Link MapFrom(Node const& from, Fn& fn) {
+    if (from.height > 0) {
+      auto made = std::make_unique<NodeOf<Link>>(from);
+      for (std::size_t at = 0; at < from.Size(); ++at) { made->slots.Insert(at, MapFrom(*As<Link>(from).slots[at], fn)); }
+      return Link(std::move(made));
     }
-    Link least = DetachLeast(link.Get().left);
-    Rebalance(link);
-    return least;
-  }
-
-  template <class Fn> static Link MapFrom(Link const& from, Fn& fn) {
-    if (!from) { return Link(); }
-    Link left = MapFrom(from->left, fn);
-    Link made = Link::Make(from->entry.first, fn(from->entry.first, from->entry.second));
-    Node& node = made.Get();
-    node.left = std::move(left);
-    node.right = MapFrom(from->right, fn);
-    node.height = from->height;
-    return made;
+    auto made = std::make_unique<NodeOf<V>>(from);
+    for (std::size_t at = 0; at < from.Size(); ++at) { made->slots.Insert(at, fn(from.Key(at), As<V>(from).slots[at])); }
+    return Link(std::move(made));
   }
 
   class Parts;
@@ -229,38 +313,35 @@ private:
   std::size_t size_ = 0;
 };
 
-/// What a comparison has still to see of a map, in key order: subtrees, and single entries whose subtrees come apart.
+/// What a comparison has still to see of a map, in key order: subtrees, and single entries of leaves that come apart.
 template <class K, class V> class cow_Map<K, V>::Parts {
 public:
-  explicit Parts(Node const* root) { Push(root, false); }
+  explicit Parts(Node const* root) {
+    if (root != nullptr) { parts_.push_back({root, kWhole}); }
+  }
 
-  bool IsEmpty() const noexcept { return size_ == 0; }
-  Node const* First() const noexcept { return parts_[size_ - 1].node; }
-  bool FirstIsEntry() const noexcept { return parts_[size_ - 1].single; }
-  void Pop() noexcept { --size_; }
+  bool IsEmpty() const noexcept { return parts_.empty(); }
+  Node const* First() const noexcept { return parts_.back().node; }
+  bool FirstIsEntry() const noexcept { return parts_.back().at != kWhole; }
+  K const& Key() const noexcept { return First()->Key(parts_.back().at); }
+  V const& Value() const noexcept { return As<V>(*First()).slots[parts_.back().at]; }
+  void Pop() noexcept { parts_.pop_back(); }
   /// Takes the first subtree apart.
-  void Split() noexcept {
+  void Split() {
     Node const* const node = First();
     Pop();
-    Push(node->right.ConstGet(), false);
-    Push(node, true);
-    Push(node->left.ConstGet(), false);
+    for (std::size_t at = node->Size(); at-- > 0;) {
+      parts_.push_back(node->height == 0 ? Part{node, at} : Part{As<Link>(*node).slots[at].ConstGet(), kWhole});
+    }
   }
 
 private:
+  static constexpr std::size_t kWhole = kWide;
   struct Part {
     Node const* node;
-    bool single;
+    std::size_t at;  // of an entry
   };
-
-  void Push(Node const* node, bool single) noexcept {
-    if (node == nullptr) { return; }
-    assert(size_ < parts_.size());
-    parts_[size_++] = {node, single};
-  }
-
-  std::size_t size_ = 0;
-  std::array<Part, 2 * kMaxHeight + 1> parts_;  // each level leaves an entry and a subtree behind; filled to size_
+  std::vector<Part> parts_;  // the first one last
 };
 
 template <class K, class V>
@@ -270,30 +351,28 @@ void cow_Map<K, V>::ForEachDifference(cow_Map const& before, cow_Map const& afte
   Parts now(after.root_.ConstGet());
   V const* const none = nullptr;
   while (!old.IsEmpty() || !now.IsEmpty()) {
-    Node const* const was = old.IsEmpty() ? nullptr : old.First();
-    Node const* const is = now.IsEmpty() ? nullptr : now.First();
-    bool const splitOld = was != nullptr && !old.FirstIsEntry();
-    bool const splitNow = is != nullptr && !now.FirstIsEntry();
-    if (was == is && splitOld == splitNow) {  // shared
+    bool const splitOld = !old.IsEmpty() && !old.FirstIsEntry();
+    bool const splitNow = !now.IsEmpty() && !now.FirstIsEntry();
+    if (splitOld && splitNow && old.First() == now.First()) {  // shared
       old.Pop();
       now.Pop();
-    } else if (splitOld && (!splitNow || was->height >= is->height)) {
+    } else if (splitOld && (!splitNow || old.First()->height >= now.First()->height)) {
       old.Split();  // the taller one, so that what is shared comes to face itself
     } else if (splitNow) {
       now.Split();
     } else {
-      auto const order = was == nullptr  ? std::partial_ordering::greater
-                         : is == nullptr ? std::partial_ordering::less
-                                         : std::partial_ordering(Compare(was->Key(), is->Key()));
+      auto const order = old.IsEmpty()   ? std::partial_ordering::greater
+                         : now.IsEmpty() ? std::partial_ordering::less
+                                         : std::partial_ordering(Compare(old.Key(), now.Key()));
+      if (order < 0) {
+        fn(old.Key(), &old.Value(), none);
+      } else if (order > 0) {
+        fn(now.Key(), none, &now.Value());
+      } else if (!(old.Value() == now.Value())) {
+        fn(now.Key(), &old.Value(), &now.Value());
+      }
       if (order <= 0) { old.Pop(); }
       if (order >= 0) { now.Pop(); }
-      if (order < 0) {
-        fn(was->Key(), &was->entry.second, none);
-      } else if (order > 0) {
-        fn(is->Key(), none, &is->entry.second);
-      } else if (!(was->entry.second == is->entry.second)) {
-        fn(is->Key(), &was->entry.second, &is->entry.second);
-      }
     }
   }
 }
@@ -302,27 +381,32 @@ void cow_Map<K, V>::ForEachDifference(cow_Map const& before, cow_Map const& afte
 /// move along and dearer to copy.
 template <class K, class V> class cow_Map<K, V>::const_iterator {
 public:
-  using iterator_category = std::forward_iterator_tag;
-  using value_type = cow_Map::value_type;
+  using iterator_category = std::input_iterator_tag;
+  using value_type = std::pair<K, V>;
   using difference_type = std::ptrdiff_t;
-  using pointer = value_type const*;
-  using reference = value_type const&;
+  using reference = std::pair<K const&, V const&>;
+  struct pointer {
+    reference of;
+    reference const* operator->() const noexcept { return &of; }
+  };
 
   const_iterator() noexcept = default;
-  const_iterator(const_iterator const& other) noexcept : depth_(other.depth_) { CopyPath(other); }
+  const_iterator(const_iterator const& other) noexcept : depth_(other.depth_) { CopyWay(other); }
   const_iterator& operator=(const_iterator const& other) noexcept {
     depth_ = other.depth_;
-    CopyPath(other);
+    CopyWay(other);
     return *this;
   }
   ~const_iterator() = default;
 
-  reference operator*() const noexcept { return Top()->entry; }
-  pointer operator->() const noexcept { return &Top()->entry; }
+  reference operator*() const noexcept {
+    auto const [leaf, at] = way_[depth_ - 1];
+    return {leaf->Key(at), As<V>(*leaf).slots[at]};
+  }
+  pointer operator->() const noexcept { return {**this}; }
   const_iterator& operator++() noexcept {
-    Node const* const passed = Top();
-    --depth_;
-    Descend(passed->right.ConstGet());
+    while (depth_ != 0 && ++way_[depth_ - 1].at == way_[depth_ - 1].node->Size()) { --depth_; }
+    if (depth_ != 0) { Descend(); }
     return *this;
   }
   const_iterator operator++(int) noexcept {
@@ -330,21 +414,32 @@ public:
     ++*this;
     return before;
   }
-  friend bool operator==(const_iterator const& left, const_iterator const& right) noexcept { return left.Top() == right.Top(); }
+  friend bool operator==(const_iterator const& left, const_iterator const& right) noexcept {
+    return left.depth_ == right.depth_ && (left.depth_ == 0 || left.way_[left.depth_ - 1] == right.way_[left.depth_ - 1]);
+  }
 
 private:
   friend class cow_Map;
-  explicit const_iterator(Node const* root) noexcept { Descend(root); }
+  struct Stop {
+    Node const* node;
+    std::size_t at;
+    friend bool operator==(Stop const&, Stop const&) = default;
+  };
 
-  Node const* Top() const noexcept { return depth_ != 0 ? path_[depth_ - 1] : nullptr; }
-  void Descend(Node const* node) noexcept {
-    for (; node != nullptr; node = node->left.ConstGet()) {
+  explicit const_iterator(Node const* root) noexcept {
+    if (root == nullptr) { return; }
+    way_[depth_++] = {root, 0};
+    Descend();
+  }
+  /// From the last stop to the first entry below it.
+  void Descend() noexcept {
+    for (Stop last = way_[depth_ - 1]; last.node->height > 0; way_[depth_++] = last) {
       assert(depth_ < kMaxHeight);
-      path_[depth_++] = node;
+      last = {As<Link>(*last.node).slots[last.at].ConstGet(), 0};
     }
   }
-  void CopyPath(const_iterator const& other) noexcept { std::copy_n(other.path_.begin(), other.depth_, path_.begin()); }
+  void CopyWay(const_iterator const& other) noexcept { std::copy_n(other.way_.begin(), other.depth_, way_.begin()); }
 
   std::size_t depth_ = 0;
-  std::array<Node const*, kMaxHeight> path_;  // the nodes still to visit before their right subtrees; filled to depth_
+  std::array<Stop, kMaxHeight> way_;  // the last one is the entry; filled to depth_
 };
