@@ -2,12 +2,6 @@
 
 #include <algorithm>
 
-bool kbcC_BCState::IsFixed() const {
-  cls_Value const value = Member(fixedCmd());
-  auto const* fixed = value.As<bool>();
-  return fixed != nullptr && *fixed;
-}
-
 bool kbcC_BCState::IsNonZero() const {
   return std::ranges::any_of(MemberRows(), [this](cls_MemberRow const& row) {
     double const* const value = row.text.component == 0 ? nullptr : row.ops->realInForce(row.In(this));

@@ -14,7 +14,7 @@ public:
   static constexpr omn_FixedString fixedCmd() { return "fixed"; }
 
   /// Whether the condition holds its region where the step begins, whatever that is. Always false of a type without "fixed".
-  bool IsFixed() const;
+  virtual bool IsFixed() const { return false; }
   /// Whether anything but zero is prescribed, by this step or an earlier one.
   bool IsNonZero() const;
   /// Whether the step itself prescribes anything but zero.

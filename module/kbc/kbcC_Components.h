@@ -22,6 +22,7 @@ public:
   mdl_PropAttr<bool> fixed;                                        ///< held where the step begins, whatever that is
   mdl_PropAttr<omu_PrimEnum<kprC_BucklingCaseEnm, 1>> buckleCase;  ///< which part of a buckle step it acts in
 
+  bool IsFixed() const override { return fixed == true; }
   /// Refuses 16 a value together with "fixed".
   void AssertValid() const override { kbcC_Assert(!this->IsFixed() || !this->SetsNonZero(), kbcC_ErrorEnm::PrescribedWhileFixed); }
 

@@ -16,6 +16,8 @@ public:
   mdl_PropAttr<double> magnitude;  ///< the prescribed value, in the unit of the quantity
   mdl_PropAttr<bool> fixed;        ///< held where the step begins, whatever that is
 
+  bool IsFixed() const override { return fixed == true; }
+
   /// What the value is in a type that does not say.
   static constexpr cls_MemberText value() { return kbcC_Component(kbcC_oneValue, "the prescribed value", "of the quantity"); }
 

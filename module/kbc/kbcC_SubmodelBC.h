@@ -21,6 +21,7 @@ public:
   mdl_PropAttr<double> centerZoneSize;             ///< length
   mdl_PropAttr<bool> fixed;                        ///< held where the step begins, whatever that is
 
+  bool IsFixed() const override { return fixed == true; }
   /// Refuses 51 no global step or one below 1, 36 a tolerance that is given and not greater than zero.
   void AssertValid() const override;
 
