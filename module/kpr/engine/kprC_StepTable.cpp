@@ -105,6 +105,8 @@ std::size_t kprC_StepTable::PartOf(std::size_t index) const {
 }
 
 std::size_t kprC_StepTable::Position(Number number) const {
+  // as they were numbered first, unless steps have come or gone before
+  if (std::size_t const likely = number / kGap - 1; likely < body_->size && NumberOf(likely) == number) { return likely; }
   auto const& parts = body_->parts;
   auto const behind = std::ranges::upper_bound(parts, number, {}, &Part::first);
   if (behind == parts.begin()) { return npos; }
