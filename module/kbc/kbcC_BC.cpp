@@ -24,10 +24,7 @@ void kbcC_BC::AssertMemberState(std::size_t index, std::string_view /*member*/, 
   AssertComponentState(index, word == "FREED", word == "UNSET");
 }
 
-void kbcC_BC::AssertValid() const {
-  kbcC_Assert(suppress_ || !UsesField() || !fieldName_.IsEmpty(), kbcC_ErrorEnm::FieldNameMissing);
-  kprC_StepAttribute::AssertValid();
-}
+void kbcC_BC::AssertMembers() const { kbcC_Assert(!UsesField() || !fieldName_.IsEmpty(), kbcC_ErrorEnm::FieldNameMissing); }
 
 void kbcC_BC::AssertState(kbcC_BCState const& state, std::size_t index) const {
   state.AssertValid();

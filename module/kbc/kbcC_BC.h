@@ -15,6 +15,10 @@ extern template class DDB_API kprC_StepAttribute<kbcC_Rules>;
 
 /// Base of every boundary condition. The per-step operations, with their refusals, are those of kprC_StepAttribute under
 /// the family's rules (kbcC_Rules.h); a type adds its state, its category and what it alone refuses.
+///
+/// AssertValid refuses, in this order: 59 no field name with the distribution FIELD, 24 active in an anneal step, 45 active
+/// where the type is not admitted; what the type refuses; of each state what it refuses itself, 25 fixed and 6 anything but
+/// zero in the initial step.
 class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_TypedAttribute<kbcC_Rules>>, public kbcC_BCNames {
 public:
   using CategoryEnm = kbcC_CategoryEnm;
@@ -38,7 +42,7 @@ public:
   static constexpr omn_FixedString distributionTypeCmd() { return "distributionType"; }
   static constexpr omn_FixedString fieldNameCmd() { return "fieldName"; }
 
-  dtmC_DatumRef const& Csys() const { return csys_; }
+  dtmC_DatumRef const& Csys() const { return *csys_; }
   DistribTypeEnum DistributionType() const { return distribution_; }
   bool UsesField() const { return distribution_ == FIELD; }
 
@@ -46,12 +50,7 @@ public:
   /// Then as kprC_StepAttribute.
   bool Insert(cow_String const& step, kbcC_BCState const& state) override;
 
-  /// Refuses, in this order: 59 no field name with the distribution FIELD, 24 active in an anneal step, 45 active where
-  /// the type is not admitted; what the type refuses; of each state what it refuses itself, 25 fixed and 6 anything but
-  /// zero in the initial step.
-  void AssertValid() const override;
-
-  rgnC_Region const& Region() const { return region_; }
+  rgnC_Region const& Region() const { return *region_; }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit(suppressCmd(), &kbcC_BC::suppress_, cls_MemberText{"whether the condition is suppressed as a whole"}.NotSettable());
@@ -65,6 +64,7 @@ public:
   }
 
 protected:
+  void AssertMembers() const override;
   void AssertMemberState(std::size_t index, std::string_view member, std::string_view word) const override;
   void AssertState(kbcC_BCState const& state, std::size_t index) const override;
   /// Refuses 26: anything but zero moved into the initial step.
@@ -77,8 +77,8 @@ private:
   /// unset where the condition is not active, 22 for one unset where it is.
   void AssertComponentState(std::size_t index, bool freed, bool unset) const;
 
-  rgnC_Region region_;
-  dtmC_DatumRef csys_;
+  cls_Shared<rgnC_Region> region_;
+  cls_Shared<dtmC_DatumRef> csys_;
   omu_PrimEnum<DistribTypeEnum, 1> distribution_;
   cow_String fieldName_;
 };

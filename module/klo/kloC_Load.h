@@ -47,7 +47,7 @@ public:
   /// Refuses what the space of \p model cannot have.
   void AssertInModel(ddr_Model const& model) const override;
 
-  rgnC_Region const& Region() const { return region_; }
+  rgnC_Region const& Region() const { return *region_; }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit(regionCmd(), &kloC_Load::region_, cls_MemberText{"the set or surface that it acts on"}.RefersTo(cls_Reference::Region));
@@ -62,7 +62,7 @@ protected:
   bool IsCreateStep(std::size_t index) const { return index == States().CreateStep(); }
 
 private:
-  rgnC_Region region_;
+  cls_Shared<rgnC_Region> region_;
   cow_String fieldName_;
 };
 

@@ -191,6 +191,8 @@ struct cls_MemberOps {
   // null where the type is not carried from step to step
   void (*propagate)(void*, std::string_view name) = nullptr;
   void (*modify)(void* carried, void const* own, std::string_view name) = nullptr;
+  /// Whether merging \p own onto what \p source gives on makes what \p own is already.
+  bool (*isMerged)(void const* own, void const* source, std::string_view name) = nullptr;
   void (*takeOver)(void*) = nullptr;  ///< what is carried becomes the step's own
   void (*zero)(void*) = nullptr;
   bool (*isModified)(void const*) = nullptr;
@@ -222,6 +224,12 @@ template <class M> constexpr cls_MemberOps cls_MakeOps() {
     ops.propagate = [](void* m, std::string_view name) { Traits::Propagate(*static_cast<M*>(m), name); };
     ops.modify = [](void* m, void const* own, std::string_view name) {
       Traits::Modify(*static_cast<M*>(m), *static_cast<M const*>(own), name);
+    };
+    ops.isMerged = [](void const* own, void const* source, std::string_view name) {
+      M made = *static_cast<M const*>(source);
+      Traits::Propagate(made, name);
+      Traits::Modify(made, *static_cast<M const*>(own), name);
+      return Traits::Equal(made, *static_cast<M const*>(own));
     };
     ops.takeOver = [](void* m) { Traits::TakeOver(*static_cast<M*>(m)); };
     ops.zero = [](void* m) { Traits::Zero(*static_cast<M*>(m)); };

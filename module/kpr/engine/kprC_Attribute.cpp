@@ -96,8 +96,16 @@ void kprC_Attribute::AssertTarget(std::size_t to) const {
   for (auto const& target : Family().targets) { Family().Assert((target.procedures & bit) == 0, target.refusal); }
 }
 
+template <class Fn> void kprC_Attribute::EditRecords(Fn&& edit) {
+  bool const passed = checked_ && !suppress_;
+  Edit([&] {
+    passed_ = passed;
+    edit();
+  });
+}
+
 template <class Fn> void kprC_Attribute::Edit(Fn&& edit) {
-  checked_ = false;
+  checked_ = passed_ = false;
   if (!Family().onCopy) { return edit(); }
   kprC_History const states = States();
   bool const suppressed = suppress_;
@@ -129,7 +137,7 @@ bool kprC_Attribute::PutState(cow_String const& step, kprC_State const& state) {
   }
   std::size_t const index = states.Find(step.View());
   if (index == npos) { return false; }
-  Edit([&] {
+  EditRecords([&] {
     // the create step stays the create step, also where it was switched off
     Status_ const status = states.IsCreateStep(index) ? Status_::Created : states.Status(index);
     bool const off = copy->SwitchedOff();
@@ -163,7 +171,7 @@ bool kprC_Attribute::SetInStep(cow_String const& step, kprC_Arguments const& mem
 
 bool kprC_Attribute::Remove(cow_String const& step) {
   if (!IsMember(step)) { return false; }
-  Edit([&] {
+  EditRecords([&] {
     std::size_t const index = Known(step);
     States().Clear(index, index + 1);
     Sync();
@@ -185,7 +193,7 @@ void kprC_Attribute::Perform(kprC_Operation const& operation, cow_String const& 
     return Edit([&] { MoveRecord(operation, asked); });
   }
   if (!Ask(operation.tests, asked)) { return; }
-  Edit([&] {
+  EditRecords([&] {
     if (operation.effect == kprC_Effect::SwitchOff) {
       SwitchOff(asked.index);
     } else {
@@ -197,11 +205,7 @@ void kprC_Attribute::Perform(kprC_Operation const& operation, cow_String const& 
 
 void kprC_Attribute::SwitchOff(std::size_t index) {
   kprC_History& states = States();
-  cow_Handle<kprC_State> state = states.StateHandle(index);
-  kprC_State& off = state.Get();
-  off.SetSwitchedOff(true);
-  off.NewUid();
-  states.Set(index, states.Status(index), std::move(state), true);
+  states.Set(index, states.Status(index), states.OffHandle(index), true);
 }
 
 void kprC_Attribute::MoveRecord(kprC_Operation const& operation, Asked& asked) {
@@ -251,34 +255,36 @@ cow_Handle<kprC_Carrying> kprC_Attribute::Carrying() const {
   return carrying;
 }
 
-void kprC_Attribute::FormHistory() {
+kprC_History::Span kprC_Attribute::FormHistory() {
   States().SetCarrying(Carrying());
-  States().Form();
-  if (!CarriedByValues()) { return; }
+  Span changed = States().Form();
+  if (!CarriedByValues()) { return changed; }
   States().SetCarrying(Carrying());  // the creation may be another one now
-  States().Form();
+  changed.Add(States().Form());
+  return changed;
 }
 
 void kprC_Attribute::Sync() {
-  FormHistory();
-  AssertValid();
+  Span const changed = FormHistory();
+  AssertRecords(passed_ && !LooksAtSteps() && !CarriedByValues() ? changed : Span::All());
   checked_ = true;
 }
 
-void kprC_Attribute::AssertValid() const {
+void kprC_Attribute::AssertValid() const { AssertRecords(Span::All()); }
+
+void kprC_Attribute::AssertRecords(Span steps) const {
   if (suppress_) { return; }
-  AssertSteps();
+  AssertMembers();
+  AssertSteps(steps);
   AssertWhole();
-  ForEachOwnEditable([this](std::size_t index, kprC_State const& state) { AssertOwnState(state, index); });
+  ForEachOwnEditable([this](std::size_t index, kprC_State const& state) { AssertOwnState(state, index); }, steps);
 }
 
-void kprC_Attribute::AssertSteps() const {
-  if (Steps().HasType(kprC_annealStepType)) {
-    ForEachOwnEditable([this](std::size_t index, kprC_State const&) {
-      Family().Assert(Steps().ProcedureType(index) != kprC_annealStepType, Family().anneal);
-    });
-  }
-  States().ForEachOwn([this](std::size_t index, kprC_History::Own const& own) {
+void kprC_Attribute::AssertSteps(Span steps) const {
+  ForEachOwnEditable([this](std::size_t index,
+                            kprC_State const&) { Family().Assert(Steps().ProcedureType(index) != kprC_annealStepType, Family().anneal); },
+                     steps);
+  States().ForEachOwn(steps, [this](std::size_t index, kprC_History::Own const& own) {
     if (!own.state || !Is(own.status, kprC_Editable)) { return; }
     bool const carried = own.status != Status_::Created;
     Family().Assert(Admits(Steps().Facts(index), carried), Family().createNotAdmitted);

@@ -55,7 +55,7 @@ public:
   /// admit in which it is; then what the type refuses of itself and of its states. The family says for which statuses a
   /// step is asked; what is carried rests where its type is not admitted and holds nothing that its source does not, so
   /// that the own records are the ones to ask.
-  void AssertValid() const override;
+  void AssertValid() const final;
 
   /// Empties the record of a step whose procedure is being replaced: no state, no procedure, status 0. Refused for the
   /// create step. The history is formed when the new sequence is handed over.
@@ -79,16 +79,20 @@ protected:
   /// Forms the history: statuses and carried states of all records, and then the check of every record.
   virtual void Sync();
 
-  /// Calls \p fn(index, state) with every own record whose status is an editable one.
-  template <class Fn> void ForEachOwnEditable(Fn&& fn) const {
-    States().ForEachOwn([&](std::size_t index, kprC_History::Own const& own) {
+  using Span = kprC_History::Span;
+  /// Calls \p fn(index, state) with every own record of \p steps whose status is an editable one.
+  template <class Fn> void ForEachOwnEditable(Fn&& fn, Span steps = Span::All()) const {
+    States().ForEachOwn(steps, [&](std::size_t index, kprC_History::Own const& own) {
       if (own.state && Is(own.status, kprC_Editable)) { fn(index, *own.state); }
     });
   }
 
   /// The part of AssertValid that asks the steps alone.
-  void AssertSteps() const;
-  /// What the type refuses of itself as a whole, and of a state in force; \p index is that of its step.
+  void AssertSteps(Span steps = Span::All()) const;
+  /// What the family refuses of the attribute's own members, before anything else.
+  virtual void AssertMembers() const {}
+  /// What the type refuses of itself as a whole, and of a state in force; \p index is that of its step. What it refuses of a
+  /// state depends on that, its status and its step, and on nothing that another record says unless LooksAtSteps says so.
   virtual void AssertWhole() const {}
   virtual void AssertOwnState(kprC_State const& /*state*/, std::size_t /*index*/) const {}
   /// What the type refuses of an operation before anything changes; \p to is \p index unless it is a move. Asked where the family's
@@ -109,9 +113,11 @@ protected:
   virtual cow_Handle<kprC_Carrying> Carrying() const;
 
   bool Is(mdl_PropagationStatusEnm status, unsigned trait) const { return Family().Is(status, trait); }
-  void FormHistory();
+  /// Answers which steps hold the own records that are not what they were.
+  Span FormHistory();
 
   bool suppress_ = false;
+  bool passed_ = false;  // while EditRecords runs: AssertValid had passed before it
 
 private:
   struct Asked;
@@ -125,6 +131,10 @@ private:
   std::size_t Known(cow_String const& step) const;
   /// Runs what changes the attribute and may be refused late.
   template <class Fn> void Edit(Fn&& edit);
+  /// The same for what changes records alone: others that have passed the check before are not asked again.
+  template <class Fn> void EditRecords(Fn&& edit);
+  /// AssertValid, of records as far as they stand in \p steps.
+  void AssertRecords(Span steps) const;
 
   void Initialize(kprC_StepTable const& steps) override;
   void InitializeStateValues(kprC_StepTable const& steps) override;

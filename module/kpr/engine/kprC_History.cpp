@@ -50,27 +50,15 @@ struct kprC_History::Loans {
   std::map<Number, Loan> bySteps;
 };
 
-kprC_History::kprC_History(kprC_Family const& family) : family_(&family) {}
-kprC_History::kprC_History(kprC_History const& other)
-    : family_(other.family_),
-      steps_(other.steps_),
-      body_(other.body_),
-      uid_(other.uid_),
-      carrying_(other.carrying_),
-      firstTouched_(other.firstTouched_),
-      lastTouched_(other.lastTouched_) {
+kprC_History::kprC_History(kprC_Family const& family) : body_(cow_Handle<Body>::Make(family)) {}
+kprC_History::kprC_History(kprC_History const& other) : steps_(other.steps_), body_(other.body_) {
   if (!other.loans_) { return; }
   for (auto const& [step, loan] : other.loans_->bySteps) { Take(loan); }
 }
 kprC_History::kprC_History(kprC_History&& other) noexcept = default;
 kprC_History& kprC_History::operator=(kprC_History other) noexcept {
-  std::swap(family_, other.family_);
   std::swap(steps_, other.steps_);
   std::swap(body_, other.body_);
-  std::swap(uid_, other.uid_);
-  std::swap(carrying_, other.carrying_);
-  std::swap(firstTouched_, other.firstTouched_);
-  std::swap(lastTouched_, other.lastTouched_);
   if (loans_) { RefreshLoans(); }
   return *this;
 }
@@ -81,7 +69,7 @@ kprC_Record& kprC_History::Lend(std::size_t index) {
   Number const step = steps_.NumberOf(index);
   auto lent = loans_->bySteps.find(step);
   if (lent == loans_->bySteps.end()) {
-    Loan loan{step, family_->makeRecord(), Status(index), StateHandle(index)};
+    Loan loan{step, Family().makeRecord(), Status(index), StateHandle(index)};
     loan.record->Take(steps_[index], loan.status, loan.state, RecordUid(index));
     lent = loans_->bySteps.emplace(step, std::move(loan)).first;
   }
@@ -120,7 +108,8 @@ void kprC_History::RefreshLoans() {
     if (index == npos) { continue; }  // gone with its step, but whoever holds it may still look at it
     Record const now = Look(index);
     loan.status = now.status;
-    loan.state = now.state == nullptr ? Handle() : Handle::Sharing(*now.state);
+    kprC_State const* const state = StateOf(now);
+    loan.state = state == nullptr ? Handle() : Handle::Sharing(*state);
     loan.record->Take(steps_[index], loan.status, loan.state, RecordUid(index));
   }
 }
@@ -156,9 +145,18 @@ kprC_History::Handle kprC_History::StateHandle(std::size_t index) const {
   return state == nullptr ? Handle() : Handle::Sharing(*state);
 }
 
+kprC_History::Handle kprC_History::OffHandle(std::size_t index) const {
+  Record const record = Look(index);
+  if (record.source != nullptr) { return Handle::Sharing(Carry(*record.source, true)); }
+  auto off = kprC_Duplicate(*record.state);
+  off->SetSwitchedOff(true);
+  off->NewUid();
+  return Handle(std::move(off));
+}
+
 cls_Uid kprC_History::RecordUid(std::size_t index) const {
   constexpr std::uint64_t kOfAStep = std::uint64_t{1} << 62;  // keeps clear of the parts 0 and all ones, which mean something else
-  return cls_Uid::OfElement(uid_, std::hash<std::string_view>{}(steps_.Name(index).View()) / 4 | kOfAStep);
+  return cls_Uid::OfElement(Uid(), std::hash<std::string_view>{}(steps_.Name(index).View()) / 4 | kOfAStep);
 }
 
 std::size_t kprC_History::CreateStep() const {
@@ -183,12 +181,12 @@ kprC_State const& kprC_History::Carry(Own const& source, bool off, Handle const&
 kprC_History::Record kprC_History::Carried(Own const& own, std::size_t index) const {
   kprC_PassTable const& pass = Pass();
   kprC_StepFacts const step = steps_.Facts(index);
-  kprC_StepKind const kind = family_->kind(step.procedureType);
+  kprC_StepKind const kind = Family().kind(step.procedureType);
   Own const* const found = own.source == own.step ? &own : FindOwn(own.source);
   Own const& source = found == nullptr || !found->state ? own : *found;  // one that went is missed until the next pass
   bool const modal = kind == kprC_StepKind::Modal;
   bool const off = own.base == Base::Off;
-  auto const carry = [&](Status_ status, bool isOff) { return Record{status, &Carry(source, isOff)}; };
+  auto const carry = [&](Status_ status, bool isOff) { return Record{status, nullptr, &source, isOff}; };
   // the status in the last frequency step, as far as that says something of its own
   auto const inFrequency = [&] {
     Number const frequency = steps_.LastBefore(index, kprC_frequencyStepType);
@@ -206,17 +204,6 @@ kprC_History::Record kprC_History::Carried(Own const& own, std::size_t index) co
 }
 
 // ---- changing
-
-std::vector<kprC_History::Own>& kprC_History::Owns() {
-  if (!body_) { body_ = cow_Handle<Body>::Make(); }
-  return body_.Get().own;
-}
-
-void kprC_History::Touch(Number first, Number last) {
-  bool const nothing = firstTouched_ > lastTouched_;
-  firstTouched_ = nothing ? first : std::min(firstTouched_, first);
-  lastTouched_ = nothing ? last : std::max(lastTouched_, last);
-}
 
 void kprC_History::Put(Own own) {
   Number const step = own.step;
@@ -323,18 +310,19 @@ bool kprC_History::Redirect(cls_Redirection const& to) {
 }
 
 void kprC_History::SetCarrying(cow_Handle<kprC_Carrying> const& carrying) {
-  if (carrying_ == carrying || (carrying_ && carrying_->Equals(*carrying))) { return; }
+  auto const& present = body_->carrying;
+  if (present == carrying || (present && present->Equals(*carrying))) { return; }
   TouchAll();
-  carrying_ = carrying;
+  body_.Get().carrying = carrying;
 }
 
-void kprC_History::Form() {
+kprC_History::Span kprC_History::Form() {
   TakeBackLoans();
-  if (firstTouched_ > lastTouched_) { return; }
-  kprC_Propagator(*this).Run();
-  firstTouched_ = ~Number{0};
-  lastTouched_ = 0;
+  if (body_->touched.IsEmpty()) { return {}; }
+  Span const changed = kprC_Propagator(*this).Run();
+  body_.Get().touched = {};
   RefreshLoans();
+  return changed;
 }
 
 // ---- storing
@@ -348,28 +336,26 @@ void kprC_History::Write(cls_WriteVisitor const& out, std::string_view name) con
     for (Own const& own : owns) {
       if (!isTold(own)) { continue; }
       std::size_t const index = steps_.Position(own.step);
-      family_->writeRecord(out, {steps_.Name(index), own.status, own.state, nullptr},
+      Family().writeRecord(out, {steps_.Name(index), own.status, own.state, nullptr},
                            RecordUid(index));  // the sequence tells the procedure
     }
   } else {
     out.StartList(name, Size());
     for (std::size_t i = 0; i < Size(); ++i) {
-      Record const record = Look(i);
-      Handle const state = record.state == nullptr ? Handle() : Handle::Sharing(*record.state);
-      family_->writeRecord(out, {steps_.Name(i), record.status, state, steps_[i].procedure}, RecordUid(i));
+      Family().writeRecord(out, {steps_.Name(i), Status(i), StateHandle(i), steps_[i].procedure}, RecordUid(i));
     }
   }
   out.EndList();
 }
 
 void kprC_History::Read(cls_ReadVisitor const& in, std::string_view name) {
-  kprC_History read(*family_);
+  kprC_History read(Family());
   kprC_StepSequence steps;
   std::vector<std::pair<std::size_t, Stored>> told;
   std::size_t const count = in.StartList(name);
   for (std::size_t i = 0; i < count; ++i) {
     Stored record;
-    in.ReadNested("", [&](cls_ReadVisitor const& nested) { record = family_->readRecord(nested); });
+    in.ReadNested("", [&](cls_ReadVisitor const& nested) { record = Family().readRecord(nested); });
     steps.Append(kprC_StepNameProcedurePair(record.stepName, record.procedure));
     if (record.state) {
       told.emplace_back(i, std::move(record));

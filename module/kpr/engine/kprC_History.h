@@ -60,6 +60,20 @@ public:
   using Stored = kprC_Family::Stored;
   static constexpr std::size_t npos = kprC_StepTable::npos;
 
+  /// Steps between two numbers, both included.
+  struct Span {
+    Number first = ~Number{0}, last = 0;
+
+    static constexpr Span All() { return {0, ~Number{0}}; }
+    bool IsEmpty() const { return first > last; }
+    bool Holds(Number step) const { return step >= first && step <= last; }
+    /// Reaches over \p other too.
+    void Add(Span other) {
+      first = std::min(first, other.first);
+      last = std::max(last, other.last);
+    }
+  };
+
   /// The base state of perturbation steps as the last general step left it.
   enum class Base : std::uint8_t { None, On, Off };
 
@@ -84,15 +98,17 @@ public:
   kprC_History& operator=(kprC_History other) noexcept;
   ~kprC_History();
 
-  kprC_Family const& Family() const { return *family_; }
+  kprC_Family const& Family() const { return *body_->family; }
   kprC_StepTable const& Steps() const { return steps_; }
   std::size_t Size() const { return steps_.Size(); }
   std::size_t Find(std::string_view step) const { return steps_.Find(step); }
   Status_ Status(std::size_t index) const { return Look(index).status; }
   /// Null before the create step.
-  kprC_State const* State(std::size_t index) const { return Look(index).state; }
+  kprC_State const* State(std::size_t index) const { return StateOf(Look(index)); }
   /// The state to be shared; makes no copy.
   Handle StateHandle(std::size_t index) const;
+  /// The same switched off.
+  Handle OffHandle(std::size_t index) const;
   /// Identity of the record: that of the step's name in this list, so that it stays when the sequence is handed over again.
   cls_Uid RecordUid(std::size_t index) const;
   /// Position of the first record that holds a state, or npos.
@@ -103,20 +119,19 @@ public:
   /// is null before the creation. Costs what the own records and the changes of procedure cost, not a look-up per record.
   template <class Fn> void ForEachRun(Fn&& fn) const;
   /// Calls \p fn(index, own) for every own record in step order. The first emptied ones hold no state.
-  template <class Fn> void ForEachOwn(Fn&& fn) const {
-    std::size_t next = 0;  // own records often stand side by side
-    for (Own const& own : OwnRecords()) {
-      std::size_t const index = next < Size() && steps_.NumberOf(next) == own.step ? next : steps_.Position(own.step);
-      fn(index, own);
-      next = index + 1;
-    }
+  template <class Fn> void ForEachOwn(Fn&& fn) const { ForEachOwn(Span::All(), fn); }
+  /// The same for those of \p steps.
+  template <class Fn> void ForEachOwn(Span steps, Fn&& fn) const {
+    auto const& owns = OwnRecords();
+    auto own = std::ranges::lower_bound(owns, steps.first, {}, &Own::step);
+    for (; own != owns.end() && own->step <= steps.last; ++own) { fn(steps_.Position(own->step), *own); }
   }
   std::size_t OwnCount() const { return OwnRecords().size(); }
   /// Whether the step says something of its own.
   bool HasOwn(std::size_t index) const { return FindOwn(steps_.NumberOf(index)) != nullptr; }
 
-  cls_Uid const& Uid() const { return uid_; }
-  void NewUid() { uid_ = cls_Uid::AllocateUid(); }
+  cls_Uid const& Uid() const { return body_->uid; }
+  void NewUid() { body_.Get().uid = cls_Uid::AllocateUid(); }
 
   // Changes. Each leaves the records behind as they were carried before: Form is due.
 
@@ -137,10 +152,11 @@ public:
   /// How the attribute is carried. Another answer has the whole history formed anew.
   void SetCarrying(cow_Handle<kprC_Carrying> const& carrying);
   /// Gives every record the status and the state that follow from the own records, from the first change on and as far
-  /// as it reaches. A second pass changes nothing.
-  void Form();
+  /// as it reaches. A second pass changes nothing. Answers which steps hold the own records that were touched or are not what
+  /// they were.
+  Span Form();
   /// Whether a change waits for Form.
-  bool IsFormed() const { return firstTouched_ > lastTouched_ && !Lent(); }
+  bool IsFormed() const { return body_->touched.IsEmpty() && !Lent(); }
 
   /// The record of a step, lent to somebody who may change it: what he changes becomes the step's own, and shows at once;
   /// nothing else follows before the next pass. Good until the history goes, and kept up to date.
@@ -154,32 +170,40 @@ public:
 private:
   friend class kprC_Propagator;
   struct Body : mem_Counted {
+    explicit Body(kprC_Family const& of) : family(&of) {}
+    kprC_Family const* family;
+    cls_Uid uid = cls_Uid::AllocateUid();
     std::vector<Own> own;
+    cow_Handle<kprC_Carrying> carrying;
+    Span touched;  // what Form has to look at
   };
+  /// A status, and where the state is: \p state, or what \p source carries.
   struct Record {
     Status_ status;
-    kprC_State const* state;
+    kprC_State const* state = nullptr;
+    Own const* source = nullptr;
+    bool off = false;
   };
+  kprC_State const* StateOf(Record const& record) const {
+    return record.source == nullptr ? record.state : &Carry(*record.source, record.off);
+  }
   struct Loan;
   struct Loans;
 
-  std::vector<Own>& Owns();
-  std::vector<Own> const& OwnRecords() const {
-    static std::vector<Own> const none;
-    return body_ ? body_->own : none;
-  }
+  std::vector<Own>& Owns() { return body_.Get().own; }
+  std::vector<Own> const& OwnRecords() const { return body_->own; }
   Own const* FindOwn(Number step) const;
-  void Touch(Number first, Number last);
+  void Touch(Number first, Number last) { body_.Get().touched.Add({first, last}); }
   void TouchAll() { Touch(0, ~Number{0}); }
   void Put(Own own);
 
   // until the first pass nothing is known of how the attribute is carried
-  kprC_PassTable const& Pass() const { return carrying_ ? *carrying_->pass : family_->pass; }
-  bool IsCarriedInto(kprC_StepFacts step) const { return carrying_ && carrying_->admitted.Contains(step); }
+  kprC_PassTable const& Pass() const { return body_->carrying ? *body_->carrying->pass : Family().pass; }
+  bool IsCarriedInto(kprC_StepFacts step) const { return body_->carrying && body_->carrying->admitted.Contains(step); }
   /// The status in a step that the attribute is not carried into; \p untouched: in force as the initial step created it.
   Status_ PassedOver(kprC_StepFacts step, bool untouched) const {
-    bool const kept =
-        untouched && family_->kind(step.procedureType) == kprC_StepKind::General && carrying_ && carrying_->kept.Contains(step);
+    auto const& carrying = body_->carrying;
+    bool const kept = untouched && Family().kind(step.procedureType) == kprC_StepKind::General && carrying && carrying->kept.Contains(step);
     return kept ? Pass().keptFromInitial : Pass().notAdmitted;
   }
   Record Look(std::size_t index) const;
@@ -193,12 +217,9 @@ private:
   void TakeBackLoans();
   void RefreshLoans();
 
-  kprC_Family const* family_;
+  // a step that comes or goes elsewhere costs an attribute a copy of these words
   kprC_StepTable steps_;
   cow_Handle<Body> body_;
-  cls_Uid uid_ = cls_Uid::AllocateUid();
-  cow_Handle<kprC_Carrying> carrying_;
-  Number firstTouched_ = ~Number{0}, lastTouched_ = 0;  // what Form has to look at
   std::unique_ptr<Loans> loans_;
 };
 
@@ -215,7 +236,7 @@ template <class Fn> void kprC_History::ForEachRun(Fn&& fn) const {
     while (at < end) {
       std::size_t const next = std::min(end, steps_.SegmentEnd(at));
       Record const record = Carried(*before, at);
-      fn(at, next, record.status, record.state);
+      fn(at, next, record.status, StateOf(record));
       at = next;
     }
   };

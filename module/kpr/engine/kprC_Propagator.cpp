@@ -31,9 +31,11 @@ kprC_Propagator::Kind kprC_Propagator::Classify(Own const& own) {
   return IsModified(*own.state) ? Kind::Change : Kind::Carried;
 }
 
-void kprC_Propagator::Run() {
+kprC_History::Span kprC_Propagator::Run() {
+  kprC_History::Span const touched = history_.body_->touched;
+  kprC_History::Span changed = touched;
   auto& owns = history_.Owns();
-  auto const from = std::ranges::lower_bound(owns, history_.firstTouched_, {}, &Own::step);
+  auto const from = std::ranges::lower_bound(owns, touched.first, {}, &Own::step);
   std::size_t kept = static_cast<std::size_t>(from - owns.begin());
   if (kept > 0) {
     Own const& before = owns[kept - 1];
@@ -46,12 +48,12 @@ void kprC_Propagator::Run() {
     Handle const state = own.state;
     Status const status = own.status;
     if (!Take(own)) { continue; }
-    bool const touched = own.step >= history_.firstTouched_ && own.step <= history_.lastTouched_;
-    bool const sameState = own.state == state && !touched;
+    bool const sameState = own.state == state && !touched.Holds(own.step);
     bool const sameCarry = own.source == source_->step && own.base == base_ && own.untouched == untouched_;
     if (source_ == &own) { sourceChanged_ = !sameState; }
-    bool const settled =
-        kept == at && own.step > history_.lastTouched_ && sameState && sameCarry && own.status == status && !sourceChanged_;
+    bool const same = sameState && own.status == status;
+    bool const settled = kept == at && own.step > touched.last && same && sameCarry && !sourceChanged_;
+    if (!same) { changed.Add({own.step, own.step}); }
     own.source = source_->step;
     own.base = base_;
     own.untouched = untouched_;
@@ -61,9 +63,10 @@ void kprC_Propagator::Run() {
       if (isSource) { source_ = &owns[kept]; }
     }
     ++kept;
-    if (settled) { return; }
+    if (settled) { return changed; }
   }
   owns.erase(owns.begin() + static_cast<std::ptrdiff_t>(kept), owns.end());
+  return changed;
 }
 
 bool kprC_Propagator::Take(Own& own) {
@@ -71,7 +74,7 @@ bool kprC_Propagator::Take(Own& own) {
   if (kind == Kind::Carried) { return false; }
   std::size_t const index = history_.steps_.Position(own.step);
   kprC_StepFacts const step = history_.steps_.Facts(index);
-  kprC_StepKind const stepKind = history_.family_->kind(step.procedureType);
+  kprC_StepKind const stepKind = history_.Family().kind(step.procedureType);
   if (source_ == nullptr) {
     Create(own, stepKind, history_.steps_.IsInitial(index));
     return true;
@@ -148,6 +151,7 @@ kprC_Propagator::Handle kprC_Propagator::Plain(bool off, Handle const& present) 
 }
 
 kprC_Propagator::Handle kprC_Propagator::Merged(Handle const& own, bool off) const {
+  if (!off && own->IsMergedOnto(*source_->state)) { return own; }
   auto made = kprC_Duplicate(*source_->state);
   made->Propagate();
   if (own->SwitchedOff()) {  // a state that is off takes nothing over

@@ -8,7 +8,8 @@
 class DDB_API kprC_Propagator {
 public:
   explicit kprC_Propagator(kprC_History& history) : history_(history) {}
-  void Run();
+  /// Answers which steps hold the own records that were touched or are not what they were.
+  kprC_History::Span Run();
 
 private:
   using Own = kprC_History::Own;

@@ -21,6 +21,16 @@ void kprC_State::Modify(kprC_State const& own) {
   }
 }
 
+bool kprC_State::IsMergedOnto(kprC_State const& source) const {
+  if (switchedOff_ || source.DynTypeId() != DynTypeId()) { return false; }
+  return std::ranges::all_of(MemberRows(), [&](cls_MemberRow const& row) {
+    void const* const own = row.In(static_cast<void const*>(this));
+    void const* const other = row.In(static_cast<void const*>(&source));
+    if (own == &switchedOff_) { return true; }
+    return row.ops->isMerged != nullptr ? row.ops->isMerged(own, other, row.name) : row.ops->equal(own, other);
+  });
+}
+
 void kprC_State::Propagate() {
   ForEachCarried(*this, [](cls_MemberRow const& row, void* member) { row.ops->propagate(member, row.name); });
 }
@@ -34,13 +44,13 @@ void kprC_State::Zero() {
 }
 
 bool kprC_State::IsModified() const {
-  bool modified = false;
-  ForEachCarried(*this, [&](cls_MemberRow const& row, void const* member) { modified = modified || row.ops->isModified(member); });
-  return modified;
+  return std::ranges::any_of(MemberRows(), [this](cls_MemberRow const& row) {
+    return row.ops->isModified != nullptr && row.ops->isModified(row.In(static_cast<void const*>(this)));
+  });
 }
 
 bool kprC_State::IsConditionModified() const {
-  bool modified = false;
-  ForEachCarried(*this, [&](cls_MemberRow const& row, void const* member) { modified = modified || row.ops->isConditionModified(member); });
-  return modified;
+  return std::ranges::any_of(MemberRows(), [this](cls_MemberRow const& row) {
+    return row.ops->isConditionModified != nullptr && row.ops->isConditionModified(row.In(static_cast<void const*>(this)));
+  });
 }

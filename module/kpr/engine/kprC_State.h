@@ -15,6 +15,8 @@ public:
   /// Merges \p own, of the same class, onto this state: the flag is taken, and unless it is set every member that
   /// \p own sets or frees.
   virtual void Modify(kprC_State const& own);
+  /// Whether this, which is on, is already what comes of merging it onto what \p source gives on.
+  bool IsMergedOnto(kprC_State const& source) const;
   /// Turns this state into what the next step carries.
   virtual void Propagate();
   /// Makes what is in force here the state's own, for a creation that takes the place of one that went.

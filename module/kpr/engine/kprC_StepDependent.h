@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "module/kpr/engine/kprC_StepTable.h"
+#include "platform/BasicUtils/cls_Shared.h"
 #include "platform/BasicUtils/cow_1DArrayList.h"
 #include "platform/BasicUtils/cow_List.h"
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
@@ -103,9 +104,6 @@ public:
   /// Whether load cases take the type: "yes", "no", "not yet"; empty in a family that has nothing to do with them.
   virtual std::string LoadCaseText() const { return {}; }
 
-protected:
-  bool checked_ = false;  // AssertValid has passed since the last change
-
 private:
   friend class kprC_StepAwareRepository;
 
@@ -133,4 +131,7 @@ private:
 
   cow_String name_;                   // the key in the repository, not a stored member
   unsigned long long changedAt_ = 0;  // the repository's time of its last change
+
+protected:
+  bool checked_ = false;  // AssertValid has passed since the last change
 };
