@@ -48,8 +48,7 @@ Arguments::Arguments(Json const& command, Subject& subject) : command_(command),
                 R"(For example {"command": "undo"}.)");
   }
   subject.command = Text(kCommand);
-  taken_.emplace_back(kDryRun);
-  if (Json const* dryRun = Find(kDryRun)) {
+  if (Json const* dryRun = Take(kDryRun)) {
     if (!dryRun->is_boolean()) { RefuseValue(subject, "\"dryRun\" is true or false, not " + Described(*dryRun) + "."); }
     dryRun_ = dryRun->get<bool>();
   }
@@ -60,7 +59,13 @@ Json const* Arguments::Find(std::string_view name) const {
   return found == command_.end() ? nullptr : &*found;
 }
 
-std::string Arguments::AsText(std::string_view name, Json const& value) const {
+Json const* Arguments::Take(std::string_view name) {
+  Json const* const value = Find(name);
+  if (value != nullptr) { taken_.push_back(value); }
+  return value;
+}
+
+std::string const& Arguments::AsText(std::string_view name, Json const& value) const {
   if (!value.is_string()) { RefuseValue(subject_, Quoted(name) + " is a text, not " + Described(value) + "."); }
   auto const& text = value.get_ref<std::string const&>();
   if (!IsUtf8(text)) { RefuseValue(subject_, Quoted(name) + " is not UTF-8: " + Quoted(text) + "."); }
@@ -68,8 +73,7 @@ std::string Arguments::AsText(std::string_view name, Json const& value) const {
 }
 
 std::optional<std::string> Arguments::OptionalText(std::string_view name) {
-  taken_.emplace_back(name);
-  Json const* value = Find(name);
+  Json const* const value = Take(name);
   if (value == nullptr) { return std::nullopt; }
   return AsText(name, *value);
 }
@@ -91,8 +95,9 @@ cow_String Arguments::Name(std::string_view name) {
 
 kprC_Arguments Arguments::Rest() const {
   kprC_Arguments rest;
-  for (auto const& [name, value] : command_.items()) {
-    if (std::ranges::find(taken_, name) != taken_.end()) { continue; }
+  rest.reserve(command_.size() - taken_.size());
+  for (auto const& [name, value] : command_.get_ref<Json::object_t const&>()) {
+    if (std::ranges::find(taken_, &value) != taken_.end()) { continue; }
     if (value.is_string()) { AsText(name, value); }
     rest.emplace_back(name, ToValue(value));
   }

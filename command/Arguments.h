@@ -46,11 +46,13 @@ public:
 
 private:
   Json const* Find(std::string_view name) const;
-  std::string AsText(std::string_view name, Json const& value) const;
+  /// The same, and nobody else asks for it.
+  Json const* Take(std::string_view name);
+  std::string const& AsText(std::string_view name, Json const& value) const;
 
   Json const& command_;
   Subject& subject_;
-  std::vector<std::string> taken_;
+  std::vector<Json const*> taken_;  // of command_
   bool dryRun_ = false;
 };
 

@@ -43,10 +43,10 @@ Members Sorted(Call& call, std::vector<MemberArgument> ownArguments, cls_Object 
   for (auto& [name, value] : call.arguments.Rest()) {
     if (MemberArgument const* own = FindArgument(members.ownArguments, name)) {
       FitNull(*own->info, value);
-      members.own.emplace_back(name, value);
+      members.own.emplace_back(std::move(name), std::move(value));
     } else if (MemberArgument const* ofState = FindArgument(members.stateArguments, name)) {
       FitNull(*ofState->info, value);
-      members.state.emplace_back(name, value);
+      members.state.emplace_back(std::move(name), std::move(value));
     } else {
       std::vector<std::string> known = ArgumentNames(members.ownArguments);
       for (std::string const& other : ArgumentNames(members.stateArguments)) { known.push_back(other); }
@@ -162,10 +162,10 @@ std::vector<CommandInfo> AttributeConstructions() {
 bool ConstructAttribute(Call& call) {
   std::unique_ptr<kprC_StepDependent> item;
   cow_String family;
-  ForEachRepository(std::as_const(call.model), [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
-    if (item) { return; }
+  FindRepository(std::as_const(call.model), [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     item = repository.Construct(call.arguments.Command());
     family = extension;
+    return item != nullptr;
   });
   if (!item) { return false; }
   auto const& repository = std::as_const(call.model).ConstGet<kprC_StepAwareRepository>(family);

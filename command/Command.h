@@ -133,11 +133,20 @@ std::vector<std::string> ObjectKinds(ddr_Model const& model);
 /// Runs a command on the object that it names; false when there is no such command.
 bool RunOnObject(Call& call);
 
+/// Calls \p is(member name, repository) for the repositories of step-dependent attributes until it says yes.
+template <class Is> bool FindRepository(ddr_Model const& model, Is&& is) {
+  for (auto const& [member, extension] : model.Extensions()) {
+    auto const* repository = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet());
+    if (repository != nullptr && is(member, *repository)) { return true; }
+  }
+  return false;
+}
 /// Calls \p visit(member name, repository) for every repository of step-dependent attributes.
 template <class Visit> void ForEachRepository(ddr_Model const& model, Visit&& visit) {
-  for (auto const& [member, extension] : model.Extensions()) {
-    if (auto const* repository = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet())) { visit(member, *repository); }
-  }
+  FindRepository(model, [&visit](cow_String const& member, kprC_StepAwareRepository const& repository) {
+    visit(member, repository);
+    return false;
+  });
 }
 
 /// The names of a list as texts.

@@ -54,7 +54,9 @@ bool IsStateWord(std::string_view text) { return text == "UNSET" || text == "FRE
 
 std::vector<MemberArgument> MemberArguments(cls_Object const& object) {
   std::vector<MemberArgument> arguments;
-  for (cls_MemberInfo const& info : ClassOf(object).members) {
+  auto const& members = ClassOf(object).members;
+  arguments.reserve(members.size());
+  for (cls_MemberInfo const& info : members) {
     if (info.settable) { arguments.push_back({info.command, &info}); }
   }
   return arguments;
@@ -68,7 +70,7 @@ MemberArgument const* FindArgument(std::vector<MemberArgument> const& arguments,
 std::vector<std::string> ArgumentNames(std::vector<MemberArgument> const& arguments) {
   std::vector<std::string> names;
   names.reserve(arguments.size());
-  for (MemberArgument const& argument : arguments) { names.push_back(argument.argument); }
+  for (MemberArgument const& argument : arguments) { names.emplace_back(argument.argument); }
   return names;
 }
 
@@ -161,31 +163,27 @@ void SetMembers(Subject& subject, cls_Object& object, std::vector<MemberArgument
   });
 }
 
-void ExplainValues(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable, kprC_Arguments const& members,
-                   std::function<void()> const& set) {
-  try {
-    set();
-  } catch (std::exception const& error) {
-    std::unique_ptr<cls_Object> const trial = object.Copy();
-    for (auto const& [name, value] : members) {
-      MemberArgument const* argument = FindArgument(settable, name);
-      if (argument == nullptr || Takes(*trial, argument->info->name, value)) { continue; }
-      if (RefusalOf(error).code < 0) { RefuseMember(subject, *argument, value, error); }
-      subject.member = name;
-      subject.atFault = true;
-      subject.hint = "Expected " + ExpectedValue(*argument->info) + ".";
-      throw;
-    }
-    auto const word = std::ranges::find_if(members, [](auto const& member) {
-      auto const* text = member.second.template As<std::string>();
-      return text != nullptr && IsStateWord(*text);
-    });
-    if (word != members.end()) {
-      subject.member = word->first;
-      if (subject.hint.empty()) { subject.hint = WordHint(*word->second.As<std::string>()); }
-    }
+void ExplainRefusal(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable, kprC_Arguments const& members,
+                    std::exception const& error) {
+  std::unique_ptr<cls_Object> const trial = object.Copy();
+  for (auto const& [name, value] : members) {
+    MemberArgument const* argument = FindArgument(settable, name);
+    if (argument == nullptr || Takes(*trial, argument->info->name, value)) { continue; }
+    if (RefusalOf(error).code < 0) { RefuseMember(subject, *argument, value, error); }
+    subject.member = name;
+    subject.atFault = true;
+    subject.hint = "Expected " + ExpectedValue(*argument->info) + ".";
     throw;
   }
+  auto const word = std::ranges::find_if(members, [](auto const& member) {
+    auto const* text = member.second.template As<std::string>();
+    return text != nullptr && IsStateWord(*text);
+  });
+  if (word != members.end()) {
+    subject.member = word->first;
+    if (subject.hint.empty()) { subject.hint = WordHint(*word->second.As<std::string>()); }
+  }
+  throw;
 }
 
 }  // namespace gattr

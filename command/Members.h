@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include <exception>
 #include <string>
 #include <string_view>
 
@@ -10,9 +10,9 @@
 /// Members of objects as arguments of commands.
 namespace gattr {
 
-/// An argument and the member that it sets.
+/// An argument, by what the class's description calls it, and the member that it sets.
 struct MemberArgument {
-  std::string argument;
+  std::string_view argument;
   cls_MemberInfo const* info = nullptr;
 };
 
@@ -41,9 +41,17 @@ void FitNull(cls_MemberInfo const& info, cls_Value& value);
 /// Sets members of \p object. An argument that is none of \p settable is refused with the nearest; a refused value with what
 /// would have fitted, under the class's own number where it has one.
 void SetMembers(Subject& subject, cls_Object& object, std::vector<MemberArgument> const& settable, kprC_Arguments members);
-/// Runs \p set; when it refuses, finds the member of \p object whose value is to blame, tells the subject, and words a
-/// refusal without a number anew.
+/// While a refusal of \p members is handled: finds the member of \p object whose value is to blame, tells the subject, and words
+/// a refusal without a number anew.
+[[noreturn]] void ExplainRefusal(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable,
+                                 kprC_Arguments const& members, std::exception const& error);
+/// Runs \p set and explains what it refuses.
+template <class Set>
 void ExplainValues(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable, kprC_Arguments const& members,
-                   std::function<void()> const& set);
+                   Set&& set) {
+  try {
+    set();
+  } catch (std::exception const& error) { ExplainRefusal(subject, object, settable, members, error); }
+}
 
 }  // namespace gattr

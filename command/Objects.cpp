@@ -49,12 +49,10 @@ bool RunOnReference(Call& call, ObjectCommand const& command, ReferenceKind cons
 }
 
 bool RunOnAttribute(Call& call, ObjectCommand const& command) {
-  bool found = false;
   ddr_Model const before = call.model;  // the target stays good while the command separates what it changes
-  ForEachRepository(before, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+  return FindRepository(before, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     std::string const kind = repository.ItemCmd();
-    if (found || !call.arguments.Has(kind)) { return; }
-    found = true;
+    if (!call.arguments.Has(kind)) { return false; }
     bool const isOperation = command.onAttribute == &PerformOnAttribute;
     bool const isKnown = isOperation ? FindOperation(repository, call.arguments.Command()) != nullptr : command.onAttribute != nullptr;
     if (!isKnown) { RefuseKind(call, kind); }
@@ -72,8 +70,8 @@ bool RunOnAttribute(Call& call, ObjectCommand const& command) {
     }
     call.touched = {false, std::string(extension.View()), {name}};
     command.onAttribute(call, {extension, repository, *item, name});
+    return true;
   });
-  return found;
 }
 
 /// The commands that every object of a kind knows; the operations of families stand beside them.
@@ -146,9 +144,10 @@ std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model) {
 bool RunOnObject(Call& call) {
   auto const common = std::ranges::find(CommonCommands(), call.arguments.Command(), &ObjectCommand::name);
   ObjectCommand const* command = common == CommonCommands().end() ? nullptr : &*common;
-  ForEachRepository(call.model, [&](auto const&, kprC_StepAwareRepository const& repository) {
-    if (command == nullptr && FindOperation(repository, call.arguments.Command()) != nullptr) { command = &OperationCommand(); }
-  });
+  auto const isOperation = [&call](auto const&, kprC_StepAwareRepository const& repository) {
+    return FindOperation(repository, call.arguments.Command()) != nullptr;
+  };
+  if (command == nullptr && FindRepository(call.model, isOperation)) { command = &OperationCommand(); }
   if (command == nullptr) { return false; }
   if (RunOnAttribute(call, *command) || RunOnStep(call, *command)) { return true; }
   // Last: "region" and "amplitude" are members of attributes too.

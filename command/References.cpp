@@ -197,8 +197,10 @@ cls_Object const& Referred(Call& call, ReferenceKind const& kind, std::string_vi
 void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, std::vector<MemberArgument> const& settable,
                        kprC_Arguments& members) {
   for (auto& [name, value] : members) {
+    MemberArgument const* const argument = FindArgument(settable, name);
+    if (argument == nullptr || (argument->info->refers == cls_Reference::None && argument->info->typeId == 0)) { continue; }
     std::string const before = std::exchange(call.subject.member, name);
-    if (MemberArgument const* argument = FindArgument(settable, name)) { Resolve(call, repository, *argument->info, value); }
+    Resolve(call, repository, *argument->info, value);
     call.subject.member = before;
   }
 }

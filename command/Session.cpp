@@ -37,8 +37,8 @@ bool SetModel(Call& call) {
 }
 
 MemberArgument SpaceArgument() {
-  std::string const space(ddr_Model::spaceCmd().View());
-  return {space, cls_MetadataRegistrar::Registrar().Find(ddr_Model::TypeId())->Find(space)};
+  cls_MemberInfo const* const space = cls_MetadataRegistrar::Registrar().Find(ddr_Model::TypeId())->Find(ddr_Model::spaceCmd());
+  return {space->command, space};
 }
 
 /// What attributes may say depends on the space: each is asked again.
@@ -46,8 +46,9 @@ bool SetModelSpace(Call& call) {
   if (call.arguments.Command() != kSetModelSpace) { return false; }
   MemberArgument const space = SpaceArgument();
   std::string const text = call.arguments.Text(space.argument);
-  call.arguments.AssertNoRest({space.argument});
-  SetMembers(call.subject, call.model, {space}, {{space.argument, text}});
+  std::string const argument(space.argument);
+  call.arguments.AssertNoRest({argument});
+  SetMembers(call.subject, call.model, {space}, {{argument, text}});
   ForEachRepository(call.model, [&](auto const&, kprC_StepAwareRepository const& repository) {
     repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
       AskOther(call, repository, name, [&] { AssertInModel(call, item); });
@@ -76,7 +77,7 @@ std::vector<std::string> CommandNames() {
 }
 
 void Run(Call& call) {
-  if (ConstructStep(call) || ConstructAttribute(call) || ConstructReference(call) || RunOnObject(call)) { return; }
+  if (RunOnObject(call) || ConstructStep(call) || ConstructAttribute(call) || ConstructReference(call)) { return; }
   if (SetModel(call) || SetModelSpace(call) || ReleaseRegions(call)) { return; }
   std::string const& command = call.arguments.Command();
   RefuseUnknown(call.subject, "There is no command " + Quoted(command) + ".", Suggestion(command, CommandNames(), "Commands"));

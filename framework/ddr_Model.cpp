@@ -16,7 +16,7 @@ mdl_Extension const* ddr_Model::ConstExtension(std::string_view member) const {
 }
 
 mdl_Extension* ddr_Model::Extension(std::string_view member) {
-  auto* found = extensions_.Get(cow_String(member));
+  auto* found = extensions_.Get(member);
   return found == nullptr ? nullptr : &found->Get();
 }
 

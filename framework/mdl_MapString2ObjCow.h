@@ -91,7 +91,7 @@ public:
   }
   /// The same for change, separated from all who share it; or null.
   T* Get(std::string_view name) {
-    Handle* found = map_.Get(cow_String(name));
+    Handle* found = map_.Get(name);
     return found == nullptr ? nullptr : &found->Get();
   }
   bool IsMember(std::string_view name) const { return map_.ConstFind(name) != nullptr; }

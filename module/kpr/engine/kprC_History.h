@@ -171,6 +171,14 @@ private:
   friend class kprC_Propagator;
   struct Body : mem_Counted {
     explicit Body(kprC_Family const& of) : family(&of) {}
+    /// With room for one more record: who copies it is about to change it.
+    Body(Body const& other) : mem_Counted(other), family(other.family), uid(other.uid), carrying(other.carrying), touched(other.touched) {
+      own.reserve(other.own.size() + 1);
+      own.assign(other.own.begin(), other.own.end());
+    }
+    Body& operator=(Body const&) = delete;
+    ~Body() = default;
+
     kprC_Family const* family;
     cls_Uid uid = cls_Uid::AllocateUid();
     std::vector<Own> own;

@@ -145,7 +145,7 @@ public:
     return found == nullptr ? nullptr : found->ConstGet();
   }
   kprC_StepDependent* Item(std::string_view name) override {
-    Handle* found = map_.Get(cow_String(name));
+    Handle* found = map_.Get(name);
     return found == nullptr ? nullptr : &found->Get();
   }
   bool InsertItem(cow_String const& name, kprC_StepDependent const& item) override { return Insert(name, dynamic_cast<T const&>(item)); }

@@ -61,6 +61,12 @@ public:
   /// past the last. The state is null before the creation. Costs what changes, not what there are steps.
   using RunVisitor = std::function<void(std::size_t begin, std::size_t end, mdl_PropagationStatusEnm status, cls_Object const* state)>;
   virtual void ForEachRun(RunVisitor const& visit) const = 0;
+  /// The same record by record: calls fn(index, status, state) for every step in order.
+  template <class Fn> void ForEachRecord(Fn&& fn) const {
+    ForEachRun([&fn](std::size_t begin, std::size_t end, mdl_PropagationStatusEnm status, cls_Object const* state) {
+      for (; begin < end; ++begin) { fn(begin, status, state); }
+    });
+  }
   /// Name of the first step whose record holds a state; empty when none does.
   virtual cow_String CreateStepName() const = 0;
   virtual bool IsMember(cow_String const& step) const = 0;
