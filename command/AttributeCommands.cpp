@@ -40,7 +40,9 @@ Members Sorted(Call& call, std::vector<MemberArgument> ownArguments, cls_Object 
   Members members;
   members.ownArguments = std::move(ownArguments);
   members.stateArguments = MemberArguments(state);
-  for (auto& [name, value] : call.arguments.Rest()) {
+  kprC_Arguments rest = call.arguments.Rest();
+  members.state.reserve(rest.size());
+  for (auto& [name, value] : rest) {
     if (MemberArgument const* own = FindArgument(members.ownArguments, name)) {
       FitNull(*own->info, value);
       members.own.emplace_back(std::move(name), std::move(value));

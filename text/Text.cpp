@@ -123,6 +123,8 @@ std::string NearestByWords(std::string_view text, std::span<std::string const> n
 
 std::string Quoted(std::string_view text) {
   std::string quoted = "\"";
+  bool const plain = std::ranges::all_of(text, [](char c) { return c >= 0x20 && c < 0x7F; });
+  if (plain && text.size() <= kLongestShown) { return quoted.append(text).append("\""); }
   while (!text.empty()) {
     if (quoted.size() > kLongestShown) { return quoted + "...\""; }
     std::size_t const size = CharacterSize(text);
@@ -192,7 +194,7 @@ std::string Suggestion(std::string_view text, std::span<std::string const> names
 
 bool IsUtf8(std::string_view text) {
   while (!text.empty()) {
-    std::size_t const size = CharacterSize(text);
+    std::size_t const size = text[0] > 0 ? 1 : CharacterSize(text);
     if (size == 0) { return false; }
     text.remove_prefix(size);
   }
