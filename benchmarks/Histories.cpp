@@ -60,6 +60,14 @@ template <class Family> void ReadByRuns(bench::Repository<Family> const& reposit
   };
   repository.ForEach([&](cow_String const&, kprC_StepDependent const& attribute) { attribute.ForEachRun(visit); });
 }
+template <class Family> void ReadRecordByRecord(bench::Repository<Family> const& repository, Sum& sum) {
+  repository.ForEach([&](cow_String const&, kprC_StepDependent const& attribute) {
+    attribute.ForEachRecord([&sum](std::size_t, auto status, cls_Object const* state) {
+      sum.statuses += static_cast<std::uint64_t>(status);
+      sum.values += ValueOf<Family>(state);
+    });
+  });
+}
 template <class Family> void ReadByRecords(bench::Repository<Family> const& repository, Sum& sum) {
   repository.ForEach([&](cow_String const&, kprC_StepDependent const& attribute) {
     std::size_t const steps = attribute.Steps().Size();
@@ -69,17 +77,20 @@ template <class Family> void ReadByRecords(bench::Repository<Family> const& repo
     }
   });
 }
-void ReadAllByRuns(bench::Repositories const& repositories) {
+template <class Read> void ReadAll(bench::Repositories const& repositories, Read&& read) {
   Sum sum;
-  ReadByRuns<bench::Conditions>(repositories.conditions, sum);
-  ReadByRuns<bench::Loads>(repositories.loads, sum);
+  read(bench::Conditions(), repositories.conditions, sum);
+  read(bench::Loads(), repositories.loads, sum);
   benchmark::DoNotOptimize(sum);
 }
+void ReadAllByRuns(bench::Repositories const& repositories) {
+  ReadAll(repositories, []<class Family>(Family, auto const& of, Sum& sum) { ReadByRuns<Family>(of, sum); });
+}
+void ReadAllRecordByRecord(bench::Repositories const& repositories) {
+  ReadAll(repositories, []<class Family>(Family, auto const& of, Sum& sum) { ReadRecordByRecord<Family>(of, sum); });
+}
 void ReadAllByRecords(bench::Repositories const& repositories) {
-  Sum sum;
-  ReadByRecords<bench::Conditions>(repositories.conditions, sum);
-  ReadByRecords<bench::Loads>(repositories.loads, sum);
-  benchmark::DoNotOptimize(sum);
+  ReadAll(repositories, []<class Family>(Family, auto const& of, Sum& sum) { ReadByRecords<Family>(of, sum); });
 }
 void Build(benchmark::State& state) {
   Work const work(state);
@@ -208,6 +219,7 @@ BENCHMARK(InsertStep)->Apply(Sizes);
 BENCHMARK(ReadAfterInsert)->Apply(Sizes);
 BENCHMARK(UndoInsert)->Apply(Sizes);
 BENCHMARK_CAPTURE(Read, runs, &ReadAllByRuns)->Apply(Sizes);
-BENCHMARK_CAPTURE(Read, records, &ReadAllByRecords)->Apply(Sizes);
+BENCHMARK_CAPTURE(Read, iterations, &ReadAllRecordByRecord)->Apply(Sizes);
+BENCHMARK_CAPTURE(Read, calls, &ReadAllByRecords)->Apply(Sizes);
 
 }  // namespace
