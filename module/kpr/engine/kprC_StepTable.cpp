@@ -43,26 +43,29 @@ kprC_StepTable::kprC_StepTable(kprC_StepSequence const& steps) : body_(cow_Handl
   entries.reserve(steps.Size());
   Number number = 0;
   for (kprC_StepNameProcedurePair const& pair : steps) { entries.push_back(MakeEntry(number += kGap, pair)); }
-  Fill(body_.Get(), std::move(entries));
-}
-
-kprC_StepTable kprC_StepTable::OfOne(cow_String const& step) {
-  kprC_StepSequence steps;
-  steps.Append(kprC_StepNameProcedurePair(step, nullptr));
-  kprC_StepTable table(steps);
-  table.body_.Get().loose = true;
-  return table;
-}
-
-void kprC_StepTable::Fill(Body& body, std::vector<Entry> entries) {
-  body.version = NewVersion();
-  body.size = entries.size();
+  Body& body = body_.Get();
   for (Entry const& entry : entries) {
     cow_String const& name = entry.step->pair.stepName;
     Key key{HashOf(name.View()), name};
     if (!body.numbers.Contains(key)) { body.numbers.Insert(std::move(key), entry.number); }
     body.procedures += entry.step->pair.procedure ? 1 : 0;
   }
+  Fill(body, std::move(entries));
+}
+
+kprC_StepTable kprC_StepTable::OfOne(cow_String const& step) {
+  kprC_StepTable table;
+  table.body_ = cow_Handle<Body>::Make();
+  table.body_.Get().loose = true;
+  std::vector<Entry> one;
+  one.push_back(MakeEntry(kGap, kprC_StepNameProcedurePair(step, nullptr)));
+  Fill(table.body_.Get(), std::move(one));
+  return table;
+}
+
+void kprC_StepTable::Fill(Body& body, std::vector<Entry> entries) {
+  body.version = NewVersion();
+  body.size = entries.size();
   for (std::size_t begin = 0; begin < entries.size(); begin += kBlock / 2) {
     auto block = cow_Handle<Block>::Make();
     auto const first = entries.begin() + static_cast<std::ptrdiff_t>(begin);
@@ -90,6 +93,7 @@ cow_Handle<kprC_StepTable::Body> kprC_StepTable::Next() const {
   next.Get().version = NewVersion();
   next.Get().disturbed = 0;
   next.Get().loose = false;
+  if (body_->loose) { next.Get().numbers.Insert(Key{HashOf(Name(0).View()), Name(0)}, NumberOf(0)); }
   return next;
 }
 
@@ -118,6 +122,7 @@ std::size_t kprC_StepTable::Position(Number number) const {
 }
 
 std::size_t kprC_StepTable::Find(std::string_view name) const {
+  if (body_->loose) { return Name(0) == name ? 0 : npos; }
   struct Sought {
     std::size_t hash;
     std::string_view name;
