@@ -18,7 +18,8 @@ namespace test {
 
 /// A random script of edits of one attribute and of the steps below it. After every edit that is not refused, the history
 /// is the plain one, with one creation at most and none but the family's statuses, and a second pass changes nothing, not
-/// even which object a record holds. A refused edit leaves the attribute as it was where the family says so.
+/// even which object a record holds; a check of all records finds nothing to refuse. A refused edit leaves the attribute as it
+/// was where the family says so; where not, such a check refuses what the edit did.
 /// \tparam Attribute the family's base class
 template <class Attribute> class RandomEdits {
 public:
@@ -56,8 +57,10 @@ public:
       std::string const told = plain::Text(Told());
       std::vector<plain::Record> const expected = expected_;
       bool applied = false;
-      if (CodeOf([&] { applied = Do(kind); }) >= 0) {
+      if (int const code = CodeOf([&] { applied = Do(kind); }); code >= 0) {
         script_ += " (refused)";
+        int const left = kind < Move ? CodeOf([&] { Item().AssertValid(); }) : -1;
+        ASSERT_TRUE(left < 0 || left == code) << script_ << left << " rather than " << code;
         if (rules_.staysWhenRefused && kind < InsertStep) { ASSERT_EQ(plain::Text(Told()), told) << script_; }
         repository_ = before;
         expected_ = expected;
@@ -304,6 +307,8 @@ private:
     plain::Pass(expected_, rules_, Admission(Item()));
     std::string const expected = plain::Text(expected_);
     ASSERT_EQ(plain::Text(Told()), expected) << script_;
+
+    ASSERT_EQ(CodeOf([&] { Item().AssertValid(); }), -1) << script_;
 
     int creations = 0;
     std::vector<cls_Object const*> objects;
