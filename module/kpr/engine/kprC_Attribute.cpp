@@ -54,8 +54,8 @@ bool kprC_Attribute::Holds(kprC_Ask ask, Asked& asked) {
     case kprC_Ask::InitialStep: return Steps().IsInitial(asked.index);
     case kprC_Ask::IntoInitialStep: return Steps().IsInitial(asked.to);
     case kprC_Ask::CreateStep: return asked.step == CreateStepName();
-    case kprC_Ask::NoState: return states.State(asked.index) == nullptr;
-    case kprC_Ask::SwitchedOff: return states.State(asked.index)->SwitchedOff();
+    case kprC_Ask::NoState: return !states.HoldsState(asked.index);
+    case kprC_Ask::SwitchedOff: return states.IsOff(asked.index);
     case kprC_Ask::Perturbation: {
       auto const& procedure = Steps()[asked.index].procedure;
       return procedure && procedure->Perturbation();
@@ -152,9 +152,8 @@ void kprC_Attribute::Begin(cow_String const& step, unsigned procedureType) { Ins
 bool kprC_Attribute::SetInStep(cow_String const& step, kprC_Arguments const& members, std::string* unknown) {
   kprC_History const& states = States();
   std::size_t const index = states.Size() == 0 ? npos : Known(step);
-  kprC_State const* const present = index == npos ? nullptr : states.State(index);
-  std::unique_ptr<kprC_State> state =
-      present != nullptr ? kprC_Duplicate(*present) : MakeState(index == npos ? 0 : Steps().ProcedureType(index));
+  std::unique_ptr<kprC_State> state = index == npos ? nullptr : states.StateCopy(index);
+  if (!state) { state = MakeState(index == npos ? 0 : Steps().ProcedureType(index)); }
   state->SetSwitchedOff(false);
   for (auto const& [name, value] : members) {
     if (auto const* text = value.template As<std::string>()) {

@@ -166,11 +166,22 @@ std::size_t kprC_History::CreateStep() const {
   return npos;
 }
 
+std::unique_ptr<kprC_State> kprC_History::StateCopy(std::size_t index) const {
+  Record const record = Look(index);
+  if (record.source != nullptr) { return CarriedCopy(*record.source, record.off); }
+  return record.state == nullptr ? nullptr : kprC_Duplicate(*record.state);
+}
+
+std::unique_ptr<kprC_State> kprC_History::CarriedCopy(Own const& source, bool off) {
+  auto made = kprC_Duplicate(*source.state);
+  made->Propagate();
+  made->SetSwitchedOff(off);
+  return made;
+}
+
 kprC_State const& kprC_History::Carry(Own const& source, bool off, Handle const& present) const {
   return (off ? source.off : source.on).Get([&] {
-    auto made = kprC_Duplicate(*source.state);
-    made->Propagate();
-    made->SetSwitchedOff(off);
+    auto made = CarriedCopy(source, off);
     if (present && made->Equals(*present)) { return present; }
     if (made->Equals(*source.state)) { return source.state; }
     made->NewUid();

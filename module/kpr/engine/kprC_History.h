@@ -109,6 +109,14 @@ public:
   Handle StateHandle(std::size_t index) const;
   /// The same switched off.
   Handle OffHandle(std::size_t index) const;
+  /// A copy of the state, or null; what is carried is not made for it.
+  std::unique_ptr<kprC_State> StateCopy(std::size_t index) const;
+  bool HoldsState(std::size_t index) const { return Look(index).HoldsState(); }
+  /// Whether the state, which there is, is switched off.
+  bool IsOff(std::size_t index) const {
+    Record const record = Look(index);
+    return record.source == nullptr ? record.state->SwitchedOff() : record.off;
+  }
   /// Identity of the record: that of the step's name in this list, so that it stays when the sequence is handed over again.
   cls_Uid RecordUid(std::size_t index) const;
   /// Position of the first record that holds a state, or npos.
@@ -191,6 +199,8 @@ private:
     kprC_State const* state = nullptr;
     Own const* source = nullptr;
     bool off = false;
+
+    bool HoldsState() const { return state != nullptr || source != nullptr; }
   };
   kprC_State const* StateOf(Record const& record) const {
     return record.source == nullptr ? record.state : &Carry(*record.source, record.off);
@@ -217,6 +227,8 @@ private:
   Record Look(std::size_t index) const;
   /// What a record without anything of its own takes over from \p own, the last own record before it.
   Record Carried(Own const& own, std::size_t index) const;
+  /// A copy of what the records behind \p source carry.
+  static std::unique_ptr<kprC_State> CarriedCopy(Own const& source, bool off);
   /// What the records behind \p source carry; \p present where that is the same.
   kprC_State const& Carry(Own const& source, bool off, Handle const& present = {}) const;
   bool Lent() const;
