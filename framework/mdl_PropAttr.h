@@ -107,7 +107,8 @@ private:
 };
 static_assert(sizeof(mdl_PropAttr<double>) == 16);
 
-/// Stored as the value and a companion "<name>State"; scripted as a value, "UNSET" or "FREED".
+/// Stored as the value and a companion "<name>State", which a brief visitor leaves out where the value is set, as it does a value
+/// that says nothing; scripted as a value, "UNSET" or "FREED".
 template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
   using Value = cls_MemberTraits<T>;
   using State = omu_PrimEnum<mdl_PropAttributeStateEnm, 1>;
@@ -119,12 +120,18 @@ template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
     info.propagating = true;
   }
   static void Write(cls_WriteVisitor const& out, std::string_view name, Member const& member) {
-    Value::Write(out, name, member.ConstGet());
-    out.WriteText(Companion(name), State(member.State()).View());
+    bool const brief = out.IsBrief(), set = member.State() == mdl_PropAttributeStateEnm::Set;
+    if (!brief || set || !Value::Equal(member.ConstGet(), T{})) { Value::Write(out, name, member.ConstGet()); }
+    if (!brief || !set) { out.WriteText(Companion(name), State(member.State()).View()); }
   }
   static void Read(cls_ReadVisitor const& in, std::string_view name, Member& member) {
-    Value::Read(in, name, member.Get());
-    member.ForceState(State(in, Companion(name)));
+    bool const whole = !in.IsBrief(), hasValue = whole || in.Has(name);
+    std::string const companion = Companion(name);
+    bool const hasState = whole || in.Has(companion);
+    if (!hasValue && !hasState) { return; }
+    member.Get() = T{};
+    if (hasValue) { Value::Read(in, name, member.Get()); }
+    member.ForceState(hasState ? State(in, companion) : State(mdl_PropAttributeStateEnm::Set));
   }
   static void NewUid(Member& member) { member.NewUid(); }
   static bool Equal(Member const& a, Member const& b) { return a.State() == b.State() && Value::Equal(a.ConstGet(), b.ConstGet()); }

@@ -26,6 +26,13 @@ void Join(std::string& path, std::string_view part) {
 
 Document::Document(std::string_view fileName) : fileName_(fileName), slots_(kSlots) { Intern(""); }
 
+Document::At Document::Find(At at, std::string_view name) const {
+  if (at == npos || nodes_[at].kind != Kind::Object) { return npos; }
+  At child = at + 1;
+  while (child != nodes_[at].end && NameOf(child) != name) { child = nodes_[child].end; }
+  return child != nodes_[at].end ? child : npos;
+}
+
 Document::Text Document::Intern(std::string_view text) {
   std::size_t const hash = std::hash<std::string_view>{}(text);
   std::size_t slot = SlotOf(text, hash);

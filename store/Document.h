@@ -50,6 +50,9 @@ public:
   std::string_view View(Text text) const { return texts_[text]; }
   std::string_view NameOf(At at) const { return View(nodes_[at].name); }
 
+  /// The member \p name of the object at \p at; npos where there is none, or no object.
+  At Find(At at, std::string_view name) const;
+
   /// Number of a text, which is added when it is new.
   Text Intern(std::string_view text);
 

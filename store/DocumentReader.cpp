@@ -7,8 +7,10 @@
 #include <utility>
 
 #include "framework/mdl_ExtensionSubject.h"
+#include "framework/mdl_MapString2ObjCow.h"
 #include "module/kpr/engine/kprC_Procedure.h"
 #include "store/StoreError.h"
+#include "store/TextWriter.h"
 
 namespace gattr {
 
@@ -17,8 +19,8 @@ constexpr std::size_t kMapDepth = 2;  // frames that are open when the model's m
 constexpr std::string_view kTruth = "true or false";
 }  // namespace
 
-DocumentReader::DocumentReader(Document& document, bool ownRecordsOnly)
-    : document_(document), ownRecordsOnly_(ownRecordsOnly), class_(document.Intern("class")), same_(document.Intern("same")) {}
+DocumentReader::DocumentReader(Document& document, Histories histories)
+    : document_(document), histories_(histories), same_(document.Intern("same")) {}
 
 ddr_Model DocumentReader::ReadModel(std::initializer_list<std::string_view> known) {
   Enter(0, ddr_Model::TypeId());
@@ -66,8 +68,8 @@ Document::Node& DocumentReader::Take(std::string_view member, std::string_view e
   if (at == Document::npos) { Refuse(member, std::string(expected) + ", found nothing"); }
   Document::Node& node = document_[at];
   frame.next = node.end;
-  frame.taken += node.taken ? 0 : 1;
-  node.taken = true;
+  frame.taken += node.taken && !frame.again ? 0 : 1;
+  node.taken = node.taken || !frame.again;
   if (document_[frame.at].kind == Kind::List) { way_.back().index = frame.taken; }
   return node;
 }
@@ -78,18 +80,20 @@ Document::Node& DocumentReader::Take(std::string_view member, Kind wanted, std::
   return node;
 }
 
-void DocumentReader::Enter(At at, unsigned typeId) const {
+void DocumentReader::Enter(At at, unsigned typeId, bool again) const {
+  again = again || (!frames_.empty() && frames_.back().again);
   Frame& frame = frames_.emplace_back();
   frame.at = at;
   frame.next = at + 1;
   frame.typeId = typeId;
+  frame.again = again;
   way_.push_back({at, 0});
 }
 
 void DocumentReader::Leave() const {
   Frame const& frame = frames_.back();
   Document::Node const& owner = document_[frame.at];
-  if (frame.taken != owner.count) {
+  if (frame.taken != owner.count && !frame.again) {
     At left = frame.at + 1;
     while (document_[left].taken) { left = document_[left].end; }
     if (owner.kind == Kind::List) {
@@ -149,6 +153,7 @@ cow_Handle<cls_Object> DocumentReader::ReadAny(std::string_view member, std::str
   Document::Node const& node = Take(member, "an object");
   auto const at = static_cast<At>(&node - &document_[0]);
   Object object;
+  if (auto const known = frames_.back().again ? named_.find(std::string(name)) : named_.end(); known != named_.end()) { return known->second; }
   switch (node.kind) {
     case Kind::Null: break;
     case Kind::Object: object = MakeObject(at, member); break;
@@ -165,17 +170,37 @@ cow_Handle<cls_Object> DocumentReader::ReadAny(std::string_view member, std::str
 
 cow_Handle<cls_Object> DocumentReader::MakeObject(At at, std::string_view member) const {
   Enter(at);
+  Object object = ReadClass().Read(*this);
+  Leave();
+  if (document_[at].referred) { objects_.emplace(at, object); }
+  member_.assign(member);
+  return object;
+}
+
+cls_ClassMetadata const& DocumentReader::ReadClass() const {
   Document::Node const& node = Take("class", Kind::Text, "the name of a class");
   auto const [entry, isNew] = classes_.try_emplace(node.text, nullptr);
   if (isNew) { entry->second = cls_MetadataRegistrar::Registrar().Find(document_.View(node.text)); }
   cls_ClassMetadata const* const type = entry->second;
   if (type == nullptr || !type->CanBeRead()) { RefuseValue(node, "class", "a class that can be made"); }
   frames_.back().typeId = type->typeId;
-  Object object = type->Read(*this);
+  return *type;
+}
+
+std::pair<std::string, cow_Handle<cls_Object>> DocumentReader::ReadChange() const {
+  std::size_t const list = frames_.size() - 1;
+  Document::Node const& node = Take("", Kind::Object, "an object");
+  Enter(static_cast<At>(&node - &document_[0]));
+  std::pair<std::string, Object> change(ReadText(TextWriter::kStep), nullptr);
+  if (Has(TextWriter::kOff)) {
+    if (!ReadBool(TextWriter::kOff)) { Refuse(TextWriter::kOff, "true"); }
+  } else {
+    if (frames_[list].told == nullptr) { frames_[list].told = &ReadClass(); }
+    frames_.back().typeId = frames_[list].told->typeId;
+    change.second = frames_[list].told->Read(*this);
+  }
   Leave();
-  if (document_[at].referred) { objects_.emplace(at, object); }
-  member_.assign(member);
-  return object;
+  return change;
 }
 
 cow_Handle<cls_Object> DocumentReader::Named(Document::Node const& node, std::string_view member, std::string_view name) const {
@@ -203,7 +228,52 @@ void DocumentReader::ReadNested(std::string_view member, std::function<void(cls_
   Leave();
 }
 
+DocumentReader::At DocumentReader::Declared(Document::Text name, unsigned typeId) const {
+  if (!declared_) {
+    declared_.emplace();
+    At const extensions = document_.Find(0, "extensions");
+    for (auto const& [member, prototype] : mdl_ExtensionSubject::Registered()) {
+      if (dynamic_cast<mdl_NamedObjects const*>(prototype.ConstGet()) == nullptr) { continue; }
+      At const map = document_.Find(document_.Find(extensions, member), "map");
+      if (map == Document::npos) { continue; }
+      for (At at = map + 1; at != document_[map].end; at = document_[at].end) {
+        At const itsClass = document_.Find(at, "class");
+        if (itsClass == Document::npos || document_[itsClass].kind != Kind::Text) { continue; }  // refused where it is read
+        declared_->try_emplace({document_[itsClass].text, document_[at].name}, at);
+      }
+    }
+  }
+  cls_ClassMetadata const* const type = cls_MetadataRegistrar::Registrar().Find(typeId);
+  if (type == nullptr) { return Document::npos; }
+  auto const found = declared_->find({document_.Intern(type->name), name});
+  return found == declared_->end() ? Document::npos : found->second;
+}
+
+void DocumentReader::ReadDeclared(std::string_view member, unsigned typeId, std::function<void(cls_ReadVisitor const&)> const& read) const {
+  if (At const at = Look(member); !IsBrief() || at == Document::npos || document_[at].kind != Kind::Text) { return ReadNested(member, read); }
+  Document::Node const& node = Take(member, "an object");
+  At const declared = Declared(node.text, typeId);
+  if (declared == Document::npos) { RefuseValue(node, member, "an object, or the name of one that the model declares"); }
+  Enter(declared, 0, true);
+  read(*this);
+  Leave();
+}
+
+DocumentReader::At DocumentReader::StepsList() const {
+  std::string_view const steps = ddr_Model::stepsCmd().View();
+  return document_.Find(document_.Find(document_.Find(0, "extensions"), steps), steps);
+}
+
 std::size_t DocumentReader::StartList(std::string_view member) const {
+  if (At const at = Look(member); IsBrief() && at != Document::npos && document_[at].kind == Kind::Text) {
+    Document::Node const& node = Take(member, "a list");
+    At const steps = StepsList();
+    if (document_.View(node.text) != TextWriter::kOwnSteps || steps == Document::npos || document_[steps].kind != Kind::List) {
+      RefuseValue(node, member, "a list");
+    }
+    Enter(steps, 0, true);
+    return document_[steps].count;
+  }
   Document::Node const& node = Take(member, Kind::List, "a list");
   Enter(static_cast<At>(&node - &document_[0]));
   return node.count;

@@ -2,9 +2,12 @@
 
 #include <functional>
 #include <initializer_list>
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "framework/ddr_Model.h"
@@ -20,8 +23,14 @@ namespace gattr {
 /// Members of an object may stand in any order; in that of writing each is found at once.
 class DocumentReader final : public cls_ReadVisitor {
 public:
-  /// \p ownRecordsOnly: whether histories are stored as their own records alone.
-  DocumentReader(Document& document, bool ownRecordsOnly);
+  /// How much of a history is stored.
+  enum class Histories {
+    Whole,       ///< a record for each step
+    OwnRecords,  ///< those that say something of their own
+    Changes,     ///< of these what they say; of any object what is not as in a new one
+  };
+
+  DocumentReader(Document& document, Histories histories);
 
   /// \p known: members of the outermost object that are the store's own.
   ddr_Model ReadModel(std::initializer_list<std::string_view> known = {});
@@ -36,11 +45,14 @@ public:
   cow_Handle<cls_Object> ReadObject(std::string_view member) const override;
   cow_Handle<cls_Object> ReadReference(std::string_view member, std::string_view name) const override;
   void ReadNested(std::string_view member, std::function<void(cls_ReadVisitor const&)> const& read) const override;
+  void ReadDeclared(std::string_view member, unsigned typeId, std::function<void(cls_ReadVisitor const&)> const& read) const override;
   std::size_t StartList(std::string_view member) const override;
   void EndList() const override;
   std::vector<std::string> StartMap(std::string_view member) const override;
   void EndMap() const override;
-  bool ReadsOwnRecordsOnly() const override { return ownRecordsOnly_; }
+  bool ReadsOwnRecordsOnly() const override { return histories_ != Histories::Whole; }
+  bool IsBrief() const override { return histories_ == Histories::Changes; }
+  std::pair<std::string, cow_Handle<cls_Object>> ReadChange() const override;
   [[noreturn]] void Refuse(std::string_view member, std::string_view expected) const override;
 
 private:
@@ -59,17 +71,25 @@ private:
     At next = 0;         ///< what comes next in the order of writing
     unsigned taken = 0;  ///< how much has been read
     unsigned typeId = 0;
-    std::vector<LastObject> last;  ///< of a list
+    bool again = false;                       ///< it stands elsewhere too, where it is read for the first time
+    cls_ClassMetadata const* told = nullptr;  ///< the class of the elements of a list, as the first has told it
+    std::vector<LastObject> last;             ///< of a list
   };
 
   At Look(std::string_view member) const;
   /// The value of \p member, which must be there and of the kind \p wanted.
   Document::Node& Take(std::string_view member, std::string_view expected) const;
   Document::Node& Take(std::string_view member, Kind wanted, std::string_view expected) const;
-  void Enter(At at, unsigned typeId = 0) const;
+  void Enter(At at, unsigned typeId = 0, bool again = false) const;
   /// Leaves what was entered last; refuses what is left over there.
   void Leave() const;
   Object MakeObject(At at, std::string_view member) const;
+  /// The class that the object which is open tells.
+  cls_ClassMetadata const& ReadClass() const;
+  /// Where the model declares the object of type \p typeId that a text names; npos where it does not.
+  At Declared(Document::Text name, unsigned typeId) const;
+  /// Where the model holds its steps.
+  At StepsList() const;
   /// An object member, written whole, as "same" or by \p name.
   Object ReadAny(std::string_view member, std::string_view name) const;
   /// The object that a text stands for: what is called \p name, or what the last element of the list has for this member.
@@ -82,8 +102,8 @@ private:
   void CompleteExtensions(ddr_Model& model) const;
 
   Document& document_;
-  bool ownRecordsOnly_;
-  Document::Text class_, same_;
+  Histories histories_;
+  Document::Text same_;
   // reading goes through a const interface
   mutable std::vector<Frame> frames_;
   mutable std::vector<Document::Step> way_;  // to the frames
@@ -91,6 +111,7 @@ private:
   mutable std::unordered_map<Document::Text, cls_ClassMetadata const*> classes_;
   mutable std::unordered_map<std::string, Object> named_;  // what goes by a name: the first of that name that was read
   mutable std::unordered_map<At, Object> objects_;         // that are referred to
+  mutable std::optional<std::map<std::pair<Document::Text, Document::Text>, At>> declared_;  // by class and name
 };
 
 }  // namespace gattr

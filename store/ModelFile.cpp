@@ -250,7 +250,7 @@ ddr_Model ModelFile::Open() {
   Document document(path_.string());
   Loader loader(tables, document);
   loader.Load();
-  ddr_Model model = DocumentReader(document, true).ReadModel();
+  ddr_Model model = DocumentReader(document, DocumentReader::Histories::OwnRecords).ReadModel();
   saved_ = std::make_unique<Saved>(Saved{model, std::make_shared<ModelSteps>(model), loader.TakeNames(), tables.Present()});
   return model;
 }

@@ -44,6 +44,10 @@ protected:
   ModelSteps const& Steps() const { return steps_; }
   /// The name of the class of \p object, which is about to be written under \p member.
   std::string const& ClassName(std::string_view member, cls_Object const& object) const;
+  /// \p member as it may be written; counts it.
+  std::string_view Named(std::string_view member) const;
+  void Begin(Kind kind, std::string_view name) const { levels_.push_back({kind, name, 0}); }
+  void End() const;
   [[noreturn]] void Refuse(std::string_view member, std::string_view expected) const;
 
   virtual void PutNull(std::string_view member) const = 0;
@@ -63,10 +67,6 @@ protected:
   virtual bool RefersToSteps() const { return !inHome_; }
 
 private:
-  std::string_view Named(std::string_view member) const;
-  void Begin(Kind kind, std::string_view name) const { levels_.push_back({kind, name, 0}); }
-  void End() const;
-
   ModelSteps const& steps_;
   std::string where_;
   mutable bool inHome_ = false;        // in the extension that holds the steps

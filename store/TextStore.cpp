@@ -18,34 +18,30 @@ namespace gattr {
 
 namespace {
 
-/// Refuses what is no model, and a model of a later version before anything of it is looked at.
-void CheckHeader(Document& document) {
-  auto const member = [&](std::string_view name) -> Document::Node* {
-    if (document[0].kind != Document::Kind::Object) { return nullptr; }
-    for (Document::At at = 1; at != document[0].end; at = document[at].end) {
-      if (document.NameOf(at) == name) { return &document[at]; }
-    }
-    return nullptr;
-  };
-  Document::Node* const format = member("format");
-  if (format == nullptr || format->kind != Document::Kind::Text || document.View(format->text) != TextWriter::kFormat) {
+/// The format's version. Refuses what is no model, and a model of a later version before anything of it is looked at.
+long long VersionOf(Document const& document) {
+  Document::At const format = document.Find(0, "format");
+  if (format == Document::npos || document[format].kind != Document::Kind::Text ||
+      document.View(document[format].text) != TextWriter::kFormat) {
     document.Refuse("format", "expected \"" + std::string(TextWriter::kFormat) + "\": this is no model");
   }
-  Document::Node* const version = member("version");
-  if (version == nullptr || version->kind != Document::Kind::Integer || version->integer < 1) {
+  Document::At const at = document.Find(0, "version");
+  if (at == Document::npos || document[at].kind != Document::Kind::Integer || document[at].integer < 1) {
     document.Refuse("version", "expected a number from 1 on");
   }
-  if (version->integer > TextWriter::kVersion) {
+  long long const version = document[at].integer;
+  if (version > TextWriter::kVersion) {
     document.Refuse("version",
-                    "expected " + std::to_string(TextWriter::kVersion) + ", found the later version " + std::to_string(version->integer));
+                    "expected " + std::to_string(TextWriter::kVersion) + " at most, found the later version " + std::to_string(version));
   }
+  return version;
 }
 
 ddr_Model Parse(std::string_view text, std::string_view fileName) {
   if (text.empty()) { throw StoreError(std::string(fileName) + ": is empty"); }
   Document document = ParseText(text, fileName);
-  CheckHeader(document);
-  DocumentReader reader(document, false);
+  using enum DocumentReader::Histories;
+  DocumentReader reader(document, VersionOf(document) == 1 ? Whole : Changes);
   return reader.ReadModel({"format", "version"});
 }
 

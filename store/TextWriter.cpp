@@ -5,7 +5,7 @@
 #include <ostream>
 #include <utility>
 
-#include "module/kpr/engine/kprC_Procedure.h"
+#include "platform/BasicUtils/cls_ClassRegistrar.h"
 #include "store/StoreError.h"
 
 namespace gattr {
@@ -17,13 +17,63 @@ constexpr std::size_t kBlock = 1 << 16;  // bytes that are handed to the stream 
 TextWriter::TextWriter(ModelSteps const& steps, std::ostream& out) : StoreWriter(steps, ""), out_(out) {}
 
 void TextWriter::WriteModel(ddr_Model const& model) {
+  for (auto const& [member, extension] : model.Extensions()) {
+    if (auto const* const objects = dynamic_cast<mdl_NamedObjects const*>(extension.ConstGet())) { declared_.push_back(objects); }
+  }
   buffer_ = "{";
-  layouts_.emplace_back();
+  open_.push_back({Kind::Object, Layout::Spread});
   PutText("format", kFormat);
   PutInteger("version", kVersion);
   model.DBWrite(*this);
-  buffer_ += "\n}\n";
+  Close(Kind::Object);
+  buffer_ += '\n';
   Flush();
+}
+
+cls_Object const* TextWriter::NewLike(cls_Object const& object) const {
+  if (open_.size() == 1) { return nullptr; }  // the model says what it is called, whatever that is
+  auto const [entry, isNew] = fresh_.try_emplace(object.DynTypeId());
+  if (isNew) {
+    cls_ClassMetadata const* const type = cls_MetadataRegistrar::Registrar().Find(object.DynTypeId());
+    if (type != nullptr && type->make != nullptr) { entry->second = type->make(); }
+  }
+  return entry->second.get();
+}
+
+void TextWriter::WriteChange(std::string_view step, cls_Object const* values, bool isFirst) const {
+  Open(Named(""), Kind::Object, values == nullptr ? Layout::OneLine : Layout::Spread);
+  StoreWriter::Begin(Kind::Object, "");
+  WriteText(kStep, step);
+  if (values == nullptr) {
+    WriteBool(kOff, true);
+  } else if (isFirst) {
+    WriteText("class", ClassName("", *values));
+    values->DBWrite(*this);
+  } else {
+    for (cls_MemberRow const& row : values->MemberRows()) {
+      void const* const member = row.In(static_cast<void const*>(values));
+      if (row.ops->isModified != nullptr && row.ops->isModified(member)) { row.ops->write(*this, row.name, member); }
+    }
+  }
+  End();
+}
+
+void TextWriter::WriteDeclared(std::string_view member, std::string_view name, cls_Object const& object) const {
+  bool const isDeclared = std::ranges::any_of(declared_, [&](mdl_NamedObjects const* objects) {
+    cls_Object const* const declared = objects->ConstObject(name);
+    return declared != nullptr && declared->Equals(object);
+  });
+  isDeclared ? WriteText(member, name) : WriteNested(member, object);
+}
+
+bool TextWriter::WriteSequence(std::string_view member, std::size_t count, SequenceElement const& at) const {
+  if (!RefersToSteps() || count != Steps().Pairs().size()) { return false; }
+  for (std::size_t i = 0; i < count; ++i) {
+    auto const [name, step] = at(i);
+    if (!Steps().IsAt(i, name, step)) { return false; }
+  }
+  PutText(Named(member), kOwnSteps);
+  return true;
 }
 
 void TextWriter::PutInteger(std::string_view member, long long value) const {
@@ -38,77 +88,83 @@ void TextWriter::PutReal(std::string_view member, double value) const {
 }
 
 void TextWriter::PutText(std::string_view member, std::string_view value) const {
-  Begin(member);
+  Put(member, {});
   Quote(value);
 }
 
-bool TextWriter::PutShared(std::string_view member, cls_Object const* object) const {
-  auto const& levels = Levels();
-  if (levels.size() < 2 || levels[levels.size() - 2].kind != Kind::List) { return false; }
-  if (dynamic_cast<kprC_Procedure const*>(object) != nullptr) { return false; }  // a step goes by its name
-  auto& last = layouts_[layouts_.size() - 2].last;
-  auto const known = std::ranges::find(last, member, &LastObject::member);
-  if (known == last.end()) {
-    last.push_back({std::string(member), object});
-    return false;
-  }
-  cls_Object const* const before = std::exchange(known->object, object);
-  bool const same = object != nullptr && before != nullptr && (before == object || before->Equals(*object));
-  if (same) { Put(member, "\"same\""); }
-  return same;
-}
-
 void TextWriter::OpenObject(std::string_view member, std::string_view className) const {
-  // an element of a list takes one line, and so does what its owner holds by value
-  Open(member, '{', className.empty() || Levels().back().kind == Kind::List);
+  bool const isValue = className.empty() && open_.back().kind != Kind::List;  // of its owner, which holds it
+  Open(member, Kind::Object, isValue ? Layout::OneLine : Layout::Spread);
   if (!className.empty()) { PutText("class", className); }
 }
 
-void TextWriter::OpenList(std::string_view member, std::size_t /*count*/) const { Open(member, '[', false); }
+void TextWriter::OpenList(std::string_view member, std::size_t /*count*/) const { Open(member, Kind::List, Layout::Undecided); }
 
 bool TextWriter::OpenMap(std::string_view member) const {
-  Open(member, '{', false);
+  Open(member, Kind::Map, Layout::Spread);
   return true;
 }
 
+void TextWriter::Open(std::string_view member, Kind kind, Layout layout) const {
+  Opened const& owner = open_.back();
+  if (owner.layout == Layout::OneLine) { layout = Layout::OneLine; }
+  BeginMember(member, layout != Layout::OneLine);
+  if (layout != Layout::Undecided) {
+    ToValue(open_.back(), layout == Layout::Spread);
+    buffer_ += kind == Kind::List ? '[' : '{';
+  }
+  open_.push_back({kind, layout});
+}
+
 void TextWriter::Close(Kind kind) const {
-  Layout const layout = std::move(layouts_.back());
-  layouts_.pop_back();
-  if (!layout.inlined && !layout.empty) { NewLine(); }
+  Opened const closed = open_.back();
+  open_.pop_back();
+  if (closed.layout == Layout::Undecided) {
+    ToValue(open_.back(), false);
+    buffer_ += '[';
+  }
+  if (closed.layout == Layout::Spread && closed.count > 0) { NewLine(open_.size()); }
   buffer_ += kind == Kind::List ? ']' : '}';
+  if (closed.layout != Layout::Spread) { Settle(open_.back()); }
   if (buffer_.size() >= kBlock) { Flush(); }
 }
 
-void TextWriter::Open(std::string_view member, char bracket, bool inlined) const {
-  Begin(member);
-  buffer_ += bracket;
-  bool const within = layouts_.back().inlined;
-  layouts_.emplace_back().inlined = inlined || within;
-}
-
 void TextWriter::Put(std::string_view member, std::string_view value) const {
-  Begin(member);
+  BeginMember(member, false);
+  ToValue(open_.back(), false);
   buffer_ += value;
+  Settle(open_.back());
 }
 
-void TextWriter::Begin(std::string_view member) const {
-  Layout& layout = layouts_.back();
-  if (!layout.empty) { buffer_ += ','; }
-  if (!layout.inlined) {
-    NewLine();
-  } else if (!layout.empty) {
-    buffer_ += ' ';
+void TextWriter::BeginMember(std::string_view member, bool spread) const {
+  Opened& owner = open_.back();
+  if (owner.layout == Layout::Undecided) {
+    owner.layout = spread ? Layout::Spread : Layout::OneLine;
+    ToValue(open_[open_.size() - 2], spread);
+    buffer_ += '[';
   }
-  layout.empty = false;
-  bool const inList = layouts_.size() == Levels().size() && Levels().back().kind == Kind::List;
-  if (inList) { return; }
+  bool const isFirst = owner.count++ == 0;
+  if (owner.layout == Layout::OneLine) {
+    if (!isFirst) { buffer_ += ", "; }
+  } else if (!isFirst || owner.kind != Kind::Object) {
+    NewLine(open_.size() - 1);
+    buffer_ += isFirst ? ' ' : ',';
+  }
+  if (owner.kind == Kind::List) { return; }
   Quote(member);
-  buffer_ += ": ";
+  buffer_ += ':';
 }
 
-void TextWriter::NewLine() const {
-  buffer_ += '\n';
-  buffer_.append(2 * layouts_.size(), ' ');
+void TextWriter::ToValue(Opened const& owner, bool spread) const {
+  if (owner.kind == Kind::List) { return; }
+  bool const onLineOfName = spread || owner.layout == Layout::OneLine || (owner.count == 1 && owner.kind == Kind::Object);
+  onLineOfName ? void(buffer_ += ' ') : NewLine(static_cast<std::size_t>(&owner - open_.data()) + 1);
+}
+
+void TextWriter::NewLine(std::size_t indentation) const {
+  buffer_.append(apart_ ? 2 : 1, '\n');
+  buffer_.append(indentation, ' ');
+  apart_ = false;
 }
 
 void TextWriter::Quote(std::string_view text) const {

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <iosfwd>
+#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "framework/mdl_MapString2ObjCow.h"
 #include "store/StoreWriter.h"
 
 namespace gattr {
@@ -12,11 +15,20 @@ namespace gattr {
 class TextWriter final : public StoreWriter {
 public:
   static constexpr std::string_view kFormat = "gattr model";
-  static constexpr long long kVersion = 1;
+  static constexpr long long kVersion = 2;
+  static constexpr std::string_view kOwnSteps = "steps";  ///< stands for a sequence that is the model's own
+  static constexpr std::string_view kStep = "step", kOff = "off";  ///< members of a record
 
   TextWriter(ModelSteps const& steps, std::ostream& out);
 
   void WriteModel(ddr_Model const& model);
+
+  bool WritesOwnRecordsOnly() const override { return true; }
+  bool IsBrief() const override { return true; }
+  cls_Object const* NewLike(cls_Object const& object) const override;
+  void WriteChange(std::string_view step, cls_Object const* values, bool isFirst) const override;
+  void WriteDeclared(std::string_view member, std::string_view name, cls_Object const& object) const override;
+  bool WriteSequence(std::string_view member, std::size_t count, SequenceElement const& at) const override;
 
 protected:
   void PutNull(std::string_view member) const override { Put(member, "null"); }
@@ -24,36 +36,44 @@ protected:
   void PutInteger(std::string_view member, long long value) const override;
   void PutReal(std::string_view member, double value) const override;
   void PutText(std::string_view member, std::string_view value) const override;
-  bool PutShared(std::string_view member, cls_Object const* object) const override;
+  bool PutShared(std::string_view /*member*/, cls_Object const* /*object*/) const override { return false; }
   void OpenObject(std::string_view member, std::string_view className) const override;
   void OpenList(std::string_view member, std::size_t count) const override;
   bool OpenMap(std::string_view member) const override;
   void Close(Kind kind) const override;
 
 private:
-  /// An object member of the last element of a list.
-  struct LastObject {
-    std::string member;
-    cls_Object const* object;
-  };
   /// How what is open is laid out.
-  struct Layout {
-    bool inlined = false;  ///< all on one line
-    bool empty = true;
-    std::vector<LastObject> last;  ///< of a list
+  enum class Layout {
+    Spread,     ///< a member has lines of its own
+    OneLine,    ///< all on one line
+    Undecided,  ///< a list without an element as yet: one of plain values takes one line, any other is spread
+  };
+  struct Opened {
+    Kind kind;
+    Layout layout;
+    std::size_t count = 0;  ///< of what has been begun here
   };
 
   void Put(std::string_view member, std::string_view value) const;
-  void Begin(std::string_view member) const;
-  void Open(std::string_view member, char bracket, bool inlined) const;
+  void Open(std::string_view member, Kind kind, Layout layout) const;
+  /// All that stands before a value: comma, line, name. \p spread: the value takes lines of its own.
+  void BeginMember(std::string_view member, bool spread) const;
+  /// Goes from the name of a member of \p owner to its value.
+  void ToValue(Opened const& owner, bool spread) const;
+  /// Keeps what comes next apart from a value of \p owner.
+  void Settle(Opened const& owner) const { apart_ = owner.layout == Layout::Spread && owner.kind != Kind::List; }
   void Quote(std::string_view text) const;
-  void NewLine() const;
+  void NewLine(std::size_t indentation) const;
   void Flush() const;
 
   std::ostream& out_;
+  std::vector<mdl_NamedObjects const*> declared_;
   // writing goes through a const interface
   mutable std::string buffer_;
-  mutable std::vector<Layout> layouts_;
+  mutable std::vector<Opened> open_;
+  mutable bool apart_ = false;  // an empty line is due
+  mutable std::map<unsigned, std::unique_ptr<cls_Object>> fresh_;  // by type
 };
 
 }  // namespace gattr

@@ -3,7 +3,11 @@
 #include "platform/BasicUtils/nex_Exception.h"
 
 void cls_ReadRows(cls_MemberRows rows, void* object, cls_ReadVisitor const& in) {
-  for (cls_MemberRow const& row : rows) { row.ops->read(in, row.name, row.In(object)); }
+  bool const brief = in.IsBrief();
+  for (cls_MemberRow const& row : rows) {
+    bool const told = !brief || row.ops->propagate != nullptr || in.Has(row.name);  // a propagating member stands under two names
+    if (told) { row.ops->read(in, row.name, row.In(object)); }
+  }
 }
 
 cls_Value cls_RowsToValue(cls_MemberRows rows, void const* object) {

@@ -13,6 +13,9 @@ cls_ReadVisitor::~cls_ReadVisitor() = default;
 cow_Handle<cls_Object> cls_ReadVisitor::ReadReference(std::string_view member, std::string_view /*name*/) const {
   return ReadObject(member);
 }
+// only a brief visitor is asked
+void cls_WriteVisitor::WriteChange(std::string_view, cls_Object const*, bool) const {}
+std::pair<std::string, cow_Handle<cls_Object>> cls_ReadVisitor::ReadChange() const { return {}; }
 
 namespace {
 void const* BeginOf(cls_Object const& object) { return &object; }
@@ -21,7 +24,11 @@ void* BeginOf(cls_Object& object) { return &object; }
 
 void cls_Object::DBWrite(cls_WriteVisitor const& out) const {
   if (!out.StartWrite(DynTypeId(), uid_)) { return; }  // written already
-  for (cls_MemberRow const& row : MemberRows()) { row.ops->write(out, row.name, row.In(BeginOf(*this))); }
+  cls_Object const* const fresh = out.NewLike(*this);
+  for (cls_MemberRow const& row : MemberRows()) {
+    if (fresh != nullptr && row.ops->equal(row.In(BeginOf(*this)), row.In(BeginOf(*fresh)))) { continue; }
+    row.ops->write(out, row.name, row.In(BeginOf(*this)));
+  }
 }
 
 void cls_Object::NewUid() {

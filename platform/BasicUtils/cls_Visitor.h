@@ -44,6 +44,11 @@ public:
   virtual bool WriteSequence(std::string_view /*member*/, std::size_t /*count*/, SequenceElement const& /*at*/) const { return false; }
   /// Writes an object that the owner holds by value and whose class it knows; reads back with ReadNested.
   virtual void WriteNested(std::string_view member, cls_Object const& object) const = 0;
+  /// The same of an object that goes by \p name and that the model may declare under it; reads back with ReadDeclared. A visitor
+  /// may write the name alone where the model declares an equal one.
+  virtual void WriteDeclared(std::string_view member, std::string_view /*name*/, cls_Object const& object) const {
+    WriteNested(member, object);
+  }
   virtual void StartList(std::string_view member, std::size_t count) const = 0;
   virtual void EndList() const = 0;
   /// Opens a set of named members, written between here and EndMap under their keys. False when the visitor has them
@@ -53,6 +58,15 @@ public:
 
   /// Whether a list whose elements follow from some of them may be written as those alone.
   virtual bool WritesOwnRecordsOnly() const { return false; }
+
+  /// Whether what a reader can conclude is left out: members that are as in a new object, the state of a propagating member
+  /// that is set, and of a history all but what each step says of its own.
+  virtual bool IsBrief() const { return false; }
+  /// A new object of the class of \p object, for a brief visitor; null where nothing is left out.
+  virtual cls_Object const* NewLike(cls_Object const& /*object*/) const { return nullptr; }
+  /// Writes an element of a list: what the step called \p step says, for a brief visitor. \p values is null where that is to
+  /// switch off. The first element is told whole, of the others those members that \p values sets or frees.
+  virtual void WriteChange(std::string_view step, cls_Object const* values, bool isFirst) const;
 };
 
 /// Source of persistent objects; reads what a write visitor wrote, under the same names and in the same order.
@@ -75,6 +89,10 @@ public:
   virtual cow_Handle<cls_Object> ReadReference(std::string_view member, std::string_view name) const;
   /// Opens an object member and hands it to \p read.
   virtual void ReadNested(std::string_view member, std::function<void(cls_ReadVisitor const&)> const& read) const = 0;
+  /// The same of an object of type \p typeId that the model may declare.
+  virtual void ReadDeclared(std::string_view member, unsigned /*typeId*/, std::function<void(cls_ReadVisitor const&)> const& read) const {
+    ReadNested(member, read);
+  }
   /// Opens a list; its elements follow in turn under the empty name. Returns their number.
   virtual std::size_t StartList(std::string_view member) const = 0;
   virtual void EndList() const = 0;
@@ -84,6 +102,11 @@ public:
 
   /// Whether the source was written by a visitor that takes lists so.
   virtual bool ReadsOwnRecordsOnly() const { return false; }
+
+  /// Whether the source was written by a brief visitor: a member that is not there is as in a new object.
+  virtual bool IsBrief() const { return false; }
+  /// The next element of a list of changes: a step's name, and what it sets and frees; null where it switches off.
+  virtual std::pair<std::string, cow_Handle<cls_Object>> ReadChange() const;
 
   /// Refuses the content of \p member: \p expected says what should have stood there.
   [[noreturn]] virtual void Refuse(std::string_view member, std::string_view expected) const = 0;

@@ -58,6 +58,12 @@ private:
 /// A region is stored whole and scripted by its name; who holds the model's regions looks up the rest and gives it as named
 /// members.
 template <> struct cls_MemberTraits<rgnC_Region> : cls_ObjectTraits<rgnC_Region> {
+  static void Write(cls_WriteVisitor const& out, std::string_view name, rgnC_Region const& region) {
+    out.WriteDeclared(name, region.Name().View(), region);
+  }
+  static void Read(cls_ReadVisitor const& in, std::string_view name, rgnC_Region& region) {
+    in.ReadDeclared(name, rgnC_Region::TypeId(), [&](cls_ReadVisitor const& whole) { region = rgnC_Region(whole); });
+  }
   static cls_Value ToValue(rgnC_Region const& region) { return std::string(region.Name().View()); }
   static std::string_view FromValue(rgnC_Region& region, cls_Value const& from) {
     if (from.As<cls_Value::Fields>() != nullptr) {

@@ -410,14 +410,18 @@ void kprC_Attribute::RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable co
   };
   std::vector<Stored> stored;
   bool fits = in.ReadsOwnRecordsOnly() || Steps().SameNames(steps);
+  std::size_t next = 0;
   States().ForEachOwn([&](std::size_t index, kprC_History::Own const& own) {
-    fits = fits && steps.Find(Steps().Name(index).View()) != npos;
+    std::size_t const at = steps.Find(Steps().Name(index).View());
+    fits = fits && at != npos && at >= next;
+    next = at + 1;
     stored.push_back({Steps().Name(index), own.status, own.state});
   });
   if (!fits) { in.Refuse(member, "one record for each step of the sequence, in step order"); }
   States().Attach(steps);
   FormHistory();
   for (Stored const& own : stored) {
+    if (in.IsBrief()) { break; }  // tells nothing that follows
     std::size_t const index = steps.Find(own.step.View());
     kprC_State const* const state = States().State(index);
     if (States().Status(index) != own.status || state == nullptr || !state->Equals(*own.state)) {

@@ -101,6 +101,7 @@ struct kprC_Family {
   std::unique_ptr<kprC_Record> (*makeRecord)();
   void (*writeRecord)(cls_WriteVisitor const&, Stored const&, cls_Uid);
   Stored (*readRecord)(cls_ReadVisitor const&);
+  cow_Handle<kprC_State> (*asState)(cow_Handle<cls_Object> const&);  ///< the object as a state of the family; null where it is none
 
   void Assert(bool condition, int code) const {
     if (!condition) { refuse(code); }
@@ -143,6 +144,7 @@ template <kprC_FamilyRules Rules> struct kprC_FamilyTables {
     Record const record(in);
     return {record.stepName, record.status, record.state, record.procedure};
   }
+  static cow_Handle<kprC_State> AsState(cow_Handle<cls_Object> const& object) { return object.template As<typename Rules::State>(); }
 };
 template <class Rules>
 inline constexpr kprC_Family kprC_FamilyOf = {
@@ -163,4 +165,5 @@ inline constexpr kprC_Family kprC_FamilyOf = {
     .makeRecord = &kprC_FamilyTables<Rules>::Make,
     .writeRecord = &kprC_FamilyTables<Rules>::Write,
     .readRecord = &kprC_FamilyTables<Rules>::Read,
+    .asState = &kprC_FamilyTables<Rules>::AsState,
 };

@@ -344,9 +344,15 @@ void kprC_History::Write(cls_WriteVisitor const& out, std::string_view name) con
     auto const& owns = OwnRecords();
     auto const isTold = [](Own const& own) { return static_cast<bool>(own.state); };
     out.StartList(name, static_cast<std::size_t>(std::ranges::count_if(owns, isTold)));
+    bool first = true;
     for (Own const& own : owns) {
       if (!isTold(own)) { continue; }
       std::size_t const index = steps_.Position(own.step);
+      if (out.IsBrief()) {  // what follows from the steps before is no matter of the record: a step there may be edited elsewhere
+        out.WriteChange(steps_.Name(index).View(), own.marked && !first ? nullptr : own.state.ConstGet(), first);
+        first = false;
+        continue;
+      }
       Family().writeRecord(out, {steps_.Name(index), own.status, own.state, nullptr},
                            RecordUid(index));  // the sequence tells the procedure
     }
@@ -366,7 +372,11 @@ void kprC_History::Read(cls_ReadVisitor const& in, std::string_view name) {
   std::size_t const count = in.StartList(name);
   for (std::size_t i = 0; i < count; ++i) {
     Stored record;
-    in.ReadNested("", [&](cls_ReadVisitor const& nested) { record = Family().readRecord(nested); });
+    if (in.IsBrief()) {
+      record = ReadChange(in, name, told.empty() ? nullptr : &told.front().second.state);
+    } else {
+      in.ReadNested("", [&](cls_ReadVisitor const& nested) { record = Family().readRecord(nested); });
+    }
     steps.Append(kprC_StepNameProcedurePair(record.stepName, record.procedure));
     if (record.state) {
       told.emplace_back(i, std::move(record));
@@ -378,12 +388,24 @@ void kprC_History::Read(cls_ReadVisitor const& in, std::string_view name) {
   read.steps_ = kprC_StepTable(steps);
   bool const ownOnly = in.ReadsOwnRecordsOnly();
   for (auto& [index, record] : told) {
-    bool const marked = kprC_IsOffByItself(record.status, *record.state, ownOnly);
+    bool const isFirst = index == 0, brief = in.IsBrief();
+    bool const marked = brief && isFirst ? record.state->SwitchedOff() : kprC_IsOffByItself(record.status, *record.state, ownOnly);
     read.Set(index, record.status, std::move(record.state), marked);
   }
   if (!told.empty()) { read.Owns().front().creation = true; }
   read.TouchAll();
   *this = std::move(read);
+}
+
+kprC_History::Stored kprC_History::ReadChange(cls_ReadVisitor const& in, std::string_view name, Handle const* first) const {
+  auto [step, values] = in.ReadChange();
+  if (!values) {
+    if (first == nullptr) { in.Refuse(name, "values in the first record"); }
+    return {cow_String(step), Status_::Deactivated, *first, {}};
+  }
+  Handle state = family_->asState(values);
+  if (!state) { in.Refuse(name, "an object of another class"); }
+  return {cow_String(step), first == nullptr ? Status_::Created : Status_::Modified, std::move(state), {}};
 }
 
 bool kprC_History::Equals(kprC_History const& other) const {

@@ -224,6 +224,11 @@ private:
     bool const kept = untouched && Family().kind(step.procedureType) == kprC_StepKind::General && carrying && carrying->kept.Contains(step);
     return kept ? Pass().keptFromInitial : Pass().notAdmitted;
   }
+
+  /// A record that is told as what it says; \p first: the state of the creation, null where this is it. The status is the one that
+  /// a pass begins with.
+  Stored ReadChange(cls_ReadVisitor const& in, std::string_view name, Handle const* first) const;
+
   Record Look(std::size_t index) const;
   /// What a record without anything of its own takes over from \p own, the last own record before it.
   Record Carried(Own const& own, std::size_t index) const;

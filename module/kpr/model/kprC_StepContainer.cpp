@@ -36,7 +36,7 @@ kprC_StepContainer::kprC_StepContainer() {
   table_ = kprC_StepTable(steps);
 }
 
-kprC_StepContainer::kprC_StepContainer(cls_ReadVisitor const& in) {
+kprC_StepContainer::kprC_StepContainer(cls_ReadVisitor const& in) : kprC_StepContainer() {
   cls_ReadMembers(*this, in);
   if (auto const expected = Expected(table_); expected != "") { in.Refuse(kprC_Step::stepRepositoryCmd(), expected); }
 }
