@@ -1,4 +1,4 @@
-// The same edits as commands of a session, with journal and undo, and the model file. Each benchmark gives the fastest of several
+// The same edits as commands of a session, with journal and undo, the model file, and the text form. Each benchmark gives the fastest of several
 // rounds, for edits the median over all attributes in random order; the commands are made beforehand. Counter "limit": how
 // many times as long as the same work on plain structs (benchmarks/Workload.h), for the file as writing or reading their bytes
 // once; "heap": bytes on the heap that one command adds, and a snapshot keeps.
@@ -11,6 +11,7 @@
 #include "benchmarks/Workload.h"
 #include "command/Session.h"
 #include "store/ModelFile.h"
+#include "store/TextStore.h"
 
 namespace {
 
@@ -221,6 +222,26 @@ void SaveAfterOneEdit(benchmark::State& state) {
   std::filesystem::remove(path);
 }
 
+// ---- the text form
+
+void DumpText(benchmark::State& state) {
+  Size const size(state);
+  ddr_Model const model = size.Model();
+  std::filesystem::path const path = Scratch("gattr-bench.gattr.json");
+  double const seconds = FastestOnFile([] {}, [&] { gattr::WriteTextFile(model, path); });
+  bench::Report(state, seconds, SecondsToWrite(size.Bytes()));
+  state.counters["MB"] = static_cast<double>(std::filesystem::file_size(path)) / 1e6;
+  std::filesystem::remove(path);
+}
+void LoadText(benchmark::State& state) {
+  Size const size(state);
+  std::filesystem::path const path = Scratch("gattr-bench.gattr.json");
+  gattr::WriteTextFile(size.Model(), path);
+  double const seconds = FastestOnFile([] {}, [&] { benchmark::DoNotOptimize(gattr::ReadTextFile(path)); });
+  bench::Report(state, seconds, SecondsToRead(size.Bytes()));
+  std::filesystem::remove(path);
+}
+
 void Series(benchmark::internal::Benchmark* b) {
   b->ArgNames({"steps", "attributes"})->Unit(benchmark::kMicrosecond)->UseManualTime()->Iterations(1);
 }
@@ -238,5 +259,7 @@ BENCHMARK(AppendSteps)->Apply(Series)->Args({10, 0})->Args({10, 1000});
 BENCHMARK(FirstSave)->Apply(Sizes);
 BENCHMARK(Open)->Apply(Sizes);
 BENCHMARK(SaveAfterOneEdit)->Apply(Sizes);
+BENCHMARK(DumpText)->Apply(Sizes);
+BENCHMARK(LoadText)->Apply(Sizes);
 
 }  // namespace

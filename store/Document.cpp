@@ -33,8 +33,8 @@ Document::At Document::Find(At at, std::string_view name) const {
   return child != nodes_[at].end ? child : npos;
 }
 
-Document::Text Document::Intern(std::string_view text) {
-  std::size_t const hash = std::hash<std::string_view>{}(text);
+Document::Text Document::Intern(std::string_view text, bool copied) {
+  auto const hash = static_cast<std::uint32_t>(std::hash<std::string_view>{}(text));
   std::size_t slot = SlotOf(text, hash);
   if (slots_[slot].text != npos) { return slots_[slot].text; }
   if (2 * texts_.size() >= slots_.size()) {
@@ -45,12 +45,12 @@ Document::Text Document::Intern(std::string_view text) {
     slot = SlotOf(text, hash);
   }
   auto const number = static_cast<Text>(texts_.size());
-  texts_.push_back(storage_.emplace_back(text));
+  texts_.push_back(copied ? storage_.emplace_back(text) : text);
   slots_[slot] = {hash, number};
   return number;
 }
 
-std::size_t Document::SlotOf(std::string_view text, std::size_t hash) const {
+std::size_t Document::SlotOf(std::string_view text, std::uint32_t hash) const {
   std::size_t const mask = slots_.size() - 1;
   std::size_t slot = hash & mask;
   while (slots_[slot].text != npos && (slots_[slot].hash != hash || texts_[slots_[slot].text] != text)) { slot = (slot + 1) & mask; }

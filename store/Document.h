@@ -54,7 +54,9 @@ public:
   At Find(At at, std::string_view name) const;
 
   /// Number of a text, which is added when it is new.
-  Text Intern(std::string_view text);
+  Text Intern(std::string_view text) { return Intern(text, true); }
+  /// The same of a text that outlives the document: it is not copied.
+  Text InternLasting(std::string_view text) { return Intern(text, false); }
 
   // Building, in the order of writing.
   void AddNull(Text name) { Add(Kind::Null, name); }
@@ -71,6 +73,8 @@ public:
   /// Closes what was opened last. Raises a StoreError when a name stands twice in an object.
   void Close();
   std::size_t Depth() const { return open_.size(); }
+  /// Whether what was opened last is an object or a list.
+  Kind OpenKind() const { return nodes_[open_.back().at].kind; }
 
   /// "boundaryConditions / Fix / states[3] / status": \p way, from the outermost object on, and \p member in the last of it.
   /// The maps of the model and of its extensions are left out.
@@ -85,13 +89,14 @@ public:
 
 private:
   struct Slot {
-    std::size_t hash = 0;
+    std::uint32_t hash = 0;
     Text text = npos;
   };
 
+  Text Intern(std::string_view text, bool copied);
   At Add(Kind kind, Text name);
   /// Where in the hash table \p text stands or would stand.
-  std::size_t SlotOf(std::string_view text, std::size_t hash) const;
+  std::size_t SlotOf(std::string_view text, std::uint32_t hash) const;
 
   std::string fileName_;
   std::vector<Node> nodes_;

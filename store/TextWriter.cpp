@@ -12,6 +12,9 @@ namespace gattr {
 
 namespace {
 constexpr std::size_t kBlock = 1 << 16;  // bytes that are handed to the stream at once
+
+/// Where the members of what is open at \p depth begin: the model's extensions at the margin, as the model itself.
+constexpr std::size_t Indentation(std::size_t depth) { return depth == 0 ? 0 : depth - 1; }
 }  // namespace
 
 TextWriter::TextWriter(ModelSteps const& steps, std::ostream& out) : StoreWriter(steps, ""), out_(out) {}
@@ -123,7 +126,7 @@ void TextWriter::Close(Kind kind) const {
     ToValue(open_.back(), false);
     buffer_ += '[';
   }
-  if (closed.layout == Layout::Spread && closed.count > 0) { NewLine(open_.size()); }
+  if (closed.layout == Layout::Spread && closed.count > 0) { NewLine(Indentation(open_.size())); }
   buffer_ += kind == Kind::List ? ']' : '}';
   if (closed.layout != Layout::Spread) { Settle(open_.back()); }
   if (buffer_.size() >= kBlock) { Flush(); }
@@ -147,7 +150,7 @@ void TextWriter::BeginMember(std::string_view member, bool spread) const {
   if (owner.layout == Layout::OneLine) {
     if (!isFirst) { buffer_ += ", "; }
   } else if (!isFirst || owner.kind != Kind::Object) {
-    NewLine(open_.size() - 1);
+    NewLine(Indentation(open_.size() - 1));
     buffer_ += isFirst ? ' ' : ',';
   }
   if (owner.kind == Kind::List) { return; }
@@ -158,7 +161,7 @@ void TextWriter::BeginMember(std::string_view member, bool spread) const {
 void TextWriter::ToValue(Opened const& owner, bool spread) const {
   if (owner.kind == Kind::List) { return; }
   bool const onLineOfName = spread || owner.layout == Layout::OneLine || (owner.count == 1 && owner.kind == Kind::Object);
-  onLineOfName ? void(buffer_ += ' ') : NewLine(static_cast<std::size_t>(&owner - open_.data()) + 1);
+  onLineOfName ? void(buffer_ += ' ') : NewLine(Indentation(static_cast<std::size_t>(&owner - open_.data())) + 1);
 }
 
 void TextWriter::NewLine(std::size_t indentation) const {

@@ -2,6 +2,7 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <span>
 
 #include <sqlite3.h>
 
@@ -36,28 +37,67 @@ TEST(Checksum, IsThatOfTheStandardOverTheLengthAndTheBytes) {
   EXPECT_EQ(gattr::Checksum().Add("123456789").Value(), 0x85A458E8U);
 }
 
+/// Each row is a change to a text of SmallModel that is right, and what reading the outcome says.
+struct DamageRow {
+  char const* text;
+  char const* instead;
+  char const* expected;
+};
+void ExpectRefused(std::string const& text, std::span<DamageRow const> rows) {
+  for (DamageRow const& row : rows) {
+    std::string damaged = text;
+    std::size_t const at = damaged.find(row.text);
+    ASSERT_NE(at, std::string::npos) << row.text;
+    damaged.replace(at, std::string_view(row.text).size(), row.instead);
+    std::string const refusal = Refusal([&] { Parse(damaged); });
+    EXPECT_TRUE(refusal.starts_with(std::string("Model.gattr.json: ") + row.expected)) << row.instead << "\n" << refusal;
+  }
+}
+
 TEST(DamagedText, IsRefusedWithThePlaceAndWhatWasExpected) {
-  struct Row {
-    char const* text;
-    char const* instead;
-    char const* expected;
-  };
-  Row const rows[] = {
+  DamageRow const rows[] = {
       {"\"gattr model\"", "\"another\"", "format: expected \"gattr model\": this is no model"},
       {"\"format\"", "\"formats\"", "format: expected \"gattr model\": this is no model"},
-      {"\"version\": 1", "\"version\": 2", "version: expected 1, found the later version 2"},
-      {"\"version\": 1", "\"version\": \"1\"", "version: expected a number from 1 on"},
-      {"\"name\": \"Bracket", "\"title\": \"Bracket", "name: expected a text, found nothing"},
+      {"\n 2\n", "\n 3\n", "version: expected 2 at most, found the later version 3"},
+      {"\n 2\n", "\n \"2\"\n", "version: expected a number from 1 on"},
+      {"\"name\":\n \"Bracket", "\"title\":\n \"Bracket", "name: expected a text, found nothing"},
       {"\"TWO_D_PLANAR\"", "\"FLAT\"", "space: omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: FLAT"},
-      {"\"components\": [", "\"components\": [4, ", "connectors / Hinge / components: expected integers from 1 to 6, each at most once"},
+      {"[1, 4]", "[4, 1, 4]", "connectors / Hinge / components: expected integers from 1 to 6, each at most once"},
       {"\"extensions\": {", "\"extensions\": {\"regions\": {},", "regions: stands twice"},
-      {"\"u1\": 0.1,", "\"u1\": \"0.1\",", "boundaryConditions / Move / states[1] / state / u1: expected a finite number, found \"0.1\""},
-      {"\"u1\": 0.1,", "\"u1\": 1e999,", "boundaryConditions / Move / states[1] / state / u1: expected a finite number"},
-      {"\"u1\": 0.1,", "\"u1\": NaN,", "parse error at line"},
-      {"\"u1\": 0.1,", "\"u1\": 0.1, \"u1\": 0.2,", "boundaryConditions / Move / states[1] / state / u1: stands twice"},
+      {"0.1\n", "\"0.1\"\n", "boundaryConditions / Move / states[0] / u1: expected a finite number, found \"0.1\""},
+      {"0.1\n", "1e999\n", "boundaryConditions / Move / states[0] / u1: expected a finite number"},
+      {"0.1\n", "NaN\n", "is no JSON at line 91, column 7: expected a value"},
+      {"0.1\n", "0.1, \"u1\": 0.2\n", "boundaryConditions / Move / states[0] / u1: stands twice"},
+      {"0.1\n", "0.1, \"u9\": 0.2\n", "boundaryConditions / Move / states[0] / u9: no such member is known"},
+      {"\"FREED\"", "\"GONE\"", "boundaryConditions / Move / states[2] / u1State: omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: GONE"},
+      {",\"u1State\":\n      \"FREED\"", "", "boundaryConditions / Move / states: expected only records that say something of their own"},
+      {"\"off\": true", "\"off\": false", "boundaryConditions / Hold / states[1] / off: expected true"},
+      {"\"off\": true", "\"off\": true, \"u1\": 1", "boundaryConditions / Hold / states[1] / u1: no such member is known"},
+      {"{\"step\": \"Step-4\"", "{\"step\": \"Step-9\"", "boundaryConditions / Hold / states: expected one record for each step"},
+      {"{\"step\": \"Step-4\"", "{\"step\": \"Step-2\"", "boundaryConditions / Hold / states: expected one record for each step"},
+      {"{\"step\": \"Step-4\"", "{\"step\": \"Step-1\"", "boundaryConditions / Hold / states: expected one record for each step"},
+      {"\"kbcC_TypeBCState\"", "\"kloC_BoltLoadState\"", "boundaryConditions / Clamp / states[0] / typeName: no such member is known"},
+      {"\"class\":\n      \"kbcC_TypeBCState\"\n\n     ,\"typeName\":\n      \"ENCASTRE\"", "\"class\": \"kloC_BoltLoadState\"",
+       "boundaryConditions / Clamp / states[0]: expected an object of another class"},
+      {"\"class\":\n      \"kbcC_TypeBCState\"\n\n     ,\"typeName\":\n      \"ENCASTRE\"", "\"off\": true",
+       "boundaryConditions / Clamp / states[0]: expected values in the first record"},
+      {"\"Set-1\"", "\"Set-9\"",
+       "boundaryConditions / Fix / region: expected an object, or the name of one that the model declares, found \"Set-9\""},
+      {"\"procedures\":\n  \"steps\"", "\"procedures\": \"others\"", "boundaryConditions / procedures: expected a list, found \"others\""},
+      {"{\"class\": \"kbcC_TypeBC\"", "{\"class\": \"kbcC_BC\"",
+       "boundaryConditions / Clamp / class: expected a class that can be made, found \"kbcC_BC\""},
+      {"{\"class\": \"kbcC_TypeBC\"", "{\"class\": \"rgnC_Region\"", "boundaryConditions / Clamp / suppress: no such member is known"},
+      {"\"class\": \"kprC_InitialStep\"", "\"class\": \"kprC_Step\"",
+       "steps / steps[0] / procedure / class: expected a class that can be made"},
+      {"{\"stepName\": \"Initial\"", "{\"stepName\": \"First\"", "steps / steps: expected \"Initial\" as the first step"},
+  };
+  ExpectRefused(Dump(SmallModel()), rows);
+}
+
+TEST(DamagedTextOfTheFirstVersion, IsRefusedWhereItsRecordsDoNotFollow) {
+  DamageRow const rows[] = {
       {"\"u1\": 0.1,", "\"u1\": 0.2,",
        "boundaryConditions / Move / states: expected in step \"Step-2\" the status and the state that follow"},
-      {"\"u1\": 0.1,", "\"u1\": 0.1, \"u9\": 0.1,", "boundaryConditions / Move / states[1] / state / u9: no such member is known"},
       {"\"status\": \"MODIFIED\"", "\"status\": \"CHANGED\"",
        "boundaryConditions / Move / states[3] / status: omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: CHANGED"},
       {"\"status\": \"MODIFIED\"", "\"status\": \"PROPAGATED\"", "boundaryConditions / Move / states: expected in step \"Step-3\""},
@@ -71,22 +111,32 @@ TEST(DamagedText, IsRefusedWithThePlaceAndWhatWasExpected) {
        "boundaryConditions / Clamp / states[1] / procedure: expected the step that the record belongs to, found \"Step-2\""},
       {"\"procedure\": \"Step-1\"", "\"procedure\": \"Step-9\"",
        "boundaryConditions / Clamp / states[1] / procedure: expected an object or the name of a step, found \"Step-9\""},
-      {"\"class\": \"kbcC_TypeBC\"", "\"class\": \"kbcC_BC\"",
-       "boundaryConditions / Clamp / class: expected a class that can be made, found \"kbcC_BC\""},
-      {"\"class\": \"kbcC_TypeBC\"", "\"class\": \"rgnC_Region\"", "boundaryConditions / Clamp / name: expected a text, found nothing"},
-      {"\"class\": \"kprC_InitialStep\"", "\"class\": \"kprC_Step\"",
-       "steps / steps[0] / procedure / class: expected a class that can be made"},
-      {"{\"stepName\": \"Initial\", \"procedure\": {", "{\"stepName\": \"First\", \"procedure\": {",
-       "steps / steps: expected \"Initial\" as the first step"},
+      {"\"suppress\": false,", "", "boundaryConditions / Fix / suppress: expected true or false, found nothing"},
+      {"\"region\": {\"name\": \"Set-1\", ", "\"region\": {", "boundaryConditions / Fix / region / name: expected a text, found nothing"},
   };
-  std::string const text = Dump(SmallModel());
+  ExpectRefused(FirstVersion(), rows);
+}
+
+TEST(DamagedText, IsRefusedInOnePassHoweverItIsNested) {
+  struct Row {
+    std::string text;
+    char const* expected;
+  };
+  Row const rows[] = {
+      {std::string(100000000, '['), "is no JSON at line 1, column 65: nested deeper than 64 levels"},
+      {"{\"a\": \"" + std::string(3, '\\') + "\"}", "is no JSON at line 1, column 13: expected \""},
+      {"{\"a\": \"\\ud800\"}", "is no JSON at line 1, column 8: expected an escape such as \\n or \\u00e9"},
+      {"{\"a\": \"\xC0\x80\"}", "is no JSON at line 1, column 8: expected a text in UTF-8"},
+      {"{\"a\": 01}", "is no JSON at line 1, column 8: expected , or }"},
+      {"{\"a\": 1.}", "is no JSON at line 1, column 9: expected a digit"},
+      {"{\"a\": [1,]}", "is no JSON at line 1, column 10: expected a value"},
+      {"{\"a\": 1,}", "is no JSON at line 1, column 9: expected a name"},
+      {"{\"a\" 1}", "is no JSON at line 1, column 6: expected :"},
+      {"{}\n{}", "is no JSON at line 2, column 1: expected the end of the text"},
+      {"{\"a\": \"\n\"}", "is no JSON at line 1, column 8: expected no control character in a text"},
+  };
   for (Row const& row : rows) {
-    std::string damaged = text;
-    std::size_t const at = damaged.find(row.text);
-    ASSERT_NE(at, std::string::npos) << row.text;
-    damaged.replace(at, std::string_view(row.text).size(), row.instead);
-    std::string const refusal = Refusal([&] { Parse(damaged); });
-    EXPECT_TRUE(refusal.starts_with(std::string("Model.gattr.json: ") + row.expected)) << row.instead << "\n" << refusal;
+    EXPECT_EQ(Refusal([&] { Parse(row.text); }), std::string("Model.gattr.json: ") + row.expected) << row.text.substr(0, 40);
   }
 }
 

@@ -101,6 +101,26 @@ TEST(EveryClass, ComesBackFromBothStoresWithEveryMemberOffItsDefault) {
   ExpectToComeBack(objects);
 }
 
+TEST(EveryClass, ComesBackAsItIsMade) {
+  Objects objects;
+  for (cls_ClassMetadata const* type : ConcreteClasses()) { objects.Insert(type->name, cow_Handle<cls_Object>(type->make())); }
+  ExpectToComeBack(objects);
+}
+
+// A record of the text form is the members that the step sets or frees, beside words of its own.
+TEST(EveryState, IsMadeUnmodifiedAndHasNoMemberCalledLikeAWordOfARecord) {
+  std::size_t states = 0;
+  for (cls_ClassMetadata const* type : ConcreteClasses()) {
+    std::unique_ptr<cls_Object> const object = type->make();
+    auto const* const state = dynamic_cast<kprC_State const*>(object.get());
+    if (state == nullptr) { continue; }
+    EXPECT_FALSE(state->IsModified()) << type->name;
+    for (char const* word : {"step", "off", "class"}) { EXPECT_EQ(type->Find(word), nullptr) << type->name; }
+    ++states;
+  }
+  EXPECT_GT(states, 20U);
+}
+
 TEST(EveryClass, ComesBackWithEveryPropagatingMemberFreed) {
   Objects objects;
   std::size_t members = 0;

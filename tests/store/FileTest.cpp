@@ -47,10 +47,10 @@ TEST(EitherFile, IsRefusedWhereThereIsNoModel) {
       {"missing", "cannot be read: No such file or directory", "cannot be opened: No such file or directory"},
       {"folder", "is a folder, not a file", "is a folder, not a file"},
       {"empty", "is empty", "is empty"},
-      {"picture", "parse error at line 1, column 1", "is no model file"},
+      {"picture", "is no JSON at line 1, column 1", "is no model file"},
       {"list", "format: expected \"gattr model\": this is no model", "is no model file"},
       {"text", "", "is no model file"},
-      {"database", "parse error at line 1, column 1", ""},
+      {"database", "is no JSON at line 1, column 1", ""},
   };
   for (Row const& row : rows) {
     for (Store const& store : kStores) {

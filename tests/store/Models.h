@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -78,6 +79,13 @@ inline std::string Dump(ddr_Model const& model) {
 inline ddr_Model Parse(std::string const& text) {
   std::istringstream in(text);
   return gattr::ReadText(in, "Model.gattr.json");
+}
+
+/// What the first version of the text form made of SmallModel.
+inline std::string FirstVersion() {
+  std::ostringstream text;
+  text << std::ifstream(GATTR_SOURCE_DIR "/tests/store/data/first_version.gattr.json", std::ios::binary).rdbuf();
+  return text.str();
 }
 
 /// What \p action refuses; empty when it refuses nothing.

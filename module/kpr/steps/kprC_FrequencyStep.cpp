@@ -3,7 +3,7 @@
 #include "module/kpr/steps/kprC_StepChecks.h"
 
 kprC_FrequencyStep::kprC_FrequencyStep() { vectors = 0; }
-kprC_FrequencyStep::kprC_FrequencyStep(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
+kprC_FrequencyStep::kprC_FrequencyStep(cls_ReadVisitor const& in) : kprC_FrequencyStep() { cls_ReadMembers(*this, in); }
 
 void kprC_FrequencyStep::AssertValid() const {
   using enum kprC_ErrorEnm;
