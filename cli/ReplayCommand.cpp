@@ -33,10 +33,32 @@ public:
     if (path == "-") { return; }
     std::error_code error;
     if (std::filesystem::is_directory(path, error)) { throw BadInput(Quoted(path) + " is a directory, not a journal"); }
-    size_ = static_cast<double>(std::filesystem::file_size(path, error));
+    bool const isFile = std::filesystem::is_regular_file(path, error);
+    size_ = isFile ? static_cast<double>(std::filesystem::file_size(path, error)) : 0;
     if (error) { size_ = 0; }
     file_.open(path, std::ios::binary);
     if (!file_) { throw BadInput("cannot read " + Quoted(path) + ": " + std::generic_category().message(errno)); }
+  }
+
+  /// Whether a line of it may undo another, as far as can be known before it is read.
+  bool MayUndo() {
+    if (!(size_ > 0)) { return true; }
+    constexpr std::size_t kPiece = 1 << 16;
+    // the command's name, or an escape that may spell it, which is rare
+    std::string_view const words[] = {"undo", "\\u00"};
+    std::string text;
+    bool found = false;
+    while (!found && file_) {
+      text.erase(0, text.size() - std::min<std::size_t>(text.size(), 3));  // a word may lie across two pieces
+      std::size_t const kept = text.size();
+      text.resize(kept + kPiece);
+      file_.read(text.data() + kept, kPiece);
+      text.resize(kept + static_cast<std::size_t>(file_.gcount()));
+      found = std::ranges::any_of(words, [&](std::string_view word) { return text.find(word) != std::string::npos; });
+    }
+    file_.clear();
+    file_.seekg(0);
+    return found;
   }
 
   std::istream& Stream() { return file_.is_open() ? static_cast<std::istream&>(file_) : std::cin; }
@@ -120,6 +142,7 @@ int Run(ReplayOptions const& options) {
   ModelPath* const target = options.output.empty() ? nullptr : output ? &*output : &*on;
   JournalFile journal(options.journal);
   Session session = on ? Session(on->Open()) : Session();
+  if (!journal.MayUndo()) { session.ForgetPast(); }
 
   Replay replay(session, journal, options.trace);
   int status = kDone;

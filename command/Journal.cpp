@@ -1,10 +1,14 @@
 #include "command/Journal.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cmath>
 #include <istream>
-#include <set>
+#include <system_error>
+#include <utility>
 #include <vector>
 
+#include "text/JsonParser.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -16,37 +20,47 @@ std::string Place(std::string const& journal, std::size_t line, std::size_t colu
   return column == 0 ? place : place + ", column " + std::to_string(column);
 }
 
-/// The part of a message of the JSON library that tells the cause: behind the error's number and place.
-std::string Cause(std::string_view message) {
-  for (std::string_view const lead : {"] ", ": "}) {  // "[json.exception.parse_error.101] parse error at line 1, column 2: ..."
-    auto const at = message.find(lead);
-    if (at != std::string_view::npos) { message.remove_prefix(at + lead.size()); }
+using JsonMembers = std::vector<Json::object_t::value_type>;  // what an object is made of: to append asks for no name that is there
+
+/// Makes a command of what the parser finds.
+class CommandMaker final : public JsonHandler {
+public:
+  void Null() override { Add(nullptr); }
+  void Bool(bool value) override { Add(value); }
+  void Integer(long long value) override { Add(value); }
+  void Real(double value, std::string_view number) override {
+    if (!std::isfinite(value)) { throw std::out_of_range("the value of " + Quoted(name_) + " is too large: " + std::string(number) + "."); }
+    Add(value);
   }
-  return OneLine(message);
-}
-
-/// Follows the members while a line is parsed.
-struct SeenMembers {
-  static constexpr int kDeepest = 64;  ///< levels of lists and objects; whoever walks a command does so by recursion
-
-  std::vector<std::set<std::string>> open;  ///< names seen so far, of the objects not closed yet
-  std::string last;
-  std::string repeated;
-  bool tooDeep = false;
-
-  bool operator()(int depth, Json::parse_event_t event, Json& parsed) {
-    tooDeep = tooDeep || depth > kDeepest;
-    switch (event) {
-      case Json::parse_event_t::object_start: open.emplace_back(); break;
-      case Json::parse_event_t::object_end: open.pop_back(); break;
-      case Json::parse_event_t::key:
-        last = parsed.get<std::string>();
-        if (!open.back().insert(last).second && repeated.empty()) { repeated = last; }
-        break;
-      default: break;
-    }
-    return true;
+  void String(Text value) override { Add(std::string(value.text)); }
+  void Open(bool isObject) override { open_.push_back(&Add(isObject ? Json::object() : Json::array())); }
+  void Name(Text name) override { name_ = name.text; }
+  void Close() override {
+    if (open_.back()->is_object() && repeated_.empty()) { FindRepeated(open_.back()->get_ref<Json::object_t&>()); }
+    open_.pop_back();
   }
+
+  Json& Command() { return command_; }
+  /// The first name that stands twice in its object.
+  std::string const& Repeated() const { return repeated_; }
+
+private:
+  Json& Add(Json value) {
+    if (open_.empty()) { return command_ = std::move(value); }
+    if (open_.back()->is_array()) { return open_.back()->emplace_back(std::move(value)); }
+    return static_cast<JsonMembers&>(open_.back()->get_ref<Json::object_t&>()).emplace_back(name_, std::move(value)).second;
+  }
+  void FindRepeated(JsonMembers const& members) {
+    std::vector<std::string_view> names;
+    names.reserve(members.size());
+    for (auto const& [name, value] : members) { names.push_back(name); }
+    std::ranges::sort(names);
+    if (auto const twice = std::ranges::adjacent_find(names); twice != names.end()) { repeated_ = *twice; }
+  }
+
+  Json command_;
+  std::vector<Json*> open_;  // what is open takes no further value before it is closed, so that it stays where it is
+  std::string name_, repeated_;
 };
 
 }  // namespace
@@ -63,17 +77,16 @@ bool JournalReader::ReadLine() {
   if (in_.eof() || !in_.good()) { return false; }
   ++line_;
   std::size_t size = 0;
-  std::streambuf& buffer = *in_.rdbuf();
-  constexpr int kEnd = std::char_traits<char>::eof();
-  for (int c = buffer.sbumpc();; c = buffer.sbumpc()) {
-    if (c == kEnd) {
-      in_.setstate(std::ios::eofbit);
-      if (size == 0) { return false; }
-      break;
-    }
-    if (c == '\n') { break; }
-    if (++size <= kLongestLine) { text_ += static_cast<char>(c); }
-  }
+  do {  // a piece at a time: a line that is too long is not held
+    char piece[1 << 12];
+    in_.clear();
+    in_.getline(piece, sizeof piece);
+    auto const read = static_cast<std::size_t>(in_.gcount()) - (in_.good() ? 1 : 0);  // without the line's end
+    size += read;
+    if (size <= kLongestLine) { text_.append(piece, read); }
+  } while (in_.fail() && !in_.eof() && !in_.bad());
+  if (in_.bad()) { Refuse(0, "cannot be read: " + std::generic_category().message(errno) + "."); }
+  if (in_.eof() && size == 0) { return false; }
   if (size > kLongestLine) {
     text_.clear();
     Refuse(0, "the line has " + std::to_string(size) + " bytes; a command has " + std::to_string(kLongestLine) + " at most.");
@@ -82,19 +95,16 @@ bool JournalReader::ReadLine() {
 }
 
 Json JournalReader::Parsed() const {
-  SeenMembers members;
-  Json command;
+  CommandMaker maker;
   try {
-    command = Json::parse(text_, [&](int depth, Json::parse_event_t event, Json& parsed) { return members(depth, event, parsed); });
-  } catch (Json::parse_error const& error) {
-    Refuse(std::max<std::size_t>(error.byte, 1), "this is no JSON: " + Cause(error.what()) + ".");
-  } catch (Json::out_of_range const& error) {
-    Refuse(0, "the value of " + Quoted(members.last) + " is too large: " + Cause(error.what()) + ".");
+    ParseJson(text_, maker);
+  } catch (JsonError const& error) { Refuse(error.At() + 1, std::string("this is no JSON: ") + error.what() + "."); } catch (
+      std::out_of_range const& error) {
+    Refuse(0, error.what());
   }
-  if (members.tooDeep) { Refuse(0, "the values are nested deeper than " + std::to_string(SeenMembers::kDeepest) + " levels."); }
-  if (!command.is_object()) { Refuse(1, R"(expected a command, such as {"command": "undo"}.)"); }
-  if (!members.repeated.empty()) { Refuse(0, "the member " + Quoted(members.repeated) + " is given twice."); }
-  return command;
+  if (!maker.Command().is_object()) { Refuse(1, R"(expected a command, such as {"command": "undo"}.)"); }
+  if (!maker.Repeated().empty()) { Refuse(0, "the member " + Quoted(maker.Repeated()) + " is given twice."); }
+  return std::move(maker.Command());
 }
 
 std::optional<Json> JournalReader::Next() {

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "command/Command.h"
+#include "command/Journal.h"
 #include "command/Members.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "text/Text.h"
@@ -141,11 +142,13 @@ Outcome Session::Execute(Json const& command) {
     if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
     if (arguments.DryRun()) {
       putBack();
+    } else if (!keepsPast_) {
+      changes_.TruncateTo(0);
     } else {
       redo_.clear();
       std::size_t const weight = Weight(touched);
       Keep({before, LabelOf(subject), std::move(touched), weight, changes, {}});
-      journal_.push_back(command);
+      journal_.push_back(JournalLine(command));
     }
     return outcome;
   } catch (std::bad_alloc const&) {
@@ -170,9 +173,25 @@ Outcome Session::UndoOrRedo(Json const& command, Arguments const& arguments, Sub
   if (arguments.DryRun()) {
     undo ? RedoEdit() : UndoEdit();
   } else {
-    journal_.push_back(command);
+    journal_.push_back(JournalLine(command));
   }
   return outcome;
+}
+
+std::vector<Json> Session::Journal() const {
+  std::vector<Json> commands;
+  commands.reserve(journal_.size());
+  for (std::string const& line : journal_) { commands.push_back(Json::parse(line)); }
+  return commands;
+}
+
+void Session::ForgetPast() {
+  keepsPast_ = false;
+  undo_.clear();
+  redo_.clear();
+  undoWeight_ = 0;
+  journal_.clear();
+  changes_.TruncateTo(0);
 }
 
 bool Session::Undo() { return Execute({{"command", kUndo}}).ok; }

@@ -85,8 +85,8 @@ public:
   bool Redo();
 
   /// The commands that succeeded, undo and redo among them; running them on the model that the session began with gives
-  /// the present one.
-  std::vector<Json> const& Journal() const { return journal_; }
+  /// the present one. Made anew of their lines.
+  std::vector<Json> Journal() const;
   /// What the commands recorded: one tuple for each change in a repository.
   omu_ChangeHistory const& Changes() const { return changes_; }
 
@@ -97,6 +97,10 @@ public:
 
   /// What the snapshots of edits that can be undone may hold, roughly, in bytes; 512 MiB at first. The last edit is always kept.
   void SetUndoMemory(std::size_t bytes) { undoMemory_ = bytes; }
+
+  /// Lets go of what was done, to be undone or to be told, and keeps no more of it from here on: neither undo stack nor journal
+  /// nor changes. For whoever runs many commands and wants the model alone.
+  void ForgetPast();
 
   /// All commands with their arguments, grouped.
   static std::vector<CommandInfo> Commands();
@@ -123,8 +127,8 @@ private:
   omu_ChangeHistory changes_;
   std::deque<Edit> undo_, redo_;  // the next one last
   std::size_t undoWeight_ = 0, undoMemory_ = std::size_t{512} << 20;
-  std::vector<Json> journal_;
-  bool trace_ = false;
+  std::vector<std::string> journal_;  // a line takes a tenth of the command's memory
+  bool trace_ = false, keepsPast_ = true;
 };
 
 }  // namespace gattr

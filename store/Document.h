@@ -73,8 +73,6 @@ public:
   /// Closes what was opened last. Raises a StoreError when a name stands twice in an object.
   void Close();
   std::size_t Depth() const { return open_.size(); }
-  /// Whether what was opened last is an object or a list.
-  Kind OpenKind() const { return nodes_[open_.back().at].kind; }
 
   /// "boundaryConditions / Fix / states[3] / status": \p way, from the outermost object on, and \p member in the last of it.
   /// The maps of the model and of its extensions are left out.

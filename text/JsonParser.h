@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace gattr {
+
+/// A text that is no JSON, or nested too deep; what() says what was expected.
+class JsonError final : public std::runtime_error {
+public:
+  JsonError(std::size_t at, std::string const& expected) : std::runtime_error(expected), at_(at) {}
+  std::size_t At() const { return at_; }  ///< in bytes from the beginning
+
+private:
+  std::size_t at_;
+};
+
+/// Takes what stands in a JSON text, in order. What it throws passes.
+class JsonHandler {
+public:
+  /// A text without its escapes; \p lasts: it stands so in what is parsed.
+  struct Text {
+    std::string_view text;
+    bool lasts;
+  };
+
+  virtual ~JsonHandler() = default;
+  virtual void Null() = 0;
+  virtual void Bool(bool value) = 0;
+  virtual void Integer(long long value) = 0;
+  /// \p value is infinite where \p number is too large.
+  virtual void Real(double value, std::string_view number) = 0;
+  virtual void String(Text value) = 0;
+  virtual void Open(bool isObject) = 0;
+  /// The name of the value to come, in an object.
+  virtual void Name(Text name) = 0;
+  virtual void Close() = 0;
+};
+
+inline constexpr std::size_t kDeepestJson = 64;  ///< levels of objects and lists
+
+/// Parses one value, strictly, in one pass and without recursion. Whole numbers that are too large become real ones; texts are
+/// UTF-8. Raises a JsonError.
+void ParseJson(std::string_view text, JsonHandler& handler);
+
+}  // namespace gattr
