@@ -1,7 +1,7 @@
-// The same edits as commands of a session, with journal and undo, the model file, and the text form. Each benchmark gives the fastest of several
-// rounds, for edits the median over all attributes in random order; the commands are made beforehand. Counter "limit": how
-// many times as long as the same work on plain structs (benchmarks/Workload.h), for the file as writing or reading their bytes
-// once; "heap": bytes on the heap that one command adds, and a snapshot keeps.
+// The same edits as commands of a session, with journal and undo, the model file, and the text form. Each benchmark gives the fastest of
+// several rounds, for edits the median over all attributes in random order; the commands are made beforehand. Counter "limit": how many
+// times as long as the same work on plain structs (benchmarks/Workload.h), for the file as writing or reading their bytes once; "heap":
+// bytes on the heap that one command adds, and a snapshot keeps.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>

@@ -4,6 +4,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -26,6 +27,10 @@ std::size_t TerminalWidth() {
   return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
 }
 
+void Tell(std::string_view text) noexcept { static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr)); }
+
+bool CannotTell() noexcept { return std::ferror(stderr) != 0; }
+
 Progress::Progress() : terminal_(isatty(STDERR_FILENO) != 0), next_(std::chrono::steady_clock::now() + std::chrono::seconds(1)) {}
 
 Progress::~Progress() { Clear(); }
@@ -36,12 +41,11 @@ void Progress::Show(std::size_t lines, double fraction) {
   if (now < next_) { return; }
   next_ = now + std::chrono::milliseconds(100);
   shown_ = true;
-  fmt::print(stderr, "\r\033[K{} lines{}", lines, fraction < 0 ? "" : fmt::format(", {:.0f} %", 100 * fraction));
-  std::fflush(stderr);
+  Tell(fmt::format("\r\033[K{} lines{}", lines, fraction < 0 ? "" : fmt::format(", {:.0f} %", 100 * fraction)));
 }
 
 void Progress::Clear() {
-  if (shown_) { fmt::print(stderr, "\r\033[K"); }
+  if (shown_) { Tell("\r\033[K"); }
   shown_ = false;
 }
 

@@ -13,6 +13,11 @@ bool UseColor(std::string_view choice);
 /// Columns of the terminal behind standard output; 0 where there is none.
 std::size_t TerminalWidth();
 
+/// Writes to standard error. Raises nothing: who cannot be told stays untold, and CannotTell says so.
+void Tell(std::string_view text) noexcept;
+/// Whether something could not be written to standard error.
+bool CannotTell() noexcept;
+
 /// A line on a terminal's standard error that tells how far a long work has come. Silent elsewhere and in the first second.
 class Progress {
 public:

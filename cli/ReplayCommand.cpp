@@ -101,7 +101,7 @@ public:
     if (!outcome.ok) {
       progress_.Clear();
       std::cout.flush();
-      fmt::print(stderr, "gattr: {}, line {}: {}\n", Shown(journal_.Name()), reader_.Line(), Shown(outcome.message));
+      Tell(fmt::format("gattr: {}, line {}: {}\n", Shown(journal_.Name()), reader_.Line(), Shown(outcome.message)));
     }
     if (done_ % 64 == 0) { progress_.Show(reader_.Line(), journal_.Fraction()); }
     return outcome;
@@ -153,16 +153,16 @@ int Run(ReplayOptions const& options) {
   }
   if (replay.Done() + replay.Refused() == 0) { throw BadInput(Quoted(journal.Name()) + " holds no commands"); }
   if (status != kDone && !options.keepGoing) {
-    if (target != nullptr) { fmt::print(stderr, "gattr: {} was not written\n", Shown(options.output)); }
+    if (target != nullptr) { Tell(fmt::format("gattr: {} was not written\n", Shown(options.output))); }
     return status;
   }
   if (target != nullptr) { target->Save(session.Model()); }
   if (status != kDone || isatty(STDERR_FILENO) != 0) {
     std::cout.flush();
-    fmt::print(stderr, "gattr: {} done", Counted(replay.Done(), "command"));
-    if (status != kDone) { fmt::print(stderr, ", {} refused", replay.Refused()); }
-    if (target != nullptr) { fmt::print(stderr, ", {} written", Shown(options.output)); }
-    fmt::print(stderr, "\n");
+    std::string told = fmt::format("gattr: {} done", Counted(replay.Done(), "command"));
+    if (status != kDone) { told += fmt::format(", {} refused", replay.Refused()); }
+    if (target != nullptr) { told += fmt::format(", {} written", Shown(options.output)); }
+    Tell(told + "\n");
   }
   return status;
 }

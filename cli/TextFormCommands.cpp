@@ -1,9 +1,12 @@
 #include <CLI/App.hpp>
 #include <iostream>
 #include <memory>
+#include <sstream>
 
+#include "cli/Console.h"
 #include "cli/ModelPath.h"
 #include "cli/Program.h"
+#include "report/Display.h"
 #include "store/StoreError.h"
 #include "store/TextStore.h"
 
@@ -21,7 +24,13 @@ int Dump(Paths const& paths) {
     return kDone;
   }
   try {
-    WriteText(model, std::cout);
+    if (TerminalWidth() > 0) {  // names may hold what steers a terminal
+      std::ostringstream text;
+      WriteText(model, text);
+      std::cout << JsonEscaped(text.view());
+    } else {
+      WriteText(model, std::cout);
+    }
   } catch (StoreError const&) {
     if (std::cout) { throw; }
     throw BadInput("cannot write to standard output");

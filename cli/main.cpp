@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <fmt/core.h>
+#include <unistd.h>
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
@@ -6,6 +8,7 @@
 #include <exception>
 #include <iostream>
 
+#include "cli/Console.h"
 #include "cli/Program.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "report/Display.h"
@@ -35,15 +38,26 @@ struct Library {
 /// Messages may hold names from files and arguments.
 int Fail(std::string_view message) {
   std::cout.flush();
-  fmt::print(stderr, "gattr: {}\n", Shown(message));
+  Tell(fmt::format("gattr: {}\n", Shown(message)));
   return kBadInput;
+}
+int FailForMemory() {  // of which a message must not take any
+  Tell("gattr: out of memory\n");
+  return kBadInput;
+}
+
+/// Lets no file that is opened later be taken for a standard stream that was closed: what is written to those fails as before.
+void OccupyStandardStreams() {
+  for (int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(stream, F_GETFD) < 0) { static_cast<void>(::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY)); }
+  }
 }
 
 int Parse(CLI::App& program, int argc, char** argv, Action& action) {
   std::vector<std::string> known;
   for (CLI::App const* command : program.get_subcommands([](CLI::App*) { return true; })) { known.push_back(command->get_name()); }
   if (argc == 1) {
-    std::cerr << program.help();
+    Tell(program.help());
     return kBadInput;
   }
   if (argv[1][0] != '-') { AssertKnown("subcommand", argv[1], known); }
@@ -58,8 +72,7 @@ int Parse(CLI::App& program, int argc, char** argv, Action& action) {
   return action();
 }
 
-int Run(int argc, char** argv) {
-  std::ios::sync_with_stdio(false);
+int RunProgram(int argc, char** argv) {
   CLI::App program(
       "Sets up analysis models step by step: what acts in which step, the history of each over all steps, and why an edit is refused.",
       "gattr");
@@ -76,14 +89,24 @@ int Run(int argc, char** argv) {
   AddLoad(program, action);
   AddDescribe(program, action);
   AddCodes(program, action);
+  Library const library;
+  int const status = Parse(program, argc, argv, action);
+  std::cout.flush();
+  return std::cout ? status : Fail("cannot write to standard output");
+}
+
+int Run(int argc, char** argv) {
+  OccupyStandardStreams();
+  int status = kBadInput;
   try {
-    Library const library;
-    int const status = Parse(program, argc, argv, action);
-    std::cout.flush();
-    return std::cout ? status : Fail("cannot write to standard output");
-  } catch (std::bad_alloc const&) { return Fail("out of memory"); } catch (std::exception const& error) {
-    return Fail(error.what());
+    std::ios::sync_with_stdio(false);
+    status = RunProgram(argc, argv);
+  } catch (std::bad_alloc const&) { status = FailForMemory(); } catch (std::exception const& error) {
+    try {
+      status = Fail(error.what());
+    } catch (std::bad_alloc const&) { status = FailForMemory(); }
   }
+  return CannotTell() ? kBadInput : status;
 }
 
 }  // namespace

@@ -98,10 +98,9 @@ Json JournalReader::Parsed() const {
   CommandMaker maker;
   try {
     ParseJson(text_, maker);
-  } catch (JsonError const& error) { Refuse(error.At() + 1, std::string("this is no JSON: ") + error.what() + "."); } catch (
-      std::out_of_range const& error) {
-    Refuse(0, error.what());
-  }
+  } catch (JsonError const& error) {
+    Refuse(error.At() + 1, std::string("this is no JSON: ") + error.what() + ".");
+  } catch (std::out_of_range const& error) { Refuse(0, error.what()); }
   if (!maker.Command().is_object()) { Refuse(1, R"(expected a command, such as {"command": "undo"}.)"); }
   if (!maker.Repeated().empty()) { Refuse(0, "the member " + Quoted(maker.Repeated()) + " is given twice."); }
   return std::move(maker.Command());

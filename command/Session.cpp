@@ -146,7 +146,7 @@ Outcome Session::Execute(Json const& command) {
       changes_.TruncateTo(0);
     } else {
       redo_.clear();
-      std::size_t const weight = Weight(touched);
+      std::size_t const weight = Weight(before);
       Keep({before, LabelOf(subject), std::move(touched), weight, changes, {}});
       journal_.push_back(JournalLine(command));
     }
@@ -206,12 +206,26 @@ void Session::Keep(Edit edit) {
   for (; undoWeight_ > undoMemory_ && undo_.size() > 1; undo_.pop_front()) { undoWeight_ -= undo_.front().weight; }
 }
 
-std::size_t Session::Weight(Touched const& touched) const {
-  constexpr std::size_t kEditWeight = 1 << 10, kStepWeight = 64, kAttributeWeight = 512;
-  if (!touched.all) { return kEditWeight; }
-  std::size_t weight = kEditWeight + kStepWeight * kprC_Steps(model_).Size();
-  ForEachRepository(model_,
-                    [&](auto const&, kprC_StepAwareRepository const& repository) { weight += kAttributeWeight * repository.Size(); });
+std::size_t Session::Weight(ddr_Model const& before) const {
+  // the edit itself, the line of the journal, the way to an object through the maps; and a version of the steps
+  constexpr std::size_t kEditWeight = 1 << 11, kObjectWeight = 512, kStepsWeight = 1 << 13;
+  std::size_t weight = kEditWeight;
+  kprC_StepTable const &steps = kprC_Steps(model_).Table(), &stepsBefore = kprC_Steps(before).Table();
+  bool const grown = !steps.Same(stepsBefore) && steps.Continues(stepsBefore) && steps.Disturbed() == 0;  // no record has changed
+  for (auto const& [member, now] : model_.Extensions()) {
+    mdl_Extension const* const was = before.ConstExtension(member);
+    if (was == now.ConstGet() || was == nullptr) { continue; }
+    auto const* const attributes = dynamic_cast<kprC_StepAwareRepository const*>(was);
+    if (grown && attributes != nullptr) {
+      weight += kObjectWeight * attributes->Size();
+      continue;
+    }
+    bool const told = now->ForEachChange(*was, [&](cow_String const& name, cls_Object const* object) {
+      kprC_StepDependent const* const item = attributes == nullptr ? nullptr : attributes->ConstItem(name);
+      weight += item == nullptr ? kObjectWeight : item->WeightBeside(dynamic_cast<kprC_StepDependent const*>(object));
+    });
+    if (!told) { weight += kStepsWeight + kprC_Steps(before).Size(); }
+  }
   return weight;
 }
 

@@ -118,7 +118,8 @@ private:
 
   Outcome UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject);
   void Keep(Edit edit);
-  std::size_t Weight(Touched const& touched) const;
+  /// What keeping \p before costs beside the present model. Costs what differs between both.
+  std::size_t Weight(ddr_Model const& before) const;
   void UndoEdit();
   void RedoEdit();
   std::vector<NamedHistory> Histories(Touched const& touched) const;

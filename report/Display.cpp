@@ -96,16 +96,6 @@ template <class Escape> std::string Escaped(std::string_view text, Escape&& esca
   return out;
 }
 
-/// Inside a written JSON value, acting code points stand in texts only.
-std::string JsonEscaped(std::string const& written) {
-  return Escaped(written, [](char32_t point, std::string_view bytes) -> std::string {
-    if (point == '\n') { return "\n"; }  // between the lines of a page; inside a text the writer has escaped it
-    if (point == kNoCharacter) { return std::string(bytes); }
-    if (point < 0x10000) { return "\\u" + Hex(point, 4); }
-    return "\\u" + Hex(0xD800 + ((point - 0x10000) >> 10), 4) + "\\u" + Hex(0xDC00 + ((point - 0x10000) & 0x3FF), 4);
-  });
-}
-
 std::string Written(Json const& value) { return value.dump(-1, ' ', false, Json::error_handler_t::replace); }
 
 bool HoldsNested(Json const& value) {
@@ -140,6 +130,16 @@ std::string WrittenJson(Json const& value, bool page) {
 }
 
 }  // namespace
+
+// acting code points stand in texts only
+std::string JsonEscaped(std::string_view written) {
+  return Escaped(written, [](char32_t point, std::string_view bytes) -> std::string {
+    if (point == '\n') { return "\n"; }  // between the lines of a page; inside a text the writer has escaped it
+    if (point == kNoCharacter) { return std::string(bytes); }
+    if (point < 0x10000) { return "\\u" + Hex(point, 4); }
+    return "\\u" + Hex(0xD800 + ((point - 0x10000) >> 10), 4) + "\\u" + Hex(0xDC00 + ((point - 0x10000) & 0x3FF), 4);
+  });
+}
 
 std::string Shown(std::string_view text) {
   return Escaped(text, [](char32_t point, std::string_view bytes) -> std::string {

@@ -34,6 +34,8 @@ std::string CsvField(std::string_view text);
 /// \p text inside HTML, as content or as a quoted attribute value.
 std::string HtmlText(std::string_view text);
 
+/// JSON that was written already, the same way: what acts is escaped as \u001b; its line breaks stay.
+std::string JsonEscaped(std::string_view written);
 /// A value on one line, "{"line": 3, "ok": true}": what acts instead of being seen is escaped, other Unicode stays readable.
 std::string JsonLine(Json const& value);
 /// The same over several indented lines; lists of plain values stay on one.

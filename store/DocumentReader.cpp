@@ -153,7 +153,9 @@ cow_Handle<cls_Object> DocumentReader::ReadAny(std::string_view member, std::str
   Document::Node const& node = Take(member, "an object");
   auto const at = static_cast<At>(&node - &document_[0]);
   Object object;
-  if (auto const known = frames_.back().again ? named_.find(std::string(name)) : named_.end(); known != named_.end()) { return known->second; }
+  if (auto const known = frames_.back().again ? named_.find(std::string(name)) : named_.end(); known != named_.end()) {
+    return known->second;
+  }
   switch (node.kind) {
     case Kind::Null: break;
     case Kind::Object: object = MakeObject(at, member); break;
@@ -250,7 +252,9 @@ DocumentReader::At DocumentReader::Declared(Document::Text name, unsigned typeId
 }
 
 void DocumentReader::ReadDeclared(std::string_view member, unsigned typeId, std::function<void(cls_ReadVisitor const&)> const& read) const {
-  if (At const at = Look(member); !IsBrief() || at == Document::npos || document_[at].kind != Kind::Text) { return ReadNested(member, read); }
+  if (At const at = Look(member); !IsBrief() || at == Document::npos || document_[at].kind != Kind::Text) {
+    return ReadNested(member, read);
+  }
   Document::Node const& node = Take(member, "an object");
   At const declared = Declared(node.text, typeId);
   if (declared == Document::npos) { RefuseValue(node, member, "an object, or the name of one that the model declares"); }

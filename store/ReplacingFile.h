@@ -8,7 +8,10 @@
 namespace gattr {
 
 /// A stream into a new file that takes the place of \p path in one step, on Commit; without that the old file stays. After
-/// a crash at any moment one of both is there whole. Raises a StoreError without the file's name.
+/// a crash at any moment one of both is there whole. The new file has a name of its own beside \p path, which it is locked
+/// under: what others write there stays apart, and what a killed program left is found unlocked and cleared by the next. It takes
+/// over the old one's permissions, and its owner as far as the system allows. What is no file, a device, a pipe or a socket, is
+/// written into. Raises a StoreError without the file's name.
 class ReplacingFile final : private std::streambuf {
 public:
   /// Refuses a directory and a file that may not be written.
@@ -23,6 +26,9 @@ public:
   void Commit();
 
 private:
+  void OpenInPlace(bool isSocket);
+  void OpenBeside(bool isPrivate);
+  void ClearLeftovers() const;
   std::streamsize xsputn(char const* bytes, std::streamsize size) override;
   int_type overflow(int_type byte) override;
 

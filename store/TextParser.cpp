@@ -41,7 +41,7 @@ private:
 Document ParseText(std::string_view text, std::string_view fileName) {
   Document document(fileName);
   if (text.size() > kLargestText) {
-    document.Refuse("", "has " + std::to_string(text.size()) + " bytes; the text of a model has " + std::to_string(kLargestText) + " at most");
+    document.Refuse("", "is longer than " + std::to_string(kLargestText) + " bytes, which the text of a model has at most");
   }
   Handler handler(document);
   try {

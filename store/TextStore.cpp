@@ -3,8 +3,7 @@
 #include <cerrno>
 #include <fstream>
 #include <istream>
-#include <iterator>
-#include <sstream>
+#include <string>
 #include <system_error>
 
 #include "store/Document.h"
@@ -37,6 +36,23 @@ long long VersionOf(Document const& document) {
   return version;
 }
 
+/// All that \p in gives, a pipe too; no more than a text may have.
+std::string Content(std::istream& in, std::string_view fileName) {
+  constexpr std::size_t kPiece = 1 << 20;
+  std::string text;
+  while (in && text.size() <= kLargestText) {
+    std::size_t const size = text.size();
+    text.resize(size + kPiece);
+    errno = 0;
+    in.read(text.data() + size, kPiece);
+    text.resize(size + static_cast<std::size_t>(in.gcount()));
+  }
+  if (in.bad()) {
+    throw StoreError(std::string(fileName) + ": cannot be read" + (errno == 0 ? "" : ": " + std::generic_category().message(errno)));
+  }
+  return text;
+}
+
 ddr_Model Parse(std::string_view text, std::string_view fileName) {
   if (text.empty()) { throw StoreError(std::string(fileName) + ": is empty"); }
   Document document = ParseText(text, fileName);
@@ -52,12 +68,7 @@ void WriteText(ddr_Model const& model, std::ostream& out) {
   TextWriter(steps, out).WriteModel(model);
 }
 
-ddr_Model ReadText(std::istream& in, std::string_view fileName) {
-  std::ostringstream text;
-  text << in.rdbuf();
-  if (in.bad()) { throw StoreError(std::string(fileName) + ": cannot be read"); }
-  return Parse(text.view(), fileName);
-}
+ddr_Model ReadText(std::istream& in, std::string_view fileName) { return Parse(Content(in, fileName), fileName); }
 
 void WriteTextFile(ddr_Model const& model, std::filesystem::path const& path) {
   try {
@@ -77,14 +88,7 @@ ddr_Model ReadTextFile(std::filesystem::path const& path) {
   if (std::filesystem::is_directory(path, error)) { throw StoreError(path.string() + ": is a folder, not a file"); }
   std::ifstream in(path, std::ios::binary);
   if (!in) { throw StoreError(path.string() + ": cannot be read: " + std::generic_category().message(errno)); }
-  std::string text;
-  in.seekg(0, std::ios::end);
-  auto const size = in.tellg();
-  if (size > 0) { text.resize(static_cast<std::size_t>(size)); }
-  in.seekg(0);
-  in.read(text.data(), static_cast<std::streamsize>(text.size()));
-  if (!in) { throw StoreError(path.string() + ": cannot be read"); }
-  return Parse(text, path.string());
+  return ReadText(in, path.string());
 }
 
 }  // namespace gattr

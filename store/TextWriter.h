@@ -16,7 +16,7 @@ class TextWriter final : public StoreWriter {
 public:
   static constexpr std::string_view kFormat = "gattr model";
   static constexpr long long kVersion = 2;
-  static constexpr std::string_view kOwnSteps = "steps";  ///< stands for a sequence that is the model's own
+  static constexpr std::string_view kOwnSteps = "steps";           ///< stands for a sequence that is the model's own
   static constexpr std::string_view kStep = "step", kOff = "off";  ///< members of a record
 
   TextWriter(ModelSteps const& steps, std::ostream& out);
@@ -72,7 +72,7 @@ private:
   // writing goes through a const interface
   mutable std::string buffer_;
   mutable std::vector<Opened> open_;
-  mutable bool apart_ = false;  // an empty line is due
+  mutable bool apart_ = false;                                     // an empty line is due
   mutable std::map<unsigned, std::unique_ptr<cls_Object>> fresh_;  // by type
 };
 

@@ -187,7 +187,9 @@ private:
     long long integer = 0;
     if (isInteger && std::from_chars(first, last, integer).ec == std::errc()) { return handler_.Integer(integer); }
     double real = 0.0;
-    if (std::from_chars(first, last, real).ec != std::errc()) { real = std::strtod(std::string(first, last).c_str(), nullptr); }  // 1e-999 is 0
+    if (std::from_chars(first, last, real).ec != std::errc()) {
+      real = std::strtod(std::string(first, last).c_str(), nullptr);
+    }  // 1e-999 is 0
     handler_.Real(real, {first, last});
   }
 

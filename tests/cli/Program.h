@@ -69,6 +69,12 @@ protected:
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Read(".out"), Read(".err")};
   }
 
+  /// The exit status of a line of the shell in which $G is the program; -1 where a signal ended it.
+  int Shell(std::string const& line) const {
+    int const status = std::system(("cd " + Quoted(folder_.string()) + " && G=" + Quoted(GATTR_PROGRAM) + "; " + line).c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
 private:
   static std::string Quoted(std::string const& text) {
     std::string quoted = "'";

@@ -30,6 +30,13 @@ TEST(JournalReader, GivesBackWhatJournalLineWrites) {
   EXPECT_EQ(JournalLine(read), line) << "members keep their order";
 }
 
+/// A command with that many members, and without its end.
+std::string Members(int count) {
+  std::string line = R"({"command": "undo")";
+  for (int i = 0; i < count; ++i) { line += ", \"m" + std::to_string(i) + "\": 0"; }
+  return line;
+}
+
 struct BadLine {
   std::string line;
   std::size_t column;
@@ -64,6 +71,9 @@ INSTANTIATE_TEST_SUITE_P(Rows, BadLines,
                                            BadLine{R"({"command": "undo"} {})", 21, {"no JSON"}}, BadLine{"# a comment", 1, {"no JSON"}},
                                            BadLine{"{\"command\": \"\xFF\"}", 14, {"no JSON"}},
                                            BadLine{R"(["undo"])", 1, {"expected a command"}},
+                                           BadLine{std::string(100, '['), 65, {"nested deeper than 64 levels"}},
+                                           BadLine{Members(300000) + R"(, "m17": 1})", 0, {"\"m17\" is given twice"}},
+                                           BadLine{Members(300000), Members(300000).size() + 1, {"no JSON"}},
                                            BadLine{R"({"command": "StaticStep", "timePeriod": 1e999})", 0, {"\"timePeriod\"", "1e999"}},
                                            BadLine{R"({"command": "StaticStep", "timePeriod": NaN})", 41, {"no JSON"}},
                                            BadLine{R"({"command": "undo", "u1": 1, "u1": 2})", 0, {"\"u1\" is given twice"}},

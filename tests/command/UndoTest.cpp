@@ -1,3 +1,5 @@
+#include <malloc.h>
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -185,6 +187,88 @@ TEST_F(Undo, ForgetsTheOldestEditsWhenTheyFillTheMemory) {
   EXPECT_EQ(BoundaryConditions(session).Steps().Size(), static_cast<std::size_t>(kSteps - undone + 1));
   while (session.Redo()) {}
   EXPECT_EQ(BoundaryConditions(session).Steps().Size(), static_cast<std::size_t>(kSteps + 1));
+}
+
+/// Bytes in use on the heap.
+std::size_t HeapBytes() {
+  auto const info = mallinfo2();
+  return info.uordblks + info.hblkhd;
+}
+
+TEST_F(Undo, TakesTheMemoryThatItMayWhateverAnEditKeeps) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the sanitizer's heap cannot be measured";
+#endif
+  constexpr std::size_t kMemory = 8 << 20;
+  struct Row {
+    char const* what;
+    int own;    ///< records that each of ten conditions has of its own
+    int edits;  ///< more than the memory holds
+    Json (*edit)(int number);
+  };
+  Row const rows[] = {
+      {"a value of a long history", 300, 400,
+       [](int i) {
+         return Json{{"command", "setValuesInStep"}, {"boundaryCondition", "A0"}, {"stepName", "S1"}, {"u1", 1.0 + i}};
+       }},
+      {"a value of a short one", 2, 8000,
+       [](int i) {
+         return Json{
+             {"command", "setValuesInStep"}, {"boundaryCondition", "A" + std::to_string(i % 10)}, {"stepName", "S1"}, {"u1", 1.0 + i}};
+       }},
+      {"what all refer to", 2, 4000,
+       [](int i) {
+         return Json{{"command", "rename"}, {"region", i % 2 == 0 ? "R" : "Q"}, {"newName", i % 2 == 0 ? "Q" : "R"}};
+       }},
+      {"a condition that goes, and comes again", 2, 8000,
+       [](int i) {
+         return i % 2 == 0 ? Json{{"command", "delete"}, {"boundaryCondition", "A0"}}
+                           : Json{{"command", "DisplacementBC"}, {"name", "A0"}, {"createStepName", "S1"}, {"region", "R"}, {"u1", 1.0}};
+       }},
+  };
+  for (Row const& row : rows) {
+    Session session;
+    session.SetUndoMemory(kMemory);
+    AppendSteps(session, "I" + std::string(static_cast<std::size_t>(row.own), 'G'));
+    RunJournal(session, {R"({"command": "Set", "name": "R"})"});
+    for (std::string const name : {"A0", "A1", "A2", "A3", "A4", "A5", "A6", "A7", "A8", "A9"}) {
+      ASSERT_TRUE(
+          session.Execute({{"command", "DisplacementBC"}, {"name", name}, {"createStepName", "S1"}, {"region", "R"}, {"u1", 1.0}}).ok);
+      for (int step = 2; step <= row.own; ++step) {
+        ASSERT_TRUE(session
+                        .Execute({{"command", "setValuesInStep"},
+                                  {"boundaryCondition", name},
+                                  {"stepName", "S" + std::to_string(step)},
+                                  {"u2", static_cast<double>(step)}})
+                        .ok);
+      }
+    }
+    session = Session(session.Model());
+    session.SetUndoMemory(kMemory);
+    std::size_t const before = HeapBytes();
+    for (int i = 0; i < row.edits; ++i) {
+      Outcome const outcome = session.Execute(row.edit(i));
+      ASSERT_TRUE(outcome.ok) << row.what << ": " << outcome.message;
+    }
+    std::size_t const taken = HeapBytes() - before;
+    EXPECT_LT(taken, kMemory + kMemory / 2) << row.what;  // the journal and the changes are kept too
+    EXPECT_GT(taken, kMemory / 4) << row.what << ": it has room for more";
+  }
+}
+
+TEST_F(Undo, IsNotKeptWhereThePastIsForgotten) {
+  Session session;
+  AppendSteps(session, "IGG");
+  RunJournal(session, {R"({"command": "DisplacementBC", "name": "A", "createStepName": "S1", "u1": 0})"});
+  ASSERT_TRUE(session.CanUndo());
+  session.ForgetPast();
+  RunJournal(session, {R"({"command": "deactivate", "boundaryCondition": "A", "stepName": "S2"})"});
+  EXPECT_FALSE(session.Undo());
+  EXPECT_TRUE(session.Journal().empty());
+  EXPECT_TRUE(session.Changes().IsEmpty());
+  ddr_Model const before = session.Model();
+  EXPECT_FALSE(session.Execute(Line(R"({"command": "reset", "boundaryCondition": "A", "stepName": "S1"})")).ok);
+  EXPECT_TRUE(session.Model().Equals(before)) << "a refusal leaves the model alone all the same";
 }
 
 TEST_F(Undo, KeepsTheChangesOfSessionsApart) {

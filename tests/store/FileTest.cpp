@@ -3,13 +3,20 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <mutex>
 #include <random>
+#include <set>
 #include <thread>
 
 #include <sqlite3.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "store/ReplacingFile.h"
 
 #include "tests/store/Models.h"
 
@@ -130,6 +137,126 @@ TEST(EitherFile, HoldsTheOldModelOrTheNewOneAfterACrashAtAnyMoment) {
       EXPECT_TRUE(read.Equals(models[0]) || read.Equals(models[1]));
     }
   }
+}
+
+std::set<std::string> NamesIn(std::filesystem::path const& folder) {
+  std::set<std::string> names;
+  for (auto const& entry : std::filesystem::directory_iterator(folder)) { names.insert(entry.path().filename().string()); }
+  return names;
+}
+
+TEST(TextFile, ClearsWhatAKilledSaveHasLeftAndNothingElse) {
+  ScratchFolder folder;
+  auto const path = folder / "Model.gattr.json";
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  pid_t const child = fork();
+  if (child == 0) {
+    gattr::ReplacingFile file(path);
+    file.Stream() << "half a model";
+    static_cast<void>(::write(ready[1], "x", 1));
+    pause();
+    _exit(1);
+  }
+  char byte = 0;
+  ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+  EXPECT_EQ(NamesIn(folder / "").size(), 1U);
+  for (char const* other :
+       {"Model.gattr.json.new-", "Model.gattr.json.new-abcde", "Model.gattr.json.new-ABCDEF", "Other.gattr.json.new-abcdef"}) {
+    PutBytes(folder / other, "of somebody else");
+  }
+  gattr::WriteTextFile(SmallModel(), path);
+  EXPECT_EQ(NamesIn(folder / "").size(), 6U) << "a save that goes on is left alone";
+  kill(child, SIGKILL);
+  waitpid(child, nullptr, 0);
+  gattr::WriteTextFile(SmallModel(), path);
+  EXPECT_EQ(NamesIn(folder / ""), (std::set<std::string>{"Model.gattr.json", "Model.gattr.json.new-", "Model.gattr.json.new-abcde",
+                                                         "Model.gattr.json.new-ABCDEF", "Other.gattr.json.new-abcdef"}));
+  EXPECT_TRUE(gattr::ReadTextFile(path).Equals(SmallModel()));
+}
+
+TEST(TextFile, HoldsOneOfTheModelsThatManyWriteAtOnce) {
+  ScratchFolder folder;
+  auto const path = folder / "Model.gattr.json";
+  ddr_Model models[2] = {SmallModel(), ddr_Model()};
+  AppendSteps(models[1], 200);
+  std::vector<pid_t> writers;
+  for (int writer = 0; writer < 4; ++writer) {
+    writers.push_back(fork());
+    if (writers.back() != 0) { continue; }
+    std::vector<std::thread> threads;  // of one process, so that its number tells nothing
+    int failures = 0;
+    std::mutex lock;
+    for (int thread = 0; thread < 2; ++thread) {
+      threads.emplace_back([&, thread] {
+        for (int round = 0; round < 20; ++round) {
+          bool const failed = !Refusal([&] { gattr::WriteTextFile(models[(round + thread) % 2], path); }).empty();
+          std::lock_guard const locked(lock);
+          failures += failed ? 1 : 0;
+        }
+      });
+    }
+    for (std::thread& thread : threads) { thread.join(); }
+    _exit(failures);
+  }
+  int status = 0;
+  for (pid_t const writer : writers) {
+    waitpid(writer, &status, 0);
+    EXPECT_EQ(status, 0);
+  }
+  ddr_Model const read = gattr::ReadTextFile(path);
+  EXPECT_TRUE(read.Equals(models[0]) || read.Equals(models[1]));
+  EXPECT_EQ(NamesIn(folder / ""), std::set<std::string>{"Model.gattr.json"});
+}
+
+TEST(TextFile, TakesOverThePermissionsAndTheOwnerOfTheOneThatItReplaces) {
+  ScratchFolder folder;
+  auto const path = folder / "Model.gattr.json";
+  constexpr mode_t kModes[] = {0600, 0664, 0640};
+  gattr::WriteTextFile(SmallModel(), path);
+  bool const isRoot = geteuid() == 0;
+  if (isRoot) { ASSERT_EQ(chown(path.c_str(), 12345, 23456), 0); }
+  for (mode_t const mode : kModes) {
+    ASSERT_EQ(chmod(path.c_str(), mode), 0);
+    gattr::WriteTextFile(SmallModel(), path);
+    struct stat now = {};
+    ASSERT_EQ(stat(path.c_str(), &now), 0);
+    EXPECT_EQ(now.st_mode & 07777U, mode);
+    EXPECT_EQ(now.st_uid, isRoot ? 12345U : geteuid());
+    EXPECT_EQ(now.st_gid, isRoot ? 23456U : getegid());
+  }
+}
+
+TEST(TextFile, GoesIntoAPipeASocketOrADeviceAndComesOutOfAPipe) {
+  ScratchFolder folder;
+  ddr_Model const model = SmallModel();
+  auto const pipe = folder / "pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::thread writer([&] { gattr::WriteTextFile(model, pipe); });
+  EXPECT_TRUE(gattr::ReadTextFile(pipe).Equals(model));
+  writer.join();
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+
+  gattr::WriteTextFile(model, "/dev/null");
+  EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
+
+  auto const path = folder / "socket";
+  sockaddr_un address = {};
+  address.sun_family = AF_UNIX;
+  path.string().copy(address.sun_path, sizeof address.sun_path - 1);
+  int const listener = socket(AF_UNIX, SOCK_STREAM, 0);
+  ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr const*>(&address), sizeof address), 0);
+  ASSERT_EQ(listen(listener, 1), 0);
+  std::thread sender([&] { gattr::WriteTextFile(model, path); });
+  int const taken = accept(listener, nullptr, nullptr);
+  std::string text;
+  char piece[4096];
+  for (ssize_t size = 0; (size = ::read(taken, piece, sizeof piece)) > 0;) { text.append(piece, static_cast<std::size_t>(size)); }
+  sender.join();
+  close(taken);
+  close(listener);
+  EXPECT_EQ(text, Dump(model));
+  EXPECT_TRUE(std::filesystem::is_socket(path));
 }
 
 TEST(ModelFile, IsNotOverwrittenWhenItIsAnotherProgramsFile) {

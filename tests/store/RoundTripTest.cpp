@@ -139,10 +139,9 @@ TEST_P(EitherStore, LeavesTheOldFileWhenAModelCannotBeWritten) {
     char const* object;
     char const* expected;
   };
-  for (Row const& row :
-       {Row{std::numeric_limits<double>::quiet_NaN(), "Set-1", "Bad / states[", "u1: expected a finite number"},
-        Row{-std::numeric_limits<double>::infinity(), "Set-1", "Bad / states[", "u1: expected a finite number"},
-        Row{1.0, "bad \xFF text", "Bad / region / name", ": expected a text in UTF-8"}}) {
+  for (Row const& row : {Row{std::numeric_limits<double>::quiet_NaN(), "Set-1", "Bad / states[", "u1: expected a finite number"},
+                         Row{-std::numeric_limits<double>::infinity(), "Set-1", "Bad / states[", "u1: expected a finite number"},
+                         Row{1.0, "bad \xFF text", "Bad / region / name", ": expected a text in UTF-8"}}) {
     ScratchFolder folder;
     auto const path = folder / GetParam().fileName;
     ddr_Model const good = SmallModel();

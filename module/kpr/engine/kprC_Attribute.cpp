@@ -391,6 +391,12 @@ void kprC_Attribute::EmptyStep(std::size_t index, kprC_StepTable const& bare) {
   States().Attach(bare);
 }
 
+std::size_t kprC_Attribute::WeightBeside(kprC_StepDependent const* now) const {
+  constexpr std::size_t kWithoutRecords = 512;
+  auto const* const later = dynamic_cast<kprC_Attribute const*>(now);
+  return kWithoutRecords + States().WeightBeside(later == nullptr ? nullptr : &later->States());
+}
+
 void kprC_Attribute::Restored(cls_ReadVisitor const& in) {
   if (in.ReadsOwnRecordsOnly()) { return; }  // its repository has the steps
   std::size_t const stored = States().OwnCount();

@@ -50,6 +50,7 @@ public:
   /// Moves what \p fromStep says to \p toStep.
   virtual void Move(cow_String const& fromStep, cow_String const& toStep);
   void UpdateStates() override;
+  std::size_t WeightBeside(kprC_StepDependent const* now) const override;
 
   /// Nothing while suppressed. Refuses an attribute that is active in an anneal step, then one whose type a step does not
   /// admit in which it is; then what the type refuses of itself and of its states. The family says for which statuses a

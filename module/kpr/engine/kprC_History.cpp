@@ -214,6 +214,31 @@ kprC_History::Record kprC_History::Carried(Own const& own, std::size_t index) co
   return carry(own.untouched ? pass.carriedFromInitial : pass.carried, false);
 }
 
+std::size_t kprC_History::WeightBeside(kprC_History const* other) const {
+  if (other != nullptr && body_ == other->body_) { return 0; }
+  auto const weigh = [](kprC_State const* state) {
+    constexpr std::size_t kOfTheHeap = 16;  // what every block takes beside its content
+    std::size_t bytes = sizeof(kprC_State);
+    if (state == nullptr) { return std::size_t{0}; }
+    for (cls_MemberRow const& row : state->MemberRows()) { bytes = std::max(bytes, static_cast<std::size_t>(row.offset) + row.ops->size); }
+    return bytes + kOfTheHeap;
+  };
+  static std::vector<Own> const none;
+  auto const& theirs = other == nullptr ? none : other->OwnRecords();
+  auto their = theirs.begin();
+  std::size_t weight = OwnRecords().capacity() * sizeof(Own);
+  for (Own const& own : OwnRecords()) {
+    while (their != theirs.end() && their->step < own.step) { ++their; }
+    Own const* const same = their != theirs.end() && their->step == own.step ? &*their : nullptr;
+    for (kprC_State const* state : {own.state.ConstGet(), own.on.Present(), own.off.Present()}) {
+      bool const isShared =
+          same != nullptr && (state == same->state.ConstGet() || state == same->on.Present() || state == same->off.Present());
+      if (!isShared) { weight += weigh(state); }
+    }
+  }
+  return weight;
+}
+
 // ---- changing
 
 void kprC_History::Put(Own own) {
@@ -403,7 +428,7 @@ kprC_History::Stored kprC_History::ReadChange(cls_ReadVisitor const& in, std::st
     if (first == nullptr) { in.Refuse(name, "values in the first record"); }
     return {cow_String(step), Status_::Deactivated, *first, {}};
   }
-  Handle state = family_->asState(values);
+  Handle state = Family().asState(values);
   if (!state) { in.Refuse(name, "an object of another class"); }
   return {cow_String(step), first == nullptr ? Status_::Created : Status_::Modified, std::move(state), {}};
 }

@@ -138,6 +138,9 @@ public:
   /// Whether the step says something of its own.
   bool HasOwn(std::size_t index) const { return FindOwn(steps_.NumberOf(index)) != nullptr; }
 
+  /// Bytes of the own records and of their states that \p other, which may be null, does not share.
+  std::size_t WeightBeside(kprC_History const* other) const;
+
   cls_Uid const& Uid() const { return body_->uid; }
   void NewUid() { body_.Get().uid = cls_Uid::AllocateUid(); }
 

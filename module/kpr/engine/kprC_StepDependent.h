@@ -101,6 +101,10 @@ public:
   /// Has what the attribute names lead elsewhere, in every step, and forms the history anew. False when it names nothing of the kind.
   virtual bool Redirect(cls_Redirection const& to) = 0;
 
+  /// Bytes, roughly, that keeping this attribute costs beside \p now, a later version of it that shares what both say; those of
+  /// the whole where there is none.
+  virtual std::size_t WeightBeside(kprC_StepDependent const* now) const = 0;
+
   /// The name of the command that makes such an attribute.
   virtual std::string ConstructionName() const = 0;
   /// The type's label.
