@@ -193,10 +193,9 @@ std::pair<std::string, cow_Handle<cls_Object>> DocumentReader::ReadChange() cons
   std::size_t const list = frames_.size() - 1;
   Document::Node const& node = Take("", Kind::Object, "an object");
   Enter(static_cast<At>(&node - &document_[0]));
-  std::pair<std::string, Object> change(ReadText(TextWriter::kStep), nullptr);
-  if (Has(TextWriter::kOff)) {
-    if (!ReadBool(TextWriter::kOff)) { Refuse(TextWriter::kOff, "true"); }
-  } else {
+  bool const switchesOff = !Has(TextWriter::kStep) && Has(TextWriter::kOff);
+  std::pair<std::string, Object> change(ReadText(switchesOff ? TextWriter::kOff : TextWriter::kStep), nullptr);
+  if (!switchesOff) {
     if (frames_[list].told == nullptr) { frames_[list].told = &ReadClass(); }
     frames_.back().typeId = frames_[list].told->typeId;
     change.second = frames_[list].told->Read(*this);

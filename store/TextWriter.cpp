@@ -34,7 +34,8 @@ void TextWriter::WriteModel(ddr_Model const& model) {
 }
 
 cls_Object const* TextWriter::NewLike(cls_Object const& object) const {
-  if (open_.size() == 1) { return nullptr; }  // the model says what it is called, whatever that is
+  // the model says what it is called, whatever that is, and which its steps are: others refer to them
+  if (open_.size() == 1 || Steps().IsHome(object)) { return nullptr; }
   auto const [entry, isNew] = fresh_.try_emplace(object.DynTypeId());
   if (isNew) {
     cls_ClassMetadata const* const type = cls_MetadataRegistrar::Registrar().Find(object.DynTypeId());
@@ -46,9 +47,9 @@ cls_Object const* TextWriter::NewLike(cls_Object const& object) const {
 void TextWriter::WriteChange(std::string_view step, cls_Object const* values, bool isFirst) const {
   Open(Named(""), Kind::Object, values == nullptr ? Layout::OneLine : Layout::Spread);
   StoreWriter::Begin(Kind::Object, "");
-  WriteText(kStep, step);
+  WriteText(values == nullptr ? kOff : kStep, step);
   if (values == nullptr) {
-    WriteBool(kOff, true);
+    // nothing more to say
   } else if (isFirst) {
     WriteText("class", ClassName("", *values));
     values->DBWrite(*this);

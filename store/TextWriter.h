@@ -17,7 +17,7 @@ public:
   static constexpr std::string_view kFormat = "gattr model";
   static constexpr long long kVersion = 2;
   static constexpr std::string_view kOwnSteps = "steps";           ///< stands for a sequence that is the model's own
-  static constexpr std::string_view kStep = "step", kOff = "off";  ///< members of a record
+  static constexpr std::string_view kStep = "step", kOff = "off";  ///< tell of a record which step sets values or switches off
 
   TextWriter(ModelSteps const& steps, std::ostream& out);
 

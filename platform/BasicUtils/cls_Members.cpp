@@ -5,7 +5,8 @@
 void cls_ReadRows(cls_MemberRows rows, void* object, cls_ReadVisitor const& in) {
   bool const brief = in.IsBrief();
   for (cls_MemberRow const& row : rows) {
-    bool const told = !brief || row.ops->propagate != nullptr || in.Has(row.name);  // a propagating member stands under two names
+    // a propagating member may be told by its companion alone (mdl_PropAttr)
+    bool const told = !brief || in.Has(row.name) || (row.ops->propagate != nullptr && in.Has(std::string(row.name) + "State"));
     if (told) { row.ops->read(in, row.name, row.In(object)); }
   }
 }
