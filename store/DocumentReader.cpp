@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <memory>
 #include <new>
 #include <utility>
 
@@ -196,9 +197,21 @@ std::pair<std::string, cow_Handle<cls_Object>> DocumentReader::ReadChange() cons
   bool const switchesOff = !Has(TextWriter::kStep) && Has(TextWriter::kOff);
   std::pair<std::string, Object> change(ReadText(switchesOff ? TextWriter::kOff : TextWriter::kStep), nullptr);
   if (!switchesOff) {
-    if (frames_[list].told == nullptr) { frames_[list].told = &ReadClass(); }
-    frames_.back().typeId = frames_[list].told->typeId;
-    change.second = frames_[list].told->Read(*this);
+    bool const isFirst = frames_[list].told == nullptr;
+    if (isFirst) { frames_[list].told = &ReadClass(); }
+    cls_ClassMetadata const& type = *frames_[list].told;
+    frames_.back().typeId = type.typeId;
+    if (isFirst || type.make == nullptr) {
+      change.second = type.Read(*this);
+    } else {  // says what it tells and nothing else, whatever a new object sets
+      std::unique_ptr<cls_Object> made = type.make();
+      void* const begin = made.get();
+      for (cls_MemberRow const& row : made->MemberRows()) {
+        if (row.ops->propagate != nullptr) { row.ops->propagate(row.In(begin), row.name); }
+      }
+      cls_ReadRows(made->MemberRows(), begin, *this);
+      change.second = Object(std::move(made));
+    }
   }
   Leave();
   return change;
