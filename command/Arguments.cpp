@@ -95,7 +95,7 @@ cow_String Arguments::Name(std::string_view name) {
 
 kprC_Arguments Arguments::Rest() const {
   kprC_Arguments rest;
-  rest.reserve(command_.size() - taken_.size());
+  rest.reserve(command_.size());
   for (auto const& [name, value] : command_.get_ref<Json::object_t const&>()) {
     if (std::ranges::find(taken_, &value) != taken_.end()) { continue; }
     if (value.is_string()) { AsText(name, value); }
