@@ -49,6 +49,16 @@ std::size_t FirstInTheWay(kprC_StepAwareRepository const& repository, kprC_StepD
   return npos;
 }
 
+/// Of steps with nlgeom off behind one that has it on.
+std::string NlgeomHint(kprC_StepTable const& steps) {
+  for (std::size_t i = 1; i < steps.Size(); ++i) {
+    auto const* step = dynamic_cast<kprC_Step const*>(steps[i].procedure.ConstGet());
+    if (step == nullptr || step->Nlgeom() != kprC_Step::NlgeomEnm::ON) { continue; }
+    return R"(It is "OFF" where it is left out, and "ON" since )" + Named(steps, i) + R"(: give "nlgeom": "ON".)";
+  }
+  return {};
+}
+
 }  // namespace
 
 std::string NotEditableHint(kprC_StepDependent const& item, cow_String const& step) {
@@ -90,9 +100,9 @@ std::string OperationHint(kprC_StepAwareRepository const& repository, kprC_StepD
     case kprC_Ask::Destination:
     case kprC_Ask::DestinationFirst: return takeBack(to, to + 1);
     case kprC_Ask::NoReset:
-      return item.IsEditable(step) ? "What a step sets is taken back by \"remove\"."
+      return item.IsEditable(step) ? R"(What a step sets is taken back by "remove".)"
                                    : StatusText(item, index) + " There is nothing to reset.";
-    case kprC_Ask::CreateStep: return "It was created there: \"delete\" takes it out of the model.";
+    case kprC_Ask::CreateStep: return R"(It was created there: "delete" takes it out of the model.)";
     case kprC_Ask::NotAdmitted:
     case kprC_Ask::Target: return AdmissionHint(item, steps, toStep);
     case kprC_Ask::Inactive:
@@ -106,13 +116,14 @@ std::string OperationHint(kprC_StepAwareRepository const& repository, kprC_StepD
 }
 
 std::string WordHint(std::string_view word) {
-  if (word == "UNSET") { return "\"FREED\" gives a value up from a step on; \"remove\" takes back what the step sets."; }
-  if (word == "FREED") { return "There is nothing to give up: leave the value out, or say \"UNSET\"."; }
+  if (word == "UNSET") { return R"("FREED" gives a value up from a step on; "remove" takes back what the step sets.)"; }
+  if (word == "FREED") { return R"(There is nothing to give up: leave the value out, or say "UNSET".)"; }
   return {};
 }
 
-std::string ParameterHint(kprC_Step const& step, int code) {
+std::string ParameterHint(kprC_Step const& step, kprC_StepTable const& steps, int code) {
   using enum kprC_ErrorEnm;
+  if (static_cast<kprC_ErrorEnm>(code) == NlgeomTurnedOff) { return NlgeomHint(steps); }
   static constexpr kprC_ErrorEnm kOfIncrements[] = {InitialIncrement, MinIncrement, MaxIncrement, TimePeriod, InitialAbovePeriod};
   if (std::ranges::find(kOfIncrements, static_cast<kprC_ErrorEnm>(code)) == std::end(kOfIncrements)) { return {}; }
   using Parameters = kprC_StepParameters;
@@ -125,15 +136,6 @@ std::string ParameterHint(kprC_Step const& step, int code) {
     }
   }
   return values.tellp() == 0 ? "" : values.str() + ".";
-}
-
-std::string NlgeomHint(kprC_StepTable const& steps) {
-  for (std::size_t i = 1; i < steps.Size(); ++i) {
-    auto const* step = dynamic_cast<kprC_Step const*>(steps[i].procedure.ConstGet());
-    if (step == nullptr || step->Nlgeom() != kprC_Step::NlgeomEnm::ON) { continue; }
-    return "It is \"OFF\" where it is left out, and \"ON\" since " + Named(steps, i) + ": give \"nlgeom\": \"ON\".";
-  }
-  return {};
 }
 
 std::string SequenceHint(kprC_StepTable const& steps) {

@@ -19,10 +19,8 @@ std::string OperationHint(kprC_StepAwareRepository const& repository, kprC_StepD
 std::string AdmissionHint(kprC_StepDependent const& item, kprC_StepTable const& steps, cow_String const& step);
 /// Of a member that was given a word instead of a value.
 std::string WordHint(std::string_view word);
-/// Of a step whose parameters are refused with the step module's \p code.
-std::string ParameterHint(kprC_Step const& step, int code);
-/// Of steps with nlgeom off behind one that has it on.
-std::string NlgeomHint(kprC_StepTable const& steps);
+/// Of a step whose parameters are refused with the step module's \p code, alone or among \p steps.
+std::string ParameterHint(kprC_Step const& step, kprC_StepTable const& steps, int code);
 /// Of steps that may not stand as they do: the first that could not follow, and why.
 std::string SequenceHint(kprC_StepTable const& steps);
 

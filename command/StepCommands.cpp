@@ -81,8 +81,7 @@ void ExplainStep(Call& call, Edit&& edit, kprC_StepHandle const& step, After&& a
       hint = why();
       return hint.empty() ? SequenceHint(after()) : hint;
     }
-    if (code == static_cast<int>(kprC_ErrorEnm::NlgeomTurnedOff)) { return NlgeomHint(after()); }
-    return step ? ParameterHint(*step, code) : hint;
+    return step ? ParameterHint(*step, after(), code) : hint;
   });
 }
 
