@@ -6,7 +6,7 @@ ddr_Model::ddr_Model() : name_("Model-1") {
 
 ddr_Model::ddr_Model(cls_ReadVisitor const& in) : ddr_Model() {
   for (cls_MemberRow const& row : cls_RowsOf<ddr_Model>()) {
-    if (row.name != spaceCmd().View() || in.Has(row.name)) { row.ops->read(in, row.name, row.In(static_cast<void*>(this))); }
+    if (row.name != spaceCmd().View() || in.Has(row.name)) { row.Read(in, static_cast<void*>(this)); }
   }
 }
 

@@ -114,7 +114,8 @@ template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
   using State = omu_PrimEnum<mdl_PropAttributeStateEnm, 1>;
   using Member = mdl_PropAttr<T>;
 
-  static std::string Companion(std::string_view name) { return std::string(name) + "State"; }
+  static constexpr std::string_view kCompanion = "State";
+  static std::string Companion(std::string_view name) { return std::string(name).append(kCompanion); }
   static void Describe(cls_MemberInfo& info) {
     Value::Describe(info);
     info.propagating = true;
@@ -122,16 +123,19 @@ template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
   static void Write(cls_WriteVisitor const& out, std::string_view name, Member const& member) {
     bool const brief = out.IsBrief(), set = member.State() == mdl_PropAttributeStateEnm::Set;
     if (!brief || set || !Value::Equal(member.ConstGet(), T{})) { Value::Write(out, name, member.ConstGet()); }
-    if (!brief || !set) { out.WriteText(Companion(name), State(member.State()).View()); }
+    if (!brief || !set) { out.WriteEnumerated(name, kCompanion, State(member.State()).View(), static_cast<unsigned>(member.State())); }
   }
   static void Read(cls_ReadVisitor const& in, std::string_view name, Member& member) {
-    bool const whole = !in.IsBrief(), hasValue = whole || in.Has(name);
-    std::string const companion = Companion(name);
-    bool const hasState = whole || in.Has(companion);
+    bool const brief = in.IsBrief(), hasValue = !brief || in.Has(name);
+    bool const hasState = !brief || in.Has(Companion(name));
     if (!hasValue && !hasState) { return; }
-    member.Get() = T{};
+    if (brief) { member.Get() = T{}; }
     if (hasValue) { Value::Read(in, name, member.Get()); }
-    member.ForceState(hasState ? State(in, companion) : State(mdl_PropAttributeStateEnm::Set));
+    if (!hasState) { return member.ForceState(mdl_PropAttributeStateEnm::Set); }
+    auto const number = in.ReadEnumerated(name, kCompanion);
+    bool const fits = number && *number <= static_cast<unsigned>(mdl_PropAttributeStateEnm::Freed);
+    member.ForceState(fits ? static_cast<mdl_PropAttributeStateEnm>(*number)
+                           : static_cast<mdl_PropAttributeStateEnm>(State(in, name, kCompanion)));
   }
   static void NewUid(Member& member) { member.NewUid(); }
   static bool Equal(Member const& a, Member const& b) { return a.State() == b.State() && Value::Equal(a.ConstGet(), b.ConstGet()); }
@@ -143,6 +147,7 @@ template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
       if (*text == "UNSET") { return member = mdl_PropAttributeStateEnm::Unset, ""; }
       if (*text == "FREED") { return member = mdl_PropAttributeStateEnm::Freed, ""; }
     }
+    if (cls_Unsettable<Value> && from.IsNull()) { return R"(a number, "UNSET" or "FREED")"; }
     T value{};
     std::string_view const expected = Value::FromValue(value, from);
     if (expected == "") { member = std::move(value); }

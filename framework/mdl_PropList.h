@@ -58,7 +58,7 @@ template <class T> struct cls_MemberTraits<mdl_PropList<T>> {
     for (auto const& element : list) { Value::Write(out, "", element.ConstGet()); }
     out.EndList();
     out.StartList(Single::Companion(name), list.Size());
-    for (auto const& element : list) { out.WriteText("", State(element.State()).View()); }
+    for (auto const& element : list) { out.WriteEnumerated("", "", State(element.State()).View(), static_cast<unsigned>(element.State())); }
     out.EndList();
   }
   static void Read(cls_ReadVisitor const& in, std::string_view name, List& list) {

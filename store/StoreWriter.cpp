@@ -23,13 +23,11 @@ void StoreWriter::End() const {
   levels_.pop_back();
 }
 
-void StoreWriter::WriteInteger(std::string_view member, long long value) const {
-  value == cls_unsetInteger ? PutNull(Named(member)) : PutInteger(Named(member), value);
-}
+void StoreWriter::WriteInteger(std::string_view member, long long value) const { PutInteger(Named(member), value); }
 
 void StoreWriter::WriteReal(std::string_view member, double value) const {
   if (!std::isfinite(value)) { Refuse(member, "a finite number"); }
-  value == cls_unsetReal ? PutNull(Named(member)) : PutReal(Named(member), value);
+  PutReal(Named(member), value);
 }
 
 void StoreWriter::WriteText(std::string_view member, std::string_view value) const {

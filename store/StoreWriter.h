@@ -9,7 +9,7 @@
 
 namespace gattr {
 
-/// What both writers have in common: "not specified" becomes null, steps become their names, and what cannot be stored is
+/// What both writers have in common: steps become their names, and what cannot be stored is
 /// refused with a StoreError that names the object and the member: a number that is not finite, a text that is not UTF-8,
 /// an object of a class that nobody has described.
 class StoreWriter : public cls_WriteVisitor {
@@ -38,6 +38,7 @@ protected:
 
   /// \p where opens the messages: the file, and the way to what is written.
   StoreWriter(ModelSteps const& steps, std::string_view where);
+  void SetWhere(std::string where) { where_ = std::move(where); }
 
   /// Outermost first; the first is what DBWrite was called for.
   std::vector<Level> const& Levels() const { return levels_; }

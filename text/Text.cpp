@@ -193,6 +193,7 @@ std::string Suggestion(std::string_view text, std::span<std::string const> names
 }
 
 bool IsUtf8(std::string_view text) {
+  if (std::ranges::none_of(text, [](char c) { return (static_cast<unsigned char>(c) & 0x80) != 0; })) { return true; }
   while (!text.empty()) {
     std::size_t const size = text[0] > 0 ? 1 : CharacterSize(text);
     if (size == 0) { return false; }

@@ -7,13 +7,13 @@ void cls_ReadRows(cls_MemberRows rows, void* object, cls_ReadVisitor const& in) 
   for (cls_MemberRow const& row : rows) {
     // a propagating member may be told by its companion alone (mdl_PropAttr)
     bool const told = !brief || in.Has(row.name) || (row.ops->propagate != nullptr && in.Has(std::string(row.name) + "State"));
-    if (told) { row.ops->read(in, row.name, row.In(object)); }
+    if (told) { row.Read(in, object); }
   }
 }
 
 cls_Value cls_RowsToValue(cls_MemberRows rows, void const* object) {
   cls_Value::Fields fields;
-  for (cls_MemberRow const& row : rows) { fields.emplace_back(std::string(row.name), row.ops->toValue(row.In(object))); }
+  for (cls_MemberRow const& row : rows) { fields.emplace_back(std::string(row.name), row.ToValue(object)); }
   return fields;
 }
 

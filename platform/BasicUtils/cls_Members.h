@@ -100,6 +100,12 @@ struct cls_Redirection {
   cls_Object const* whole = nullptr;  ///< what is called \p to, for members that hold it and not its name alone
 };
 
+/// Whether a value of the type can say "not specified".
+template <class Traits>
+concept cls_Unsettable = requires {
+  Traits::kUnset;
+};
+
 /// How a type of member is described, stored, compared and scripted. Specialised once per type; each offers
 /// Describe(info), Write(out, name, value), Read(in, name, value), NewUid(value), Equal(a, b), ToValue(value) and
 /// FromValue(value, from), which answers what was expected where \p from does not fit ("" where it does). A type that can
@@ -114,8 +120,10 @@ struct cls_PlainTraits {
   template <class M> static bool Equal(M const& a, M const& b) { return a == b; }
 };
 
-inline constexpr int cls_unsetInteger = std::numeric_limits<int>::max();     ///< "not specified", also ALL
-inline constexpr double cls_unsetReal = std::numeric_limits<double>::max();  ///< "not specified"
+// Means "not specified" in a member that can be unset: one that has it in a new object of its class. In any other it is a number
+// as all others.
+inline constexpr int cls_unsetInteger = std::numeric_limits<int>::max();  ///< also ALL
+inline constexpr double cls_unsetReal = std::numeric_limits<double>::max();
 
 template <> struct cls_MemberTraits<bool> : cls_PlainTraits {
   static void Describe(cls_MemberInfo& info) { info.kind = cls_MemberKind::Boolean; }
@@ -129,14 +137,15 @@ template <> struct cls_MemberTraits<bool> : cls_PlainTraits {
 };
 
 template <> struct cls_MemberTraits<int> : cls_PlainTraits {
+  static constexpr int kUnset = cls_unsetInteger;
   static void Describe(cls_MemberInfo& info) { info.kind = cls_MemberKind::Integer; }
   static void Write(cls_WriteVisitor const& out, std::string_view name, int value) { out.WriteInteger(name, value); }
   static void Read(cls_ReadVisitor const& in, std::string_view name, int& value) {
     if (FromValue(value, in.ReadInteger(name)) != "") { in.Refuse(name, "a 32-bit integer"); }
   }
-  static cls_Value ToValue(int value) { return value == cls_unsetInteger ? cls_Value() : cls_Value(value); }
+  static cls_Value ToValue(int value) { return value; }
   static std::string_view FromValue(int& value, cls_Value const& from) {
-    if (from.IsNull()) { return value = cls_unsetInteger, ""; }
+    if (from.IsNull()) { return value = kUnset, ""; }
     auto const* number = from.As<long long>();
     if (number == nullptr || *number < std::numeric_limits<int>::min() || *number > cls_unsetInteger) { return "an integer"; }
     return value = static_cast<int>(*number), "";
@@ -144,12 +153,13 @@ template <> struct cls_MemberTraits<int> : cls_PlainTraits {
 };
 
 template <> struct cls_MemberTraits<double> : cls_PlainTraits {
+  static constexpr double kUnset = cls_unsetReal;
   static void Describe(cls_MemberInfo& info) { info.kind = cls_MemberKind::Real; }
   static void Write(cls_WriteVisitor const& out, std::string_view name, double value) { out.WriteReal(name, value); }
   static void Read(cls_ReadVisitor const& in, std::string_view name, double& value) { value = in.ReadReal(name); }
-  static cls_Value ToValue(double value) { return value == cls_unsetReal ? cls_Value() : cls_Value(value); }
+  static cls_Value ToValue(double value) { return value; }
   static std::string_view FromValue(double& value, cls_Value const& from) {
-    if (from.IsNull()) { return value = cls_unsetReal, ""; }
+    if (from.IsNull()) { return value = kUnset, ""; }
     if (auto const* number = from.As<long long>()) { return value = static_cast<double>(*number), ""; }
     auto const* real = from.As<double>();
     if (real == nullptr || !(*real - *real == 0.0)) { return "a finite number"; }  // NaN and infinities are no values
@@ -188,6 +198,9 @@ struct cls_MemberOps {
   // null where the type can name nothing
   void (*references)(void const*, cls_Reference, cls_ReferenceVisitor const&) = nullptr;
   bool (*redirect)(void*, cls_Reference, cls_Redirection const&) = nullptr;
+  // null where the type has no value for "not specified"
+  bool (*isUnset)(void const*) = nullptr;
+  void (*unset)(void*) = nullptr;
   // null where the type is not carried from step to step
   void (*propagate)(void*, std::string_view name) = nullptr;
   void (*modify)(void* carried, void const* own, std::string_view name) = nullptr;
@@ -220,6 +233,10 @@ template <class M> constexpr cls_MemberOps cls_MakeOps() {
     };
     ops.redirect = [](void* m, cls_Reference kind, cls_Redirection const& to) { return Traits::Redirect(*static_cast<M*>(m), kind, to); };
   }
+  if constexpr (cls_Unsettable<Traits>) {
+    ops.isUnset = [](void const* m) { return *static_cast<M const*>(m) == Traits::kUnset; };
+    ops.unset = [](void* m) { *static_cast<M*>(m) = Traits::kUnset; };
+  }
   if constexpr (requires(M & m) { Traits::Propagate(m, std::string_view()); }) {
     ops.propagate = [](void* m, std::string_view name) { Traits::Propagate(*static_cast<M*>(m), name); };
     ops.modify = [](void* m, void const* own, std::string_view name) {
@@ -251,11 +268,24 @@ struct cls_MemberRow {
   cls_MemberText text;
   std::ptrdiff_t offset = 0;  ///< from the beginning of the object
   cls_MemberOps const* ops = nullptr;
+  bool optional = false;  ///< whether it can be unset, which is written and scripted as null
 
   void* In(void* object) const { return static_cast<char*>(object) + offset; }
   void const* In(void const* object) const { return static_cast<char const*>(object) + offset; }
   /// Whether commands or the list call the member so.
   bool IsCalled(std::string_view called) const { return called == name || (called == text.command && !called.empty()); }
+
+  // The member of an object.
+  bool IsUnset(void const* object) const { return optional && ops->isUnset(In(object)); }
+  void Write(cls_WriteVisitor const& out, void const* object) const {
+    IsUnset(object) ? out.WriteNull(name) : ops->write(out, name, In(object));
+  }
+  void Read(cls_ReadVisitor const& in, void* object) const {
+    optional&& in.IsNull(name) ? ops->unset(In(object)) : ops->read(in, name, In(object));
+  }
+  cls_Value ToValue(void const* object) const { return IsUnset(object) ? cls_Value() : ops->toValue(In(object)); }
+  /// Answers what was expected where \p from does not fit.
+  std::string_view FromValue(void* object, cls_Value const& from) const { return ops->fromValue(In(object), from); }
 };
 using cls_MemberRows = std::span<cls_MemberRow const>;
 
@@ -270,7 +300,7 @@ inline constexpr auto cls_linesOf = [] {
   std::array<cls_MemberRow, count> lines{};
   std::size_t at = 0;
   T::VisitMembers([&]<class C, class M>(std::string_view name, M C::*, cls_MemberText const& text) {
-    lines[at++] = {name, text, 0, &cls_opsOf<M>};
+    lines[at++] = {name, text, 0, &cls_opsOf<M>, false};
   });
   return lines;
 }();
@@ -286,6 +316,12 @@ template <class T> cls_MemberRows cls_RowsOf() {
       static_assert(sizeof own == sizeof(std::ptrdiff_t));
       made[at++].offset = std::bit_cast<std::ptrdiff_t>(own);
     });
+    if constexpr (std::is_default_constructible_v<T>) {
+      T const fresh{};
+      for (cls_MemberRow& row : made) {
+        row.optional = row.ops->isUnset != nullptr && row.ops->isUnset(row.In(static_cast<void const*>(&fresh)));
+      }
+    }
     return made;
   }();
   return rows;

@@ -10,6 +10,9 @@
 cls_Object::~cls_Object() = default;
 cls_WriteVisitor::~cls_WriteVisitor() = default;
 cls_ReadVisitor::~cls_ReadVisitor() = default;
+void cls_WriteVisitor::WriteEnumerated(std::string_view member, std::string_view suffix, std::string_view text, unsigned /*number*/) const {
+  WriteText(std::string(member).append(suffix), text);
+}
 cow_Handle<cls_Object> cls_ReadVisitor::ReadReference(std::string_view member, std::string_view /*name*/) const {
   return ReadObject(member);
 }
@@ -27,7 +30,7 @@ void cls_Object::DBWrite(cls_WriteVisitor const& out) const {
   cls_Object const* const fresh = out.NewLike(*this);
   for (cls_MemberRow const& row : MemberRows()) {
     if (fresh != nullptr && row.ops->equal(row.In(BeginOf(*this)), row.In(BeginOf(*fresh)))) { continue; }
-    row.ops->write(out, row.name, row.In(BeginOf(*this)));
+    row.Write(out, BeginOf(*this));
   }
 }
 
@@ -46,14 +49,14 @@ bool cls_Object::Equals(cls_Object const& other) const {
 cls_Value cls_Object::Member(std::string_view name) const {
   auto const rows = MemberRows();
   auto const row = std::ranges::find_if(rows, [name](cls_MemberRow const& one) { return one.IsCalled(name); });
-  return row == rows.end() ? cls_Value() : row->ops->toValue(row->In(BeginOf(*this)));
+  return row == rows.end() ? cls_Value() : row->ToValue(BeginOf(*this));
 }
 
 bool cls_Object::SetMember(std::string_view name, cls_Value const& from) {
   auto const rows = MemberRows();
   auto const row = std::ranges::find_if(rows, [name](cls_MemberRow const& one) { return one.IsCalled(name); });
   if (row == rows.end()) { return false; }
-  std::string_view const expected = row->ops->fromValue(row->In(BeginOf(*this)), from);
+  std::string_view const expected = row->FromValue(BeginOf(*this), from);
   if (expected != "") { RefuseValue(row->name, row->text, expected); }
   return true;
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,11 +24,12 @@ public:
   virtual bool StartWrite(unsigned typeId, cls_Uid const& uid) const = 0;
 
   virtual void WriteBool(std::string_view member, bool value) const = 0;
-  /// The largest 32-bit signed integer stands for "not specified".
   virtual void WriteInteger(std::string_view member, long long value) const = 0;
-  /// The largest finite double stands for "not specified".
   virtual void WriteReal(std::string_view member, double value) const = 0;
   virtual void WriteText(std::string_view member, std::string_view value) const = 0;
+  /// Writes an enumerated value whose numbers never change, under the name that \p member and \p suffix make: a visitor writes
+  /// the text or the number.
+  virtual void WriteEnumerated(std::string_view member, std::string_view suffix, std::string_view text, unsigned number) const;
   virtual void WriteNull(std::string_view member) const = 0;
   /// Writes a shared object, of whatever class, as a member; reads back with ReadObject. An object that stands written
   /// already becomes a reference to it.
@@ -83,6 +85,8 @@ public:
   virtual long long ReadInteger(std::string_view member) const = 0;
   virtual double ReadReal(std::string_view member) const = 0;
   virtual std::string ReadText(std::string_view member) const = 0;
+  /// The number of an enumerated value; none where its text is to be read instead.
+  virtual std::optional<unsigned> ReadEnumerated(std::string_view /*member*/, std::string_view /*suffix*/) const { return {}; }
   /// The object member, made by its class; null for a null member. What was written once comes back as one object.
   virtual cow_Handle<cls_Object> ReadObject(std::string_view member) const = 0;
   /// The same of an object that goes by \p name.

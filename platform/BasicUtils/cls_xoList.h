@@ -57,6 +57,7 @@ template <class List, class T> struct cls_ListTraits {
     List made;
     for (cls_Value const& value : *values) {
       T element{};
+      if (cls_Unsettable<cls_MemberTraits<T>> && value.IsNull()) { return "a number in every place"; }
       if (auto const expected = cls_MemberTraits<T>::FromValue(element, value); expected != "") { return expected; }
       made.Append(std::move(element));
     }

@@ -86,6 +86,11 @@ public:
 
   void Clear() noexcept { *this = cow_Map(); }
 
+  /// Calls fn(key, value) for every entry in key order; the value may be changed. Linear.
+  template <class Fn> void ForEachToChange(Fn&& fn) {
+    if (root_) { ChangeFrom(root_, fn); }
+  }
+
   /// A map with the same keys, each with the value that fn(key, value) gives, asked in key order. Linear; cheaper than one
   /// change after the other.
   template <class Fn> cow_Map Mapped(Fn&& fn) const {
@@ -293,6 +298,17 @@ private:
       node.Remove(left + 1);
     } else {
       node.keys.Get().of[left + 1] = next.Key(0);
+    }
+  }
+
+  template <class Fn> static void ChangeFrom(Link& link, Fn& fn) {
+    Node& node = link.Get();
+    for (std::size_t at = 0; at < node.Size(); ++at) {
+      if (node.height > 0) {
+        ChangeFrom(As<Link>(node).slots[at], fn);
+      } else {
+        fn(node.Key(at), As<V>(node).slots[at]);
+      }
     }
   }
 

@@ -25,6 +25,7 @@ enum class DDB_API mdl_PropagationStatusEnm : int {
 };
 
 template <> struct omu_EnumTable<mdl_PropagationStatusEnm> {
+  static constexpr bool kStoredByNumber = true;
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {
       {"NOT_YET_CREATED", 0},
       {"CREATED", 1},

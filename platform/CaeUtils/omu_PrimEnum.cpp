@@ -64,6 +64,19 @@ omu_PrimEnumBase::omu_PrimEnumBase(PrimEnumTableEl const* table, std::string_vie
   if (row_ == nullptr) { Refuse(kRefusals[static_cast<int>(source)], text, table); }
 }
 
+omu_PrimEnumBase::omu_PrimEnumBase(PrimEnumTableEl const* table, cls_ReadVisitor const& in, std::string_view member,
+                                   std::string_view suffix) {
+  Refusal const& refusal = kRefusals[static_cast<int>(Source::Stored)];
+  if (std::optional<unsigned> const number = in.ReadEnumerated(member, suffix)) {
+    row_ = FindRow(table, *number);
+    if (row_ == nullptr) { Refuse(refusal, NumberText(*number), table); }
+  } else {
+    std::string const text = in.ReadText(std::string(member).append(suffix));
+    row_ = FindRow(table, text);
+    if (row_ == nullptr) { Refuse(refusal, text, table); }
+  }
+}
+
 bool omu_PrimEnumBase::SetValue(char const* text) {
   PrimEnumTableEl const* const row = text != nullptr ? FindRow(Table(), text) : nullptr;
   if (row != nullptr) { row_ = row; }
@@ -85,8 +98,6 @@ cow_Map<cow_String, unsigned int> omu_PrimEnumBase::PermissibleValues() const {
 }
 
 atr_String omu_PrimEnumBase::PermissibleValuesAsString() const { return JoinTexts(Table()); }
-
-std::string omu_PrimEnumBase::ReadText(cls_ReadVisitor const& in, std::string_view member) { return in.ReadText(member); }
 
 bool omu_PrimEnumBase::IsEqual(omu_Primitive const& other) const {
   auto const* const value = dynamic_cast<omu_PrimEnumBase const*>(&other);

@@ -40,12 +40,12 @@ protected:
   /// Throws an omu_ValueErrorException when no row of \p table has that value or text.
   omu_PrimEnumBase(PrimEnumTableEl const* table, unsigned value);
   omu_PrimEnumBase(PrimEnumTableEl const* table, std::string_view text, Source source);
+  omu_PrimEnumBase(PrimEnumTableEl const* table, cls_ReadVisitor const& in, std::string_view member, std::string_view suffix);
   omu_PrimEnumBase(omu_PrimEnumBase const&) = default;
   omu_PrimEnumBase& operator=(omu_PrimEnumBase const&) = default;
 
   bool SetRowOf(unsigned value);
   unsigned RowValue() const noexcept { return row_->value; }
-  static std::string ReadText(cls_ReadVisitor const& in, std::string_view member);
 
 private:
   /// The enumeration's table.
@@ -72,9 +72,9 @@ public:
   /// Takes the other's text, so that values of different enumerations convert where their texts agree.
   explicit omu_PrimEnum(omu_PrimEnumBase const& other) : omu_PrimEnumBase(table, other.View(), Source::Base) {}
   explicit omu_PrimEnum(cow_String const& text) : omu_PrimEnumBase(table, text, Source::String) {}
-  /// The text stored under \p member.
-  explicit omu_PrimEnum(cls_ReadVisitor const& in, std::string_view member)
-      : omu_PrimEnumBase(table, ReadText(in, member), Source::Stored) {}
+  /// What is stored, as its text or its number, under the name that \p member and \p suffix make.
+  explicit omu_PrimEnum(cls_ReadVisitor const& in, std::string_view member, std::string_view suffix = {})
+      : omu_PrimEnumBase(table, in, member, suffix) {}
 
   using omu_PrimEnumBase::SetValue;
   /// Takes the first row of that value; false, and nothing has changed, when there is none.

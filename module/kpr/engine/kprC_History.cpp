@@ -410,7 +410,19 @@ void kprC_History::Read(cls_ReadVisitor const& in, std::string_view name) {
     }
   }
   in.EndList();
-  read.steps_ = kprC_StepTable(steps);
+  // Where the model's sequence is at hand, records stand on it at once; else on one of their own, to be matched by names.
+  auto const* const source = in.ReadsOwnRecordsOnly() ? dynamic_cast<kprC_StepSource const*>(&in) : nullptr;
+  std::vector<std::size_t> places;
+  if (source != nullptr) {
+    for (auto const& [index, record] : told) {
+      std::size_t const at = source->Steps().Find(record.stepName.View());
+      if (at == npos || (!places.empty() && at <= places.back())) { break; }
+      places.push_back(at);
+    }
+  }
+  bool const standsOnModel = source != nullptr && places.size() == told.size();
+  read.steps_ = standsOnModel ? source->Steps() : kprC_StepTable(steps);
+  for (std::size_t i = 0; standsOnModel && i < told.size(); ++i) { told[i].first = places[i]; }
   bool const ownOnly = in.ReadsOwnRecordsOnly();
   for (auto& [index, record] : told) {
     bool const isFirst = index == 0, brief = in.IsBrief();

@@ -344,11 +344,11 @@ private:
   }
 
   void AttachHistories(cls_ReadVisitor const& in) {
-    for (cow_String const& name : Keys()) {
-      T& item = Get(name);
-      item.SetName(name);
-      this->RestoreHistory(Own(item), in, table_);
-    }
+    map_.ForEachToChange([&](cow_String const& name, Handle& item) {
+      T& own = item.Get();
+      own.SetName(name);
+      this->RestoreHistory(Own(own), in, table_);
+    });
   }
 
   cow_Map<cow_String, Handle> map_;

@@ -14,7 +14,7 @@ public:
       if (row.name == kProcedure && self.procedure) {
         out.WriteReference(row.name, self.stepName.View(), *self.procedure);
       } else {
-        row.ops->write(out, row.name, row.In(static_cast<void const*>(&self)));
+        row.Write(out, static_cast<void const*>(&self));
       }
     }
   }
@@ -26,7 +26,7 @@ protected:
     auto& self = static_cast<Derived&>(*this);
     for (cls_MemberRow const& row : this->MemberRows()) {
       if (row.name != kProcedure) {
-        row.ops->read(in, row.name, row.In(static_cast<void*>(&self)));
+        row.Read(in, static_cast<void*>(&self));
       } else if (!in.IsNull(row.name)) {
         self.procedure = in.ReadReference(row.name, self.stepName.View()).template As<kprC_Procedure>();
         if (!self.procedure) { in.Refuse(row.name, "an object of another class"); }

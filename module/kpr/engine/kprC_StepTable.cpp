@@ -19,6 +19,8 @@ std::size_t HashOf(std::string_view name) { return std::hash<std::string_view>{}
 
 }  // namespace
 
+kprC_StepSource::~kprC_StepSource() = default;
+
 kprC_StepTable::Entry kprC_StepTable::MakeEntry(Number number, kprC_StepNameProcedurePair const& pair) {
   return {number, cow_Handle<Step>::Make(pair), kprC_StepFacts(pair.procedure.ConstGet())};
 }
@@ -44,11 +46,16 @@ kprC_StepTable::kprC_StepTable(kprC_StepSequence const& steps) : body_(cow_Handl
   Number number = 0;
   for (kprC_StepNameProcedurePair const& pair : steps) { entries.push_back(MakeEntry(number += kGap, pair)); }
   Body& body = body_.Get();
+  std::vector<std::pair<Key, Number>> numbers;
+  numbers.reserve(entries.size());
   for (Entry const& entry : entries) {
     cow_String const& name = entry.step->pair.stepName;
-    Key key{HashOf(name.View()), name};
-    if (!body.numbers.Contains(key)) { body.numbers.Insert(std::move(key), entry.number); }
+    numbers.emplace_back(Key{HashOf(name.View()), name}, entry.number);
     body.procedures += entry.step->pair.procedure ? 1 : 0;
+  }
+  std::ranges::sort(numbers);  // what comes in order is put down fastest
+  for (auto& [key, first] : numbers) {
+    if (!body.numbers.Contains(key)) { body.numbers.Insert(std::move(key), first); }
   }
   Fill(body, std::move(entries));
 }
@@ -308,6 +315,8 @@ void cls_MemberTraits<kprC_StepTable>::Write(cls_WriteVisitor const& out, std::s
 }
 
 void cls_MemberTraits<kprC_StepTable>::Read(cls_ReadVisitor const& in, std::string_view name, kprC_StepTable& table) {
+  auto const* const source = dynamic_cast<kprC_StepSource const*>(&in);
+  if (source != nullptr && source->ReadSteps(name, table)) { return; }
   kprC_StepSequence steps;
   cls_MemberTraits<kprC_StepSequence>::Read(in, name, steps);
   table = kprC_StepTable(steps);

@@ -142,6 +142,18 @@ private:
   cow_Handle<Body> body_;
 };
 
+/// A source that has the model's sequence at hand while it is read.
+class DDB_API kprC_StepSource {
+public:
+  /// The model's sequence.
+  virtual kprC_StepTable const& Steps() const = 0;
+  /// Takes the sequence under \p member where it is the model's; false where it is told as a list.
+  virtual bool ReadSteps(std::string_view member, kprC_StepTable& table) const = 0;
+
+protected:
+  virtual ~kprC_StepSource();
+};
+
 /// A step sequence is written as the list of its pairs, and as such, so that a visitor may refer to the model's own.
 template <> struct DDB_API cls_MemberTraits<kprC_StepTable> {
   static void Describe(cls_MemberInfo& info);

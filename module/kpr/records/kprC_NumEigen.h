@@ -28,8 +28,13 @@ template <> struct cls_MemberTraits<kprC_NumEigen> : cls_PlainTraits {
     Number::Describe(info);
     info.permissible = {AllText()};
   }
-  static void Write(cls_WriteVisitor const& out, std::string_view name, kprC_NumEigen number) { Number::Write(out, name, number.value); }
-  static void Read(cls_ReadVisitor const& in, std::string_view name, kprC_NumEigen& number) { Number::Read(in, name, number.value); }
+  static void Write(cls_WriteVisitor const& out, std::string_view name, kprC_NumEigen number) {
+    number.IsAll() ? out.WriteNull(name) : Number::Write(out, name, number.value);
+  }
+  static void Read(cls_ReadVisitor const& in, std::string_view name, kprC_NumEigen& number) {
+    number = {};
+    if (!in.IsNull(name)) { Number::Read(in, name, number.value); }
+  }
   static cls_Value ToValue(kprC_NumEigen number) { return number.IsAll() ? cls_Value(AllText()) : Number::ToValue(number.value); }
   static std::string_view FromValue(kprC_NumEigen& number, cls_Value const& from) {
     if (auto const* text = from.As<std::string>(); text != nullptr && *text == AllText()) { return number = {}, ""; }
