@@ -19,6 +19,8 @@ ModelPath::ModelPath(std::string const& path) : path_(path) {
 
 ddr_Model ModelPath::Open() { return file_ ? file_->Open() : ReadTextFile(path_); }
 
-void ModelPath::Save(ddr_Model const& model) { file_ ? file_->Save(model) : WriteTextFile(model, path_); }
+void ModelPath::Save(ddr_Model const& model, ModelFile::Changed changed) {
+  file_ ? file_->Save(model, changed) : WriteTextFile(model, path_);
+}
 
 }  // namespace gattr::cli

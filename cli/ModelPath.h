@@ -16,7 +16,8 @@ public:
 
   ddr_Model Open();
   /// Writes the model whole or leaves the file as it was. What was opened here is written faster: only what has changed.
-  void Save(ddr_Model const& model);
+  /// What somebody else has changed meanwhile is refused, or overwritten.
+  void Save(ddr_Model const& model, ModelFile::Changed changed = ModelFile::Changed::Refuse);
 
 private:
   std::string path_;

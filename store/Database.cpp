@@ -1,5 +1,6 @@
 #include "store/Database.h"
 
+#include <charconv>
 #include <cstring>
 
 #include <sqlite3.h>
@@ -36,11 +37,11 @@ constexpr Wording kWordings[] = {
 void Database::Close::operator()(sqlite3* handle) const { sqlite3_close(handle); }
 void Database::Statement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
-Database::Database(std::filesystem::path const& path, Mode mode) : fileName_(path.string()) {
+Database::Database(std::filesystem::path const& path, std::string_view name) : fileName_(name.empty() ? path.string() : name) {
   // Also for reading: a journal that a crash has left behind has to be played back.
-  int const flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | (mode == Mode::Write ? SQLITE_OPEN_CREATE : 0);
+  int const flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;  // one thread at a time has it
   sqlite3* handle = nullptr;
-  int const code = sqlite3_open_v2(fileName_.c_str(), &handle, flags, nullptr);
+  int const code = sqlite3_open_v2(path.c_str(), &handle, flags, nullptr);
   handle_.reset(handle);
   Check(code);
   sqlite3_busy_timeout(handle, kPatience);
@@ -55,6 +56,21 @@ std::int64_t Database::Number(char const* sql) {
   Statement statement(*this, sql);
   if (!statement.Step()) { Refuse("is damaged"); }
   return statement.Number(0);
+}
+
+void Database::CheckStructure() {
+  Statement check(*this, "PRAGMA integrity_check(1)");
+  if (!check.Step()) { Refuse("is damaged"); }
+  std::string_view const found = check.Text(0);
+  if (found == "ok") { return; }
+  constexpr std::string_view kCode = "error code=";  // of the engine, where it could not get at a page
+  if (auto const at = found.find(kCode); at != std::string_view::npos) {
+    int code = 0;
+    std::from_chars(found.data() + at + kCode.size(), found.data() + found.size(), code);
+    if ((code & 0xFF) == SQLITE_IOERR || (code & 0xFF) == SQLITE_NOMEM) { Check(code & 0xFF); }
+  }
+  bool const maybe = found.find("failed to get page") != std::string_view::npos;
+  Refuse((maybe ? "is damaged or cannot be read: " : "is damaged: ") + std::string(found));
 }
 
 void Database::Refuse(std::string_view what) const { throw StoreError(fileName_ + ": " + std::string(what)); }

@@ -14,16 +14,17 @@ namespace gattr {
 /// A connection to a database file; errors are StoreErrors that begin with the file's name.
 class Database {
 public:
-  enum class Mode { Read, Write };
-
-  /// Write makes the file where there is none.
-  Database(std::filesystem::path const& path, Mode mode);
+  /// A file that is not there is refused. \p name is what messages call it; the path by default.
+  explicit Database(std::filesystem::path const& path, std::string_view name = {});
 
   /// Runs a statement without parameters and without an answer.
   void Run(char const* sql);
   /// The one number that a statement answers.
   std::int64_t Number(char const* sql);
   [[noreturn]] void Refuse(std::string_view what) const;
+  /// Has the engine look through the structure of the whole file; refuses one that is damaged, and tells that from one that cannot
+  /// be read.
+  void CheckStructure();
 
   /// A statement that is run many times. Parameters count from 1, columns from 0.
   class Statement {

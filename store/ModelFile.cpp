@@ -1,26 +1,33 @@
 #include "store/ModelFile.h"
 
-#include <map>
+#include <sys/stat.h>
+#include <cerrno>
+#include <optional>
 #include <set>
 #include <string>
 #include <system_error>
 #include <utility>
 
+#include <nlohmann/json.hpp>
+
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "store/Database.h"
-#include "store/DocumentReader.h"
+#include "store/FirstVersion.h"
 #include "store/ModelSteps.h"
 #include "store/ModelTables.h"
 #include "store/ObservingVisitor.h"
 #include "store/RowEncoding.h"
+#include "store/RowReader.h"
 #include "store/StoreError.h"
+#include "store/TemporaryFile.h"
 
 namespace gattr {
 
 struct ModelFile::Saved {
   ddr_Model model;
   std::shared_ptr<ModelSteps const> steps;
-  RowNames names;
+  kprC_StepTable table;  // known to list those steps
+  RowClasses classes;
   ModelTables::Stamp stamp;
 };
 
@@ -45,12 +52,6 @@ private:
   mutable bool seen_ = false, open_ = true;
 };
 
-/// The extension that holds the steps, null where there is none.
-Extension StepsOf(ddr_Model const& model) {
-  Extension const* const found = model.Extensions().ConstFind(ddr_Model::stepsCmd());
-  return found != nullptr ? *found : nullptr;
-}
-
 Table TableOf(mdl_Extension const& extension) {
   return dynamic_cast<kprC_StepAwareRepository const*>(&extension) != nullptr ? Table::Attributes : Table::Objects;
 }
@@ -58,14 +59,21 @@ Table TableOf(mdl_Extension const& extension) {
 /// Brings the tables from one model to another.
 class Saver {
 public:
-  Saver(ModelTables& tables, std::string const& fileName, ModelSteps const& steps, RowNames& names)
-      : tables_(tables), where_(fileName + ": "), steps_(steps), names_(names), namesBefore_(names.Names().size()) {}
+  Saver(ModelTables& tables, std::string const& fileName, ModelSteps const& steps, kprC_StepTable& table, RowClasses& classes)
+      : tables_(tables),
+        where_(fileName + ": "),
+        steps_(steps),
+        table_(table),
+        classes_(classes),
+        classesBefore_(classes.Size()),
+        writer_(steps, classes, where_) {}
 
-  void Save(ddr_Model const& before, ModelSteps const& stepsBefore, ddr_Model const& now, bool everything) {
-    tables_.Put(Table::Extensions, {0, {}, {}, ClassOf(now), Encode(RowWriter::Row::Extension, "", now)});
-    bool const stepsDiffer = SaveSteps(stepsBefore) || everything;
+  /// \p before and \p stepsBefore are null where the tables are empty.
+  void Save(ddr_Model const* before, ModelSteps const* stepsBefore, ddr_Model const& now) {
+    tables_.Put(Table::Extensions, {0, {}, {}, Encode(RowWriter::Row::Extension, "", now)});
+    bool const stepsDiffer = SaveSteps(stepsBefore) || before == nullptr;
     std::set<std::string_view> saved;
-    Extensions::ForEachDifference(everything ? Extensions() : before.Extensions(), now.Extensions(),
+    Extensions::ForEachDifference(before == nullptr ? Extensions() : before->Extensions(), now.Extensions(),
                                   [&](cow_String const& name, Extension const* was, Extension const* is) {
                                     saved.insert(name.View());
                                     SaveExtension(name.View(), was, is);
@@ -75,35 +83,36 @@ public:
         if (!saved.contains(name.View())) { PutExtension(name.View(), *extension); }
       }
     }
-    auto const& names = names_.Names();
-    for (std::size_t number = namesBefore_; number < names.size(); ++number) {
-      tables_.Put(Table::Names, {static_cast<std::int64_t>(number), {}, names[number], {}, {}});
+    for (std::size_t number = classesBefore_; number < classes_.Size(); ++number) {
+      std::string members;
+      for (std::string const& member : classes_[number].members) {
+        members += members.empty() ? '[' : ',';
+        AppendQuoted(members, member);
+      }
+      members += members.empty() ? "[]" : "]";
+      tables_.Put(Table::Classes, {static_cast<std::int64_t>(number), {}, classes_[number].name, members});
     }
   }
 
 private:
-  std::string ClassOf(cls_Object const& object) const {
-    cls_ClassMetadata const* const type = cls_MetadataRegistrar::Registrar().Find(object.DynTypeId());
-    if (type == nullptr) { throw StoreError(where_ + "no module has described the class number " + std::to_string(object.DynTypeId())); }
-    return type->name;
-  }
   /// Good until the next call.
-  std::string_view Encode(RowWriter::Row row, std::string_view where, cls_Object const& object) {
-    encoded_ = RowWriter(steps_, names_, where_ + std::string(where), row).Encode(object);
-    return encoded_;
+  std::string_view Encode(RowWriter::Row row, std::string const& where, cls_Object const& object, bool hasModelSteps = false) {
+    writer_.SetWhere(where_ + where);
+    return writer_.Encode(object, row, hasModelSteps);
   }
 
-  bool SaveSteps(ModelSteps const& before) {
-    auto const& was = before.Pairs();
+  bool SaveSteps(ModelSteps const* before) {
+    if (before != nullptr && before->Same(steps_)) { return false; }
+    static std::vector<kprC_StepNameProcedurePair> const none;
+    auto const& was = before == nullptr ? none : before->Pairs();
     auto const& is = steps_.Pairs();
     bool differ = is.size() != was.size();
     for (std::size_t i = 0; i < is.size(); ++i) {
       auto const& [name, procedure] = std::tie(is[i].stepName, is[i].procedure);
       if (i < was.size() && was[i].stepName == name && was[i].procedure.Same(procedure)) { continue; }
       differ = true;
-      std::string const type = procedure ? ClassOf(*procedure) : "";
-      std::string_view const data = procedure ? Encode(RowWriter::Row::Object, "steps / " + std::string(name.View()), *procedure) : "";
-      tables_.Put(Table::Steps, {static_cast<std::int64_t>(i), {}, name.View(), type, data});
+      std::string_view const data = procedure ? Encode(RowWriter::Row::Object, "steps / " + std::string(name.View()), *procedure) : "null";
+      tables_.Put(Table::Steps, {static_cast<std::int64_t>(i), {}, name.View(), data});
     }
     if (is.size() < was.size()) { tables_.RemoveFrom(Table::Steps, static_cast<std::int64_t>(is.size())); }
     return differ;
@@ -118,119 +127,96 @@ private:
     if (is != nullptr) {
       (*is)->DBWrite(MapObserver(save));
     } else {
-      tables_.Remove(Table::Extensions, {0, {}, name, {}, {}});
+      tables_.Remove(Table::Extensions, {0, {}, name, {}});
     }
   }
 
   void PutExtension(std::string_view name, mdl_Extension const& extension) {
-    tables_.Put(Table::Extensions, {0, {}, name, ClassOf(extension), Encode(RowWriter::Row::Extension, name, extension)});
+    auto const* const repository = dynamic_cast<kprC_StepAwareRepository const*>(&extension);
+    // to compare a repository's sequence with the model's step by step is for the first that has it
+    bool const isKnown = steps_.IsHome(extension) || (repository != nullptr && table_.Size() != 0 && repository->Steps().Same(table_));
+    tables_.Put(Table::Extensions, {0, {}, name, Encode(RowWriter::Row::Extension, std::string(name), extension, isKnown)});
+    if (repository != nullptr && writer_.WroteModelSteps()) { table_ = repository->Steps(); }
   }
 
   void PutObject(Table table, std::string_view owner, std::string_view name, cls_Object const* object) {
-    if (object == nullptr) { return tables_.Remove(table, {0, owner, name, {}, {}}); }
+    if (object == nullptr) { return tables_.Remove(table, {0, owner, name, {}}); }
     std::string const where = std::string(owner) + " / " + std::string(name);
-    tables_.Put(table, {0, owner, name, ClassOf(*object), Encode(RowWriter::Row::Object, where, *object)});
+    tables_.Put(table, {0, owner, name, Encode(RowWriter::Row::Object, where, *object)});
   }
 
   ModelTables& tables_;
   std::string where_;
   ModelSteps const& steps_;
-  RowNames& names_;
-  std::size_t namesBefore_;
-  std::string encoded_;
+  kprC_StepTable& table_;
+  RowClasses& classes_;
+  std::size_t classesBefore_;
+  RowWriter writer_;
 };
 
-/// Puts the rows of a model together as one document.
-class Loader {
-public:
-  Loader(ModelTables& tables, Document& document) : document_(document) {
-    for (StoredRow const& row : tables.ReadAll(Table::Names)) {
-      if (row.position != static_cast<std::int64_t>(names_.Names().size()) || names_.Number(row.name) != row.position) {
-        document.Refuse("names", "is damaged: expected names of their own, numbered from 0 on");
+/// The texts of a list of texts, as AppendQuoted has written them.
+std::vector<std::string> ParseTexts(std::string_view list) {
+  auto const texts = nlohmann::json::parse(list, nullptr, false);
+  if (!texts.is_array()) { return {}; }
+  std::vector<std::string> parsed;
+  for (auto const& text : texts) {
+    if (text.is_string()) { parsed.push_back(text.get<std::string>()); }
+  }
+  return parsed;
+}
+
+ModelRows ReadRows(ModelTables& tables, Database const& database) {
+  if (tables.IsFirstVersion()) { return ReadFirstVersion(tables, database); }
+  ModelRows rows;
+  tables.ForEach(Table::Classes, [&](Row const& row) {
+    if (row.position != static_cast<std::int64_t>(rows.classes.Size())) {
+      database.Refuse("classes: is damaged: expected numbers from 0 on");
+    }
+    rows.classes.Add({std::string(row.name), ParseTexts(row.data)});
+  });
+  auto const stored = [&](Row const& row) { return StoredRow{row.position, rows.Keep(row.name), rows.Keep(row.data)}; };
+  tables.ForEach(Table::Extensions, [&](Row const& row) { rows.extensions.push_back(stored(row)); });
+  tables.ForEach(Table::Steps, [&](Row const& row) { rows.steps.push_back(stored(row)); });
+  for (Table const table : {Table::Attributes, Table::Objects}) {
+    std::vector<StoredRow>* own = nullptr;
+    std::string owner;
+    tables.ForEach(table, [&](Row const& row) {
+      if (own == nullptr || owner != row.owner) {
+        owner = row.owner;
+        own = &rows.objects[owner];
+        if (table == Table::Attributes) { rows.repositories.insert(owner); }
       }
-    }
-    extensions_ = tables.ReadAll(Table::Extensions);
-    steps_ = tables.ReadAll(Table::Steps);
-    for (Table const table : {Table::Attributes, Table::Objects}) {
-      for (StoredRow& row : tables.ReadAll(table)) { objects_[row.owner].push_back(std::move(row)); }
-    }
-    tables.CheckComplete();
+      own->push_back(stored(row));
+    });
   }
+  tables.CheckComplete();
+  return rows;
+}
 
-  RowNames TakeNames() { return std::move(names_); }
+constexpr int kMostLinks = 40;  // one behind the other, as many as the system follows
 
-  void Load() {
-    RowDecoder const decoder(document_, names_.Names());
-    if (extensions_.empty() || !extensions_.front().name.empty()) { document_.Refuse("extensions", "is damaged: lacks the model itself"); }
-    document_.Open(Document::Kind::Object, 0);
-    decoder.Decode(extensions_.front().data, {[&](Document::Text name) { AddExtensions(decoder, name); }, {}});
-    document_.Close();
-    if (!objects_.empty()) { document_.Refuse(objects_.begin()->first, "is damaged: holds objects, but is not there"); }
+/// What there is under a path.
+enum class Present { Nothing, EmptyFile, File };
+
+/// Refuses what is no file, and what cannot be looked at: that may be anything.
+Present Examine(std::filesystem::path const& path) {
+  struct stat found = {};
+  if (::stat(path.c_str(), &found) != 0) {
+    if (errno == ENOENT) { return Present::Nothing; }
+    throw StoreError(path.string() + ": cannot be examined: " + std::generic_category().message(errno));
   }
+  if (S_ISDIR(found.st_mode)) { throw StoreError(path.string() + ": is a folder, not a file"); }
+  if (!S_ISREG(found.st_mode)) { throw StoreError(path.string() + ": is no file, but a device or a pipe"); }
+  return found.st_size == 0 ? Present::EmptyFile : Present::File;
+}
 
-private:
-  void AddExtensions(RowDecoder const& decoder, Document::Text member) {
-    document_.Open(Document::Kind::Object, member);
-    for (auto row = extensions_.begin() + 1; row != extensions_.end(); ++row) {
-      bool const holdsSteps = row->name == ddr_Model::stepsCmd().View();
-      Open(document_.Intern(row->name), row->type);
-      decoder.Decode(row->data, {[&](Document::Text name) { AddObjects(decoder, row->name, name); },
-                                 [&](Document::Text name) { AddSteps(decoder, holdsSteps, name); }});
-      document_.Close();
-      objects_.erase(row->name);
-    }
-    document_.Close();
-  }
-
-  void AddObjects(RowDecoder const& decoder, std::string const& owner, Document::Text member) {
-    document_.Open(Document::Kind::Object, member);
-    for (StoredRow const& row : std::exchange(objects_[owner], {})) {
-      Open(document_.Intern(row.name), row.type);
-      decoder.Decode(row.data);
-      document_.Close();
-    }
-    document_.Close();
-  }
-
-  /// The sequence of the steps, \p whole or by their names.
-  void AddSteps(RowDecoder const& decoder, bool whole, Document::Text member) {
-    Document::Text const stepName = document_.Intern("stepName");
-    Document::Text const procedure = document_.Intern("procedure");
-    document_.Open(Document::Kind::List, member);
-    for (std::size_t i = 0; i < steps_.size(); ++i) {
-      StoredRow const& row = steps_[i];
-      if (row.position != static_cast<std::int64_t>(i)) { document_.Refuse("steps", "is damaged: expected positions from 0 on"); }
-      document_.Open(Document::Kind::Object, 0);
-      Document::Text const name = document_.Intern(row.name);
-      document_.AddText(stepName, name);
-      if (row.type.empty()) {
-        document_.AddNull(procedure);
-      } else if (!whole) {
-        document_.AddText(procedure, name);
-      } else {
-        Open(procedure, row.type);
-        decoder.Decode(row.data);
-        document_.Close();
-      }
-      document_.Close();
-    }
-    document_.Close();
-  }
-
-  void Open(Document::Text name, std::string_view type) {
-    document_.Open(Document::Kind::Object, name);
-    document_.AddText(document_.Intern("class"), document_.Intern(type));
-  }
-
-  Document& document_;
-  RowNames names_;
-  std::vector<StoredRow> extensions_, steps_;
-  std::map<std::string, std::vector<StoredRow>> objects_;  // by the extension that holds them
-};
-
-void RefuseFolder(std::filesystem::path const& path) {
-  std::error_code error;
-  if (std::filesystem::is_directory(path, error)) { throw StoreError(path.string() + ": is a folder, not a file"); }
+/// Whether a file holds the model with that stamp.
+bool Holds(std::filesystem::path const& path, ModelTables::Stamp const& stamp) {
+  try {
+    Database database(path);
+    database.Run("BEGIN");
+    return ModelTables(database).Present() == stamp;
+  } catch (StoreError const&) { return false; }
 }
 
 }  // namespace
@@ -241,43 +227,100 @@ ModelFile& ModelFile::operator=(ModelFile&&) noexcept = default;
 ModelFile::~ModelFile() = default;
 
 ddr_Model ModelFile::Open() {
-  RefuseFolder(path_);
-  Database database(path_, Database::Mode::Read);
+  if (Examine(path_) == Present::EmptyFile) { throw StoreError(path_.string() + ": is empty"); }
+  Database database(path_);
   database.Run("BEGIN");
   ModelTables tables(database);
   if (tables.IsEmpty()) { database.Refuse("is empty"); }
-  tables.CheckStructure();
-  Document document(path_.string());
-  Loader loader(tables, document);
-  loader.Load();
-  ddr_Model model = DocumentReader(document, DocumentReader::Histories::OwnRecords).ReadModel();
-  saved_ = std::make_unique<Saved>(Saved{model, std::make_shared<ModelSteps>(model), loader.TakeNames(), tables.Present()});
+  database.CheckStructure();
+  ModelRows rows = ReadRows(tables, database);
+  RowReader reader(rows, path_.string());
+  ddr_Model model = reader.ReadModel();
+  saved_ = std::make_unique<Saved>(
+      Saved{model, std::make_shared<ModelSteps>(model), reader.ModelsSteps(), std::move(rows.classes), tables.Present()});
   return model;
 }
 
-void ModelFile::Save(ddr_Model const& model) {
-  RefuseFolder(path_);
+void ModelFile::Save(ddr_Model const& model, Changed changed) {
+  std::filesystem::path path = path_;
   std::error_code error;
-  bool const isNew = !std::filesystem::exists(path_, error);
+  for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(path, error); ++links) {  // they stay, also those to nothing
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+  }
+  Present const present = Examine(path);
+  if (present != Present::File && SaveFirst(path, model, present == Present::EmptyFile)) { return; }
+  SaveAgain(path, model, changed);
+}
+
+bool ModelFile::SaveFirst(std::filesystem::path const& path, ddr_Model const& model, bool replaces) {
+  std::filesystem::path journal = path;
+  journal += "-journal";
+  std::error_code error;
+  if (std::filesystem::exists(journal, error)) {
+    if (!replaces) {
+      throw StoreError(path.string() + ": cannot be written: " + journal.string() +
+                       " is left of another model that had this name; remove it, or put that model back");
+    }
+    Database(path).Run("BEGIN IMMEDIATE; ROLLBACK");  // an empty file has nothing to go back to: the engine removes it
+  }
+  std::optional<TemporaryFile> file;
   try {
-    Database database(path_, Database::Mode::Write);
+    file.emplace(path);
+    struct stat present = {};
+    if (replaces && ::stat(path.c_str(), &present) == 0) { ::fchmod(file->Handle(), present.st_mode & 07777); }
+    Saved next{model, std::make_shared<ModelSteps>(model), {}, {}, {}};
+    {
+      Database database(file->Path(), path.string());
+      // Nobody sees the file before it has its name, which it gets when its bytes are on the disk.
+      database.Run("PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF; PRAGMA cache_size = -65536; BEGIN EXCLUSIVE");
+      ModelTables tables(database);
+      tables.Clear();
+      Saver(tables, path.string(), *next.steps, next.table, next.classes).Save(nullptr, nullptr, model);
+      next.stamp = tables.Finish();
+      database.Run("COMMIT");
+    }
+    if (!file->Place(replaces)) { return false; }
+    saved_ = std::make_unique<Saved>(std::move(next));
+    return true;
+  } catch (StoreError const& refusal) {
+    std::string const message = refusal.what();
+    std::string const name = path.string() + ": ";
+    throw StoreError(message.starts_with(name) ? message : name + message);
+  }
+}
+
+void ModelFile::SaveAgain(std::filesystem::path const& path, ddr_Model const& model, Changed changed) {
+  std::optional<Saved> next;
+  bool ending = false;
+  try {
+    Database database(path, path_.string());
     // EXTRA: also the end of the journal is on the disk before the save is done. The cache holds what one save changes, so
     // that nothing is written before its end.
     database.Run("PRAGMA synchronous = EXTRA; PRAGMA cache_size = -65536; BEGIN IMMEDIATE");
     ModelTables tables(database);
-    bool const everything = saved_ == nullptr || tables.IsEmpty() || tables.Present() != saved_->stamp;
-    bool const sameSteps = saved_ != nullptr && StepsOf(model).Same(StepsOf(saved_->model));
-    Saved next{model, sameSteps ? saved_->steps : std::make_shared<ModelSteps>(model), everything ? RowNames() : saved_->names, {}};
-    if (everything) { tables.Clear(); }
-    static ModelSteps const noSteps;
-    Saver(tables, path_.string(), *next.steps, next.names)
-        .Save(everything ? model : saved_->model, everything ? noSteps : *saved_->steps, model, everything);
-    next.stamp = tables.Commit();
-    saved_ = std::make_unique<Saved>(std::move(next));
-  } catch (...) {
-    if (isNew) { std::filesystem::remove(path_, error); }
-    throw;
+    bool const isOurs = saved_ != nullptr && !tables.IsEmpty() && tables.Present() == saved_->stamp;
+    if (saved_ != nullptr && !tables.IsEmpty() && !isOurs && changed == Changed::Refuse) {
+      database.Refuse("was changed by another program since it was opened: open it again, or overwrite it (--force)");
+    }
+    bool const everything = !isOurs || tables.IsFirstVersion();
+    auto steps = std::make_shared<ModelSteps const>(model);
+    if (everything) {
+      next.emplace(Saved{model, std::move(steps), {}, {}, {}});
+      tables.Clear();
+    } else {
+      bool const same = steps->Same(*saved_->steps);
+      next.emplace(Saved{model, same ? saved_->steps : steps, same ? saved_->table : kprC_StepTable(), saved_->classes, {}});
+    }
+    Saver(tables, path_.string(), *next->steps, next->table, next->classes)
+        .Save(everything ? nullptr : &saved_->model, everything ? nullptr : saved_->steps.get(), model);
+    next->stamp = tables.Finish();
+    ending = true;
+    database.Run("COMMIT");
+  } catch (StoreError const&) {
+    // What fails behind the end of the transaction, such as to let go of a lock, leaves the new model in the file.
+    if (!ending || !Holds(path, next->stamp)) { throw; }
   }
+  saved_ = std::make_unique<Saved>(std::move(*next));
 }
 
 }  // namespace gattr

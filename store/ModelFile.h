@@ -11,11 +11,14 @@ namespace gattr {
 ///
 /// The object stands for one path and remembers, as a snapshot, the model that it last opened or saved there, so that
 /// saving again writes only what differs: an edit of one attribute costs one row, whatever the number of attributes. The
-/// file is open only during a call. Where somebody else has written it meanwhile, everything is written.
+/// file is open only during a call.
 ///
 /// Both calls raise a StoreError. The library must have been started (DDB_GeometricAttributes_initialize).
 class ModelFile {
 public:
+  /// What a save does with a file that somebody else has written since this object opened or saved it.
+  enum class Changed { Refuse, Overwrite };
+
   explicit ModelFile(std::filesystem::path path);
   ModelFile(ModelFile&&) noexcept;
   ModelFile& operator=(ModelFile&&) noexcept;
@@ -25,12 +28,16 @@ public:
 
   /// The model in the file. Linear in the steps, the attributes and the changes that they make.
   ddr_Model Open();
-  /// Puts \p model in the place of what the file holds, in one transaction: after a crash at any moment the file holds
-  /// the old model or the new one. A file that is there and is no model file is refused, not overwritten.
-  void Save(ddr_Model const& model);
+  /// Puts \p model in the place of what the file holds: after a crash at any moment the file holds the old model or the new one,
+  /// and a first one is there whole or not at all. A file that is there and is no model file is refused, not overwritten.
+  void Save(ddr_Model const& model, Changed changed = Changed::Refuse);
 
 private:
   struct Saved;  // what the file held when this object last touched it
+
+  /// Makes the file. False where there is one now.
+  bool SaveFirst(std::filesystem::path const& path, ddr_Model const& model, bool replaces);
+  void SaveAgain(std::filesystem::path const& path, ddr_Model const& model, Changed changed);
 
   std::filesystem::path path_;
   std::unique_ptr<Saved> saved_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 #include "store/ObservingVisitor.h"
 
@@ -25,24 +26,32 @@ private:
 }  // namespace
 
 ModelSteps::ModelSteps(ddr_Model const& model) {
-  home_ = model.ConstExtension(ddr_Model::stepsCmd());
-  if (home_ != nullptr) { home_->DBWrite(Collector(pairs_)); }
-  byName_.resize(pairs_.size());
-  std::iota(byName_.begin(), byName_.end(), std::size_t{0});
-  std::ranges::sort(byName_, {}, [this](std::size_t index) { return pairs_[index].stepName.View(); });
+  auto const* const found = model.Extensions().ConstFind(ddr_Model::stepsCmd());
+  if (found != nullptr) { home_ = *found; }
+}
+
+std::vector<kprC_StepNameProcedurePair> const& ModelSteps::Pairs() const {
+  if (!std::exchange(listed_, true) && home_) { home_->DBWrite(Collector(pairs_)); }
+  return pairs_;
 }
 
 bool ModelSteps::IsAt(std::size_t index, std::string_view name, cls_Object const* object) const {
-  if (index >= pairs_.size() || pairs_[index].stepName != name) { return false; }
+  if (index >= Pairs().size() || pairs_[index].stepName != name) { return false; }
   kprC_Procedure const* const own = pairs_[index].procedure.ConstGet();
   return own == object || (own != nullptr && object != nullptr && own->Equals(*object));
 }
 
 bool ModelSteps::IsStep(std::string_view name, cls_Object const& object) const {
-  if (pairs_.empty()) { return false; }
+  if (Pairs().empty()) { return false; }
+  auto const nameAt = [this](std::size_t at) { return pairs_[at].stepName.View(); };
   std::size_t index = expected_ < pairs_.size() ? expected_ : 0;
   if (pairs_[index].stepName != name) {
-    auto const found = std::ranges::lower_bound(byName_, name, {}, [this](std::size_t at) { return pairs_[at].stepName.View(); });
+    if (byName_.empty()) {
+      byName_.resize(pairs_.size());
+      std::iota(byName_.begin(), byName_.end(), std::size_t{0});
+      std::ranges::sort(byName_, {}, nameAt);
+    }
+    auto const found = std::ranges::lower_bound(byName_, name, {}, nameAt);
     if (found == byName_.end() || pairs_[*found].stepName != name) { return false; }
     index = *found;
   }

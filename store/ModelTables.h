@@ -2,34 +2,35 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "store/Database.h"
 
 namespace gattr {
 
 /// The tables of a model file beside meta; README.md describes them.
-enum class Table { Names, Extensions, Steps, Attributes, Objects };
-inline constexpr std::array kTables = {Table::Names, Table::Extensions, Table::Steps, Table::Attributes, Table::Objects};
+enum class Table { Classes, Extensions, Steps, Attributes, Objects };
+inline constexpr std::array kTables = {Table::Classes, Table::Extensions, Table::Steps, Table::Attributes, Table::Objects};
 
 /// A row of any table. What the table has no column for is left empty.
-template <class Text> struct BasicRow {
+struct Row {
   std::int64_t position = 0;
-  Text owner, name, type, data;
+  std::string_view owner, name, data;
+  std::string_view type = {};  ///< the class, in the first version
 
-  friend bool operator==(BasicRow const&, BasicRow const&) = default;
+  friend bool operator==(Row const&, Row const&) = default;
 };
-using Row = BasicRow<std::string_view>;
-using StoredRow = BasicRow<std::string>;
+
+struct TableLayout;
 
 /// The tables of one model file inside a transaction: rows, and the sums over them that show when one is missing.
 class ModelTables {
 public:
   static constexpr std::int32_t kApplicationId = 0x67617474;  ///< "gatt"
-  static constexpr std::int32_t kVersion = 1;
+  static constexpr std::int32_t kVersion = 2;
 
   /// Tells one content of the file from all others.
   struct Stamp {
@@ -39,16 +40,18 @@ public:
     friend bool operator==(Stamp const&, Stamp const&) = default;
   };
 
-  /// Looks at the file. Refuses what is no model file, of a later version, or has other tables.
+  /// Looks at the file. Refuses what is no model file, of a later version, or has other tables. Files of earlier versions can be
+  /// read, and cleared.
   explicit ModelTables(Database& database);
 
   /// Whether the file is new: without tables.
   bool IsEmpty() const { return !present_; }
+  bool IsFirstVersion() const { return version_ == 1; }
   Stamp const& Present() const { return stamp_; }
 
-  // Writing. None of it holds before Commit.
+  // Writing. None of it holds before the transaction ends.
 
-  /// Makes the tables, or empties them.
+  /// Makes the tables, or empties them. Due before anything else is written into a file of another version.
   void Clear();
   /// Writes a row in the place of the one with the same key; nothing where that is equal.
   void Put(Table table, Row const& row);
@@ -57,15 +60,13 @@ public:
   void RemoveOwned(Table table, std::string_view owner);
   /// Removes the rows from a position on.
   void RemoveFrom(Table table, std::int64_t position);
-  /// Ends the transaction and returns the new stamp; the present one where nothing has changed.
-  Stamp Commit();
+  /// Writes the new stamp, which it returns, so that the transaction can end; the present one where nothing has changed.
+  Stamp Finish();
 
   // Reading.
 
-  /// Refuses a file whose structure is damaged.
-  void CheckStructure();
-  /// All rows in the order of their keys. Refuses one whose checksum does not fit.
-  std::vector<StoredRow> ReadAll(Table table);
+  /// All rows in the order of their keys, good during the call. Refuses one whose checksum does not fit.
+  void ForEach(Table table, std::function<void(Row const&)> const& visit);
   /// Refuses when what was read of all tables is not all that was written.
   void CheckComplete() const;
 
@@ -82,14 +83,16 @@ private:
     friend bool operator==(Totals const&, Totals const&) = default;
   };
 
+  TableLayout const& LayoutOf(Table table) const;
   Statements& Prepared(Table table);
-  template <class Text> static std::int64_t ChecksumOf(Table table, BasicRow<Text> const& row);
+  static std::int64_t ChecksumOf(Table table, Row const& row);
   static std::int64_t MetaChecksum(Stamp const& stamp, Totals const& totals);
   /// Removes the rows that match \p condition with the parameter \p bound.
   template <class Value> void RemoveWhere(Table table, std::string_view condition, Value bound);
 
   Database& database_;
   bool present_ = false, cleared_ = false, changed_ = false;
+  std::int64_t version_ = kVersion;  ///< of the tables
   Stamp stamp_;
   Totals totals_;  ///< of the rows that are written
   Totals read_;    ///< of those that have been read

@@ -1,50 +1,54 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
-#include "store/Document.h"
 #include "store/StoreWriter.h"
 
 namespace gattr {
 
-/// The encoding of the data of a row; README.md describes it.
-enum class RowTag : unsigned char {
-  End = 0,  ///< of an object or map
-  Null = 1,
-  False = 2,
-  True = 3,
-  Integer = 4,
-  Real = 5,
-  Text = 6,
-  Object = 7,  ///< of a class of its own
-  Nested = 8,  ///< of the class that its owner knows; also a map
-  List = 9,
-  Reference = 10,  ///< to an object of the row
-  Rows = 11,       ///< a map whose objects are rows
-  Steps = 12,      ///< the model's steps: in the extension of the steps themselves, elsewhere their names
-};
+// What the data of a row is made of; README.md describes it.
+inline constexpr std::string_view kRowsElsewhere = "rows";    ///< stands for a map whose objects have rows of their own
+inline constexpr std::string_view kStepsElsewhere = "steps";  ///< stands for the model's sequence
 
-/// Texts of a row that may be repeated by number are its first ones.
-inline constexpr std::size_t kRepeatableTexts = 64;
+/// Whether \p whole is the one text and then the other.
+inline bool IsJoined(std::string_view whole, std::string_view first, std::string_view second) {
+  if (whole.size() != first.size() + second.size()) { return false; }
+  char const* at = whole.data();  // names are short: not worth two calls
+  for (char const c : first) {
+    if (*at++ != c) { return false; }
+  }
+  for (char const c : second) {
+    if (*at++ != c) { return false; }
+  }
+  return true;
+}
 
-/// Names of members and classes by number. Only grows, so that rows written once stay readable.
-class RowNames {
+/// The classes of a model file by number, each with the names of its members: values of an object stand in their order. Only
+/// grows, so that rows written once stay readable.
+class RowClasses {
 public:
-  std::uint32_t Number(std::string_view name);
-  std::vector<std::string> const& Names() const { return names_; }
+  struct Class {
+    std::string name;
+    std::vector<std::string> members;
+  };
+
+  std::size_t Size() const { return classes_.size(); }
+  Class const& operator[](std::size_t number) const { return classes_[number]; }
+  void Add(Class one) { classes_.push_back(std::move(one)); }
+  /// The number of that class with those members, which is added when it is new.
+  std::size_t Number(Class one);
 
 private:
-  struct Hash : std::hash<std::string_view> {
-    using is_transparent = void;
-  };
-  std::vector<std::string> names_;
-  std::unordered_map<std::string, std::uint32_t, Hash, std::equal_to<>> numbers_;
+  std::vector<Class> classes_;
 };
+
+/// Adds \p text to \p row as JSON has it.
+void AppendQuoted(std::string& row, std::string_view text);
 
 /// Encodes one object at a time.
 class RowWriter final : public StoreWriter {
@@ -54,18 +58,23 @@ public:
     Object,     ///< complete in itself, steps included, so that it stays good when they change
   };
 
-  RowWriter(ModelSteps const& steps, RowNames& names, std::string_view where, Row row)
-      : StoreWriter(steps, where), names_(names), row_(row) {}
+  RowWriter(ModelSteps const& steps, RowClasses& classes, std::string_view where) : StoreWriter(steps, where), classes_(classes) {}
 
-  /// The members of \p object.
-  std::string Encode(cls_Object const& object);
+  using StoreWriter::SetWhere;
+  /// \p object with its members. \p hasModelSteps: the sequence in it is known to be the model's. Good until the next call.
+  std::string_view Encode(cls_Object const& object, Row row, bool hasModelSteps = false);
 
+  /// Whether the model's sequence stood in what was encoded last.
+  bool WroteModelSteps() const { return wroteModelSteps_; }
+
+  bool StartWrite(unsigned typeId, cls_Uid const& uid) const override;
+  void WriteEnumerated(std::string_view member, std::string_view suffix, std::string_view text, unsigned number) const override;
   bool WriteSequence(std::string_view member, std::size_t count, SequenceElement const& at) const override;
   bool WritesOwnRecordsOnly() const override { return true; }
 
 protected:
-  void PutNull(std::string_view member) const override { Put(RowTag::Null, member); }
-  void PutBool(std::string_view member, bool value) const override { Put(value ? RowTag::True : RowTag::False, member); }
+  void PutNull(std::string_view member) const override { Put(member, "null"); }
+  void PutBool(std::string_view member, bool value) const override { Put(member, value ? "true" : "false"); }
   void PutInteger(std::string_view member, long long value) const override;
   void PutReal(std::string_view member, double value) const override;
   void PutText(std::string_view member, std::string_view value) const override;
@@ -77,36 +86,35 @@ protected:
   bool RefersToSteps() const override { return row_ == Row::Extension; }
 
 private:
-  void Put(RowTag tag, std::string_view member) const;
-  void Varint(std::uint64_t number) const;
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-  RowNames& names_;
-  Row row_;
-  // writing goes through a const interface
-  mutable std::string bytes_;
-  mutable std::vector<std::pair<std::size_t, std::size_t>> texts_;  // begin and size in the bytes
-  mutable std::unordered_map<cls_Object const*, std::uint32_t> objects_;
-  mutable bool hasRows_ = false;
-};
-
-/// Adds what rows hold to a document.
-class RowDecoder {
-public:
-  /// What to add for what a row leaves to others, under the given name.
-  struct Elsewhere {
-    std::function<void(Document::Text)> rows;
-    std::function<void(Document::Text)> steps;
+  /// What is open: an object with the class that it seems to be of, a list or a map.
+  struct Frame {
+    Kind kind = Kind::List;
+    std::size_t count = 0;                  ///< of what has been written here
+    unsigned typeId = 0;                    ///< of an object
+    std::size_t guess = kNone;              ///< the class that its type had last; none where the members are not that one's
+    std::size_t numberAt = 0;               ///< where in the bytes its number stands
+    std::vector<std::string> members = {};  ///< as far as there is no guess
   };
 
-  RowDecoder(Document& document, std::vector<std::string> const& names);
+  /// Everything before a value: a comma, the name of an entry of a map.
+  void Begin(std::string_view member, std::string_view suffix = {}) const;
+  void Put(std::string_view member, std::string_view value) const;
+  void Quote(std::string_view text) const { AppendQuoted(bytes_, text); }
+  /// Gives the object its number, once its members are known.
+  void CloseObject() const;
 
-  /// Adds the members of a row to the object that is open. Raises a StoreError when the bytes are no such row.
-  void Decode(std::string_view bytes, Elsewhere const& elsewhere = {}) const;
-
-private:
-  Document& document_;
-  Document::Text class_;
-  std::vector<Document::Text> names_;
+  RowClasses& classes_;
+  Row row_ = Row::Object;
+  bool hasModelSteps_ = false;
+  // writing goes through a const interface
+  mutable std::string bytes_;
+  mutable std::vector<Frame> frames_;
+  mutable std::unordered_map<unsigned, std::size_t> last_;  // the class that an object of a type had last
+  mutable std::unordered_map<cls_Object const*, std::size_t> shared_;
+  mutable std::size_t objects_ = 0;  // that have been written
+  mutable bool hasRows_ = false, wroteModelSteps_ = false;
 };
 
 }  // namespace gattr

@@ -7,7 +7,6 @@
 #include <sqlite3.h>
 
 #include "store/Checksum.h"
-#include "store/RowEncoding.h"
 #include "tests/store/Models.h"
 
 namespace {
@@ -191,10 +190,10 @@ TEST(DamagedModelFile, IsRefusedWhenRowsWereEditedByHand) {
   Row const rows[] = {
       {"UPDATE attributes SET name = 'Fix-2' WHERE name = 'Fix'",
        "is damaged: attributes: \"boundaryConditions / Fix-2\" does not fit its checksum"},
-      {"UPDATE attributes SET class = 'kbcC_TypeBC' WHERE name = 'Fix'", "does not fit its checksum"},
+      {"UPDATE attributes SET data = replace(data, ':', ': ') WHERE name = 'Fix'", "does not fit its checksum"},
       {"UPDATE steps SET position = 9 WHERE position = 5", "is damaged: steps: \"Step-5\" does not fit its checksum"},
-      {"UPDATE steps SET data = x'00' WHERE position = 2", "is damaged: steps: \"Step-2\" does not fit its checksum"},
-      {"UPDATE names SET name = 'u7' WHERE name = 'u1'", "is damaged: names: \"u7\" does not fit its checksum"},
+      {"UPDATE steps SET data = 'null' WHERE position = 2", "is damaged: steps: \"Step-2\" does not fit its checksum"},
+      {"UPDATE classes SET name = 'Region' WHERE name = 'rgnC_Region'", "is damaged: classes: \"Region\" does not fit its checksum"},
       {"DELETE FROM attributes WHERE name = 'Fix'", "rows as they were written, found"},
       {"DELETE FROM steps WHERE position = 5", "rows as they were written, found"},
       {"DELETE FROM extensions WHERE name = 'fields'", "rows as they were written, found"},
@@ -203,8 +202,9 @@ TEST(DamagedModelFile, IsRefusedWhenRowsWereEditedByHand) {
       {"ALTER TABLE steps ADD COLUMN more INTEGER", "is damaged: expected the tables of a model"},
       {"CREATE TABLE more(x)", "is damaged: expected the tables of a model"},
       {"DROP TABLE objects", "is damaged: expected the tables of a model"},
-      {"PRAGMA user_version = 2", "is of the later version 2; expected version 1"},
-      {"PRAGMA user_version = 0", "is damaged: expected version 1"},
+      {"PRAGMA user_version = 3", "is of the later version 3; expected version 2"},
+      {"PRAGMA user_version = 1", "is damaged: expected the tables of a model"},
+      {"PRAGMA user_version = 0", "is damaged: expected version 2"},
       {"PRAGMA application_id = 1", "is no model file, but a database of another program"},
   };
   for (Row const& row : rows) {
@@ -231,29 +231,169 @@ TEST(DamagedModelFile, IsRefusedWhenARowOfAnEarlierSaveWasPutBack) {
   EXPECT_NE(OpenRefusal(kModelFile, path).find("rows as they were written"), std::string::npos);
 }
 
-// Behind the checksums: bytes that no writer has written do no harm.
-TEST(DamagedModelFile, TakesRowsApartOnlyAsFarAsTheyHoldTogether) {
-  ddr_Model const model = SmallModel();
-  gattr::ModelSteps const steps(model);
-  gattr::RowNames names;
-  std::string const row = gattr::RowWriter(steps, names, "", gattr::RowWriter::Row::Object).Encode(*ConstBCs(model).ConstItem("Move"));
-  auto const decode = [&](std::string_view bytes) {
-    return Refusal([&] {
-      gattr::Document document("file");
-      document.Open(gattr::Document::Kind::Object, 0);
-      gattr::RowDecoder(document, names.Names()).Decode(bytes);
-      document.Close();
-    });
-  };
-  EXPECT_EQ(decode(row), "");
-  EXPECT_NE(decode(row + '\0').find("goes on behind its end"), std::string::npos);
-  for (std::size_t size = 0; size < row.size(); ++size) { EXPECT_NE(decode(std::string_view(row).substr(0, size)), "") << size; }
-  std::mt19937 random(5);
-  for (int round = 0; round < 20000; ++round) {
-    std::string damaged = row;
-    for (auto flips = 1 + random() % 3; flips > 0; --flips) { damaged[random() % damaged.size()] = static_cast<char>(random()); }
-    decode(damaged);
+/// A model file in which somebody has put other content and made all sums fit.
+class CraftedFile {
+public:
+  explicit CraftedFile(ddr_Model const& model) { gattr::ModelFile(path).Save(model); }
+
+  /// Runs \p sql and brings the sums in line with the rows.
+  void Run(std::string const& sql) {
+    RunSql(path, sql);
+    std::int64_t rows = 0, sum = 0;
+    std::string updates;
+    struct Table {
+      char const* name;
+      char const* key;
+      char const* fields;  ///< position, owner, name and data
+    };
+    Table const tables[] = {{"classes", "number", "number, '', name, members"},
+                            {"extensions", "name", "0, '', name, data"},
+                            {"steps", "position", "position, '', name, data"},
+                            {"attributes", "repository || char(0) || name", "0, repository, name, data"},
+                            {"objects", "extension || char(0) || name", "0, extension, name, data"}};
+    sqlite3* handle = nullptr;
+    ASSERT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
+    for (std::size_t number = 0; number < std::size(tables); ++number) {
+      auto const& [name, key, fields] = tables[number];
+      sqlite3_stmt* select = nullptr;
+      sqlite3_stmt* update = nullptr;
+      std::string const all = std::string("SELECT ") + key + ", " + fields + " FROM " + name;
+      std::string const one = std::string("UPDATE ") + name + " SET checksum = ? WHERE " + key + " = ?";
+      ASSERT_EQ(sqlite3_prepare_v2(handle, all.c_str(), -1, &select, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
+      ASSERT_EQ(sqlite3_prepare_v2(handle, one.c_str(), -1, &update, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
+      std::vector<std::pair<sqlite3_value*, std::int64_t>> sums;
+      while (sqlite3_step(select) == SQLITE_ROW) {
+        auto const text = [&](int column) {
+          return std::string_view(reinterpret_cast<char const*>(sqlite3_column_text(select, column)),
+                                  static_cast<std::size_t>(sqlite3_column_bytes(select, column)));
+        };
+        gattr::Checksum checksum;
+        checksum.Add(number).Add(static_cast<std::uint64_t>(sqlite3_column_int64(select, 1)));
+        checksum.Add(text(2)).Add(text(3)).Add(std::string_view()).Add(text(4));
+        sums.emplace_back(sqlite3_value_dup(sqlite3_column_value(select, 0)), checksum.Value());
+        sum += checksum.Value();
+        ++rows;
+      }
+      for (auto const& [value, checksum] : sums) {
+        sqlite3_bind_int64(update, 1, checksum);
+        sqlite3_bind_value(update, 2, value);
+        ASSERT_EQ(sqlite3_step(update), SQLITE_DONE);
+        sqlite3_reset(update);
+        sqlite3_value_free(value);
+      }
+      sqlite3_finalize(select);
+      sqlite3_finalize(update);
+    }
+    sqlite3_close(handle);
+    gattr::Checksum const checksum = gattr::Checksum()
+                                         .Add(std::uint64_t{1})
+                                         .Add(std::uint64_t{2})
+                                         .Add(static_cast<std::uint64_t>(rows))
+                                         .Add(static_cast<std::uint64_t>(sum));
+    for (auto const& [key, value] : std::initializer_list<std::pair<char const*, std::int64_t>>{
+             {"generation", 1}, {"mark", 2}, {"rows", rows}, {"sum", sum}, {"checksum", checksum.Value()}}) {
+      updates += "UPDATE meta SET value = " + std::to_string(value) + " WHERE key = '" + key + "';";
+    }
+    RunSql(path, updates);
   }
+  std::string Refused() const {
+    std::string const refusal = OpenRefusal(kModelFile, path);
+    EXPECT_TRUE(refusal.empty() || refusal.starts_with(path.string() + ": ")) << refusal;
+    return refusal.empty() ? "" : refusal.substr(path.string().size() + 2);
+  }
+
+  ScratchFolder folder;
+  std::filesystem::path path = folder / "Model.gadb";
+};
+
+std::string Repeated(std::string const& text, int times) {
+  std::string all;
+  for (int i = 0; i < times; ++i) { all += text; }
+  return all;
+}
+
+TEST(CraftedModelFile, IsRefusedByWhatItHoldsWithThePlace) {
+  struct Row {
+    std::string sql;
+    char const* expected;
+  };
+  auto const inData = [](char const* was, std::string const& is, char const* where) {
+    return "UPDATE attributes SET data = replace(data, '" + std::string(was) + "', '" + is + "') WHERE name = '" + where + "'";
+  };
+  std::string const bad = "CAST(x'53FF' AS TEXT)";
+  Row const rows[] = {
+      {"SELECT 1", ""},  // and content that is right is taken
+      {inData("0.1,1", "1e999,1", "Move"), "boundaryConditions / Move / states[0] / state / u1: expected a finite number, found 1e999"},
+      {inData("0.1,1", "null,1", "Move"), "boundaryConditions / Move / states[0] / state / u1: expected a finite number, found null"},
+      {inData("0.1,1", "0.1,9", "Move"), "boundaryConditions / Move / states[0] / state / u1State: omu_PrimEnum"},
+      {inData("0.1,1", "0.1, 1", "Move"), "boundaryConditions / Move / states[0] / state / u1State: expected a text, found  1"},
+      {inData("\"Step-1\",1", "\"Step-1\",77", "Move"), "boundaryConditions / Move / states[0] / status: omu_PrimEnum"},
+      {inData("\"Step-1\",1", "\"Step-9\",1", "Move"), "boundaryConditions / Move / states: expected one record for each step"},
+      {inData("\"Step-3\",3", "\"Step-1\",3", "Move"), "boundaryConditions / Move / states: expected in step \"Step-1\" the status"},
+      {inData("\"Step-3\",3", "\"Step-3\",2", "Move"), "boundaryConditions / Move / states: expected in step \"Step-3\" the status"},
+      {inData("\"Set-1\"", "\"Set-1\",\"more\"", "Move"), "boundaryConditions / Move / region / "},
+      {inData("\"Set-1\",", "", "Move"), "boundaryConditions / Move / region / "},
+      {"UPDATE attributes SET data = '' WHERE name = 'Fix'", "boundaryConditions / Fix: is damaged: the row ends too early"},
+      {"UPDATE attributes SET data = '{\"99\":[]}' WHERE name = 'Fix'",
+       "boundaryConditions / Fix: is damaged: the row refers to a class that is not there"},
+      {"UPDATE attributes SET data = data || ',1' WHERE name = 'Fix'",
+       "boundaryConditions / Fix: is damaged: the row goes on behind its end"},
+      {"UPDATE attributes SET data = '" + Repeated("[", 100) + Repeated("]", 100) + "' WHERE name = 'Fix'",
+       "boundaryConditions / Fix: is damaged: the row nests deeper than 64 objects and lists"},
+      {"UPDATE attributes SET data = CAST(replace(CAST(data AS BLOB), 'Set-1', x'53FF') AS TEXT) WHERE name = 'Move'",
+       "boundaryConditions / Move / region / name: expected a text in UTF-8"},
+      {"UPDATE attributes SET name = " + bad + " WHERE name = 'Move'", "boundaryConditions / \"S\\u00ff\": expected a name in UTF-8"},
+      {"UPDATE steps SET name = " + bad + " WHERE name = 'Step-5'", "steps / steps[5] / stepName: expected a text in UTF-8"},
+      {"UPDATE classes SET members = '[\"u\"]' WHERE name = 'rgnC_Region'", "name: expected a text, found nothing"},
+      {"UPDATE classes SET members = replace(members, '\"kind\"', '\"name\"') WHERE name = 'rgnC_Region'", "name: stands twice"},
+      {"UPDATE attributes SET repository = 'nowhere'", "nowhere: is damaged: holds objects, but is not there"},
+      {"DELETE FROM extensions WHERE name = 'steps'", "steps: expected an object of class kprC_StepContainer"},
+      {"DELETE FROM steps WHERE position = 3", "steps: is damaged: expected positions from 0 on"},
+  };
+  for (Row const& row : rows) {
+    CraftedFile file(SmallModel());
+    file.Run(row.sql);
+    std::string const refusal = file.Refused();
+    EXPECT_NE(refusal.find(row.expected), std::string::npos) << row.sql << "\n" << refusal;
+    EXPECT_EQ(refusal.empty(), row.expected == std::string_view()) << refusal;
+  }
+}
+
+TEST(CraftedModelFile, IsReadWhereAClassHasItsMembersInAnotherOrder) {
+  CraftedFile file(SmallModel());
+  std::string const members = R"(["name","kind","dimension","mixed","empty","instanceKind"])";
+  std::string const turned = R"(["kind","name","dimension","empty","mixed","instanceKind"])";
+  file.Run("UPDATE classes SET members = '" + turned + "' WHERE members = '" + members + "';" +
+           "UPDATE objects SET data = replace(data, '\"Set-1\",\"SET\"', '\"SET\",\"Set-1\"');" +
+           "UPDATE objects SET data = replace(data, '\"Surf-1\",\"SURFACE\"', '\"SURFACE\",\"Surf-1\"');" +
+           "UPDATE attributes SET data = replace(data, '\"Set-1\",\"SET\"', '\"SET\",\"Set-1\"');" +
+           "UPDATE attributes SET data = replace(data, '\"Surf-1\",\"SET\"', '\"SET\",\"Surf-1\"');" +
+           "UPDATE attributes SET data = replace(data, '\"Surf-1\",\"SURFACE\"', '\"SURFACE\",\"Surf-1\"');" +
+           "UPDATE attributes SET data = replace(data, '\"\",\"SET\"', '\"SET\",\"\"')");
+  EXPECT_EQ(file.Refused(), "");
+  EXPECT_EQ(Dump(gattr::ModelFile(file.path).Open()), Dump(SmallModel()));
+}
+
+// Whatever stands behind good sums: it is refused, or a model.
+TEST(CraftedModelFile, DoesNoHarmWhateverItsRowsHold) {
+  ScratchFolder folder;
+  std::mt19937 random(5);
+  constexpr std::string_view kLetters = "[]{},:\"\\0159.-enul";
+  CraftedFile file(SmallModel());
+  std::string const good = BytesOf(file.path);
+  std::size_t refused = 0;
+  constexpr std::size_t kRounds = 300;
+  for (std::size_t round = 0; round < kRounds; ++round) {
+    PutBytes(file.path, good);
+    char const letter = kLetters[random() % kLetters.size()];
+    std::string const at = std::to_string(1 + random() % 300);
+    std::string const put = letter == '"' ? "'\"'" : std::string("'") + letter + "'";
+    char const* const table = round % 3 == 0 ? "extensions" : round % 3 == 1 ? "attributes" : "steps";
+    file.Run(std::string("UPDATE ") + table + " SET data = substr(data, 1, " + at + ") || " + put + " || substr(data, " + at + " + " +
+             std::to_string(1 + random() % 2) + ")");
+    refused += file.Refused().empty() ? 0 : 1;
+  }
+  EXPECT_GT(refused, kRounds / 2);
 }
 
 }  // namespace

@@ -298,8 +298,8 @@ std::map<std::string, std::string> RowsOf(std::filesystem::path const& path) {
   sqlite3* handle = nullptr;
   EXPECT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
   char const* const sql =
-      "SELECT 'attribute ' || name, hex(data) FROM attributes UNION ALL SELECT 'object ' || name, hex(data) FROM objects UNION ALL "
-      "SELECT 'extension ' || name, hex(data) FROM extensions UNION ALL SELECT 'step ' || position, name || hex(data) FROM steps UNION ALL "
+      "SELECT 'attribute ' || name, data FROM attributes UNION ALL SELECT 'object ' || name, data FROM objects UNION ALL "
+      "SELECT 'extension ' || name, data FROM extensions UNION ALL SELECT 'step ' || position, name || data FROM steps UNION ALL "
       "SELECT 'saves', value FROM meta WHERE key = 'generation'";
   auto const take = [](void* into, int, char** values, char**) {
     (*static_cast<std::map<std::string, std::string>*>(into))[values[0]] = values[1];
@@ -357,22 +357,235 @@ TEST(ModelFile, WritesOnlyTheRowsOfWhatChanged) {
   }
 }
 
-TEST(ModelFile, WritesEverythingWhereSomebodyElseHasWrittenTheFile) {
+TEST(ModelFile, IsNotOverwrittenUnaskedWhereSomebodyElseHasChangedIt) {
   ScratchFolder folder;
   auto const path = folder / "Model.gadb";
   ddr_Model model = SmallModel();
-  gattr::ModelFile mine(path);
+  gattr::ModelFile mine(path), late(path);
   mine.Save(model);
   ddr_Model other = model;
   GetBCs(other).Remove("Fix");
-  gattr::ModelFile(path).Save(other);
+  gattr::ModelFile theirs(path);
+  theirs.Open();
+  theirs.Save(other);
   SetInStep(model, "Move", "Step-3", {{"u2", 8.0}});
-  mine.Save(model);
+  EXPECT_EQ(Refusal([&] { mine.Save(model); }),
+            path.string() + ": was changed by another program since it was opened: open it again, or overwrite it (--force)");
+  EXPECT_EQ(Dump(gattr::ModelFile(path).Open()), Dump(other));
+  mine.Save(model, gattr::ModelFile::Changed::Overwrite);
   EXPECT_EQ(Dump(gattr::ModelFile(path).Open()), Dump(model));
+  late.Save(other);  // has opened nothing that could have changed
+  EXPECT_EQ(Dump(gattr::ModelFile(path).Open()), Dump(other));
 
   std::filesystem::remove(path);  // gone altogether
   mine.Save(model);
   EXPECT_EQ(Dump(gattr::ModelFile(path).Open()), Dump(model));
+}
+
+std::vector<std::string> NamesIn(std::filesystem::path const& folder) {
+  std::vector<std::string> names;
+  for (auto const& entry : std::filesystem::directory_iterator(folder)) { names.push_back(entry.path().filename().string()); }
+  return names;
+}
+
+TEST(ModelFile, ThatIsNewIsThereWholeOrNotAtAllHoweverTheSaveEnds) {
+  ddr_Model model;
+  AppendSteps(model, 300);
+  std::mt19937 random(17);
+  ScratchFolder folder;
+  auto const path = folder / "Model.gadb";
+  int killed = 0;
+  for (int round = 0; round < 40; ++round) {
+    pid_t const child = fork();
+    if (child == 0) {
+      _exit(Refusal([&] { gattr::ModelFile(path).Save(model); }).empty() ? 0 : 1);
+    }
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 8000));
+    kill(child, SIGKILL);
+    int status = 0;
+    waitpid(child, &status, 0);
+    killed += WIFSIGNALED(status) ? 1 : 0;
+    EXPECT_FALSE(std::filesystem::exists(folder / "Model.gadb-journal"));
+    if (std::filesystem::exists(path)) {
+      EXPECT_TRUE(gattr::ModelFile(path).Open().Equals(model));
+      std::filesystem::remove(path);
+    }
+  }
+  EXPECT_GT(killed, 3);
+  gattr::ModelFile(path).Save(model);
+  EXPECT_EQ(NamesIn(path.parent_path()), std::vector<std::string>{"Model.gadb"}) << "what killed saves left is cleared away";
+}
+
+TEST(ModelFile, ThatManyMakeAtOnceHoldsOneOfTheirModels) {
+  constexpr int kWriters = 8;
+  for (int round = 0; round < 5; ++round) {
+    ScratchFolder folder;
+    auto const path = folder / "Model.gadb";
+    std::vector<pid_t> children;
+    for (int writer = 0; writer < kWriters; ++writer) {
+      pid_t const child = fork();
+      if (child == 0) {
+        ddr_Model model = SmallModel();
+        model.SetName("Model-" + std::to_string(writer));
+        std::string const refusal = Refusal([&] { gattr::ModelFile(path).Save(model); });
+        _exit(refusal.empty() || refusal.ends_with("is in use by another program") ? 0 : 1);
+      }
+      children.push_back(child);
+    }
+    for (pid_t const child : children) {
+      int status = 0;
+      waitpid(child, &status, 0);
+      EXPECT_EQ(status, 0);
+    }
+    EXPECT_TRUE(gattr::ModelFile(path).Open().Name().View().starts_with("Model-"));
+    EXPECT_EQ(NamesIn(path.parent_path()), std::vector<std::string>{"Model.gadb"});
+  }
+}
+
+TEST(ModelFile, LeavesAloneWhatItCannotKnow) {
+  ScratchFolder folder;
+  auto const path = folder / "Model.gadb";
+  std::string const tooLong(300, 'x');
+  EXPECT_NE(Refusal([&] { gattr::ModelFile(folder / tooLong).Save(SmallModel()); }).find("cannot be examined: File name too long"),
+            std::string::npos);
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_NE(Refusal([&] { gattr::ModelFile(folder / "pipe").Save(SmallModel()); }).find("is no file, but a device or a pipe"),
+            std::string::npos);
+  // a journal would be played back into the new model
+  PutBytes(folder / "Model.gadb-journal", "of another model");
+  EXPECT_NE(Refusal([&] { gattr::ModelFile(path).Save(SmallModel()); }).find("is left of another model that had this name"),
+            std::string::npos);
+  EXPECT_EQ(BytesOf(folder / "Model.gadb-journal"), "of another model");
+  EXPECT_FALSE(std::filesystem::exists(path));
+  // but an empty file has had none
+  PutBytes(path, "");
+  gattr::ModelFile(path).Save(SmallModel());
+  EXPECT_EQ(Dump(gattr::ModelFile(path).Open()), Dump(SmallModel()));
+  EXPECT_FALSE(std::filesystem::exists(folder / "Model.gadb-journal"));
+}
+
+TEST(ModelFile, IsSavedThroughALink) {
+  ScratchFolder folder;
+  std::filesystem::create_symlink("Real.gadb", folder / "Link.gadb");
+  gattr::ModelFile file(folder / "Link.gadb");
+  for (ddr_Model const& model : {ddr_Model(), SmallModel()}) {
+    file.Save(model);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "Link.gadb"));
+    EXPECT_EQ(Dump(gattr::ModelFile(folder / "Real.gadb").Open()), Dump(model));
+  }
+}
+
+TEST(ModelFile, OfTheFirstVersionOpensAndIsSavedInThePresentOne) {
+  std::filesystem::path const stored = std::filesystem::path(GATTR_SOURCE_DIR) / "tests/store/FirstVersion.gadb";
+  ScratchFolder folder;
+  auto const path = folder / "Model.gadb";
+  std::filesystem::copy_file(stored, path);
+  gattr::ModelFile file(path);
+  ddr_Model model = file.Open();
+  EXPECT_EQ(Dump(model), Dump(SmallModel()));
+  SetInStep(model, "Move", "Step-3", {{"u2", 8.0}});
+  file.Save(model);
+  EXPECT_EQ(Dump(gattr::ModelFile(path).Open()), Dump(model));
+  EXPECT_FALSE(RowsOf(path).empty());
+}
+
+TEST(ModelFile, CanBeLookedAtByViews) {
+  ScratchFolder folder;
+  auto const path = folder / "Model.gadb";
+  gattr::ModelFile(path).Save(SmallModel());
+  sqlite3* handle = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
+  auto const ask = [&](char const* sql) {
+    std::string answer;
+    auto const take = [](void* into, int, char** values, char**) {
+      *static_cast<std::string*>(into) += values[0] != nullptr ? values[0] : "null";
+      return 0;
+    };
+    EXPECT_EQ(sqlite3_exec(handle, sql, take, &answer, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
+    return answer;
+  };
+  EXPECT_EQ(ask("SELECT value FROM step_members WHERE step = 'Step-2' AND member = 'initialInc'"), "0.1");
+  EXPECT_EQ(ask("SELECT value FROM attribute_members WHERE attribute = 'Hold' AND member = 'distribution'"), "UNIFORM");
+  EXPECT_EQ(ask("SELECT value FROM history_members WHERE attribute = 'Move' AND step = 'Step-1' AND member = 'u1'"), "0.1");
+  EXPECT_EQ(ask("SELECT DISTINCT step || ' ' || status || ';' FROM history_members WHERE attribute = 'Hold'"), "Step-2 1;Step-4 4;");
+  EXPECT_EQ(ask("SELECT value FROM object_members WHERE object = 'Surf-1' AND member = 'kind'"), "SURFACE");
+  sqlite3_close(handle);
+}
+
+/// The engine's way to files, with calls that fail.
+class FailingFiles {
+public:
+  FailingFiles() {
+    instance = this;
+    real = sqlite3_vfs_find(nullptr);
+    static sqlite3_vfs made;
+    made = *real;
+    made.zName = "failing";
+    made.xDelete = [](sqlite3_vfs*, char const* name, int sync) {
+      int const code = instance->real->xDelete(instance->real, name, 0);
+      return code == SQLITE_OK && sync != 0 && instance->failSync ? SQLITE_IOERR_DIR_FSYNC : code;
+    };
+    made.xOpen = [](sqlite3_vfs*, sqlite3_filename name, sqlite3_file* file, int flags, int* out) {
+      int const code = instance->real->xOpen(instance->real, name, file, flags, out);
+      if (code != SQLITE_OK || (flags & SQLITE_OPEN_MAIN_DB) == 0) { return code; }
+      instance->realMethods = file->pMethods;
+      instance->methods = *file->pMethods;
+      instance->methods.xRead = [](sqlite3_file* of, void* into, int size, sqlite3_int64 at) {
+        return instance->readsLeft-- == 0 ? SQLITE_IOERR_READ : instance->realMethods->xRead(of, into, size, at);
+      };
+      file->pMethods = &instance->methods;
+      return code;
+    };
+    sqlite3_vfs_register(&made, 1);
+    vfs = &made;
+  }
+  FailingFiles(FailingFiles const&) = delete;
+  FailingFiles& operator=(FailingFiles const&) = delete;
+  ~FailingFiles() {
+    sqlite3_vfs_unregister(vfs);
+    sqlite3_vfs_register(real, 1);
+  }
+
+  bool failSync = false;
+  long readsLeft = -1;  ///< before one fails; none does below 0
+
+private:
+  static inline FailingFiles* instance = nullptr;
+  sqlite3_vfs* real;
+  sqlite3_vfs* vfs;
+  sqlite3_io_methods const* realMethods = nullptr;
+  sqlite3_io_methods methods{};
+};
+
+TEST(ModelFile, IsToldAsSavedWhereWhatFailedCameBehindTheSave) {
+  ScratchFolder folder;
+  auto const path = folder / "Model.gadb";
+  gattr::ModelFile file(path);
+  ddr_Model model = SmallModel();
+  file.Save(model);
+  FailingFiles files;
+  files.failSync = true;
+  SetInStep(model, "Move", "Step-3", {{"u2", 8.0}});
+  EXPECT_EQ(Refusal([&] { file.Save(model); }), "");
+  files.failSync = false;
+  EXPECT_EQ(Dump(gattr::ModelFile(path).Open()), Dump(model));
+  SetInStep(model, "Move", "Step-3", {{"u2", 9.0}});
+  EXPECT_EQ(Refusal([&] { file.Save(model); }), "") << "it knows what it has saved";
+}
+
+TEST(ModelFile, ThatCannotBeReadIsNotCalledDamaged) {
+  ScratchFolder folder;
+  auto const path = folder / "Model.gadb";
+  gattr::ModelFile(path).Save(SmallModel());
+  FailingFiles files;
+  long reads = 0;
+  for (std::string refusal = "some"; !refusal.empty(); ++reads) {
+    files.readsLeft = reads;
+    refusal = Refusal([&] { gattr::ModelFile(path).Open(); });
+    EXPECT_TRUE(refusal.empty() || refusal.find("cannot be read") != std::string::npos) << reads << ": " << refusal;
+    ASSERT_LT(reads, 1000);
+  }
+  EXPECT_GT(reads, 8);
 }
 
 }  // namespace

@@ -134,6 +134,27 @@ TEST_P(EitherStore, ReadsBackNumbersExactly) {
   }
 }
 
+TEST_P(EitherStore, KeepsTheLargestNumberWhereItIsOne) {
+  constexpr int kLargest = std::numeric_limits<int>::max();
+  ddr_Model model;
+  kprC_StepHandle step = StaticStep();
+  EXPECT_TRUE(step.Get().SetMember("maxNumInc", kLargest));
+  EXPECT_TRUE(step.Get().SetMember("stabilizationMagnitude", cls_unsetReal));  // can be unset, and is
+  model.Get<kprC_StepContainer>(ddr_Model::stepsCmd()).Insert("Initial", "Step-1", step);
+  kprC_UpdateRepositories(model);
+  GetBCs(model).Insert("Fix", Displacement("Step-1", 1.0));
+  SetInStep(model, "Fix", "Step-1", {{"u1", cls_unsetReal}});
+  ddr_Model const read = WrittenAndRead(GetParam(), model);
+  kprC_Step const& readStep = kprC_Steps(read).Step(1);
+  EXPECT_EQ(readStep.Member("maxNumInc"), cls_Value(kLargest));
+  EXPECT_EQ(readStep.Member("stabilizationMagnitude"), cls_Value());
+  auto const* const state = ConstBCs(read).ConstItem("Fix")->StateAt(1);
+  EXPECT_EQ(state->Member("u1"), cls_Value(cls_unsetReal));
+  std::string const text = Dump(read);
+  EXPECT_NE(text.find("1.7976931348623157e+308"), std::string::npos);
+  EXPECT_NE(text.find("2147483647"), std::string::npos);
+}
+
 TEST_P(EitherStore, LeavesTheOldFileWhenAModelCannotBeWritten) {
   struct Row {
     double number;
