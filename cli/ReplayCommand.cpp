@@ -23,7 +23,7 @@ namespace {
 
 struct ReplayOptions {
   std::string journal, on, output;
-  bool trace = false, keepGoing = false;
+  bool trace = false, keepGoing = false, force = false;
 };
 
 /// A journal as a stream, and how much of it has been read.
@@ -156,7 +156,7 @@ int Run(ReplayOptions const& options) {
     if (target != nullptr) { Tell(fmt::format("gattr: {} was not written\n", Shown(options.output))); }
     return status;
   }
-  if (target != nullptr) { target->Save(session.Model()); }
+  if (target != nullptr) { target->Save(session.Model(), options.force ? ModelFile::Changed::Overwrite : ModelFile::Changed::Refuse); }
   if (status != kDone || isatty(STDERR_FILENO) != 0) {
     std::cout.flush();
     std::string told = fmt::format("gattr: {} done", Counted(replay.Done(), "command"));
@@ -190,6 +190,7 @@ void AddReplay(CLI::App& program, Action& action) {
   command.add_option("--on", options->on, "begin with this model instead of an empty one")->type_name("MODEL");
   command.add_flag("--trace", options->trace, "print a JSON object per line: the outcome, and the histories it made");
   command.add_flag("--keep-going", options->keepGoing, "go on after a command that is refused");
+  command.add_flag("--force", options->force, "write the model also where somebody else has changed it since it was opened");
   command.footer(kFooter);
   command.callback([options, &action] { action = [options] { return Run(*options); }; });
 }
