@@ -1,9 +1,12 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <ostream>
 #include <streambuf>
 #include <string>
+
+#include "store/TemporaryFile.h"
 
 namespace gattr {
 
@@ -27,13 +30,12 @@ public:
 
 private:
   void OpenInPlace(bool isSocket);
-  void OpenBeside(bool isPrivate);
-  void ClearLeftovers() const;
   std::streamsize xsputn(char const* bytes, std::streamsize size) override;
   int_type overflow(int_type byte) override;
 
-  std::filesystem::path path_, temporary_;
-  int file_ = -1;
+  std::filesystem::path path_;
+  std::optional<TemporaryFile> beside_;  // none where it is written in place
+  int file_ = -1;                        // of what is written
   int error_ = 0;
   std::ostream stream_{this};
 };

@@ -18,10 +18,9 @@ namespace gattr {
 
 namespace {
 
-constexpr mode_t kNewPermissions = 0666;  // less what the process masks
-constexpr std::string_view kMark = ".new-";
-constexpr std::size_t kDigits = 16;
-constexpr std::string_view kHex = "0123456789abcdef";
+constexpr std::string_view kMark = ".new-";  // between the file's name and what makes the temporary one its own
+constexpr std::string_view kLetters = "0123456789abcdefghijklmnopqrstuvwxyz";
+constexpr std::size_t kLetterCount = 6;
 
 [[noreturn]] void FailToWrite(int error) { throw StoreError("cannot be written: " + std::generic_category().message(error)); }
 
@@ -37,11 +36,11 @@ void SyncFolderOf(std::filesystem::path const& file) {
 
 }  // namespace
 
-TemporaryFile::TemporaryFile(std::filesystem::path target) : target_(std::move(target)) {
+TemporaryFile::TemporaryFile(std::filesystem::path target, mode_t permissions) : target_(std::move(target)) {
   ClearStale();
   // One that clears up meanwhile may take the file, until it is locked, for one that nobody has.
   struct stat now = {};
-  do { Create(); } while (::fstat(handle_, &now) == 0 && now.st_nlink == 0);
+  do { Create(permissions); } while (::fstat(handle_, &now) == 0 && now.st_nlink == 0);
 }
 
 TemporaryFile::~TemporaryFile() {
@@ -49,15 +48,15 @@ TemporaryFile::~TemporaryFile() {
   if (handle_ >= 0) { ::close(handle_); }
 }
 
-void TemporaryFile::Create() {
+void TemporaryFile::Create(mode_t permissions) {
   if (handle_ >= 0) { ::close(std::exchange(handle_, -1)); }
   std::random_device random;
   do {
     std::string name(kMark);
-    for (std::size_t i = 0; i < kDigits; ++i) { name += kHex[random() % kHex.size()]; }
+    for (std::size_t i = 0; i < kLetterCount; ++i) { name += kLetters[random() % kLetters.size()]; }
     std::filesystem::path path = target_;
     path += name;
-    handle_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kNewPermissions);
+    handle_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, permissions);
     if (handle_ >= 0) { path_ = std::move(path); }
   } while (handle_ < 0 && errno == EEXIST);
   if (handle_ < 0) { FailToWrite(errno); }
@@ -70,8 +69,8 @@ void TemporaryFile::ClearStale() const {
   for (auto entry = std::filesystem::directory_iterator(FolderOf(target_), ignored); entry != std::filesystem::directory_iterator();
        entry.increment(ignored)) {
     std::string const name = entry->path().filename().string();
-    bool const isOurs =
-        name.size() == begin.size() + kDigits && name.starts_with(begin) && name.find_first_not_of(kHex, begin.size()) == std::string::npos;
+    bool const isOurs = name.size() == begin.size() + kLetterCount && name.starts_with(begin) &&
+                        name.find_first_not_of(kLetters, begin.size()) == std::string::npos;
     if (!isOurs) { continue; }
     int const handle = ::open(entry->path().c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (handle < 0) { continue; }

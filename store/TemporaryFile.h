@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sys/types.h>
 #include <filesystem>
 
 namespace gattr {
@@ -8,7 +9,9 @@ namespace gattr {
 /// What killed programs have left of that kind is cleared away. Failures are StoreErrors without a file's name.
 class TemporaryFile {
 public:
-  explicit TemporaryFile(std::filesystem::path target);
+  static constexpr mode_t kForAll = 0666;  ///< less what the process masks
+
+  explicit TemporaryFile(std::filesystem::path target, mode_t permissions = kForAll);
   TemporaryFile(TemporaryFile const&) = delete;
   TemporaryFile& operator=(TemporaryFile const&) = delete;
   ~TemporaryFile();
@@ -22,7 +25,7 @@ public:
   bool Place(bool replaces);
 
 private:
-  void Create();
+  void Create(mode_t permissions);
   void ClearStale() const;
 
   std::filesystem::path target_, path_;
