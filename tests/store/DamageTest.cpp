@@ -27,6 +27,7 @@ std::string OpenRefusal(Store const& store, std::filesystem::path const& path) {
 void RunSql(std::filesystem::path const& path, std::string const& sql) {
   sqlite3* handle = nullptr;
   ASSERT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
+  sqlite3_exec(handle, "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
   EXPECT_EQ(sqlite3_exec(handle, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(handle);
   sqlite3_close(handle);
 }
@@ -253,6 +254,7 @@ public:
                             {"objects", "extension || char(0) || name", "0, extension, name, data"}};
     sqlite3* handle = nullptr;
     ASSERT_EQ(sqlite3_open(path.c_str(), &handle), SQLITE_OK);
+    sqlite3_exec(handle, "PRAGMA synchronous = OFF; BEGIN", nullptr, nullptr, nullptr);
     for (std::size_t number = 0; number < std::size(tables); ++number) {
       auto const& [name, key, fields] = tables[number];
       sqlite3_stmt* select = nullptr;
@@ -284,6 +286,7 @@ public:
       sqlite3_finalize(select);
       sqlite3_finalize(update);
     }
+    sqlite3_exec(handle, "COMMIT", nullptr, nullptr, nullptr);
     sqlite3_close(handle);
     gattr::Checksum const checksum = gattr::Checksum()
                                          .Add(std::uint64_t{1})
@@ -329,7 +332,7 @@ TEST(CraftedModelFile, IsRefusedByWhatItHoldsWithThePlace) {
       {inData("0.1,1", "0.1, 1", "Move"), "boundaryConditions / Move / states[0] / state / u1State: expected a text, found  1"},
       {inData("\"Step-1\",1", "\"Step-1\",77", "Move"), "boundaryConditions / Move / states[0] / status: omu_PrimEnum"},
       {inData("\"Step-1\",1", "\"Step-9\",1", "Move"), "boundaryConditions / Move / states: expected one record for each step"},
-      {inData("\"Step-3\",3", "\"Step-1\",3", "Move"), "boundaryConditions / Move / states: expected in step \"Step-1\" the status"},
+      {inData("\"Step-3\",3", "\"Step-1\",3", "Move"), "boundaryConditions / Move / states: expected one record for each step"},
       {inData("\"Step-3\",3", "\"Step-3\",2", "Move"), "boundaryConditions / Move / states: expected in step \"Step-3\" the status"},
       {inData("\"Set-1\"", "\"Set-1\",\"more\"", "Move"), "boundaryConditions / Move / region / "},
       {inData("\"Set-1\",", "", "Move"), "boundaryConditions / Move / region / "},
@@ -382,7 +385,7 @@ TEST(CraftedModelFile, DoesNoHarmWhateverItsRowsHold) {
   CraftedFile file(SmallModel());
   std::string const good = BytesOf(file.path);
   std::size_t refused = 0;
-  constexpr std::size_t kRounds = 300;
+  constexpr std::size_t kRounds = 150;
   for (std::size_t round = 0; round < kRounds; ++round) {
     PutBytes(file.path, good);
     char const letter = kLetters[random() % kLetters.size()];
