@@ -131,7 +131,6 @@ std::string Document::Describe(At at) const {
     }
     case Kind::Object: return "an object";
     case Kind::List: return "a list";
-    case Kind::Reference: return "a reference";
   }
   return {};
 }

@@ -19,20 +19,18 @@ public:
   using At = std::uint32_t;    ///< position of a value
   static constexpr At npos = ~At{0};
 
-  enum class Kind : std::uint8_t { Null, False, True, Integer, Real, Text, Object, List, Reference };
+  enum class Kind : std::uint8_t { Null, False, True, Integer, Real, Text, Object, List };
 
   struct Node {
     Kind kind = Kind::Null;
-    bool taken = false;     ///< whether the reader has seen it
-    bool referred = false;  ///< whether a reference leads here
-    Text name = 0;          ///< under which it stands in an object
-    At end = 0;             ///< one past what is in it
+    bool taken = false;  ///< whether the reader has seen it
+    Text name = 0;       ///< under which it stands in an object
+    At end = 0;          ///< one past what is in it
     union {
       long long integer = 0;
       double real;
       Text text;
       std::uint32_t count;  ///< of an object or list: what stands directly in it
-      At target;            ///< of a reference: the object that stands written already
     };
   };
 
@@ -64,10 +62,6 @@ public:
   void AddInteger(Text name, long long value) { nodes_[Add(Kind::Integer, name)].integer = value; }
   void AddReal(Text name, double value) { nodes_[Add(Kind::Real, name)].real = value; }
   void AddText(Text name, Text value) { nodes_[Add(Kind::Text, name)].text = value; }
-  void AddReference(Text name, At target) {
-    nodes_[Add(Kind::Reference, name)].target = target;
-    nodes_[target].referred = true;
-  }
   /// Opens an object or a list; returns its position.
   At Open(Kind kind, Text name);
   /// Closes what was opened last. Raises a StoreError when a name stands twice in an object.

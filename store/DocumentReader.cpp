@@ -161,10 +161,6 @@ cow_Handle<cls_Object> DocumentReader::ReadAny(std::string_view member, std::str
     case Kind::Null: break;
     case Kind::Object: object = MakeObject(at, member); break;
     case Kind::Text: object = Named(node, member, name); break;
-    case Kind::Reference:
-      if (auto const found = objects_.find(node.target); found != objects_.end()) { object = found->second; }
-      if (!object) { RefuseValue(node, member, "an object that stands before"); }
-      break;
     default: RefuseValue(node, member, "an object");
   }
   if (LastObject* const last = LastOf(document_[at].name)) { last->object = object; }
@@ -175,7 +171,6 @@ cow_Handle<cls_Object> DocumentReader::MakeObject(At at, std::string_view member
   Enter(at);
   Object object = ReadClass().Read(*this);
   Leave();
-  if (document_[at].referred) { objects_.emplace(at, object); }
   member_.assign(member);
   return object;
 }

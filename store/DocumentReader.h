@@ -25,9 +25,8 @@ class DocumentReader final : public cls_ReadVisitor {
 public:
   /// How much of a history is stored.
   enum class Histories {
-    Whole,       ///< a record for each step
-    OwnRecords,  ///< those that say something of their own
-    Changes,     ///< of these what they say; of any object what is not as in a new one
+    Whole,    ///< a record for each step
+    Changes,  ///< of those that say something of their own what that is; of any object what is not as in a new one
   };
 
   DocumentReader(Document& document, Histories histories);
@@ -50,7 +49,7 @@ public:
   void EndList() const override;
   std::vector<std::string> StartMap(std::string_view member) const override;
   void EndMap() const override;
-  bool ReadsOwnRecordsOnly() const override { return histories_ != Histories::Whole; }
+  bool ReadsOwnRecordsOnly() const override { return histories_ == Histories::Changes; }
   bool IsBrief() const override { return histories_ == Histories::Changes; }
   std::pair<std::string, cow_Handle<cls_Object>> ReadChange() const override;
   [[noreturn]] void Refuse(std::string_view member, std::string_view expected) const override;
@@ -110,7 +109,6 @@ private:
   mutable std::string member_;               // that was asked for last
   mutable std::unordered_map<Document::Text, cls_ClassMetadata const*> classes_;
   mutable std::unordered_map<std::string, Object> named_;  // what goes by a name: the first of that name that was read
-  mutable std::unordered_map<At, Object> objects_;         // that are referred to
   mutable std::optional<std::map<std::pair<Document::Text, Document::Text>, At>> declared_;  // by class and name
 };
 

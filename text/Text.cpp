@@ -167,7 +167,7 @@ std::string QuotedList(std::span<std::string const> names, std::size_t shown) {
 std::string Nearest(std::string_view text, std::span<std::string const> names) {
   constexpr std::size_t kLongestCompared = 200;
   if (text.size() > kLongestCompared) { return {}; }
-  if (std::string const meant = Meant(text, names); !meant.empty()) { return meant; }
+  if (std::string meant = Meant(text, names); !meant.empty()) { return meant; }
   std::string nearest;
   std::size_t least = std::max<std::size_t>(2, text.size() / 3) + 1;
   for (std::string const& name : names) {
