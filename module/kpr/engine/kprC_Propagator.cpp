@@ -48,6 +48,10 @@ kprC_History::Span kprC_Propagator::Run() {
     Handle const state = own.state;
     Status const status = own.status;
     if (!Take(own)) { continue; }
+    if (!(own.state == state)) {  // what was carried of another state
+      own.on.Reset();
+      own.off.Reset();
+    }
     bool const sameState = own.state == state && !touched.Holds(own.step);
     bool const sameCarry = own.source == source_->step && own.base == base_ && own.untouched == untouched_;
     if (source_ == &own) { sourceChanged_ = !sameState; }
@@ -94,8 +98,6 @@ void kprC_Propagator::Create(Own& own, kprC_StepKind kind, bool initial) {
     if (!made->Equals(*own.state)) {
       made->NewUid();
       own.state = Handle(std::move(made));
-      own.on.Reset();
-      own.off.Reset();
     }
   }
   own.creation = true;
@@ -135,12 +137,7 @@ bool kprC_Propagator::Change(Own& own, kprC_StepKind kind, kprC_StepFacts step, 
     return true;
   }
   own.status = untouched_ ? pass.changedFromInitial : pass.changed;
-  Handle merged = Merged(own.state, false);
-  if (!(merged == own.state)) {
-    own.state = std::move(merged);
-    own.on.Reset();
-    own.off.Reset();
-  }
+  own.state = Merged(own.state, false);
   untouched_ = false;
   source_ = &own;
   return true;

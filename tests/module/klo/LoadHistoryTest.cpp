@@ -69,6 +69,17 @@ TEST_F(LoadHistory, StaysWhenTheSameStepsAreHandedOverAgain) {
   EXPECT_EQ(off(3), cls_Value(false));
 }
 
+TEST_F(LoadHistory, CarriesWhatAnotherCreationLeftToASwitchOff) {
+  Create("ConcentratedForce", "IGGG", "S2", {{"cf1", 1.0}});
+  Deactivate("S2");
+  EXPECT_EQ(Item().StateAt(3)->Member("cf1"), cls_Value(1.0));  // also makes it
+  Item().Suppress();
+  Edit("S1", {{"cf2", "FREED"}});  // the creation now, which gives nothing on
+  Item().Remove("S1");
+  EXPECT_EQ(History(), "0 0 4 5");
+  EXPECT_EQ(Item().StateAt(3)->Member("cf1"), cls_Value("UNSET"));
+}
+
 TEST_F(LoadHistory, IsNotMovedInThisOrderOfRefusals) {
   struct {
     char const* steps;
