@@ -18,7 +18,7 @@ namespace gattr {
 
 /// Makes a model from a document. Whatever does not fit is refused with a StoreError that names the file, the way to the
 /// value and what was expected: a member that is missing, that no class has or that is of another kind, an unknown class,
-/// a text that is not permissible, a reference to nothing, records that do not go with the steps.
+/// a text that is not permissible, a name of nothing, records that do not go with the steps.
 ///
 /// Members of an object may stand in any order; in that of writing each is found at once.
 class DocumentReader final : public cls_ReadVisitor {

@@ -14,7 +14,7 @@ class kprC_Step;
 extern template class DDB_API kprC_StepAttribute<kbcC_Rules>;
 
 /// Base of every boundary condition. The per-step operations, with their refusals, are those of kprC_StepAttribute under
-/// the family's rules (kbcC_Rules.h); a type adds its state, its category and what it alone refuses.
+/// the family's rules (Rules.h); a type adds its state, its category and what it alone refuses.
 ///
 /// AssertValid refuses, in this order: 59 no field name with the distribution FIELD, 24 active in an anneal step, 45 active
 /// where the type is not admitted; what the type refuses; of each state what it refuses itself, 25 fixed and 6 anything but

@@ -13,7 +13,7 @@ using kloC_StateQuad = kprC_PropagatingState<kloC_LoadState>;
 extern template class DDB_API kprC_StepAttribute<kloC_Rules>;
 
 /// Base of every load. The per-step operations, with their refusals, are those of kprC_StepAttribute under the family's
-/// rules (kloC_Rules.h); a type adds its state and what it alone refuses.
+/// rules (Rules.h); a type adds its state and what it alone refuses.
 class DDB_API kloC_Load : public cls_Persistent<kloC_Load, kprC_TypedAttribute<kloC_Rules>>, public kloC_LoadNames {
 public:
   using CategoryEnm = kloC_CategoryEnm;
