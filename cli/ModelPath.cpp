@@ -3,24 +3,23 @@
 #include <string_view>
 
 #include "cli/Program.h"
-#include "store/TextStore.h"
 #include "text/Text.h"
 
 namespace gattr::cli {
 
-ModelPath::ModelPath(std::string const& path) : path_(path) {
-  std::string_view const name = path_;
-  if (name.ends_with(".gadb")) {
-    file_.emplace(path_);
-  } else if (!name.ends_with(".json")) {
-    throw BadInput(Quoted(path_) + " names no model: expected a name that ends in .gadb or .gattr.json");
-  }
+std::variant<ModelFile, TextFile> ModelPath::FileOf(std::string const& path) {
+  std::string_view const name = path;
+  if (name.ends_with(".gadb")) { return ModelFile(path); }
+  if (name.ends_with(".json")) { return TextFile(path); }
+  throw BadInput(Quoted(path) + " names no model: expected a name that ends in .gadb or .gattr.json");
 }
 
-ddr_Model ModelPath::Open() { return file_ ? file_->Open() : ReadTextFile(path_); }
+ddr_Model ModelPath::Open() {
+  return std::visit([](auto& file) { return file.Open(); }, file_);
+}
 
-void ModelPath::Save(ddr_Model const& model, ModelFile::Changed changed) {
-  file_ ? file_->Save(model, changed) : WriteTextFile(model, path_);
+void ModelPath::Save(ddr_Model const& model, Changed changed) {
+  std::visit([&](auto& file) { file.Save(model, changed); }, file_);
 }
 
 }  // namespace gattr::cli

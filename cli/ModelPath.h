@@ -1,10 +1,11 @@
 #pragma once
 
-#include <optional>
 #include <string>
+#include <variant>
 
 #include "framework/ddr_Model.h"
 #include "store/ModelFile.h"
+#include "store/TextStore.h"
 
 namespace gattr::cli {
 
@@ -12,16 +13,17 @@ namespace gattr::cli {
 /// end is bad input. Reading and writing raise StoreError.
 class ModelPath {
 public:
-  explicit ModelPath(std::string const& path);
+  explicit ModelPath(std::string const& path) : file_(FileOf(path)) {}
 
   ddr_Model Open();
   /// Writes the model whole or leaves the file as it was. What was opened here is written faster: only what has changed.
   /// What somebody else has changed meanwhile is refused, or overwritten.
-  void Save(ddr_Model const& model, ModelFile::Changed changed = ModelFile::Changed::Refuse);
+  void Save(ddr_Model const& model, Changed changed = Changed::Refuse);
 
 private:
-  std::string path_;
-  std::optional<ModelFile> file_;  // none: the text form
+  static std::variant<ModelFile, TextFile> FileOf(std::string const& path);
+
+  std::variant<ModelFile, TextFile> file_;
 };
 
 }  // namespace gattr::cli

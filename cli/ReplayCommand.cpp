@@ -156,7 +156,7 @@ int Run(ReplayOptions const& options) {
     if (target != nullptr) { Tell(fmt::format("gattr: {} was not written\n", Shown(options.output))); }
     return status;
   }
-  if (target != nullptr) { target->Save(session.Model(), options.force ? ModelFile::Changed::Overwrite : ModelFile::Changed::Refuse); }
+  if (target != nullptr) { target->Save(session.Model(), options.force ? Changed::Overwrite : Changed::Refuse); }
   if (status != kDone || isatty(STDERR_FILENO) != 0) {
     std::cout.flush();
     std::string told = fmt::format("gattr: {} done", Counted(replay.Done(), "command"));

@@ -14,8 +14,9 @@ namespace gattr {
 class Checksum {
 public:
   /// Takes in bytes and how many they are, so that what stands in one field cannot move into the next.
-  Checksum& Add(std::string_view bytes) {
-    Add(bytes.size());
+  Checksum& Add(std::string_view bytes) { return Add(bytes.size()).Continue(bytes); }
+  /// Takes in the next bytes of one field: in pieces as at once.
+  Checksum& Continue(std::string_view bytes) {
     for (; bytes.size() >= 16; bytes.remove_prefix(16)) { value_ = After<16>(Word(bytes), value_) ^ After<8>(Word(bytes.substr(8)), 0); }
     if (bytes.size() >= 8) {
       Take(Word(bytes));
@@ -29,6 +30,7 @@ public:
     return *this;
   }
   std::uint32_t Value() const { return ~value_; }
+  friend bool operator==(Checksum const&, Checksum const&) = default;
 
 private:
   using Tables = std::array<std::array<std::uint32_t, 256>, 16>;
@@ -63,6 +65,20 @@ private:
   void Take(std::uint64_t word) { value_ = After<8>(word, value_); }
 
   std::uint32_t value_ = ~0U;
+};
+
+/// Tells one content of a file from others; taken in pieces as at once.
+class ContentStamp {
+public:
+  void Take(std::string_view bytes) {
+    size_ += bytes.size();
+    sum_.Continue(bytes);
+  }
+  friend bool operator==(ContentStamp const&, ContentStamp const&) = default;
+
+private:
+  std::uint64_t size_ = 0;
+  Checksum sum_;
 };
 
 }  // namespace gattr

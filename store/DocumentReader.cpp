@@ -10,6 +10,7 @@
 #include "framework/mdl_ExtensionSubject.h"
 #include "framework/mdl_MapString2ObjCow.h"
 #include "module/kpr/engine/kprC_Procedure.h"
+#include "store/Extensions.h"
 #include "store/StoreError.h"
 #include "store/TextWriter.h"
 
@@ -28,26 +29,13 @@ ddr_Model DocumentReader::ReadModel(std::initializer_list<std::string_view> know
   for (std::string_view const member : known) { Take(member, "a value of the store's own"); }
   try {
     ddr_Model model(*this);
-    CompleteExtensions(model);
+    CompleteExtensions(model, [this](std::string_view member, std::string const& expected) { document_.Refuse(member, expected); });
     Leave();
     return model;
   } catch (std::bad_alloc const&) { throw; } catch (StoreError const&) {
     throw;
   } catch (std::exception const& refusal) {  // of an object that was being made; the frames still tell which
     document_.Refuse(document_.Path(way_, member_), refusal.what());
-  }
-}
-
-void DocumentReader::CompleteExtensions(ddr_Model& model) const {
-  for (auto const& [member, prototype] : mdl_ExtensionSubject::Registered()) {
-    mdl_Extension const* const extension = model.ConstExtension(member);
-    if (extension != nullptr && extension->DynTypeId() == prototype->DynTypeId()) { continue; }
-    if (extension == nullptr && member != ddr_Model::stepsCmd().View()) {
-      model.SetExtension(member, prototype);
-      continue;
-    }
-    auto const* const type = cls_MetadataRegistrar::Registrar().Find(prototype->DynTypeId());
-    document_.Refuse(member, "expected an object of class " + (type != nullptr ? type->name : member));
   }
 }
 

@@ -96,9 +96,6 @@ private:
   /// The place of an object member of a list's element in what the list remembers; null where the owner is no element.
   LastObject* LastOf(Document::Text member) const;
   [[noreturn]] void RefuseValue(Document::Node const& node, std::string_view member, std::string_view expected) const;
-  /// Refuses an extension of another class than its module registers, and a model without steps. What else is not there is
-  /// of a module that came after the model was written, and empty.
-  void CompleteExtensions(ddr_Model& model) const;
 
   Document& document_;
   Histories histories_;

@@ -299,9 +299,7 @@ void ModelFile::SaveAgain(std::filesystem::path const& path, ddr_Model const& mo
     database.Run("PRAGMA synchronous = EXTRA; PRAGMA cache_size = -65536; BEGIN IMMEDIATE");
     ModelTables tables(database);
     bool const isOurs = saved_ != nullptr && !tables.IsEmpty() && tables.Present() == saved_->stamp;
-    if (saved_ != nullptr && !tables.IsEmpty() && !isOurs && changed == Changed::Refuse) {
-      database.Refuse("was changed by another program since it was opened: open it again, or overwrite it (--force)");
-    }
+    if (saved_ != nullptr && !tables.IsEmpty() && !isOurs && changed == Changed::Refuse) { database.Refuse(kWasChanged); }
     bool const everything = !isOurs || tables.IsFirstVersion();
     auto steps = std::make_shared<ModelSteps const>(model);
     if (everything) {

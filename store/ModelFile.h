@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "framework/ddr_Model.h"
+#include "store/Changed.h"
 
 namespace gattr {
 
@@ -16,9 +17,6 @@ namespace gattr {
 /// Both calls raise a StoreError. The library must have been started (DDB_GeometricAttributes_initialize).
 class ModelFile {
 public:
-  /// What a save does with a file that somebody else has written since this object opened or saved it.
-  enum class Changed { Refuse, Overwrite };
-
   explicit ModelFile(std::filesystem::path path);
   ModelFile(ModelFile&&) noexcept;
   ModelFile& operator=(ModelFile&&) noexcept;

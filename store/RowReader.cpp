@@ -7,7 +7,7 @@
 #include <new>
 #include <set>
 
-#include "framework/mdl_ExtensionSubject.h"
+#include "store/Extensions.h"
 #include "store/StoreError.h"
 #include "text/Text.h"
 
@@ -39,14 +39,16 @@ private:
 ddr_Model RowReader::ReadModel() {
   try {
     if (rows_.extensions.empty() || !rows_.extensions.front().name.empty()) { Say("extensions", "is damaged: lacks the model itself"); }
-    AssertHasSteps();
+    auto const refuse = [this](std::string_view member, std::string const& expected) { Say(member, expected); };
+    std::string_view const steps = ddr_Model::stepsCmd();
+    if (std::ranges::find(rows_.extensions, steps, &StoredRow::name) == rows_.extensions.end()) { RefuseLackOfSteps(refuse); }
     texts_.emplace_back();
     text_ = &texts_[depth_++];
     Start(*text_, rows_.extensions.front().data);
     text_->objects.emplace_back();  // the model, which nothing refers to
     OpenObject({});
     ddr_Model model(*this);
-    CompleteExtensions(model);
+    CompleteExtensions(model, refuse);
     CloseObject();
     if (objectsRead_ != rows_.objects.size()) {
       for (auto const& [owner, rows] : rows_.objects) {
@@ -60,30 +62,6 @@ ddr_Model RowReader::ReadModel() {
   } catch (std::exception const& refusal) {  // of an object that was being made; the frames still tell which
     Say(Path(LastMember()), refusal.what());
   }
-}
-
-void RowReader::CompleteExtensions(ddr_Model& model) const {
-  for (auto const& [member, prototype] : mdl_ExtensionSubject::Registered()) {
-    mdl_Extension const* const extension = model.ConstExtension(member);
-    if (extension == nullptr) {
-      model.SetExtension(member, prototype);
-    } else if (extension->DynTypeId() != prototype->DynTypeId()) {
-      RefuseExtension(member, *prototype);
-    }
-  }
-}
-
-void RowReader::AssertHasSteps() const {
-  std::string_view const member = ddr_Model::stepsCmd();
-  bool const has = std::ranges::find(rows_.extensions, member, &StoredRow::name) != rows_.extensions.end();
-  for (auto const& [name, prototype] : mdl_ExtensionSubject::Registered()) {
-    if (name == member && !has) { RefuseExtension(name, *prototype); }
-  }
-}
-
-void RowReader::RefuseExtension(std::string const& member, mdl_Extension const& expected) const {
-  auto const* const type = cls_MetadataRegistrar::Registrar().Find(expected.DynTypeId());
-  Say(member, "expected an object of class " + (type != nullptr ? type->name : member));
 }
 
 kprC_StepTable const& RowReader::Steps() const {

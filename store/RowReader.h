@@ -112,10 +112,6 @@ private:
   };
 
   kprC_StepSequence ReadHome() const;
-  /// What is not there is of a module that came after the model was written, and empty.
-  void CompleteExtensions(ddr_Model& model) const;
-  void AssertHasSteps() const;
-  [[noreturn]] void RefuseExtension(std::string const& member, mdl_Extension const& expected) const;
 
   /// Looks through the data: every bracket has its partner, every text its end.
   void Start(Text& text, std::string_view data) const;

@@ -70,9 +70,10 @@ void WriteText(ddr_Model const& model, std::ostream& out) {
 
 ddr_Model ReadText(std::istream& in, std::string_view fileName) { return Parse(Content(in, fileName), fileName); }
 
-void WriteTextFile(ddr_Model const& model, std::filesystem::path const& path) {
+void TextFile::Save(ddr_Model const& model, Changed changed) {
   try {
-    ReplacingFile file(path);
+    ReplacingFile file(path_);
+    if (stamp_ && changed == Changed::Refuse && file.Present().value_or(*stamp_) != *stamp_) { throw StoreError(std::string(kWasChanged)); }
     try {
       WriteText(model, file.Stream());
     } catch (StoreError const& error) {
@@ -80,15 +81,19 @@ void WriteTextFile(ddr_Model const& model, std::filesystem::path const& path) {
       throw StoreError(std::string(error.what()) + ": " + file.Failure());
     }
     file.Commit();
-  } catch (StoreError const& error) { throw StoreError(path.string() + ": " + error.what()); }
+    stamp_ = file.Written();
+  } catch (StoreError const& error) { throw StoreError(path_.string() + ": " + error.what()); }
 }
 
-ddr_Model ReadTextFile(std::filesystem::path const& path) {
+ddr_Model TextFile::Open() {
   std::error_code error;
-  if (std::filesystem::is_directory(path, error)) { throw StoreError(path.string() + ": is a folder, not a file"); }
-  std::ifstream in(path, std::ios::binary);
-  if (!in) { throw StoreError(path.string() + ": cannot be read: " + std::generic_category().message(errno)); }
-  return ReadText(in, path.string());
+  if (std::filesystem::is_directory(path_, error)) { throw StoreError(path_.string() + ": is a folder, not a file"); }
+  std::ifstream in(path_, std::ios::binary);
+  if (!in) { throw StoreError(path_.string() + ": cannot be read: " + std::generic_category().message(errno)); }
+  std::string const text = Content(in, path_.string());
+  ddr_Model model = Parse(text, path_.string());
+  stamp_.emplace().Take(text);
+  return model;
 }
 
 }  // namespace gattr
