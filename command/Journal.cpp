@@ -32,9 +32,9 @@ public:
     if (!std::isfinite(value)) { throw std::out_of_range("the value of " + Quoted(name_) + " is too large: " + std::string(number) + "."); }
     Add(value);
   }
-  void String(Text value) override { Add(std::string(value.text)); }
+  void String(std::string_view value) override { Add(std::string(value)); }
   void Open(bool isObject) override { open_.push_back(&Add(isObject ? Json::object() : Json::array())); }
-  void Name(Text name) override { name_ = name.text; }
+  void Name(std::string_view name) override { name_ = name; }
   void Close() override {
     if (open_.back()->is_object() && repeated_.empty()) { FindRepeated(open_.back()->get_ref<Json::object_t&>()); }
     open_.pop_back();

@@ -33,7 +33,7 @@ Document::At Document::Find(At at, std::string_view name) const {
   return child != nodes_[at].end ? child : npos;
 }
 
-Document::Text Document::Intern(std::string_view text, bool copied) {
+Document::Text Document::Intern(std::string_view text) {
   auto const hash = static_cast<std::uint32_t>(std::hash<std::string_view>{}(text));
   std::size_t slot = SlotOf(text, hash);
   if (slots_[slot].text != npos) { return slots_[slot].text; }
@@ -45,7 +45,7 @@ Document::Text Document::Intern(std::string_view text, bool copied) {
     slot = SlotOf(text, hash);
   }
   auto const number = static_cast<Text>(texts_.size());
-  texts_.push_back(copied ? storage_.emplace_back(text) : text);
+  texts_.push_back(storage_.emplace_back(text));
   slots_[slot] = {hash, number};
   return number;
 }

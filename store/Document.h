@@ -52,9 +52,7 @@ public:
   At Find(At at, std::string_view name) const;
 
   /// Number of a text, which is added when it is new.
-  Text Intern(std::string_view text) { return Intern(text, true); }
-  /// The same of a text that outlives the document: it is not copied.
-  Text InternLasting(std::string_view text) { return Intern(text, false); }
+  Text Intern(std::string_view text);
 
   // Building, in the order of writing.
   void AddNull(Text name) { Add(Kind::Null, name); }
@@ -85,7 +83,6 @@ private:
     Text text = npos;
   };
 
-  Text Intern(std::string_view text, bool copied);
   At Add(Kind kind, Text name);
   /// Where in the hash table \p text stands or would stand.
   std::size_t SlotOf(std::string_view text, std::uint32_t hash) const;

@@ -90,7 +90,7 @@ kprC_StepSequence RowReader::ReadHome() const {
     frames_.push_back({.kind = Frame::Kind::Object, .name = {}});
     if (!IsUtf8(row.name)) { Refuse("stepName", "a text in UTF-8"); }
     cow_Handle<kprC_Procedure> procedure;
-    if (row.data == last) {
+    if (!steps.empty() && row.data == last) {
       procedure = steps.back().procedure;
     } else if (row.data != "null") {
       auto const [known, isNew] = made.try_emplace(row.data);

@@ -23,14 +23,13 @@ public:
     if (!std::isfinite(value)) { document_.Refuse(document_.OpenPath(document_.View(name_)), "expected a finite number"); }
     document_.AddReal(Named(), value);
   }
-  void String(Text value) override { document_.AddText(Named(), Interned(value)); }
+  void String(std::string_view value) override { document_.AddText(Named(), document_.Intern(value)); }
   void Open(bool isObject) override { document_.Open(isObject ? Document::Kind::Object : Document::Kind::List, Named()); }
-  void Name(Text name) override { name_ = Interned(name); }
+  void Name(std::string_view name) override { name_ = document_.Intern(name); }
   void Close() override { document_.Close(); }
 
 private:
   Document::Text Named() { return std::exchange(name_, 0); }
-  Document::Text Interned(Text text) { return text.lasts ? document_.InternLasting(text.text) : document_.Intern(text.text); }
 
   Document& document_;
   Document::Text name_ = 0;  // of the value to come

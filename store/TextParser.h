@@ -10,7 +10,7 @@ namespace gattr {
 inline constexpr std::size_t kLargestText = std::size_t{1} << 30;  ///< bytes of a model's text; more is refused
 
 /// Takes JSON apart (text/JsonParser.h). Linear in \p text, in memory too: 24 bytes for each value, about 70 for each text that has not
-/// stood before. \p text must outlive the document. Raises a StoreError where it is no JSON or nested too deep, with the line and the
+/// stood before. Raises a StoreError where it is no JSON or nested too deep, with the line and the
 /// column; where a name stands twice in an object and where a number is too large for any type, with the way there.
 Document ParseText(std::string_view text, std::string_view fileName);
 
