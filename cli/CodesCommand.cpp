@@ -36,11 +36,12 @@ int Codes(CodesOptions const& options) {
                       {"name", row.name},
                       {"exception", exception},
                       {"text", row.text},
+                      {"reserved", row.IsReserved()},
                       {"raisedBy", row.raisedBy}});
       table.Add({{catalogue.module, Style::Faint},
                  {std::to_string(row.code), Style::Strong},
                  {exception, Style::Faint},
-                 row.text,
+                 row.IsReserved() ? "(reserved)" : row.text,
                  {row.raisedBy, Style::Faint}});
     }
   }

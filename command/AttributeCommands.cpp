@@ -99,6 +99,14 @@ void AssertNotInInitialStep(Call const& call, kprC_StepAwareRepository const& re
   if (code && kprC_Steps(call.model).Index(step) == 0) { repository.Refuse(*code); }
 }
 
+/// Refuses a creation that the type has not refused itself: in a perturbation step, or in one that does not admit the type.
+void AssertAdmitted(Call const& call, kprC_StepAwareRepository const& repository, kprC_StepDependent const& item, cow_String const& step) {
+  kprC_EditRefusalCodes const& codes = repository.EditRefusals();
+  kprC_StepFacts const facts = kprC_Steps(call.model).Table().Facts(kprC_Steps(call.model).Index(step));
+  if (codes.inPerturbation && kprC_perturbationProcedures.Contains(facts.procedureType)) { repository.Refuse(*codes.inPerturbation); }
+  if (codes.typeNotAdmitted && !item.Admits(facts, false)) { repository.Refuse(*codes.typeNotAdmitted); }
+}
+
 /// An attribute of the type as \p step would create it, for one whose creation has been removed: setting values creates it anew.
 std::unique_ptr<kprC_StepDependent> Anew(Call& call, AttributeTarget const& target, cow_String const& step) {
   kprC_StepContainer const& steps = kprC_Steps(call.model);
@@ -129,8 +137,11 @@ template <class Fn> void EditInStep(Call& call, AttributeTarget const& target, F
 cow_String FreeName(Call& call, std::string_view argument, kprC_StepAwareRepository const& repository, cow_String const& own) {
   cow_String name = call.arguments.Name(argument);
   if (name != own && repository.ConstItem(name) != nullptr) {
-    call.subject.hint = "The name is that of " + ObjectText(repository.ItemCmd(), name) + ".";
-    repository.Refuse(repository.EditRefusals().nameInUse);
+    if (auto const code = repository.EditRefusals().nameInUse) {
+      call.subject.hint = "The name is that of " + ObjectText(repository.ItemCmd(), name) + ".";
+      repository.Refuse(*code);
+    }
+    RefuseValue(call.subject, "There is a " + ObjectText(repository.ItemCmd(), name) + " already.");
   }
   return name;
 }
@@ -177,7 +188,7 @@ bool ConstructAttribute(Call& call) {
   call.touched = {false, std::string(family.View()), {name}};
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   cow_String const step = StepArgument(call, kCreateStep);
-  if (steps.Size() == 0) { repository.Refuse(codes.noSteps); }
+  if (steps.Size() == 0 && codes.noSteps) { repository.Refuse(*codes.noSteps); }
   if (!steps.IsMember(step)) { repository.Refuse(codes.unknownStep); }
   AssertNotInInitialStep(call, repository, step);
 
@@ -188,7 +199,12 @@ bool ConstructAttribute(Call& call) {
   SetState(call, *item, step, *CreateState(*item), members);
   auto& target = call.model.Get<kprC_StepAwareRepository>(family);
   Hinting(
-      call, [&] { target.InsertItem(name, *item); }, [&](int) { return AdmissionHint(*item, steps.Table(), step); });
+      call,
+      [&] {
+        target.InsertItem(name, *item);
+        AssertAdmitted(call, target, *item, step);
+      },
+      [&](int) { return AdmissionHint(*item, steps.Table(), step); });
   AssertInModel(call, *target.ConstItem(name));
   return true;
 }
@@ -226,7 +242,11 @@ void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
   ResolveReferences(call, target.repository, members);
   Edit(call, target, [&](kprC_StepDependent& item) {
     Hinting(
-        call, [&] { SetState(call, item, step, *state, members); },
+        call,
+        [&] {
+          SetState(call, item, step, *state, members);
+          if (anew) { AssertAdmitted(call, target.repository, item, step); }
+        },
         [&](int) { return anew ? AdmissionHint(*anew, kprC_Steps(call.model).Table(), step) : std::string(); });
   });
 }

@@ -104,9 +104,11 @@ std::string OperationHint(kprC_StepAwareRepository const& repository, kprC_StepD
                                    : StatusText(item, index) + " There is nothing to reset.";
     case kprC_Ask::CreateStep: return R"(It was created there: "delete" takes it out of the model.)";
     case kprC_Ask::NotAdmitted:
+    case kprC_Ask::NotAdmittedLater:
     case kprC_Ask::Target: return AdmissionHint(item, steps, toStep);
     case kprC_Ask::Inactive:
     case kprC_Ask::NotEditable:
+    case kprC_Ask::PassedOver:
     case kprC_Ask::BuiltIn:
     case kprC_Ask::Propagated: return StatusText(item, index);
     case kprC_Ask::Perturbation:

@@ -66,7 +66,8 @@ bool RunOnAttribute(Call& call, ObjectCommand const& command) {
       });
       call.subject.atFault = true;
       kprC_EditRefusalCodes const& codes = repository.EditRefusals();
-      repository.Refuse(repository.Size() == 0 ? codes.noAttributes : codes.noSuchAttribute);
+      if (auto const code = repository.Size() == 0 ? codes.noAttributes : codes.noSuchAttribute) { repository.Refuse(*code); }
+      RefuseUnknown(call.subject, "There is no " + ObjectText(kind, name) + ".", call.subject.hint);
     }
     call.touched = {false, std::string(extension.View()), {name}};
     command.onAttribute(call, {extension, repository, *item, name});

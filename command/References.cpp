@@ -174,6 +174,7 @@ std::optional<int> UnknownCode(kprC_EditRefusalCodes const& codes, cls_Reference
   switch (reference) {
     case cls_Reference::Amplitude: return codes.amplitudeUnknown;
     case cls_Reference::Field: return codes.fieldUnknown;
+    case cls_Reference::Property: return codes.propertyUnknown;
     default: return std::nullopt;
   }
 }

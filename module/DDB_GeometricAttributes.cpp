@@ -6,6 +6,7 @@
 #include "module/ddb_BareModules.h"
 #include "module/kbc/kbcC_module.h"
 #include "module/kfd/kfdC_Field.h"
+#include "module/kin/kinC_module.h"
 #include "module/klo/kloC_module.h"
 #include "module/kpr/kprC_module.h"
 #include "platform/BasicUtils/ZLKUTI_BasicUtils.h"

@@ -48,8 +48,9 @@ std::string Refusals() {
     text += "## " + std::string(catalogue.module) + "\n\n" + Head({"code", "name", "class", "text", "raised by"});
     for (auto const rows : {catalogue.rows, catalogue.contents}) {
       for (nex_ErrorRow const& row : rows) {
-        text += Row({row.code < 0 ? "-" : std::to_string(row.code), row.name,
-                     row.valueError ? "omu_ValueErrorException" : "nex_TextException", Code(row.text), row.raisedBy});
+        text +=
+            Row({row.code < 0 ? "-" : std::to_string(row.code), row.name, row.valueError ? "omu_ValueErrorException" : "nex_TextException",
+                 row.IsReserved() ? "(reserved)" : Code(row.text), row.raisedBy});
       }
     }
     text += "\n";
@@ -70,6 +71,7 @@ std::string_view Named(cls_Reference reference) {
     case cls_Reference::Property: return "property";
     case cls_Reference::TimePoint: return "time point";
     case cls_Reference::Interaction: return "interaction";
+    case cls_Reference::ContactControls: return "contact controls";
   }
   return "";
 }

@@ -29,6 +29,7 @@ enum class cls_Reference {
   Property,  ///< of an interaction
   TimePoint,
   Interaction,
+  ContactControls,
 };
 
 /// What a list says of a member beside its name. Written as {meaning, unit}; the rest, where there is any, by name:

@@ -12,16 +12,19 @@
 struct nex_ErrorRow {
   int code;
   bool valueError;            ///< thrown as omu_ValueErrorException: the value given is refused; otherwise as nex_TextException
-  char const* text;           ///< may hold "%1$s", "%s" for atr_SubstituteFormat
+  char const* text;           ///< may hold "%1$s", "%s" for atr_SubstituteFormat; "" for a reserved code, which nothing raises
   char const* name;           ///< the enumerator's name
   char const* raisedBy = "";  ///< the files and rows of rules that raise it, with commas between them; "" where nothing here does
+
+  constexpr bool IsReserved() const { return *text == '\0'; }
 };
 
-/// Whether the rows stand in the order of their codes with none missing and none empty, for a static_assert.
+/// Whether the rows stand in the order of their codes with none missing, each with a name, and with a text where something raises
+/// it; for a static_assert.
 constexpr bool nex_CodesAreDense(std::span<nex_ErrorRow const> rows) {
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (rows[i].code != rows.front().code + static_cast<int>(i)) { return false; }
-    if (std::string_view(rows[i].text).empty() || std::string_view(rows[i].name).empty()) { return false; }
+    if (std::string_view(rows[i].name).empty() || (rows[i].IsReserved() && *rows[i].raisedBy != '\0')) { return false; }
   }
   return true;
 }

@@ -12,6 +12,7 @@
 #include "module/kbc/kbcC_SubmodelBC.h"
 #include "module/kbc/kbcC_TypeBC.h"
 #include "module/kfd/kfdC_Field.h"
+#include "module/kin/kinC_Interactions.h"
 #include "module/klo/kloC_Loads.h"
 #include "module/kpr/model/kprC_StepContainer.h"
 #include "module/kpr/records/kprC_TimePoint.h"
@@ -72,8 +73,10 @@ TEST_F(Members, AreAllListedByTheirClass) {
                                        "kprC_StepContainer",
                                        "kprC_PropagatingContainer<kbcC_BC>",
                                        "kprC_PropagatingContainer<kloC_Load>",
+                                       "kprC_PropagatingContainer<kinC_Interaction>",
                                        "kprC_PropagatingState<kbcC_BCState>",
-                                       "kprC_PropagatingState<kloC_LoadState>"};
+                                       "kprC_PropagatingState<kloC_LoadState>",
+                                       "kprC_PropagatingState<kinC_InteractionState>"};
 #define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
 #include "platform/CoreGeometry/Types.def"
 #define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
@@ -88,6 +91,9 @@ TEST_F(Members, AreAllListedByTheirClass) {
 #define DDB_INSTANCE(number, Class)
 #define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
 #include "module/klo/Types.def"
+#define DDB_INSTANCE(number, Class)
+#define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
+#include "module/kin/Types.def"
 }
 
 TEST_F(Members, AreRefusedWhenTwoHaveOneName) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "module/kbc/kbcC_assert.h"
+#include "module/kin/kinC_assert.h"
 #include "module/klo/kloC_assert.h"
 #include "module/kpr/kprC_assert.h"
 #include "platform/CaeUtils/omu_ValueErrorException.h"
@@ -26,6 +27,7 @@ struct Module {
 Module const kModules[] = {
     {kbcC_Errors(), [](int code) { kbcC_Assert(false, static_cast<kbcC_ErrorEnm>(code)); }, 193, 199, "text "},
     {kloC_Errors(), [](int code) { kloC_Assert(false, static_cast<kloC_ErrorEnm>(code)); }, 277, 271, "value "},
+    {kinC_Errors(), [](int code) { kinC_Assert(false, static_cast<kinC_ErrorEnm>(code)); }, 684, 678, "value "},
     {kprC_Errors(), [](int code) { kprC_Assert(false, static_cast<kprC_ErrorEnm>(code)); }, -1, 20, "text "},
 };
 
@@ -64,7 +66,8 @@ TEST(Refusals, AreRaisedAsTheirRowSays) {
 std::map<std::string, std::set<std::string>> Places(std::string const& module) {
   std::map<std::string, std::set<std::string>> places;
   std::regex const qualified(module + "C_(?:Content)?ErrorEnm::(\\w+)"), inRules(R"(\.(\w+) = Error::(\w+))"),
-      operation(R"(k(\w+) = std::to_array<kprC_Test>\(([^;]*);)"), inTest(R"(, Error::(\w+)\})"), word(R"((^|[^\w.:])(\w+))");
+      operation(R"(k(\w+) = std::to_array<kprC_(?:Test|MoveTarget)>\(([^;]*);)"), inTest(R"(, Error::(\w+)\})"),
+      word(R"((^|[^\w.:])(\w+))");
   std::string const usesAll = "using enum " + module + "C_ErrorEnm";
   for (char const* folder : {"module", "command"}) {
     for (auto const& file : std::filesystem::recursive_directory_iterator(std::string(GATTR_SOURCE_DIR "/") + folder)) {

@@ -49,7 +49,7 @@ TEST(ErrorTable, IsDenseOnlyInCodeOrderWithNothingMissingOrEmpty) {
   constexpr nex_ErrorRow kGood[] = {{3, true, "a", "A"}, {4, false, "b", "B"}};
   constexpr nex_ErrorRow kGap[] = {{0, true, "a", "A"}, {2, false, "b", "B"}};
   constexpr nex_ErrorRow kTwice[] = {{0, true, "a", "A"}, {0, false, "b", "B"}};
-  constexpr nex_ErrorRow kNoText[] = {{0, true, "", "A"}};
+  constexpr nex_ErrorRow kNoText[] = {{0, true, "", "A", "File"}};  // reserved, and yet raised
   constexpr nex_ErrorRow kNoName[] = {{0, true, "a", ""}};
   static_assert(nex_CodesAreDense(kGood));
   static_assert(!nex_CodesAreDense(kGap));

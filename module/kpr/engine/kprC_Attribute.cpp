@@ -4,6 +4,7 @@
 
 #include "framework/mdl_Extension.h"
 #include "module/kpr/engine/kprC_Propagator.h"
+#include "platform/CaeUtils/omu_KeyErrorException.h"
 
 using Status_ = mdl_PropagationStatusEnm;
 
@@ -30,6 +31,10 @@ struct kprC_Attribute::Asked {
 
 std::size_t kprC_Attribute::Known(cow_String const& step) const {
   std::size_t const index = States().Find(step.View());
+  if (index == npos && Family().lookUpByKey) {
+    nex_Exception::Throw(omu_KeyErrorException("There is no step \"" + std::string(step.View()) + "\"."),
+                         "module/kpr/engine/kprC_Attribute", __LINE__);
+  }
   Family().Assert(index != npos, Family().unknownStep);
   return index;
 }
@@ -56,6 +61,7 @@ bool kprC_Attribute::Holds(kprC_Ask ask, Asked& asked) {
     case kprC_Ask::CreateStep: return asked.step == CreateStepName();
     case kprC_Ask::NoState: return !states.HoldsState(asked.index);
     case kprC_Ask::SwitchedOff: return states.IsOff(asked.index);
+    case kprC_Ask::PassedOver: return states.Status(asked.index) == Pass().notAdmitted;
     case kprC_Ask::Perturbation: {
       auto const& procedure = Steps()[asked.index].procedure;
       return procedure && procedure->Perturbation();
@@ -75,6 +81,9 @@ bool kprC_Attribute::Holds(kprC_Ask ask, Asked& asked) {
       asked.emptied = true;
       return false;
     case kprC_Ask::Target: AssertTarget(asked.to); return false;
+    case kprC_Ask::NotAdmittedLater:
+      if (Steps().IsInitial(asked.to)) { return false; }
+      [[fallthrough]];
     case kprC_Ask::NotAdmitted: return Steps()[asked.to].procedure && !Admits(Steps().Facts(asked.to), false);
   }
   return false;
@@ -234,7 +243,9 @@ void kprC_Attribute::MoveRecord(kprC_Operation const& operation, Asked& asked) {
 
 void kprC_Attribute::UpdateStates() {
   std::size_t const index = States().CreateStep();
-  if (index != npos && Steps()[index].procedure) { Family().Assert(Admits(Steps().Facts(index), false), Family().createNotAdmitted); }
+  if (index != npos && Steps()[index].procedure && RefusedWhereNotAdmitted()) {
+    Family().Assert(Admits(Steps().Facts(index), false), Family().createNotAdmitted);
+  }
   Edit([this] { Sync(); });
 }
 
@@ -280,6 +291,7 @@ void kprC_Attribute::AssertRecords(Span steps) const {
 }
 
 void kprC_Attribute::AssertSteps(Span steps) const {
+  if (!RefusedWhereNotAdmitted()) { return; }
   ForEachOwnEditable([this](std::size_t index,
                             kprC_State const&) { Family().Assert(Steps().ProcedureType(index) != kprC_annealStepType, Family().anneal); },
                      steps);

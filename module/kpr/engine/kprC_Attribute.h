@@ -108,6 +108,8 @@ protected:
 
   /// What the attribute's records become: the family's table, or another for a type that is carried otherwise.
   virtual kprC_PassTable const& Pass() const { return Family().pass; }
+  /// Whether the check of every record refuses what is set in a step that does not admit the type.
+  virtual bool RefusedWhereNotAdmitted() const { return true; }
   /// Whether the values of the creation count for what Admits says.
   virtual bool CarriedByValues() const { return false; }
   /// How the attribute is carried, by Pass, Admits and StaysFromInitial. Asked with every pass.

@@ -18,6 +18,7 @@ template <class Error> struct kprC_StepRefusals {
   Error createNotAdmitted;               ///< update of the states, and the check of every record
   Error anneal;                          ///< the check of every record: active in an anneal step
   std::optional<Error> setToPropagated;  ///< a caller sets a member to "PROPAGATED"
+  bool lookUpByKey = false;              ///< looking up a step that is unknown raises an omu_KeyErrorException
 };
 
 /// A procedure set that nothing may be moved into, and the refusal.
@@ -39,6 +40,7 @@ enum class kprC_Ask : std::uint8_t {
   CreateStep,        ///< it is the create step
   NoState,           ///< its record holds no state
   SwitchedOff,       ///< its record holds a state that is switched off
+  PassedOver,        ///< its status is that of a step that does not admit the type
   Perturbation,      ///< its procedure is a perturbation procedure
   Inactive,          ///< its status is none of the active ones
   BuiltIn,           ///< its status is that of a base state
@@ -52,6 +54,7 @@ enum class kprC_Ask : std::uint8_t {
   EmptyBetween,      ///< asks nothing: the records between are emptied from here on
   Target,            ///< the destination's procedure takes nothing: the family's move targets, each with a refusal of its own
   NotAdmitted,       ///< the destination's procedure does not admit the type
+  NotAdmittedLater,  ///< the same of any destination but the initial step
 };
 /// One test of an operation: what is asked, and what a yes leads to: a refusal of the family, or without one the end of the
 /// operation, which has then done nothing.
@@ -94,7 +97,8 @@ struct kprC_Family {
   std::span<kprC_Operation const> operations;
   std::span<kprC_MoveTarget const> targets;
   int unknownStep, unknownStatus, createNotAdmitted, anneal, replaceCreateStep, setToPropagated;
-  bool onCopy;  ///< a refused operation leaves the attribute as it was
+  bool lookUpByKey;  ///< kprC_StepRefusals
+  bool onCopy;       ///< a refused operation leaves the attribute as it was
   kprC_StepKind (*kind)(unsigned procedureType);
   void (*refuse)(int code);
   unsigned recordType;  ///< type identity of the family's record
@@ -158,6 +162,7 @@ inline constexpr kprC_Family kprC_FamilyOf = {
     .anneal = static_cast<int>(Rules::kRefusals.anneal),
     .replaceCreateStep = static_cast<int>(Rules::kRefusals.replaceCreateStep),
     .setToPropagated = Rules::kRefusals.setToPropagated ? static_cast<int>(*Rules::kRefusals.setToPropagated) : -1,
+    .lookUpByKey = Rules::kRefusals.lookUpByKey,
     .onCopy = Rules::kOnCopy,
     .kind = &Rules::Kind,
     .refuse = &kprC_FamilyTables<Rules>::Refuse,

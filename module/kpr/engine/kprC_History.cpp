@@ -182,8 +182,9 @@ std::unique_ptr<kprC_State> kprC_History::CarriedCopy(Own const& source, bool of
 kprC_State const& kprC_History::Carry(Own const& source, bool off, Handle const& present) const {
   return (off ? source.off : source.on).Get([&] {
     auto made = CarriedCopy(source, off);
-    if (present && made->Equals(*present)) { return present; }
-    if (made->Equals(*source.state)) { return source.state; }
+    auto const isSame = [&](kprC_State const& state) { return state.SwitchedOff() == off && made->Equals(state); };
+    if (present && isSame(*present)) { return present; }
+    if (isSame(*source.state)) { return source.state; }
     made->NewUid();
     return Handle(std::move(made));
   });
@@ -363,18 +364,31 @@ kprC_History::Span kprC_History::Form() {
 
 // ---- storing
 
+namespace {
+/// Whether the class of \p state lists as a member that it is switched off; where not, it follows from the status.
+bool ListsSwitchedOff(kprC_State const& state) {
+  auto const other = kprC_Duplicate(state);
+  other->SetSwitchedOff(!state.SwitchedOff());
+  return !other->Equals(state);
+}
+}  // namespace
+
 void kprC_History::Write(cls_WriteVisitor const& out, std::string_view name) const {
   if (Lent()) { return kprC_History(*this).Write(out, name); }
   if (out.WritesOwnRecordsOnly()) {
     auto const& owns = OwnRecords();
     auto const isTold = [](Own const& own) { return static_cast<bool>(own.state); };
-    out.StartList(name, static_cast<std::size_t>(std::ranges::count_if(owns, isTold)));
+    // a brief record of a creation that is switched off is followed by one that says so where its state does not
+    bool const tellsOff =
+        out.IsBrief() && !owns.empty() && isTold(owns.front()) && owns.front().marked && !ListsSwitchedOff(*owns.front().state);
+    out.StartList(name, static_cast<std::size_t>(std::ranges::count_if(owns, isTold)) + (tellsOff ? 1 : 0));
     bool first = true;
     for (Own const& own : owns) {
       if (!isTold(own)) { continue; }
       std::size_t const index = steps_.Position(own.step);
       if (out.IsBrief()) {  // what follows from the steps before is no matter of the record: a step there may be edited elsewhere
         out.WriteChange(steps_.Name(index).View(), own.marked && !first ? nullptr : own.state.ConstGet(), first);
+        if (first && tellsOff) { out.WriteChange(steps_.Name(index).View(), nullptr, false); }
         first = false;
         continue;
       }
@@ -399,12 +413,17 @@ void kprC_History::Read(cls_ReadVisitor const& in, std::string_view name) {
     Stored record;
     if (in.IsBrief()) {
       record = ReadChange(in, name, told.empty() ? nullptr : &told.front().second.state);
+      bool const ofFirst = told.size() == 1 && record.stepName == told.front().second.stepName;
+      if (ofFirst && record.status == Status_::Deactivated && !ListsSwitchedOff(*record.state)) {
+        told.front().second.state.Get().SetSwitchedOff(true);
+        continue;
+      }
     } else {
       in.ReadNested("", [&](cls_ReadVisitor const& nested) { record = Family().readRecord(nested); });
     }
     steps.Append(kprC_StepNameProcedurePair(record.stepName, record.procedure));
     if (record.state) {
-      told.emplace_back(i, std::move(record));
+      told.emplace_back(steps.Size() - 1, std::move(record));
     } else if (record.status != Status_::NotYetCreated) {
       in.Refuse(name, "a state in every record from the create step on");
     }
@@ -425,7 +444,9 @@ void kprC_History::Read(cls_ReadVisitor const& in, std::string_view name) {
   for (std::size_t i = 0; standsOnModel && i < told.size(); ++i) { told[i].first = places[i]; }
   bool const ownOnly = in.ReadsOwnRecordsOnly();
   for (auto& [index, record] : told) {
-    bool const isFirst = index == 0, brief = in.IsBrief();
+    bool const isFirst = &record == &told.front().second, brief = in.IsBrief();
+    bool const isOff = record.status == Status_::Deactivated || record.status == Status_::InactiveAfterDeactivation;
+    if (!brief && isOff && !record.state->SwitchedOff() && !ListsSwitchedOff(*record.state)) { record.state.Get().SetSwitchedOff(true); }
     bool const marked = brief && isFirst ? record.state->SwitchedOff() : kprC_IsOffByItself(record.status, *record.state, ownOnly);
     read.Set(index, record.status, std::move(record.state), marked);
   }

@@ -6,6 +6,8 @@ using Status = mdl_PropagationStatusEnm;
 
 namespace {
 bool IsModified(kprC_State const& state) { return state.IsModified() || state.IsConditionModified(); }
+/// Whether both say the same, also of being switched off, which not every family lists as a member.
+bool SaySame(kprC_State const& a, kprC_State const& b) { return a.SwitchedOff() == b.SwitchedOff() && a.Equals(b); }
 }  // namespace
 
 std::unique_ptr<kprC_State> kprC_Duplicate(kprC_State const& state) {
@@ -95,7 +97,7 @@ void kprC_Propagator::Create(Own& own, kprC_StepKind kind, bool initial) {
     auto made = kprC_Duplicate(*own.state);
     if (was) { made->TakeOver(); }
     made->SetSwitchedOff(own.marked);
-    if (!made->Equals(*own.state)) {
+    if (!SaySame(*made, *own.state)) {
       made->NewUid();
       own.state = Handle(std::move(made));
     }
@@ -159,7 +161,7 @@ kprC_Propagator::Handle kprC_Propagator::Merged(Handle const& own, bool off) con
     made->Modify(*own);
   }
   made->SetSwitchedOff(off);
-  if (own->Equals(*made)) { return own; }
+  if (SaySame(*own, *made)) { return own; }
   made->NewUid();
   return Handle(std::move(made));
 }

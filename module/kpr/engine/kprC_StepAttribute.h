@@ -41,13 +41,23 @@ public:
   /// The numbers of what the editing layers refuse.
   static constexpr kprC_EditRefusalCodes EditRefusals() {
     constexpr auto const& edit = Rules::kEdit;
-    auto const number = [](auto code) { return static_cast<int>(code); };
-    return {number(edit.noSuchAttribute), number(edit.noSteps),
-            number(edit.noAttributes),    number(edit.nameInUse),
-            number(edit.unknownStep),     number(edit.suppressed),
-            number(edit.amplitudeName),   number(edit.amplitudeUnknown),
-            number(edit.fieldUnknown),    number(edit.notInStep),
-            number(edit.readOnlyInStep),  edit.inInitialStep ? std::optional<int>(number(*edit.inInitialStep)) : std::nullopt};
+    auto const number = [](Error code) { return static_cast<int>(code); };
+    auto const any = [](std::optional<Error> code) { return code ? std::optional(static_cast<int>(*code)) : std::nullopt; };
+    return {.noSuchAttribute = any(edit.noSuchAttribute),
+            .noSteps = any(edit.noSteps),
+            .noAttributes = any(edit.noAttributes),
+            .nameInUse = any(edit.nameInUse),
+            .unknownStep = number(edit.unknownStep),
+            .suppressed = number(edit.suppressed),
+            .amplitudeName = number(edit.amplitudeName),
+            .amplitudeUnknown = number(edit.amplitudeUnknown),
+            .fieldUnknown = any(edit.fieldUnknown),
+            .notInStep = number(edit.notInStep),
+            .readOnlyInStep = number(edit.readOnlyInStep),
+            .inInitialStep = any(edit.inInitialStep),
+            .inPerturbation = any(edit.inPerturbation),
+            .typeNotAdmitted = any(edit.typeNotAdmitted),
+            .propertyUnknown = any(edit.propertyUnknown)};
   }
   static std::span<kprC_Operation const> Operations() { return Rules::kOperations; }
   /// Raises a refusal of the family by its number.

@@ -16,22 +16,27 @@
 class ddr_Model;
 struct kprC_Operation;
 
-/// What the editing layers refuse before they reach an attribute, by a family's codes.
+/// What the editing layers refuse before they reach an attribute, by a family's codes; in words of their own where it has none.
 template <class Error> struct kprC_EditRefusals {
-  Error noSuchAttribute;               ///< no attribute of that name, or none in that step
-  Error noSteps;                       ///< the model has no steps
-  Error noAttributes;                  ///< the model has no attribute of the family
-  Error nameInUse;                     ///< an attribute of that name exists
-  Error unknownStep;                   ///< no step of that name
-  Error suppressed;                    ///< a suppressed attribute is edited
-  Error amplitudeName;                 ///< a text that cannot be an amplitude's name
-  Error amplitudeUnknown;              ///< an amplitude that the model does not know, or no text at all
-  Error fieldUnknown;                  ///< a field that the model does not know
-  Error notInStep;                     ///< the attribute is not active in the step in which it is edited
-  Error readOnlyInStep;                ///< it is, but cannot be edited there
-  std::optional<Error> inInitialStep;  ///< one is created in the initial step, in a family that has none there
+  using Code = std::optional<Error>;
+
+  Code noSuchAttribute = {};  ///< no attribute of that name, or none in that step
+  Code noSteps = {};          ///< the model has no steps
+  Code noAttributes = {};     ///< the model has no attribute of the family
+  Code nameInUse = {};        ///< an attribute of that name exists
+  Error unknownStep;          ///< no step of that name
+  Error suppressed;           ///< a suppressed attribute is edited
+  Error amplitudeName;        ///< a text that cannot be an amplitude's name
+  Error amplitudeUnknown;     ///< an amplitude that the model does not know, or no text at all
+  Code fieldUnknown = {};     ///< a field that the model does not know
+  Error notInStep;            ///< the attribute is not active in the step in which it is edited
+  Error readOnlyInStep;       ///< it is, but cannot be edited there
+  Code inInitialStep = {};    ///< one is created in the initial step, in a family that has none there
+  Code inPerturbation = {};   ///< one is created in a perturbation step, in a family that has none there
+  Code typeNotAdmitted = {};  ///< one is created in a step that does not admit its type, which the type itself does not refuse
+  Code propertyUnknown = {};  ///< an interaction property that the model does not know
 };
-/// The refusals of a family as the editing layers see them: by their numbers. -1 where the family has none.
+/// The refusals of a family as the editing layers see them: by their numbers.
 using kprC_EditRefusalCodes = kprC_EditRefusals<int>;
 
 /// Members by name, as a command gives them.

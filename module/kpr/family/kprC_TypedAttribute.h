@@ -78,6 +78,7 @@ protected:
     static constexpr kprC_PassTable notPropagating = kprC_NotPropagating(Rules::kPass);
     return Type().propagates ? Rules::kPass : notPropagating;
   }
+  bool RefusedWhereNotAdmitted() const override { return Type().refused; }
   /// A default state of the type, by its row.
   std::unique_ptr<typename Rules::State> DefaultState(unsigned procedureType) const {
     return std::unique_ptr<typename Rules::State>(static_cast<typename Rules::State*>(Type().newState(procedureType).release()));

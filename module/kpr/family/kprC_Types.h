@@ -26,6 +26,7 @@ struct kprC_TypeRow {
   std::unique_ptr<cls_Object> (*newState)(unsigned procedureType);
   kprC_InInitial inInitial = kprC_InInitial::Always;
   bool propagates = true;  ///< false: in force in its own steps alone
+  bool refused = true;     ///< the check of every record refuses it in a step that does not admit it
 
   constexpr bool Grants(unsigned procedureType, bool initialRelaxed, bool explicitOnly) const {
     if (!procedures.Contains(procedureType)) { return false; }
