@@ -1,14 +1,16 @@
-// The same edits as commands of a session, with journal and undo, the model file, and the text form. Each benchmark gives the fastest of
-// several rounds, for edits the median over all attributes in random order; the commands are made beforehand. Counter "limit": how many
-// times as long as the same work on plain structs (benchmarks/Workload.h), for the file as writing or reading their bytes once; "heap":
-// bytes on the heap that one command adds, and a snapshot keeps.
+// The same edits as commands of a session, with journal and undo, replay, the model file, and the text form. Each benchmark gives the
+// fastest of several rounds, for edits the median over all attributes in random order; the commands are made beforehand. Counter "limit":
+// how many times as long as the same work on plain structs (benchmarks/Workload.h), for the file as writing or reading their bytes once;
+// "heap": bytes on the heap that one command adds, and a snapshot keeps.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <sstream>
 
 #include "benchmarks/Workload.h"
+#include "command/Journal.h"
 #include "command/Session.h"
 #include "store/ModelFile.h"
 #include "store/TextStore.h"
@@ -158,6 +160,30 @@ void AppendSteps(benchmark::State& state) {
   state.counters["heap"] = used;
 }
 
+/// A journal read and run as `gattr replay` does: nothing is kept of the past.
+void Replay(benchmark::State& state) {
+  Size const size(state);
+  std::string journal;
+  std::size_t count = 0;
+  for (gattr::Json const& command : Commands(size).Build()) {
+    journal += gattr::JournalLine(command) + '\n';
+    ++count;
+  }
+  ddr_Model const empty = bench::ModelOf(size.steps, 0, bench::Mix::Uniform);
+  std::optional<gattr::Session> session;
+  auto const begin = [&] {
+    session.emplace(SessionOf(state, empty));
+    session->ForgetPast();
+  };
+  double const seconds = bench::Fastest(begin, [&] {
+    std::istringstream in(journal);
+    gattr::JournalReader reader(in);
+    while (auto const command = reader.Next()) { Run(state, *session, *command); }
+  });
+  bench::Report(state, seconds, size.Limit().Build());
+  state.counters["commands"] = static_cast<double>(count);
+}
+
 // ---- the model file
 
 std::filesystem::path Scratch(char const* name) { return std::filesystem::temp_directory_path() / name; }
@@ -256,6 +282,7 @@ BENCHMARK_CAPTURE(EditByCommand, undo, &bench::OneByOne::undo)->Apply(Sizes);
 BENCHMARK(InsertStepByCommand)->Apply(Sizes);
 BENCHMARK(UndoInsertByCommand)->Apply(Sizes);
 BENCHMARK(AppendSteps)->Apply(Series)->Args({10, 0})->Args({10, 1000});
+BENCHMARK(Replay)->Apply(Series)->Args({100, 25000});
 BENCHMARK(FirstSave)->Apply(Sizes);
 BENCHMARK(Open)->Apply(Sizes);
 BENCHMARK(SaveAfterOneEdit)->Apply(Sizes);
