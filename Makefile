@@ -2,10 +2,12 @@
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
 EDITS ?= 20
+MEMORY ?= 13
+INPUTS ?= 100
 BUILD := build/release
 
 .DEFAULT_GOAL := help
-.PHONY: help setup build program test asan edits demo bench pages docs format format-check lint install clean
+.PHONY: help setup build program test asan edits attack demo bench pages docs format format-check lint install clean
 
 help: ## this list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / {printf "make %-13s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
@@ -33,6 +35,9 @@ edits: setup ## a million random edits of histories under the sanitizers
 	@cmake --preset asan >/dev/null
 	@cmake --build --preset asan -j $(JOBS) --target test_module
 	@GATTR_EDITS=$(EDITS) build/asan/bin/test_module --gtest_filter='*Histories*' --gtest_brief=1
+
+attack: build ## files under attack: failing calls, kills, changed input (docs/attack.md); takes many minutes
+	@GATTR_ATTACK=1,$(MEMORY) GATTR_INPUTS=$(INPUTS) $(BUILD)/bin/test_attack --gtest_brief=1
 
 demo: program ## replay an example, print its histories, leave a model file
 	@PATH="$(CURDIR)/$(BUILD)/bin:$$PATH" examples/demo.sh

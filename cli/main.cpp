@@ -5,8 +5,10 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <new>
 
 #include "cli/Console.h"
 #include "cli/Program.h"
@@ -45,6 +47,21 @@ int FailForMemory() {  // of which a message must not take any
   Tell("gattr: out of memory\n");
   return kBadInput;
 }
+
+/// Tells of memory that ran out where nothing catches it: before main, where packages make objects, and where one must not fail.
+struct TellsOfMemory {
+  TellsOfMemory() {
+    std::set_terminate([] {
+      try {
+        if (auto const error = std::current_exception()) { std::rethrow_exception(error); }
+      } catch (std::bad_alloc const&) { _exit(FailForMemory()); } catch (...) {
+        std::abort();
+      }
+      std::abort();
+    });
+  }
+};
+[[gnu::init_priority(101)]] TellsOfMemory const tellsOfMemory;
 
 /// Lets no file that is opened later be taken for a standard stream that was closed: what is written to those fails as before.
 void OccupyStandardStreams() {

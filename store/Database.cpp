@@ -32,16 +32,29 @@ constexpr Wording kWordings[] = {
     {SQLITE_ERROR, "is damaged"},  // its tables are not ours
 };
 
+std::string GlanceAt(std::filesystem::path const& path) {
+  std::string uri = "file:";
+  for (char const c : std::filesystem::absolute(path).string()) {
+    constexpr std::string_view kSpecial = "%?#", kCodes[] = {"%25", "%3f", "%23"};
+    auto const special = kSpecial.find(c);
+    special == std::string_view::npos ? uri += c : uri += kCodes[special];
+  }
+  return uri + "?immutable=1";
+}
+
 }  // namespace
 
 void Database::Close::operator()(sqlite3* handle) const { sqlite3_close(handle); }
 void Database::Statement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 
-Database::Database(std::filesystem::path const& path, std::string_view name) : fileName_(name.empty() ? path.string() : name) {
-  // Also for reading: a journal that a crash has left behind has to be played back.
-  int const flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;  // one thread at a time has it
+Database::Database(std::filesystem::path const& path, std::string_view name, Access access)
+    : fileName_(name.empty() ? path.string() : name) {
+  int const common = SQLITE_OPEN_EXRESCODE | SQLITE_OPEN_NOMUTEX;  // one thread at a time has it
   sqlite3* handle = nullptr;
-  int const code = sqlite3_open_v2(path.c_str(), &handle, flags, nullptr);
+  // Also for reading it is opened to be written: a journal that a crash has left behind has to be played back.
+  int const code = access == Access::Full
+                       ? sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | common, nullptr)
+                       : sqlite3_open_v2(GlanceAt(path).c_str(), &handle, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | common, nullptr);
   handle_.reset(handle);
   Check(code);
   sqlite3_busy_timeout(handle, kPatience);

@@ -14,8 +14,11 @@ namespace gattr {
 /// A connection to a database file; errors are StoreErrors that begin with the file's name.
 class Database {
 public:
+  /// Glance: for a look at a file that is at rest, without locks, and without what its journal might bring back.
+  enum class Access { Full, Glance };
+
   /// A file that is not there is refused. \p name is what messages call it; the path by default.
-  explicit Database(std::filesystem::path const& path, std::string_view name = {});
+  explicit Database(std::filesystem::path const& path, std::string_view name = {}, Access access = Access::Full);
 
   /// Runs a statement without parameters and without an answer.
   void Run(char const* sql);

@@ -210,13 +210,18 @@ Present Examine(std::filesystem::path const& path) {
   return found.st_size == 0 ? Present::EmptyFile : Present::File;
 }
 
-/// Whether a file holds the model with that stamp.
+std::filesystem::path JournalOf(std::filesystem::path path) { return path += "-journal"; }
+
+/// Whether a file holds the model with that stamp, for good: a journal would bring back what was there before. Asks for no lock, which
+/// may be what has failed.
 bool Holds(std::filesystem::path const& path, ModelTables::Stamp const& stamp) {
   try {
-    Database database(path);
-    database.Run("BEGIN");
+    if (std::filesystem::exists(JournalOf(path))) { return false; }
+    Database database(path, {}, Database::Access::Glance);
     return ModelTables(database).Present() == stamp;
-  } catch (StoreError const&) { return false; }
+  } catch (StoreError const&) { return false; } catch (std::filesystem::filesystem_error const&) {
+    return false;
+  }
 }
 
 }  // namespace
@@ -253,8 +258,7 @@ void ModelFile::Save(ddr_Model const& model, Changed changed) {
 }
 
 bool ModelFile::SaveFirst(std::filesystem::path const& path, ddr_Model const& model, bool replaces) {
-  std::filesystem::path journal = path;
-  journal += "-journal";
+  std::filesystem::path const journal = JournalOf(path);
   std::error_code error;
   if (std::filesystem::exists(journal, error)) {
     if (!replaces) {

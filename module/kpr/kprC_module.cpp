@@ -22,6 +22,7 @@ void kprC_initialize(int& count) {
     mdl_ExtensionSubject::RegisterExtension(kprC_TimePoint::repositoryCmd(), cow_Handle<kprC_TimePointMap>::Make());
     thr_GlobalSingleton<nex_Catalogues>::Instance().Register(kprC_Errors());
     kprC_DescribeSteps();
+    thr_ThreadSingleton<kprC_LabelsBitMap>::Instance();  // as the C library would end the program over it where memory runs out
 #define DDB_STEP(number, Class)
 #define DDB_CLASS(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
 #include "module/kpr/Types.def"
