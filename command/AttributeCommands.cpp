@@ -141,7 +141,7 @@ cow_String FreeName(Call& call, std::string_view argument, kprC_StepAwareReposit
       call.subject.hint = "The name is that of " + ObjectText(repository.ItemCmd(), name) + ".";
       repository.Refuse(*code);
     }
-    RefuseValue(call.subject, "There is a " + ObjectText(repository.ItemCmd(), name) + " already.");
+    RefuseValue(call.subject, "The " + ObjectText(repository.ItemCmd(), name) + " exists already.");
   }
   return name;
 }

@@ -94,6 +94,12 @@ TEST_F(Examples, GiveTheHistoriesThatTheirPageTells) {
         "Plume": [0, 1, 3, 3, 4],
         "Smoke": [0, 0, 1, 3, 4],
         "Spray": [0, 0, 0, 1, 4]})"},
+      {"exhaust.jsonl", R"({
+        "Bolts": [0, 1, 2, 2, 2],
+        "Draught": [0, 1, 2, 2, 3],
+        "Gas": [0, 1, 3, 2, 4],
+        "Glow": [0, 0, 1, 2, 2],
+        "Water": [0, 0, 0, 1, 4]})"},
   };
   for (auto const& [example, histories] : rows) {
     std::filesystem::remove(Path("m.gadb"));

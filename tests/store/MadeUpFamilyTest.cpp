@@ -1,6 +1,8 @@
 #include "tests/support/MadeUpFamily.h"
 
+#include "module/kin/kinC_module.h"
 #include "tests/store/Models.h"
+#include "tests/support/InteractionRules.h"
 #include "tests/support/RandomEdits.h"
 
 namespace {
@@ -22,12 +24,12 @@ template <class Attribute> ddr_Model ModelOf(std::string_view extension, kprC_Pr
   return model;
 }
 
-template <class Attribute> void ExpectToComeBack(std::string_view extension) {
+template <class Attribute> void ExpectToComeBack(std::string_view extension, unsigned scripts, test::plain::Rules const& rules) {
   using Edits = test::RandomEdits<Attribute>;
   for (auto const& type : Attribute::Constructors()) {
-    for (unsigned seed = 1; seed <= 20; ++seed) {
+    for (unsigned seed = 1; seed <= scripts; ++seed) {
       typename Edits::Counts counts{};
-      Edits edits(type, test::madeup::kPlainRules, seed);
+      Edits edits(type, rules, seed);
       ASSERT_NO_FATAL_FAILURE(edits.Run(20, counts));
       ddr_Model const model = ModelOf(extension, edits.Made());
       for (Store const& store : kStores) {
@@ -38,9 +40,14 @@ template <class Attribute> void ExpectToComeBack(std::string_view extension) {
 }
 
 TEST_F(MadeUpFamily, ComesBackFromEveryStoreAfterAnyEdits) {
-  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<tstC_Device>("devices"));
-  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<tstC_Gauge>("gauges"));
-  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<tstC_Guide>("guides"));
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<tstC_Device>("devices", 20, test::madeup::kPlainRules));
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<tstC_Gauge>("gauges", 20, test::madeup::kPlainRules));
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<tstC_Guide>("guides", 20, test::madeup::kPlainRules));
+}
+
+// a family whose states do not list that they are switched off: it follows from the status
+TEST(Interactions, ComeBackFromEveryStoreAfterAnyEdits) {
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<kinC_Interaction>(kinC_Interaction::interactionRepositoryCmd(), 8, test::kInteractionRules));
 }
 
 }  // namespace

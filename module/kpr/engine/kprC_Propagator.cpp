@@ -21,6 +21,7 @@ bool kprC_IsOffByItself(Status status, kprC_State const& state, bool ownRecordsO
     case Status::Status15: return true;
     case Status::InactiveAfterDeactivation:
     case Status::Inactive6:
+    case Status::Inactive7:
     case Status::Reserved13: return ownRecordsOnly && !IsModified(state);
     default: return false;
   }
