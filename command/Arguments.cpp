@@ -48,10 +48,14 @@ Arguments::Arguments(Json const& command, Subject& subject) : command_(command),
                 R"(For example {"command": "undo"}.)");
   }
   subject.command = Text(kCommand);
-  if (Json const* dryRun = Take(kDryRun)) {
-    if (!dryRun->is_boolean()) { RefuseValue(subject, "\"dryRun\" is true or false, not " + Described(*dryRun) + "."); }
-    dryRun_ = dryRun->get<bool>();
-  }
+  dryRun_ = Flag(kDryRun);
+}
+
+bool Arguments::Flag(std::string_view name) {
+  Json const* const flag = Take(name);
+  if (flag == nullptr) { return false; }
+  if (!flag->is_boolean()) { RefuseValue(subject_, Quoted(name) + " is true or false, not " + Described(*flag) + "."); }
+  return flag->get<bool>();
 }
 
 Json const* Arguments::Find(std::string_view name) const {

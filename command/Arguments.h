@@ -36,6 +36,8 @@ public:
   /// A text argument; must be given.
   std::string Text(std::string_view name);
   std::optional<std::string> OptionalText(std::string_view name);
+  /// True or false; false when left out.
+  bool Flag(std::string_view name);
   /// A text argument that is a name: not empty, UTF-8.
   cow_String Name(std::string_view name);
 

@@ -204,7 +204,7 @@ bool ConstructAttribute(Call& call) {
         target.InsertItem(name, *item);
         AssertAdmitted(call, target, *item, step);
       },
-      [&](int) { return AdmissionHint(*item, steps.Table(), step); });
+      [&](Refusal const&) { return AdmissionHint(*item, steps.Table(), step); });
   AssertInModel(call, *target.ConstItem(name));
   return true;
 }
@@ -247,7 +247,7 @@ void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
           SetState(call, item, step, *state, members);
           if (anew) { AssertAdmitted(call, target.repository, item, step); }
         },
-        [&](int) { return anew ? AdmissionHint(*anew, kprC_Steps(call.model).Table(), step) : std::string(); });
+        [&](Refusal const&) { return anew ? AdmissionHint(*anew, kprC_Steps(call.model).Table(), step) : std::string(); });
   });
 }
 
@@ -262,7 +262,7 @@ void PerformOnAttribute(Call& call, AttributeTarget const& target) {
   auto const perform = [&](kprC_StepDependent& item, cow_String const& step, cow_String const& toStep) {
     Hinting(
         call, [&] { item.Perform(operation, step, toStep); },
-        [&](int code) { return OperationHint(target.repository, target.item, operation, step, toStep, code); });
+        [&](Refusal const& refused) { return OperationHint(target.repository, target.item, operation, step, toStep, refused.code); });
   };
   if (operation.effect != kprC_Effect::Move) {
     return EditInStep(call, target, [&](kprC_StepDependent& item, cow_String const& step) { perform(item, step, step); });

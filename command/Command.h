@@ -80,6 +80,8 @@ void SetStepValues(Call& call, cow_String const& name);
 void RenameStep(Call& call, cow_String const& name);
 void DeleteStep(Call& call, cow_String const& name);
 void ReplaceStep(Call& call, cow_String const& name);
+/// What may become of attributes whose step gets another procedure, in the order of help.
+std::vector<std::string> ReplacementPolicies();
 
 // commands on an attribute
 void SetAttributeValues(Call& call, AttributeTarget const& target);
@@ -98,7 +100,7 @@ template <class Run, class Hint> void Hinting(Call& call, Run&& run, Hint&& hint
   try {
     run();
   } catch (std::exception const& error) {
-    if (call.subject.hint.empty()) { call.subject.hint = hint(RefusalOf(error).code); }
+    if (call.subject.hint.empty()) { call.subject.hint = hint(RefusalOf(error)); }
     throw;
   }
 }

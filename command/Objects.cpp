@@ -10,6 +10,19 @@ namespace gattr {
 namespace {
 
 ArgumentInfo StepName(char const* meaning = "the step") { return Required("stepName", meaning); }
+ArgumentInfo Maintains(char const* meaning) {
+  ArgumentInfo maintains = Optional(kprC_Step::maintainAttributesCmd(), meaning);
+  maintains.type = "boolean";
+  maintains.preset = false;
+  return maintains;
+}
+ArgumentInfo Policy(char const* meaning) {
+  ArgumentInfo policy = Optional(kprC_Step::replacementPolicyCmd(), meaning);
+  policy.type = "choice";
+  policy.permissible = ReplacementPolicies();
+  policy.preset = "SUBSTITUTE";
+  return policy;
+}
 ArgumentInfo AnyMember(char const* meaning) { return Optional("<member>", meaning); }
 
 /// Takes the object's name and sets the subject.
@@ -99,8 +112,10 @@ std::vector<ObjectCommand> const& CommonCommands() {
        &DeleteStep,
        &DeleteReference},
       {"replace",
-       "gives a step another procedure; what attributes say in the step is dropped",
-       {Required("procedure", "construction command of the new procedure"), AnyMember("a member of the new procedure")},
+       "gives a step another procedure; parameters that both have keep their values",
+       {Required("procedure", "construction command of the new procedure"),
+        Maintains("whether attributes keep what they say in the step where the new procedure takes it"),
+        Policy("what becomes of what they do not keep"), AnyMember("a member of the new procedure")},
        nullptr,
        &ReplaceStep},
   };

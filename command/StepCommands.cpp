@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "command/Command.h"
@@ -15,15 +16,27 @@ namespace gattr {
 
 namespace {
 
-constexpr char const* kSteps = "steps";
+constexpr char const *kSteps = "steps", *kModule = "kpr";
+
+bool IsGiven(kprC_Arguments const& given, std::string_view name) {
+  return std::ranges::find(given, name, &kprC_Arguments::value_type::first) != given.end();
+}
+
+/// Adds the values of \p before to those that are \p given, as far as \p step has the same member and the value says something.
+void AddShared(kprC_Arguments& given, kprC_Step const& before, kprC_Step const& step) {
+  for (cls_MemberRow const& row : step.MemberRows()) {
+    auto const known = std::ranges::find(before.MemberRows(), row.name, &cls_MemberRow::name);
+    bool const shared = known != before.MemberRows().end() && known->ops == row.ops;
+    if (!shared || IsGiven(given, row.name)) { continue; }
+    cls_Value value = known->ToValue(&before);
+    if (!value.IsNull()) { given.emplace_back(row.name, std::move(value)); }
+  }
+}
 
 /// The increments that a creation leaves out: the first and the largest one are the whole period, the smallest is a
 /// hundred-thousandth of it.
 void CompleteIncrements(kprC_Step& step, kprC_Arguments const& given) {
   using Parameters = kprC_StepParameters;
-  auto const isGiven = [&](std::string_view name) {
-    return std::ranges::any_of(given, [&](auto const& member) { return member.first == name; });
-  };
   auto const number = [&](std::string_view name) {
     cls_Value const value = step.Member(name);
     auto const* real = value.As<double>();
@@ -31,7 +44,7 @@ void CompleteIncrements(kprC_Step& step, kprC_Arguments const& given) {
   };
   double const period = number(Parameters::timePeriodCmd());
   auto const complete = [&](std::string_view name, double value) {
-    if (!isGiven(name)) { step.SetMember(name, value); }
+    if (!IsGiven(given, name)) { step.SetMember(name, value); }
   };
   if (ClassOf(step).Find(Parameters::maxIncCmd()) == nullptr || !(period > 0.0)) { return; }
   complete(Parameters::maxIncCmd(), period);
@@ -41,16 +54,22 @@ void CompleteIncrements(kprC_Step& step, kprC_Arguments const& given) {
 
 /// Sets members of a step and refuses one that names what the model does not have.
 void SetStepMembers(Call& call, kprC_Step& step, kprC_Arguments members) {
+  if (IsGiven(members, kprC_Step::maintainAttributesCmd())) {
+    call.subject.hint = R"("replace" gives a step another procedure.)";
+    kprC_Assert(false, kprC_ErrorEnm::MaintainAttributesOnCreation);
+  }
   std::vector<MemberArgument> const settable = MemberArguments(step);
   SetMembers(call.subject, step, settable, members);
   ResolveReferences(call, nullptr, settable, members);
   for (auto const& [name, value] : members) { step.SetMember(name, value); }  // what is held whole is complete now
 }
 
-/// A step by its construction command with the members that are left of the call's arguments.
-kprC_StepHandle Constructed(Call& call, std::string_view command) {
+/// A step by its construction command with the members that are left of the call's arguments, and those of \p before, which may be
+/// null, that both have.
+kprC_StepHandle Constructed(Call& call, std::string_view command, kprC_Step const* before = nullptr) {
   kprC_StepHandle step = kprC_ConstructStep(command);
-  kprC_Arguments const members = call.arguments.Rest();
+  kprC_Arguments members = call.arguments.Rest();
+  if (before != nullptr) { AddShared(members, *before, *step); }
   SetStepMembers(call, step.Get(), members);
   CompleteIncrements(step.Get(), members);
   return step;
@@ -75,13 +94,14 @@ std::string WhyNot(ddr_Model const& model, cow_String const& step, bool stopBefo
 /// those \p after it could not follow; when a parameter is, with which values.
 template <class Edit, class After, class Why>
 void ExplainStep(Call& call, Edit&& edit, kprC_StepHandle const& step, After&& after, Why&& why) {
-  Hinting(call, edit, [&](int code) {
+  Hinting(call, edit, [&](Refusal const& refused) {
     std::string hint;
-    if (code == static_cast<int>(kprC_ErrorEnm::StepSequence)) {
+    if (refused.module != kModule) { return hint; }
+    if (refused.code == static_cast<int>(kprC_ErrorEnm::StepSequence)) {
       hint = why();
       return hint.empty() ? SequenceHint(after()) : hint;
     }
-    return step ? ParameterHint(*step, after(), code) : hint;
+    return step ? ParameterHint(*step, after(), refused.code) : hint;
   });
 }
 
@@ -157,20 +177,128 @@ void DeleteStep(Call& call, cow_String const& name) {
       [] { return std::string(); });
 }
 
+namespace {
+
+using PolicyEnm = kprC_Step::ReplacementPolicyEnm;
+
+PolicyEnm PolicyArgument(Call& call) {
+  omu_PrimEnum<PolicyEnm> policy = PolicyEnm::SUBSTITUTE;
+  std::optional<std::string> const text = call.arguments.OptionalText(kprC_Step::replacementPolicyCmd());
+  if (text && !policy.SetValue(text->c_str())) {
+    RefuseValue(call.subject, "There is no replacement policy " + Quoted(*text) + ".",
+                Suggestion(*text, ReplacementPolicies(), "Policies"));
+  }
+  return policy;
+}
+
+/// What becomes of what attributes say in a step whose procedure is replaced (docs/steps.md).
+class Replacement {
+public:
+  Replacement(Call& call, cow_String step, bool maintains, PolicyEnm policy)
+      : call_(call), step_(std::move(step)), maintains_(maintains), policy_(policy) {}
+
+  /// Decides for every attribute that says something in the step, and deletes those that go with it.
+  void Settle(kprC_StepFacts then) {
+    std::size_t const index = kprC_Steps(call_.model).Index(step_);
+    ForEachRepository(call_.model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+      repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
+        if (!kprC_StepAwareRepository::SaysSomething(item, index)) { return; }
+        bool const created = item.CreateStepName() == step_;
+        if (maintains_ && (item.IsSuppressed() || item.Admits(then, !created))) {
+          kept_.push_back({extension, name});
+          keptItems_.insert(&item);
+        } else if (created) {
+          created_.push_back({extension, name});
+        } else if (!Substitutes()) {
+          RefuseEdit(call_.subject, Told({extension, name}) + " says something in the step that " + Lost() + ".", kWaysOut);
+        }
+      });
+    });
+    if (policy_ != PolicyEnm::DELETE && policy_ != PolicyEnm::SUBSTITUTE_DELETE) { return; }
+    for (auto const& [extension, name] : created_) { call_.model.Get<kprC_StepAwareRepository>(extension).Remove(name); }
+    created_.clear();
+  }
+
+  kprC_StepAwareRepository::Keeps Keeps() const {
+    if (!maintains_) { return {}; }
+    return [this](kprC_StepDependent const& item) { return keptItems_.contains(&item); };  // shared until it is changed
+  }
+
+  /// Refuses, once the step is replaced, what has got lost there without the policy's leave: a perturbation step drops changes.
+  void AssertKept() const {
+    std::size_t const index = kprC_Steps(call_.model).Index(step_);
+    for (User const& user : kept_) {
+      if (Substitutes() || kprC_StepAwareRepository::SaysSomething(Item(user), index)) { continue; }
+      RefuseEdit(call_.subject, Told(user) + " says something in the step that " + Lost() + ".", kWaysOut);
+    }
+  }
+
+  /// Of a refusal of those that were created in the step.
+  std::string Hint() const {
+    if (created_.empty()) { return {}; }
+    std::string const way = maintains_ ? "" : R"("maintainAttributes": true keeps what the new procedure takes; )";
+    return Told(created_.front()) + " is created there: " + way + R"("replacementPolicy": "DELETE" deletes it.)";
+  }
+
+private:
+  struct User {
+    cow_String extension, name;
+  };
+  static constexpr char const* kWaysOut = R"("replacementPolicy": "SUBSTITUTE" lets go of it.)";
+
+  bool Substitutes() const { return policy_ == PolicyEnm::SUBSTITUTE || policy_ == PolicyEnm::SUBSTITUTE_DELETE; }
+  std::string Lost() const { return maintains_ ? "the new procedure does not take" : "would be lost"; }
+  kprC_StepDependent const& Item(User const& user) const {
+    return *std::as_const(call_.model).ConstGet<kprC_StepAwareRepository>(user.extension).ConstItem(user.name);
+  }
+  std::string Told(User const& user) const {
+    return ObjectText(std::as_const(call_.model).ConstGet<kprC_StepAwareRepository>(user.extension).ItemCmd(), user.name);
+  }
+
+  Call& call_;
+  cow_String step_;
+  bool maintains_;
+  PolicyEnm policy_;
+  std::vector<User> kept_, created_;
+  std::set<kprC_StepDependent const*> keptItems_;
+};
+
+}  // namespace
+
+std::vector<std::string> ReplacementPolicies() {
+  std::vector<std::string> texts;
+  for (auto const& row : omu_EnumTable<PolicyEnm>::rows) {
+    if (row.text != nullptr) { texts.emplace_back(row.text); }
+  }
+  return texts;
+}
+
 void ReplaceStep(Call& call, cow_String const& name) {
   std::string const procedure = call.arguments.Text(kprC_AnalysisStep::procedureCmd());
   if (!kprC_ConstructStep(procedure)) {
     RefuseUnknown(call.subject, "There is no procedure " + Quoted(procedure) + ".",
                   Suggestion(procedure, ConstructionNames(), "Procedures"));
   }
-  kprC_StepHandle const step = Constructed(call, procedure);
+  bool const maintains = call.arguments.Flag(kprC_Step::maintainAttributesCmd());
+  Replacement replacement(call, name, maintains, PolicyArgument(call));
   kprC_StepContainer const& steps = kprC_Steps(call.model);
-  ExplainStep(
-      call, [&] { kprC_ReplaceStep(call.model, name, step); }, step,
-      [&] {
-        return steps.Table().WithReplaced(steps.Index(name), {name, step});
-      },
-      [&] { return WhyNot(call.model, name, true, step->ProcedureType()); });
+  kprC_StepHandle const before = steps.Handle(steps.Index(name));
+  kprC_StepHandle const step = Constructed(call, procedure, before.ConstGet());
+  kprC_StepTable const table = steps.Table();
+  auto const replace = [&] {
+    if (before->ProcedureType() != step->ProcedureType()) { replacement.Settle(kprC_StepFacts(step.ConstGet())); }
+    kprC_ReplaceStep(call.model, name, step, replacement.Keeps());
+    replacement.AssertKept();
+  };
+  auto const explained = [&] {
+    ExplainStep(
+        call, replace, step,
+        [&] {
+          return table.WithReplaced(table.Find(name.View()), {name, step});
+        },
+        [&] { return WhyNot(call.model, name, true, step->ProcedureType()); });
+  };
+  Hinting(call, explained, [&](Refusal const& refused) { return refused.module == kModule ? "" : replacement.Hint(); });
 }
 
 }  // namespace gattr

@@ -10,11 +10,9 @@ struct kprC_StepNames {
   static constexpr omn_FixedString copyCmd() { return "Step"; }
   static constexpr omn_FixedString generalReplacementStepsCmd() { return "_generalReplacementSteps"; }
   static constexpr omn_FixedString generalStepsCmd() { return "_generalSteps"; }
-  static constexpr omn_FixedString maintainAttributesCmd() { return "maintainAttributes"; }
   static constexpr omn_FixedString perturbationReplacementStepsCmd() { return "_perturbationReplacementSteps"; }
   static constexpr omn_FixedString perturbationStepsCmd() { return "_perturbationSteps"; }
   static constexpr omn_FixedString procedureTypeCmd() { return "procedureType"; }
-  static constexpr omn_FixedString replacementPolicyCmd() { return "replacementPolicy"; }
   static constexpr omn_FixedString setParametersCmd() { return "setValues"; }
   static constexpr omn_FixedString solverInputCmd() { return "_solverInput"; }
 };

@@ -103,6 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"({"command": "StaticStep", "name": "X", "initialInc": 0.1, "previous": "Relase"})",
             "kpr 81",
             {"\"previous\"", "Did you mean \"Release\"?"}},
+        Row{R"({"command": "StaticStep", "name": "X", "maintainAttributes": true})", "kpr 139", {"\"replace\""}, false},
         Row{R"({"command": "StaticStep", "name": "X", "initalInc": 1})", kKey, {"no argument \"initalInc\"", "\"initialInc\""}},
         Row{R"({"command": "StaticStep", "name": "X", "initialInc": "big"})",
             kValue,

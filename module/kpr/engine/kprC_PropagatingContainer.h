@@ -125,7 +125,8 @@ public:
   cls_xoList<rgnC_Region> Dangling() const override { return DanglingRegions(danglingRegions_); }
   void ReleaseDanglingRegions() override { danglingRegions_ = {}; }
 
-  void UpdateSteps(kprC_StepTable const& steps) override {
+  using kprC_StepAwareRepository::UpdateSteps;
+  void UpdateSteps(kprC_StepTable const& steps, kprC_StepAwareRepository::Keeps const& keeps) override {
     bool const grows = table_.Size() != 0 && steps.Size() != table_.Size();
     if (steps.Size() != table_.Size()) {
       Record(omu_ChangeKind::RedoSummary, cow_String());
@@ -133,7 +134,7 @@ public:
       while (steps.Size() < table_.Size()) { RemoveStep(steps); }
     }
     RenameSteps(steps);
-    ReplaceSteps(steps);
+    ReplaceSteps(steps, keeps);
     if (grows && table_.Same(steps)) { return RecordAllModified(); }  // all have followed on the way here
     kprC_StepTable const before = table_;
     table_ = steps;
@@ -319,8 +320,9 @@ private:
     });
     table_ = renamed;
   }
-  /// Empties what the attributes say in steps that get another kind of procedure; refused where one was created there.
-  void ReplaceSteps(kprC_StepTable const& steps) {
+  /// Empties what the attributes say in steps that get another kind of procedure, unless they keep it; refused where one was created
+  /// there.
+  void ReplaceSteps(kprC_StepTable const& steps, kprC_StepAwareRepository::Keeps const& keeps) {
     if (steps.Same(table_) || (steps.Continues(table_) && steps.Disturbed() == 0)) { return; }
     for (std::size_t i = 0; i < steps.Size(); ++i) {
       auto const& now = table_[i].procedure;
@@ -329,6 +331,7 @@ private:
       kprC_StepTable const bare = table_.WithReplaced(i, kprC_StepNameProcedurePair(table_.Name(i), nullptr));
       std::vector<cow_String> passed;  // that say nothing in the step
       for (cow_String const& name : Keys()) {
+        if (keeps && keeps(ConstGet(name))) { continue; }
         if (ConstGet(name).Steps().Same(table_) && !this->SaysSomething(ConstGet(name), i)) {
           passed.push_back(name);
           continue;

@@ -13,7 +13,11 @@ class DDB_API kprC_StepAwareRepository : public mdl_Repository {
 public:
   /// Takes the step sequence: inserts, removes, renames and replaces the steps of every attribute and forms every
   /// history anew. Refusals of an attribute pass; attributes updated by then stay updated.
-  virtual void UpdateSteps(kprC_StepTable const& steps) = 0;
+  void UpdateSteps(kprC_StepTable const& steps) { UpdateSteps(steps, {}); }
+  /// Whether an attribute keeps what it says in a step whose procedure is another one now.
+  using Keeps = std::function<bool(kprC_StepDependent const& item)>;
+  /// The same, where \p keeps, which may be empty, says which attributes are not emptied in such a step.
+  virtual void UpdateSteps(kprC_StepTable const& steps, Keeps const& keeps) = 0;
   virtual kprC_StepTable const& Steps() const = 0;
   /// Regions left without an owner by attributes that went with their step, each once, until one refers to them again or
   /// they are released.
@@ -61,6 +65,9 @@ public:
   /// A new attribute; null when the command is none of the family's.
   virtual std::unique_ptr<kprC_StepDependent> Construct(std::string_view command) const = 0;
 
+  /// Whether the step at \p index has a record of the attribute that is not merely carried.
+  static bool SaysSomething(kprC_StepDependent const& item, std::size_t index) { return item.SaysSomethingIn(index); }
+
 protected:
   // the calls of an attribute that are its repository's alone
   static unsigned long long& ChangedAt(kprC_StepDependent& item) { return item.changedAt_; }
@@ -68,7 +75,6 @@ protected:
   static void Initialize(kprC_StepDependent& item, kprC_StepTable const& steps) { item.Initialize(steps); }
   static void InitializeStateValues(kprC_StepDependent& item, kprC_StepTable const& steps) { item.InitializeStateValues(steps); }
   static bool IsUpToDate(kprC_StepDependent const& item, kprC_StepTable const& steps) { return item.IsUpToDate(steps); }
-  static bool SaysSomething(kprC_StepDependent const& item, std::size_t index) { return item.SaysSomethingIn(index); }
   static void TakeSteps(kprC_StepDependent& item, kprC_StepTable const& steps) { item.TakeSteps(steps); }
   static void FollowSteps(kprC_StepDependent& item, kprC_StepTable const& steps) { item.FollowSteps(steps); }
   static void EmptyStep(kprC_StepDependent& item, std::size_t index, kprC_StepTable const& bare) { item.EmptyStep(index, bare); }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/kprC_assert.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
@@ -36,13 +35,13 @@ void CheckNlgeom(kprC_StepContainer& steps) {
 }
 
 /// Edits a copy of the model, which shares what the edit leaves alone, and puts it in the model's place at the end.
-template <class Edit> void WholeOrNothing(ddr_Model& model, Edit&& edit) {
+template <class Edit> void WholeOrNothing(ddr_Model& model, Edit&& edit, kprC_StepAwareRepository::Keeps const& keeps = {}) {
   omu_ChangeHistory& changes = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
   std::size_t const mark = changes.Size();
   try {
     ddr_Model copy = model;
     edit(copy.Get<kprC_StepContainer>(ddr_Model::stepsCmd()));
-    kprC_UpdateRepositories(copy);
+    kprC_UpdateRepositories(copy, keeps);
     model = std::move(copy);
   } catch (...) {
     changes.TruncateTo(mark);
@@ -53,12 +52,12 @@ template <class Edit> void WholeOrNothing(ddr_Model& model, Edit&& edit) {
 
 kprC_StepContainer const& kprC_Steps(ddr_Model const& model) { return model.ConstGet<kprC_StepContainer>(ddr_Model::stepsCmd()); }
 
-void kprC_UpdateRepositories(ddr_Model& model) {
+void kprC_UpdateRepositories(ddr_Model& model, kprC_StepAwareRepository::Keeps const& keeps) {
   kprC_StepTable const table = kprC_Steps(model).Table();
   auto const extensions = model.Extensions();
   for (auto const& [member, extension] : extensions) {
     if (dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet()) == nullptr) { continue; }
-    model.Get<kprC_StepAwareRepository>(member).UpdateSteps(table);
+    model.Get<kprC_StepAwareRepository>(member).UpdateSteps(table, keeps);
   }
 }
 
@@ -105,11 +104,14 @@ void kprC_RenameStep(ddr_Model& model, cow_String const& name, cow_String const&
   });
 }
 
-void kprC_ReplaceStep(ddr_Model& model, cow_String const& name, kprC_StepHandle const& step) {
-  WholeOrNothing(model, [&](kprC_StepContainer& steps) {
+void kprC_ReplaceStep(ddr_Model& model, cow_String const& name, kprC_StepHandle const& step, kprC_StepAwareRepository::Keeps const& keeps) {
+  auto const replace = [&](kprC_StepContainer& steps) {
     step->AssertValid();
-    kprC_StepSequencer(steps, kAddedMassPermitted).Replace(name, step->ProcedureType());
+    kprC_Step const* const present = steps.Find(name.View());
+    bool const keepsProcedure = present != nullptr && present->ProcedureType() == step->ProcedureType();
+    if (!keepsProcedure) { kprC_StepSequencer(steps, kAddedMassPermitted).Replace(name, step->ProcedureType()); }
     steps.Replace(name, step);
     CheckNlgeom(steps);
-  });
+  };
+  WholeOrNothing(model, replace, keeps);
 }

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "framework/ddr_Model.h"
+#include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/model/kprC_StepContainer.h"
 
 /// The steps of a model, edited so that everything that depends on them follows. Each edit checks the step's parameters,
@@ -19,7 +20,9 @@ DDB_API void kprC_InsertStep(ddr_Model& model, cow_String const& previous, cow_S
 DDB_API void kprC_RemoveStep(ddr_Model& model, cow_String const& name);
 DDB_API void kprC_RenameStep(ddr_Model& model, cow_String const& name, cow_String const& newName);
 /// Puts \p step in the place of the step called \p name. With another procedure what attributes say in the step is dropped,
-/// and one that was created there is refused.
-DDB_API void kprC_ReplaceStep(ddr_Model& model, cow_String const& name, kprC_StepHandle const& step);
-/// Hands the model's sequence to every repository again.
-DDB_API void kprC_UpdateRepositories(ddr_Model& model);
+/// and one that was created there is refused; those that \p keeps names, where it is not empty, keep what they say. The initial step
+/// takes another initial step alone, which may differ in its description.
+DDB_API void kprC_ReplaceStep(ddr_Model& model, cow_String const& name, kprC_StepHandle const& step,
+                              kprC_StepAwareRepository::Keeps const& keeps = {});
+/// Hands the model's sequence to every repository again; \p keeps as above.
+DDB_API void kprC_UpdateRepositories(ddr_Model& model, kprC_StepAwareRepository::Keeps const& keeps = {});

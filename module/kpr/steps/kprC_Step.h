@@ -26,6 +26,8 @@ public:
   static constexpr omn_FixedString stepRepositoryCmd() { return "steps"; }
   static constexpr omn_FixedString nameCmd() { return "name"; }
   static constexpr omn_FixedString descriptionCmd() { return "description"; }
+  static constexpr omn_FixedString maintainAttributesCmd() { return "maintainAttributes"; }
+  static constexpr omn_FixedString replacementPolicyCmd() { return "replacementPolicy"; }
 
   // How nlgeom is shown to a person; the third differs from the enumeration's own text.
   static constexpr omn_FixedString NLGEOM_ON() { return "ON"; }
