@@ -95,7 +95,7 @@ void ResumeAttribute(Call& call, AttributeTarget const& target);
 void RenameAttribute(Call& call, AttributeTarget const& target);
 void DeleteAttribute(Call& call, AttributeTarget const& target);
 
-/// Runs \p run; where it is refused and the message has no hint yet, \p hint(code) gives one.
+/// Runs \p run; where it is refused and the message has no hint yet, \p hint(refusal) gives one.
 template <class Run, class Hint> void Hinting(Call& call, Run&& run, Hint&& hint) {
   try {
     run();

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "command/Members.h"
+#include "command/Refusal.h"
 #include "command/Words.h"
 #include "module/kpr/kprC_assert.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
@@ -57,6 +58,49 @@ std::string NlgeomHint(kprC_StepTable const& steps) {
     return R"(It is "OFF" where it is left out, and "ON" since )" + Named(steps, i) + R"(: give "nlgeom": "ON".)";
   }
   return {};
+}
+
+/// The step module's refusal of \p step's parameters; -1 where there is none.
+int CodeOf(kprC_Step const& step) {
+  try {
+    step.AssertValid();
+  } catch (std::exception const& error) { return RefusalOf(error).code; }
+  return -1;
+}
+
+/// Of a list that is to blame: the element with which \p step comes to be refused so, and what it says.
+std::string ElementHint(kprC_Step const& step, int code) {
+  for (cls_MemberInfo const& info : ClassOf(step).members) {
+    if (!info.many || info.kind != cls_MemberKind::Object) { continue; }
+    cls_Value const value = step.Member(info.name);
+    auto const& list = *value.As<cls_Value::List>();
+    std::unique_ptr<cls_Object> const copy = step.Copy();
+    auto& trial = dynamic_cast<kprC_Step&>(*copy);
+    auto const isRefused = [&](std::size_t count) {
+      trial.SetMember(info.name, cls_Value::List(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(count)));
+      return CodeOf(trial) == code;
+    };
+    if (list.empty() || isRefused(0)) { continue; }
+    std::size_t taken = 0, refused = list.size();
+    while (refused - taken > 1) {
+      std::size_t const middle = taken + (refused - taken) / 2;
+      (isRefused(middle) ? refused : taken) = middle;
+    }
+    return "Number " + std::to_string(refused) + " of " + Quoted(info.name) + " is " + ToJson(list[refused - 1]).dump() + ".";
+  }
+  return {};
+}
+
+/// What parameters must be where the refusal alone does not say it.
+std::string_view Wanted(kprC_ErrorEnm code) {
+  using enum kprC_ErrorEnm;
+  switch (code) {
+    case FrequencyRangeValues: return R"(Expected 0 <= "lower" <= "upper".)";
+    case RandomResponseRange: return R"(Expected 0 < "lower" < "upper".)";
+    case TemperatureDifference:
+      return R"(Automatic increments of a transient want "deltmx" above 0: the largest change of temperature in one.)";
+    default: return {};
+  }
 }
 
 }  // namespace
@@ -127,7 +171,10 @@ std::string ParameterHint(kprC_Step const& step, kprC_StepTable const& steps, in
   using enum kprC_ErrorEnm;
   if (static_cast<kprC_ErrorEnm>(code) == NlgeomTurnedOff) { return NlgeomHint(steps); }
   static constexpr kprC_ErrorEnm kOfIncrements[] = {InitialIncrement, MinIncrement, MaxIncrement, TimePeriod, InitialAbovePeriod};
-  if (std::ranges::find(kOfIncrements, static_cast<kprC_ErrorEnm>(code)) == std::end(kOfIncrements)) { return {}; }
+  if (std::ranges::find(kOfIncrements, static_cast<kprC_ErrorEnm>(code)) == std::end(kOfIncrements)) {
+    std::string const wanted(Wanted(static_cast<kprC_ErrorEnm>(code))), element = ElementHint(step, code);
+    return wanted.empty() || element.empty() ? wanted + element : wanted + " " + element;
+  }
   using Parameters = kprC_StepParameters;
   std::ostringstream values;
   for (auto const name : {Parameters::timePeriodCmd(), Parameters::initialIncCmd(), Parameters::minIncCmd(), Parameters::maxIncCmd()}) {

@@ -125,10 +125,7 @@ std::vector<ArgumentInfo> MembersOf(cls_ClassMetadata const& metadata) {
 std::string ExpectedValue(cls_MemberInfo const& info) {
   std::string expected;
   switch (info.kind) {
-    case cls_MemberKind::Integer:
-      expected = "a 32-bit integer";
-      if (!info.permissible.empty()) { expected += " or " + QuotedList(info.permissible, info.permissible.size()); }
-      break;
+    case cls_MemberKind::Integer: expected = "a 32-bit integer"; break;
     case cls_MemberKind::Real: expected = "a finite number"; break;
     case cls_MemberKind::String: expected = "a text"; break;
     case cls_MemberKind::Boolean: expected = "true or false"; break;
@@ -138,7 +135,21 @@ std::string ExpectedValue(cls_MemberInfo const& info) {
       break;
   }
   if (info.many) { expected = (info.table ? "a list of rows of one length, each value " : "a list, each ") + expected; }
+  if (info.kind != cls_MemberKind::Enumerated && !info.permissible.empty()) {
+    expected += (info.many ? ", or " : " or ") + QuotedList(info.permissible, info.permissible.size());
+  }
   return info.propagating ? expected + R"(, "UNSET" or "FREED")" : expected;
+}
+
+void AssertNamesAgree(Subject& subject, std::vector<MemberArgument> const& settable, kprC_Arguments const& members) {
+  for (auto const& [name, value] : members) {
+    MemberArgument const* const argument = FindArgument(settable, name);
+    if (argument == nullptr || !argument->info->again) { continue; }
+    auto const other = std::ranges::find(members, (argument->info - 1)->command, &kprC_Arguments::value_type::first);
+    if (other == members.end() || other->second == value) { continue; }
+    RefuseValue(subject, Quoted(other->first) + " and " + Quoted(name) + " are two names of one member: " + ShownValue(other->second) +
+                             " and " + ShownValue(value) + " do not go together.");
+  }
 }
 
 void FitNull(cls_MemberInfo const& info, cls_Value& value) {

@@ -35,6 +35,8 @@ bool IsStateWord(std::string_view text);
 
 /// What fits the member: "a finite number, "UNSET" or "FREED"".
 std::string ExpectedValue(cls_MemberInfo const& info);
+/// Refuses two names of one member that are given different values.
+void AssertNamesAgree(Subject& subject, std::vector<MemberArgument> const& settable, kprC_Arguments const& members);
 /// null as the member's own way to say nothing: "UNSET" of a propagating member, the empty text of a text or a name.
 void FitNull(cls_MemberInfo const& info, cls_Value& value);
 

@@ -152,12 +152,17 @@ void Resolve(Call& call, kprC_StepAwareRepository const* repository, cls_MemberI
     return;  // refused as no text
   }
   if (info.propagating && IsStateWord(*text)) { return; }
+  if (std::ranges::find(info.permissible, *text) != info.permissible.end()) {  // the member's word for no object
+    value = "";
+    return;
+  }
   if (text->empty()) {
-    bool const refused = repository != nullptr && kind->reference == cls_Reference::Amplitude;
-    if (!refused) { return; }
+    bool const asked = repository != nullptr && kind->reference == cls_Reference::Amplitude;
+    std::optional<int> const code = asked ? repository->EditRefusals().amplitudeName : std::nullopt;
+    if (!code) { return; }
     call.subject.hint = "The name is empty.";
     call.subject.atFault = true;
-    repository->Refuse(repository->EditRefusals().amplitudeName);
+    repository->Refuse(*code);
   }
   if (kind->reference == cls_Reference::CoordinateSystem && dtmC_DatumRef::globalName() == *text) {
     value = "";

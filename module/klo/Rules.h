@@ -124,7 +124,6 @@ struct DDB_API kloC_Rules : kprC_ProcedureRules {
       .nameInUse = Error::NameInUse,
       .unknownStep = Error::StepUnknown,
       .suppressed = Error::Suppressed,
-      .amplitudeName = Error::AmplitudeName,
       .amplitudeUnknown = Error::AmplitudeName,
       .fieldUnknown = Error::FieldUnknown,
       .notInStep = Error::NotInStepOrInactive,

@@ -17,6 +17,11 @@ void kloC_Load::AssertState(kloC_LoadState const& state, std::size_t index) cons
   kloC_Assert(!state.UsesField() || !fieldName_.IsEmpty(), kloC_ErrorEnm::FieldNameMissing);
 }
 
+void kloC_Load::AssertMemberState(std::size_t index, std::string_view member, std::string_view word) const {
+  bool const isCreation = index == kprC_StepTable::npos || IsCreateStep(index);
+  kloC_Assert(isCreation || member != kloC_LoadState::amplitudeCmd() || word != "UNSET", kloC_ErrorEnm::AmplitudeName);
+}
+
 void kloC_Load::AssertInModel(ddr_Model const& model) const {
   ForEachEditable([&model](kloC_LoadState const& state) { state.AssertInSpace(model.Space()); });
 }

@@ -59,6 +59,8 @@ public:
 
 protected:
   void AssertState(kloC_LoadState const& state, std::size_t index) const override;
+  /// Refuses 17 an amplitude that a later step leaves unsaid in so many words: what it takes back is FREED.
+  void AssertMemberState(std::size_t index, std::string_view member, std::string_view word) const override;
   bool IsCreateStep(std::size_t index) const { return index == States().CreateStep(); }
 
 private:

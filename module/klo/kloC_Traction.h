@@ -107,16 +107,18 @@ public:
   explicit kloC_ShellEdgeLoadState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
   static constexpr cls_MemberText value() { return kloC_Value("traction along the edge", "force/length, or force for a moment"); }
 
-  mdl_PropAttr<omu_PrimEnum<kloC_ShellEdgeLoadTractionEnm, 1>> direction;
+  mdl_PropAttr<omu_PrimEnum<kloC_ShellEdgeLoadTractionEnm, 1>> traction;
 
+  /// The kind of traction has two names, that which tractions have and the type's own.
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kprC_StateOf::VisitMembers(visit);
-    visit("direction", &kloC_ShellEdgeLoadState::direction,
-          kloC_Value("the edge's direction along which the traction acts, or its own").Called(tractionCmd()));
+    visit(tractionCmd(), &kloC_ShellEdgeLoadState::traction,
+          kloC_Value("the edge's direction along which the traction acts, or its own").Later());
+    visit("direction", &kloC_ShellEdgeLoadState::traction, kloC_Value("the same"));
   }
 
 private:
-  bool IsGeneral() const override { return direction == kloC_ShellEdgeLoadTractionEnm::GENERAL; }
+  bool IsGeneral() const override { return traction == kloC_ShellEdgeLoadTractionEnm::GENERAL; }
 };
 /// Traction on the edges of shells.
 class DDB_API kloC_ShellEdgeLoad final : public kprC_TypeOf<kloC_ShellEdgeLoad, kloC_Traction> {

@@ -18,7 +18,9 @@ cls_MemberInfo InfoOf(cls_MemberRow const& row) {
   info.command = row.text.command.empty() ? row.name : row.text.command;
   info.settable = row.text.settable;
   info.refers = row.text.refers;
+  info.again = row.again;
   row.ops->describe(info);
+  if (!row.text.unset.empty()) { info.permissible.emplace_back(row.text.unset); }
   return info;
 }
 

@@ -45,6 +45,8 @@ struct cls_MemberText {
   std::string_view command = "";               ///< what commands call the member; "" where they use its name
   bool settable = true;                        ///< whether commands may set it
   int component = 0;                           ///< number of the component that it prescribes, from 1; 0: none
+  bool later = false;                          ///< came to its class later: what was stored before does not have it
+  std::string_view unset = "";                 ///< what commands may say instead of a value where there is none: "ALL", "DEFAULT"
 
   template <class Error> constexpr cls_MemberText Refused(Error code) const {
     cls_MemberText text = *this;
@@ -71,6 +73,16 @@ struct cls_MemberText {
     text.component = number;
     return text;
   }
+  constexpr cls_MemberText Later() const {
+    cls_MemberText text = *this;
+    text.later = true;
+    return text;
+  }
+  constexpr cls_MemberText Unset(std::string_view word) const {
+    cls_MemberText text = *this;
+    text.unset = word;
+    return text;
+  }
 };
 
 /// Kinds of members, as the class registrar numbers them.
@@ -84,11 +96,12 @@ struct cls_MemberInfo {
   bool many = false;                     ///< a list of values
   bool table = false;                    ///< a list of rows, which are lists of values of one length
   bool propagating = false;              ///< has a companion "<name>State"
-  std::vector<std::string> permissible;  ///< texts of an enumerated member, in row order
+  std::vector<std::string> permissible;  ///< texts of an enumerated member, in row order; of another its word for no value
   std::string meaning, unit;
   std::string command;  ///< what commands call it: its name where they have none of their own
   bool settable = true;
   cls_Reference refers = cls_Reference::None;
+  bool again = false;  ///< another name of the member before it
 };
 
 /// Takes what a member names; \p whole is null for a member that holds the name alone.
@@ -199,9 +212,8 @@ struct cls_MemberOps {
   // null where the type can name nothing
   void (*references)(void const*, cls_Reference, cls_ReferenceVisitor const&) = nullptr;
   bool (*redirect)(void*, cls_Reference, cls_Redirection const&) = nullptr;
-  // null where the type has no value for "not specified"
-  bool (*isUnset)(void const*) = nullptr;
-  void (*unset)(void*) = nullptr;
+  bool (*isUnset)(void const*) = nullptr;  ///< null where the type has no value for "not specified"
+  void (*unset)(void*) = nullptr;          ///< gives it that value, or that of a new one
   // null where the type is not carried from step to step
   void (*propagate)(void*, std::string_view name) = nullptr;
   void (*modify)(void* carried, void const* own, std::string_view name) = nullptr;
@@ -237,6 +249,8 @@ template <class M> constexpr cls_MemberOps cls_MakeOps() {
   if constexpr (cls_Unsettable<Traits>) {
     ops.isUnset = [](void const* m) { return *static_cast<M const*>(m) == Traits::kUnset; };
     ops.unset = [](void* m) { *static_cast<M*>(m) = Traits::kUnset; };
+  } else {
+    ops.unset = [](void* m) { *static_cast<M*>(m) = M{}; };
   }
   if constexpr (requires(M & m) { Traits::Propagate(m, std::string_view()); }) {
     ops.propagate = [](void* m, std::string_view name) { Traits::Propagate(*static_cast<M*>(m), name); };
@@ -270,6 +284,7 @@ struct cls_MemberRow {
   std::ptrdiff_t offset = 0;  ///< from the beginning of the object
   cls_MemberOps const* ops = nullptr;
   bool optional = false;  ///< whether it can be unset, which is written and scripted as null
+  bool again = false;     ///< another name of what the row before it names
 
   void* In(void* object) const { return static_cast<char*>(object) + offset; }
   void const* In(void const* object) const { return static_cast<char const*>(object) + offset; }
@@ -284,9 +299,16 @@ struct cls_MemberRow {
   void Read(cls_ReadVisitor const& in, void* object) const {
     optional&& in.IsNull(name) ? ops->unset(In(object)) : ops->read(in, name, In(object));
   }
-  cls_Value ToValue(void const* object) const { return IsUnset(object) ? cls_Value() : ops->toValue(In(object)); }
+  cls_Value ToValue(void const* object) const {
+    if (!IsUnset(object)) { return ops->toValue(In(object)); }
+    return text.unset.empty() ? cls_Value() : cls_Value(std::string(text.unset));
+  }
   /// Answers what was expected where \p from does not fit.
-  std::string_view FromValue(void* object, cls_Value const& from) const { return ops->fromValue(In(object), from); }
+  std::string_view FromValue(void* object, cls_Value const& from) const {
+    auto const* word = text.unset.empty() ? nullptr : from.As<std::string>();
+    if (word == nullptr || *word != text.unset) { return ops->fromValue(In(object), from); }
+    return ops->unset(In(object)), "";
+  }
 };
 using cls_MemberRows = std::span<cls_MemberRow const>;
 
@@ -315,7 +337,9 @@ template <class T> cls_MemberRows cls_RowsOf() {
       M T::*const own = field;  // counts from the beginning of T, also where a base lists it
       // a pointer to a data member is the distance in bytes: so in the C++ ABI of all compilers that we build with
       static_assert(sizeof own == sizeof(std::ptrdiff_t));
-      made[at++].offset = std::bit_cast<std::ptrdiff_t>(own);
+      made[at].offset = std::bit_cast<std::ptrdiff_t>(own);
+      made[at].again = at > 0 && made[at].offset == made[at - 1].offset;
+      ++at;
     });
     if constexpr (std::is_default_constructible_v<T>) {
       T const fresh{};

@@ -93,6 +93,9 @@ private:
 /// The text of the first row of \p value; its number where the table does not hold it.
 DDB_API atr_String omu_EnumText(omu_PrimEnumBase::PrimEnumTableEl const* table, unsigned value);
 
+/// The text of an enumeration's first row, for one that is a word or two.
+template <class E> inline constexpr std::string_view omu_wordOf = omu_EnumTable<E>::rows[0].text;
+
 /// The text of an enumerator.
 template <class E> atr_String atr(E value) { return omu_EnumText(omu_EnumTable<E>::rows, static_cast<unsigned>(value)); }
 

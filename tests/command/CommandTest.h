@@ -32,9 +32,9 @@ inline std::string StepCommand(char letter) { return std::string(kprC_FindProced
 /// What a step of that letter must be given beside its name.
 inline Json StepArguments(char letter) {
   switch (letter) {
-    case 'G':
-    case 'H': return {{"initialInc", 0.1}};
+    case 'G': return {{"initialInc", 0.1}};
     case 'E': return {{"initialInc", 0.1}, {"haftol", 1.0}};
+    case 'H':
     case 'T': return {{"initialInc", 0.1}, {"deltmx", 10.0}};
     case 'F': return {{"numEigen", 10}};
     case 'U': return Json::parse(R"({"frequencyRange": [{"lower": 1.0, "upper": 10.0}]})");

@@ -236,7 +236,6 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hold", "cf1": "PROPAGATED"})", "klo 21", {"\"cf1\""}},
         Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hold", "amplitude": 4})", "klo 17", {"\"amplitude\""}},
         Row{R"({"command": "ConcentratedForce", "name": "New", "createStepName": "Hold", "amplitude": "Rump"})", "klo 17", {"\"Ramp\"?"}},
-        Row{R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Hold", "amplitude": ""})", "klo 17", {"\"amplitude\""}},
         Row{R"({"command": "Pressure", "name": "New", "createStepName": "Hold", "magnitude": 1, "fieldName": "Bog"})",
             "klo 71",
             {"\"Bow\"?"}},
@@ -305,32 +304,70 @@ TEST_F(WaysOut, StandInTheMessageOfATypicalMistake) {
   struct Mistake {
     char const *command, *wayOut;
   };
-  for (auto const& [command, wayOut] : {
-           Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Ring", "u1": 3})", "It is built in there"},
-           Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Ring", "u1": 3})", "edited in \"Modes\""},
-           Mistake{R"({"command": "move", "boundaryCondition": "Punch", "fromStepName": "Grip", "toStepName": "Spring"})",
-                   "In \"Form\" it is modified: remove that first."},
-           Mistake{R"({"command": "delete", "step": "Modes"})", "\"Ring\" behind it could not follow"},
-           Mistake{R"({"command": "StaticStep", "name": "X", "previous": "Spring"})", "\"ON\" since \"Grip\": give \"nlgeom\": \"ON\"."},
-           Mistake{R"({"command": "StaticStep", "name": "X", "nlgeom": "ON", "previous": "Grip", "initialInc": 2})",
-                   "\"timePeriod\" 1, \"initialInc\" 2"},
-           Mistake{R"({"command": "EncastreBC", "name": "X", "createStepName": "Ring"})",
-                   "MODAL_DYNAMICS, which does not take this type; steps that do: \"Initial\""},
-           Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Form", "u1": "UNSET"})", "\"FREED\""},
-           Mistake{R"({"command": "reset", "boundaryCondition": "Punch", "stepName": "Form"})", "taken back by \"remove\""},
-           Mistake{R"({"command": "suppress", "boundaryCondition": "Fluid"})", "\"Fluid\" is a load."},
-           Mistake{R"({"command": "activate", "boundaryCondition": "Punch", "stepName": "Form"})", "Did you mean \"reset\"?"},
-           Mistake{R"({"command": "modify", "boundaryCondition": "Punch"})", "Did you mean \"setValuesInStep\"?"},
-           Mistake{R"({"command": "StaticGeneralStep", "name": "X"})", "Did you mean \"StaticStep\"?"},
-           Mistake{R"({"command": "Force", "name": "X"})", "Did you mean \"ConcentratedForce\"?"},
-           Mistake{R"({"command": "StaticStep", "name": "X", "initialIncrement": 1})", "Did you mean \"initialInc\"?"},
-           Mistake{R"({"command": "deactivate", "boundaryCondition": "Punch", "stepName": "Springback"})", "Did you mean \"Spring\"?"},
-       }) {
+  for (
+      auto const& [command, wayOut] : {
+          Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Ring", "u1": 3})", "It is built in there"},
+          Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Ring", "u1": 3})", "edited in \"Modes\""},
+          Mistake{R"({"command": "move", "boundaryCondition": "Punch", "fromStepName": "Grip", "toStepName": "Spring"})",
+                  "In \"Form\" it is modified: remove that first."},
+          Mistake{R"({"command": "delete", "step": "Modes"})", "\"Ring\" behind it could not follow"},
+          Mistake{R"({"command": "StaticStep", "name": "X", "previous": "Spring"})", "\"ON\" since \"Grip\": give \"nlgeom\": \"ON\"."},
+          Mistake{R"({"command": "StaticStep", "name": "X", "nlgeom": "ON", "previous": "Grip", "initialInc": 2})",
+                  "\"timePeriod\" 1, \"initialInc\" 2"},
+          Mistake{R"({"command": "EncastreBC", "name": "X", "createStepName": "Ring"})",
+                  "MODAL_DYNAMICS, which does not take this type; steps that do: \"Initial\""},
+          Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Form", "u1": "UNSET"})", "\"FREED\""},
+          Mistake{R"({"command": "reset", "boundaryCondition": "Punch", "stepName": "Form"})", "taken back by \"remove\""},
+          Mistake{R"({"command": "suppress", "boundaryCondition": "Fluid"})", "\"Fluid\" is a load."},
+          Mistake{R"({"command": "activate", "boundaryCondition": "Punch", "stepName": "Form"})", "Did you mean \"reset\"?"},
+          Mistake{R"({"command": "modify", "boundaryCondition": "Punch"})", "Did you mean \"setValuesInStep\"?"},
+          Mistake{R"({"command": "StaticGeneralStep", "name": "X"})", "Did you mean \"StaticStep\"?"},
+          Mistake{R"({"command": "Force", "name": "X"})", "Did you mean \"ConcentratedForce\"?"},
+          Mistake{R"({"command": "StaticStep", "name": "X", "initialIncrement": 1})", "Did you mean \"initialInc\"?"},
+          Mistake{R"({"command": "deactivate", "boundaryCondition": "Punch", "stepName": "Springback"})", "Did you mean \"Spring\"?"},
+          Mistake{
+              R"({"command": "SteadyStateDirectStep", "name": "X", "frequencyRange": [{"lower": 1, "upper": 2}, {"lower": 9, "upper": 5}]})",
+              "Expected 0 <= \"lower\" <= \"upper\". Number 2 of \"frequencyRange\" is {\"lower\":9.0,\"upper\":5.0"},
+          Mistake{R"({"command": "HeatTransferStep", "name": "X", "previous": "Initial"})", "want \"deltmx\" above 0"},
+          Mistake{R"({"command": "setValuesInStep", "load": "Fluid", "stepName": "Form", "amplitude": "UNSET"})",
+                  "[klo 17] \"FREED\" gives a value up"},
+          Mistake{R"({"command": "ShellEdgeLoad", "name": "X", "createStepName": "Grip", "traction": "MOMENT", "direction": "SHEAR"})",
+                  "\"MOMENT\" and \"SHEAR\" do not go together"},
+      }) {
     EXPECT_THAT(session.Execute(Line(command)).message, HasSubstr(wayOut)) << command;
   }
 }
 
 class Editing : public CommandTest {};
+
+TEST_F(Editing, TakesWhatPeopleWrite) {
+  Session session;
+  RunJournal(session, kModel);
+  for (
+      char const* command : {
+          R"({"command": "SteadyStateDirectStep", "name": "Tone", "frequencyRange": [{"lower": 50, "upper": 50, "nPoints": 1}, {"lower": 0, "upper": 9}]})",
+          R"({"command": "BuckleStep", "name": "Buckle", "blockSize": "DEFAULT", "maxBlocks": "DEFAULT", "numEigen": "ALL"})",
+          R"({"command": "setValues", "step": "Initial", "description": "as delivered"})",
+          R"({"command": "ShellEdgeLoad", "name": "Rim", "createStepName": "Press", "magnitude": 1, "traction": "MOMENT"})",
+          R"({"command": "setValuesInStep", "load": "Rim", "stepName": "Hold", "direction": "SHEAR", "traction": "SHEAR"})",
+          R"({"command": "setValuesInStep", "load": "Rim", "stepName": "Release", "traction": "NORMAL", "amplitude": ""})",
+          R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Hold", "amplitude": ""})",
+          R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Release", "amplitude": "FREED"})",
+      }) {
+    EXPECT_EQ(session.Execute(Line(command)).message, "") << command;
+  }
+  auto const member = [&](char const* load, std::size_t step, char const* name) {
+    return session.Model().ConstGet<kprC_StepAwareRepository>("loads").ConstItem(cow_String(load))->StateAt(step)->Member(name);
+  };
+  EXPECT_EQ(member("Pull", 1, "amplitude"), cls_Value("Ramp"));
+  EXPECT_EQ(member("Pull", 2, "amplitude"), cls_Value(""));
+  EXPECT_EQ(member("Pull", 3, "amplitude"), cls_Value("FREED"));
+  EXPECT_EQ(member("Rim", 2, "traction"), member("Rim", 2, "direction"));
+
+  Session rolling;
+  RunJournal(rolling, {R"({"command": "ExplicitDynamicsStep", "name": "Roll", "massScaling": [{"dt": 1e-6, "region": "MODEL"}]})",
+                       R"({"command": "ExplicitDynamicsStep", "name": "Cut", "massScaling": "PREVIOUS_STEP"})"});
+}
 
 TEST_F(Editing, SaysThatThereAreNoAttributesAtAll) {
   Session session;

@@ -73,7 +73,8 @@ std::map<std::string, std::set<std::string>> Places(std::string const& module) {
     for (auto const& file : std::filesystem::recursive_directory_iterator(std::string(GATTR_SOURCE_DIR "/") + folder)) {
       std::filesystem::path const& path = file.path();
       std::string const stem = path.stem().string();
-      if ((path.extension() != ".h" && path.extension() != ".cpp") || stem == module + "C_assert") { continue; }
+      bool const isSource = path.extension() == ".h" || path.extension() == ".cpp" || path.extension() == ".def";
+      if (!isSource || stem == module + "C_assert") { continue; }
       if (stem == "Hints") { continue; }  // says the way out of what others raise
       std::ifstream in(path);
       std::string const text = std::regex_replace(std::string(std::istreambuf_iterator<char>(in), {}), std::regex("//[^\n]*"), "");

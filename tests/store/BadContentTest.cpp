@@ -79,6 +79,28 @@ TEST(BadContent, IsRefusedByBothStoresInTheSameWords) {
   }
 }
 
+/// A shell edge load's state of the direction MOMENT, which says \p traction, or nothing, under its other name.
+ddr_Model ShellEdge(char const* traction) {
+  auto const content = [traction](Out out) {
+    kloC_ShellEdgeLoadState state, other;
+    state.SetMember("direction", "MOMENT");
+    if (traction != nullptr) { other.SetMember("traction", traction); }
+    for (cls_MemberRow const& row : state.MemberRows()) {
+      bool const isOther = row.name == "traction";
+      if (!isOther || traction != nullptr) { row.Write(out, isOther ? &other : &state); }
+    }
+  };
+  return ModelWith(cow_Handle<Liar>::Make(kloC_ShellEdgeLoadState::TypeId(), content));
+}
+
+TEST(BadContent, IsNotAMemberThatCameLaterUnlessItsTwoNamesDisagree) {
+  for (Store const& store : kStores) {
+    EXPECT_EQ(RefusalOf(store, ShellEdge(nullptr)), "") << "as before";
+    EXPECT_EQ(RefusalOf(store, ShellEdge("MOMENT")), "");
+  }
+  ExpectRefused(ShellEdge("SHEAR"), "bag / Thing / direction: expected what the member says under its other name");
+}
+
 TEST(BadContent, IsRefusedWhereAClassIsUnknownOrCannotBeMade) {
   constexpr unsigned kModule = 0x7FFE;
   struct Row {

@@ -49,7 +49,7 @@ public:
             .nameInUse = any(edit.nameInUse),
             .unknownStep = number(edit.unknownStep),
             .suppressed = number(edit.suppressed),
-            .amplitudeName = number(edit.amplitudeName),
+            .amplitudeName = any(edit.amplitudeName),
             .amplitudeUnknown = number(edit.amplitudeUnknown),
             .fieldUnknown = any(edit.fieldUnknown),
             .notInStep = number(edit.notInStep),

@@ -26,7 +26,7 @@ template <class Error> struct kprC_EditRefusals {
   Code nameInUse = {};        ///< an attribute of that name exists
   Error unknownStep;          ///< no step of that name
   Error suppressed;           ///< a suppressed attribute is edited
-  Error amplitudeName;        ///< a text that cannot be an amplitude's name
+  Code amplitudeName = {};    ///< an amplitude without a name, in a family where that does not mean the step's default
   Error amplitudeUnknown;     ///< an amplitude that the model does not know, or no text at all
   Code fieldUnknown = {};     ///< a field that the model does not know
   Error notInStep;            ///< the attribute is not active in the step in which it is edited

@@ -103,8 +103,11 @@ void kprC_StepContainer::Rename(std::string_view name, cow_String const& newName
 
 void kprC_StepContainer::Replace(std::string_view name, kprC_StepHandle const& step) {
   std::size_t const index = Known(name);
-  kprC_Assert(index != 0, kprC_ErrorEnm::InitialStepReplaced);
-  AssertProcedure(step);
+  if (index == 0) {
+    kprC_Assert(step && IsInitial(*step), kprC_ErrorEnm::InitialStepReplaced);
+  } else {
+    AssertProcedure(step);
+  }
   table_ = table_.WithReplaced(index, kprC_StepNameProcedurePair(table_[index].stepName, step));
 }
 

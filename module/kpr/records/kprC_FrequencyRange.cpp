@@ -2,20 +2,15 @@
 
 #include "module/kpr/records/kprC_Checks.h"
 
-namespace {
-/// With fewer there is no range.
-constexpr bool AreEnough(int points) { return points >= 2 && kprC_IsGiven(points); }
-}  // namespace
-
 template <class Derived> void kprC_SteadyStateFrequency<Derived>::AssertValid() const {
-  kprC_Assert(AreInOrder(), kprC_ErrorEnm::FrequencyRangeValues);
-  kprC_Assert(AreEnough(nPoints), kprC_ErrorEnm::FrequencyRangePoints);
+  kprC_Assert(lower >= 0.0 && upper >= lower && kprC_IsGiven(upper), kprC_ErrorEnm::FrequencyRangeValues);
+  kprC_Assert(kprC_IsPositive(nPoints), kprC_ErrorEnm::FrequencyRangePoints);
   kprC_Assert(IsBiased(), kprC_ErrorEnm::BiasZero);
 }
 
 void kprC_RandomResponseFrequency::AssertValid() const {
-  kprC_Assert(AreInOrder(), kprC_ErrorEnm::RandomResponseRange);
-  kprC_Assert(AreEnough(nCalcs), kprC_ErrorEnm::EigenfrequencyPoints);
+  kprC_Assert(lower > 0.0 && upper > lower && kprC_IsGiven(upper), kprC_ErrorEnm::RandomResponseRange);
+  kprC_Assert(nCalcs >= 2 && kprC_IsGiven(nCalcs), kprC_ErrorEnm::EigenfrequencyPoints);
   kprC_Assert(IsBiased(), kprC_ErrorEnm::BiasZero);
 }
 

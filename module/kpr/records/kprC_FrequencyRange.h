@@ -23,21 +23,20 @@ struct kprC_FrequencyBounds {
   }
 
 protected:
-  bool AreInOrder() const { return 0.0 < lower && lower < upper && upper != cls_unsetReal; }
   bool IsBiased() const { return bias > 0.0 && bias != cls_unsetReal; }
 };
 
-/// A range of frequency of a steady-state step.
+/// A range of frequency of a steady-state step. It may be a single frequency, and begin at zero, where the response is static.
 template <class Derived> class kprC_SteadyStateFrequency : public cls_Persistent<Derived, cls_Object>, public kprC_FrequencyBounds {
 public:
   int nPoints = 20;
 
-  /// Refuses: 40 unless 0 < lower < upper; 39 fewer than two points; 41 a bias that is not above 0.
+  /// Refuses: 40 unless 0 <= lower <= upper; 39 no point; 41 a bias that is not above 0.
   DDB_API void AssertValid() const;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kprC_FrequencyBounds::VisitMembers(visit);
-    visit("nPoints", &kprC_SteadyStateFrequency::nPoints, cls_MemberText{"number of points, the ends included"});
+    visit("nPoints", &kprC_SteadyStateFrequency::nPoints, cls_MemberText{"number of points, the ends included; 1 for the lower end alone"});
   }
 };
 
@@ -59,7 +58,7 @@ public:
   explicit kprC_SteadyStateSubspaceFrequency(cls_ReadVisitor const& in);
 };
 
-/// A range of frequency of a random response step.
+/// A range of frequency of a random response step: what is random is spread over a range.
 class DDB_API kprC_RandomResponseFrequency final : public cls_Persistent<kprC_RandomResponseFrequency, cls_Object>,
                                                    public kprC_FrequencyBounds {
 public:

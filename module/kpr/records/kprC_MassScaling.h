@@ -78,7 +78,9 @@ public:
     visit("objective", &kprC_MassScaling::objective, cls_MemberText{"which elements are scaled, and to what increment"});
     visit("direction", &kprC_MassScaling::direction, cls_MemberText{"direction of rolling"});
     visit("region", &kprC_MassScaling::region,
-          cls_MemberText{"the elements; the whole model where not given"}.RefersTo(cls_Reference::Region));
+          cls_MemberText{"the elements; the whole model where not given"}
+              .RefersTo(cls_Reference::Region)
+              .Unset(omu_wordOf<MassScalingModelEnm>));
     visit("factor", &kprC_MassScaling::factor, cls_MemberText{"factor on the masses"});
     visit("dt", &kprC_MassScaling::dt, cls_MemberText{"the stable increment to be reached", "time"});
     visit("frequency", &kprC_MassScaling::frequency, cls_MemberText{"number of increments between two scalings"});

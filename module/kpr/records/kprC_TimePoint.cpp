@@ -1,13 +1,10 @@
 #include "module/kpr/records/kprC_TimePoint.h"
 
-#include <limits>
-
 #include "module/kpr/kprC_assert.h"
 
 namespace {
 
-// A million increments pass, but the quotient of two rounded numbers may come out a few units in the last place above it.
-constexpr double kMostIncrements = 1e6 * (1.0 + 8.0 * std::numeric_limits<double>::epsilon());
+constexpr double kMostIncrements = 1e6;
 
 void AssertRow(double start, double end, double increment) {
   kprC_Assert(increment > 0.0, kprC_ErrorEnm::TimePointIncrement);

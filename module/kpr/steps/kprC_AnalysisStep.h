@@ -14,7 +14,6 @@ public:
   static constexpr omn_FixedString previousCmd() { return "previous"; }
   static constexpr omn_FixedString procedureCmd() { return "procedure"; }
 
-  cow_String description;
   double timePeriod = 1.0;
   omu_PrimEnum<NlgeomEnm> nlgeom = NlgeomEnm::OFF;
   omu_PrimEnum<MatrixSolverEnm> matrixSolver = MatrixSolverEnm::DIRECT_SYMMETRIC;
@@ -36,9 +35,7 @@ public:
   /// Whether iterations with severe discontinuities count towards convergence; off where the procedure has none.
   virtual ConvertSDIEnm ConvertSDI() const;
 
-  template <class V> static constexpr void VisitMembers(V&& visit) {
-    visit(descriptionCmd(), &kprC_AnalysisStep::description, cls_MemberText{"free text about the step"});
-  }
+  template <class V> static constexpr void VisitMembers(V&& visit) { kprC_Step::VisitMembers(visit); }
 
 private:
   kprC_ProcedureRow const& Row() const { return *kprC_FindProcedure(DynTypeId()); }

@@ -14,4 +14,5 @@ void kprC_BuckleStep::AssertValid() const {
   kprC_Assert(kprC_IsPositiveIfGiven(blockSize), BlockSize);
   kprC_Assert(kprC_IsPositiveIfGiven(maxBlocks), MaxBlocks);
   kprC_Assert(kprC_IsPositiveIfGiven(minEigen), MinEigenvalue);
+  kprC_Assert(eigensolver != EigensolverEnm::AMS, EigensolverUnknown);
 }

@@ -10,6 +10,6 @@ public:
   explicit kprC_BuckleStep(cls_ReadVisitor const& in);
 
   /// Refuses: 2 number of eigenvalues; 1 largest eigenvalue; 3 number of vectors; 4 number of iterations; 84 block size; 85
-  /// number of blocks; 83 smallest eigenvalue. What is not given is the solver's choice and passes, whatever the eigensolver.
+  /// number of blocks; 83 smallest eigenvalue; 86 the multi-level eigensolver. What is not given is the solver's choice and passes.
   void AssertValid() const override;
 };

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "module/kpr/kprC_assert.h"
 #include "module/kpr/steps/kprC_ProcedureStep.h"
 
 /// How creep strains are integrated, if at all.
@@ -31,8 +30,7 @@ public:
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kprC_ProcedureStep::VisitMembers(visit);
     visit(cetolCmd(), &kprC_CoupledTempDisplacementStep::cetol, cetolText());
-    visit(creepIntegrationCmd(), &kprC_CoupledTempDisplacementStep::creepIntegration,
-          cls_MemberText{creepIntegrationText().meaning, "", static_cast<int>(kprC_ErrorEnm::CreepIntegration)});
+    visit(creepIntegrationCmd(), &kprC_CoupledTempDisplacementStep::creepIntegration, creepIntegrationText());
     visit(deltmxCmd(), &kprC_CoupledTempDisplacementStep::deltmx, deltmxText());
   }
 };

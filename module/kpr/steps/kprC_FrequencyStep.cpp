@@ -31,7 +31,7 @@ void kprC_FrequencyStep::AssertValid() const {
 void kprC_FrequencyStep::AssertLanczos() const {
   using enum kprC_ErrorEnm;
   kprC_Assert(acousticCoupling != AcousticEnm::AC_PROJECTION, AcousticCoupling);
-  kprC_Assert(kprC_IsGiven(maxEigen) || !numEigen.IsAll(), MaxFrequencyForAll);
+  kprC_Assert(kprC_IsGiven(maxEigen) || kprC_IsGiven(numEigen), MaxFrequencyForAll);
   kprC_Assert(kprC_IsPositiveIfGiven(blockSize), BlockSize);
   kprC_Assert(kprC_IsPositiveIfGiven(maxBlocks), MaxBlocks);
   kprC_Assert(numberInterval >= 1, NumIntervals);
@@ -42,7 +42,7 @@ void kprC_FrequencyStep::AssertLanczos() const {
 }
 
 void kprC_FrequencyStep::AssertSubspace() const {
-  kprC_Assert(!numEigen.IsAll(), kprC_ErrorEnm::AllWithSubspace);
+  kprC_Assert(kprC_IsGiven(numEigen), kprC_ErrorEnm::AllWithSubspace);
   kprC_Assert(vectors >= 1, kprC_ErrorEnm::NumVectors);
   kprC_Assert(maxIterations >= 1, kprC_ErrorEnm::NumIterations);
 }

@@ -9,8 +9,8 @@ public:
   kprC_HeatTransferStep();
   explicit kprC_HeatTransferStep(cls_ReadVisitor const& in);
 
-  /// Refuses what every general step refuses (kprC_AssertGeneral); then, with automatic increments of a transient, 8 change of
-  /// temperature, 11 change of emissivity, and 0 a rate of change at the end, which a step of no other kind has; 152 a transient
-  /// with the iterative solver.
+  /// Refuses what every general step refuses (kprC_AssertGeneral); then, with automatic increments of a transient, 8 a change of
+  /// temperature that is not given or not above 0, 11 change of emissivity, and 0 a rate of change at the end; 152 a transient with
+  /// the iterative solver.
   void AssertValid() const override;
 };

@@ -20,5 +20,5 @@ public:
   NlgeomEnm Nlgeom() const override { return NlgeomEnm::OFF; }
   void AssertValid() const override {}
 
-  template <class V> static constexpr void VisitMembers(V&&) {}
+  template <class V> static constexpr void VisitMembers(V&& visit) { kprC_Step::VisitMembers(visit); }
 };

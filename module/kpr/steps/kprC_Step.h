@@ -37,6 +37,8 @@ public:
   /// Whether a procedure type is a linear perturbation procedure. False for what is no procedure type.
   static constexpr bool Perturbation(unsigned procedureType) { return kprC_perturbationProcedures.Contains(procedureType); }
 
+  cow_String description;
+
   bool Perturbation() const override = 0;
   /// Whether the step runs an adiabatic stress analysis.
   virtual bool IsAdiabatic() const = 0;
@@ -56,7 +58,9 @@ public:
   /// Checks the parameters and raises the first refusal (kprC_Assert). Changes nothing.
   virtual void AssertValid() const = 0;
 
-  template <class V> static constexpr void VisitMembers(V&&) {}
+  template <class V> static constexpr void VisitMembers(V&& visit) {
+    visit(descriptionCmd(), &kprC_Step::description, cls_MemberText{"free text about the step"}.Later());
+  }
 
 protected:
   /// Raises the numbered refusal that the member's text names, where it names one.
@@ -65,9 +69,11 @@ protected:
 
 template <> struct omu_EnumTable<kprC_Step::NlgeomEnm> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"OFF", 0}, {"ON", 1}, {"NOT_AVAILABLE", 2}, {nullptr, 0}};
+  static constexpr std::size_t kChoices = 2;
 };
 template <> struct omu_EnumTable<kprC_Step::ResponseEnm> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"STEADY_STATE", 0}, {"TRANSIENT", 1}, {"NOT_APPLICABLE", 2}, {nullptr, 0}};
+  static constexpr std::size_t kChoices = 2;
 };
 template <> struct omu_EnumTable<kprC_Step::SolutionTechniqueEnm> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {

@@ -2,7 +2,6 @@
 
 #include "module/kpr/records/kprC_Damping.h"
 #include "module/kpr/records/kprC_MassScaling.h"
-#include "module/kpr/records/kprC_NumEigen.h"
 #include "module/kpr/steps/kprC_Step.h"
 #include "module/kpr/steps/kprC_StepParameters.h"
 
@@ -173,7 +172,7 @@ struct kprC_ExplicitIntegration {
 
 /// Which eigenvalues are asked for. Bounds that are not given leave the range open.
 struct kprC_EigenRange {
-  kprC_NumEigen numEigen;
+  int numEigen = cls_unsetInteger;  ///< all
   double minEigen = cls_unsetReal;
   double maxEigen = cls_unsetReal;
 

@@ -72,7 +72,7 @@ TEST_F(LoadTypes, RefuseValuesThatTheyCannotHave) {
       {"SurfaceTraction", {{"magnitude", 1.0}, {"directionVector", kNoVector}}, 65},
       {"SurfaceTraction", {{"magnitude", 1.0}, {"follower", false}}, 67},
       {"SurfaceTraction", {{"magnitude", 1.0}, {"traction", "GENERAL"}, {"follower", false}}, -1},
-      {"ShellEdgeLoad", {{"magnitude", 1.0}, {"traction", "MOMENT"}, {"follower", false}}, 67},
+      {"ShellEdgeLoad", {{"magnitude", 1.0}, {"direction", "GENERAL"}, {"traction", "MOMENT"}, {"follower", false}}, 67},
       {"ShellEdgeLoad", {{"magnitude", 1.0}, {"direction", "GENERAL"}, {"follower", false}}, -1},
       {"ShellEdgeLoad", {{"magnitude", 1.0}, {"csys", "Wheel"}, {"userCsys", "Mine"}}, 66},
       {"ShellEdgeLoad", {{"magnitude", 1.0}, {"csys", "(Global)"}, {"userCsys", "Mine"}}, -1},

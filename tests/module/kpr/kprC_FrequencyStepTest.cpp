@@ -118,6 +118,10 @@ TEST(FrequencyStep, TakesAllForANumberOfEigenvalues) {
   Apply(step, {{"numEigen", "ALL"}});
   EXPECT_EQ(step.numEigen, 2147483647);
   EXPECT_THROW(step.SetMember("numEigen", "all"), nex_TextException);
+  Apply(step, {{"blockSize", 7}});
+  Apply(step, {{"blockSize", "DEFAULT"}});
+  EXPECT_EQ(step.blockSize, 2147483647);
+  EXPECT_EQ(step.Member("blockSize"), cls_Value("DEFAULT"));
 }
 
 }  // namespace

