@@ -17,6 +17,8 @@ struct DescribeOptions {
   std::string color;
 };
 
+constexpr std::string_view kDryRun = R"(as every command it takes "dryRun": true, tells what would come of it, and changes nothing)";
+
 std::string Joined(std::vector<std::string> const& texts) {
   std::string joined;
   for (std::string const& text : texts) { joined += (joined.empty() ? "" : ", ") + text; }
@@ -42,6 +44,7 @@ Json ToJson(Description const& description) {
                {"members", std::move(entries)}};
   if (description.createdIn) { json["createdIn"] = *description.createdIn; }
   if (description.carriedInto) { json["carriedInto"] = *description.carriedInto; }
+  if (description.createdIn) { json["inBaseStateOf"] = description.inBaseStateOf; }
   return json;
 }
 
@@ -70,6 +73,8 @@ void Print(Description const& description, bool color) {
   if (!description.commands.empty()) { PrintLabelled("made by", Joined(description.commands), color); }
   if (description.createdIn) { PrintLabelled("created in", Joined(*description.createdIn), color); }
   if (description.carriedInto) { PrintLabelled("carried into", Joined(*description.carriedInto), color); }
+  if (!description.inBaseStateOf.empty()) { PrintLabelled("base state of", Joined(description.inBaseStateOf), color); }
+  if (description.isCommand) { PrintLabelled("dryRun", kDryRun, color); }
   if (description.entries.empty()) { return; }
   std::cout << '\n';
   TextTable table({description.name == description.className ? "member" : "argument", "type", "default", "unit", "meaning"});

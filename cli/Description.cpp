@@ -45,12 +45,17 @@ void AddAdmission(Description& description, cls_Object const& object) {
     }
   };
   sort(kprC_ProcedureType::Initial);
-  for (kprC_ProcedureRow const& row : kprC_procedures) { sort(row.type); }
+  for (kprC_ProcedureRow const& row : kprC_procedures) {
+    sort(row.type);
+    bool const inBaseState = attribute->IsPartOfBaseState() && kprC_Step::Perturbation(row.type);
+    if (inBaseState) { description.inBaseStateOf.push_back(ProcedureText(row.type)); }
+  }
 }
 
 Description OfCommand(CommandInfo const& command) {
   Description description;
   description.name = command.name;
+  description.isCommand = true;
   description.meaning = command.meaning;
   description.entries = command.arguments;
   if (auto const made = Made(command.name)) {

@@ -19,6 +19,9 @@ struct Description {
   std::vector<ArgumentInfo> entries;  ///< arguments of the command, or members of the class
   /// Labels of the procedures in whose steps such an attribute may be created, and of those into which it is carried only.
   std::optional<std::vector<std::string>> createdIn, carriedInto;
+  /// Of those whose steps have such an attribute as part of their base state.
+  std::vector<std::string> inBaseStateOf;
+  bool isCommand = false;
 };
 
 /// The description of a command or class, whatever the case of its letters; refuses an unknown one with the nearest name.

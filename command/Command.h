@@ -130,8 +130,8 @@ void ForEachUnknown(ddr_Model const& model, cls_Object const& object,
 
 /// The commands on objects, in the order of help; those that operations of the model's families are among them.
 std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model);
-/// Every kind of object that commands on objects may name, in the order of help.
-std::vector<std::string> ObjectKinds(ddr_Model const& model);
+/// The kinds of object that the command called \p name may name, in the order of help.
+std::vector<std::string> ObjectKinds(ddr_Model const& model, ObjectCommand const& command, std::string_view name);
 /// Runs a command on the object that it names; false when there is no such command.
 bool RunOnObject(Call& call);
 

@@ -61,14 +61,18 @@ bool RunOnReference(Call& call, ObjectCommand const& command, ReferenceKind cons
   return true;
 }
 
+/// Whether the family's attributes know the command called \p name.
+bool IsKnown(ObjectCommand const& command, kprC_StepAwareRepository const& repository, std::string_view name) {
+  bool const isOperation = command.onAttribute == &PerformOnAttribute;
+  return isOperation ? FindOperation(repository, name) != nullptr : command.onAttribute != nullptr;
+}
+
 bool RunOnAttribute(Call& call, ObjectCommand const& command) {
   ddr_Model const before = call.model;  // the target stays good while the command separates what it changes
   return FindRepository(before, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     std::string const kind = repository.ItemCmd();
     if (!call.arguments.Has(kind)) { return false; }
-    bool const isOperation = command.onAttribute == &PerformOnAttribute;
-    bool const isKnown = isOperation ? FindOperation(repository, call.arguments.Command()) != nullptr : command.onAttribute != nullptr;
-    if (!isKnown) { RefuseKind(call, kind); }
+    if (!IsKnown(command, repository, call.arguments.Command())) { RefuseKind(call, kind); }
     cow_String const name = Named(call, kind);
     kprC_StepDependent const* item = repository.ConstItem(name);
     if (item == nullptr) {
@@ -132,10 +136,13 @@ ObjectCommand const& OperationCommand() {
 
 std::string ObjectText(std::string_view kind, std::string_view name) { return std::string(kind) + " " + Quoted(name); }
 
-std::vector<std::string> ObjectKinds(ddr_Model const& model) {
+std::vector<std::string> ObjectKinds(ddr_Model const& model, ObjectCommand const& command, std::string_view name) {
   std::vector<std::string> kinds;
-  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) { kinds.push_back(repository.ItemCmd()); });
-  kinds.emplace_back(kprC_Step::stepCmd().View());
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) {
+    if (IsKnown(command, repository, name)) { kinds.push_back(repository.ItemCmd()); }
+  });
+  if (command.onStep != nullptr) { kinds.emplace_back(kprC_Step::stepCmd().View()); }
+  if (command.onReference == nullptr) { return kinds; }
   for (ReferenceKind const& kind : ReferenceKinds()) { kinds.emplace_back(kind.kind); }
   return kinds;
 }
@@ -170,7 +177,7 @@ bool RunOnObject(Call& call) {
   if (std::ranges::any_of(ReferenceKinds(), [&](ReferenceKind const& kind) { return RunOnReference(call, *command, kind); })) {
     return true;
   }
-  std::vector<std::string> const kinds = ObjectKinds(call.model);
+  std::vector<std::string> const kinds = ObjectKinds(call.model, *command, call.arguments.Command());
   RefuseUnknown(call.subject, "The object is missing.", "Name it as one of " + QuotedList(kinds, kinds.size()) + ".");
 }
 

@@ -281,9 +281,9 @@ std::vector<NamedHistory> Session::Histories(Touched const& touched) const {
 std::vector<CommandInfo> Session::Commands() {
   std::vector<CommandInfo> infos = StepConstructions();
   for (auto const& more : {AttributeConstructions(), ReferenceConstructions()}) { infos.insert(infos.end(), more.begin(), more.end()); }
-  std::string kinds;
-  for (std::string const& kind : ObjectKinds(ddr_Model())) { kinds += (kinds.empty() ? "" : " | ") + kind; }
   for (ObjectCommand const& command : ObjectCommands(ddr_Model())) {
+    std::string kinds;
+    for (std::string const& kind : ObjectKinds(ddr_Model(), command, command.name)) { kinds += (kinds.empty() ? "" : " | ") + kind; }
     CommandInfo info{std::string(command.name), "objects", std::string(command.meaning), command.arguments};
     info.arguments.insert(info.arguments.begin(), Required(kinds, "name of the object, under its kind"));
     infos.push_back(std::move(info));

@@ -1,32 +1,53 @@
 #include "command/Words.h"
 
+#include <array>
+
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "platform/CoreUtils/thr_Singleton.h"
 
 namespace gattr {
 
 namespace {
-constexpr StatusWord kWords[kStatusCount] = {
-    {"-", "not yet created"},
-    {"created", "begins here"},
-    {"propagated", "carried unchanged from an earlier step"},
-    {"modified", "changed here"},
-    {"deactivated", "switched off here"},
-    {"off", "off since an earlier step"},
-    {"passed over", "the step does not admit this type; it resumes after it"},
-    {"not carried", "exists, but is not carried into this step"},
-    {"in base state", "part of the base state: active, not editable"},
-    {"base state", "the base state's values, unchanged"},
-    {"base modified", "the base state's values, changed here"},
-    {"off here", "switched off for this perturbation step only"},
-    {"built in", "held by the modes: neither active nor editable"},
-    {"initial value", "at the initial value since an earlier reset"},
-    {"initial", "an initial condition in force: active, not editable"},
-    {"reset", "set back to the initial value here"},
+constexpr std::string_view kMeanings[kStatusCount] = {
+    "not yet created",
+    "begins here",
+    "carried unchanged from an earlier step",
+    "changed here",
+    "switched off here",
+    "off since an earlier step",
+    "the step does not admit this type; it resumes after it",
+    "exists, but is not carried into this step",
+    "part of the base state: active, not editable",
+    "the base state's values, unchanged",
+    "the base state's values, changed here",
+    "switched off for this perturbation step only",
+    "held by the modes: neither active nor editable",
+    "at the initial value since an earlier reset",
+    "an initial condition in force: active, not editable",
+    "set back to the initial value here",
 };
+
+/// The statuses' texts in small letters: "passed over" of "PASSED_OVER".
+std::array<std::string, kStatusCount> Lowered() {
+  std::array<std::string, kStatusCount> words;
+  for (unsigned i = 0; i < kStatusCount; ++i) {
+    words[i] = omu_EnumText(omu_EnumTable<mdl_PropagationStatusEnm>::rows, i).View();
+    for (char& c : words[i]) { c = c == '_' ? ' ' : static_cast<char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c); }
+  }
+  words[0] = "-";
+  return words;
+}
 }  // namespace
 
-StatusWord const& WordOf(mdl_PropagationStatusEnm status) { return kWords[static_cast<std::size_t>(status) % kStatusCount]; }
+StatusWord const& WordOf(mdl_PropagationStatusEnm status) {
+  static auto const texts = Lowered();
+  static auto const words = [] {
+    std::array<StatusWord, kStatusCount> made;
+    for (std::size_t i = 0; i < kStatusCount; ++i) { made[i] = {texts[i], kMeanings[i]}; }
+    return made;
+  }();
+  return words[static_cast<std::size_t>(status) % kStatusCount];
+}
 
 std::string ProcedureText(unsigned procedureType) {
   if (procedureType == kprC_ProcedureType::Initial) { return "INITIAL"; }

@@ -7,9 +7,9 @@
 
 namespace gattr {
 
-/// What a status is called, in tables and messages.
+/// What a status is called, in tables and messages: its text in small letters.
 struct StatusWord {
-  std::string_view word;     ///< "created"
+  std::string_view word;     ///< "passed over"; "-" before the creation
   std::string_view meaning;  ///< a sentence part for a legend
 };
 /// All of them, by number.

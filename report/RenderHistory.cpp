@@ -126,7 +126,7 @@ private:
 };
 
 std::string_view CsvWord(mdl_PropagationStatusEnm status) {
-  return status == mdl_PropagationStatusEnm::NotYetCreated ? "not created" : WordOf(status).word;
+  return status == mdl_PropagationStatusEnm::NotYetCreated ? WordOf(status).meaning : WordOf(status).word;
 }
 
 std::string_view CssClass(Style style) {

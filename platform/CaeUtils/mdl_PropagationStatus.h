@@ -26,12 +26,25 @@ enum class DDB_API mdl_PropagationStatusEnm : int {
 
 template <> struct omu_EnumTable<mdl_PropagationStatusEnm> {
   static constexpr bool kStoredByNumber = true;
+  static constexpr std::size_t kChoices = 16;
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {
       {"NOT_YET_CREATED", 0},
       {"CREATED", 1},
       {"PROPAGATED", 2},
       {"MODIFIED", 3},
       {"DEACTIVATED", 4},
+      {"OFF", 5},
+      {"PASSED_OVER", 6},
+      {"NOT_CARRIED", 7},
+      {"IN_BASE_STATE", 8},
+      {"BASE_STATE", 9},
+      {"BASE_MODIFIED", 10},
+      {"OFF_HERE", 11},
+      {"BUILT_IN", 12},
+      {"INITIAL_VALUE", 13},
+      {"INITIAL", 14},
+      {"RESET", 15},
+      // what the first version of the text form called them
       {"INACTIVE_AFTER_DEACTIVATION", 5},
       {"STATUS_6", 6},
       {"STATUS_7", 7},
@@ -39,7 +52,6 @@ template <> struct omu_EnumTable<mdl_PropagationStatusEnm> {
       {"PROPAGATED_FROM_BASE_STATE", 9},
       {"MODIFIED_FROM_BASE_STATE", 10},
       {"STATUS_11", 11},
-      {"BUILT_IN", 12},
       {"STATUS_13", 13},
       {"STATUS_14", 14},
       {"STATUS_15", 15},

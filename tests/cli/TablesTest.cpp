@@ -110,7 +110,11 @@ TEST_F(Tables, DescribeTellsMembersWhateverTheCaseOfTheName) {
   EXPECT_EQ(member(Json::parse(Gattr({"describe", "STATICSTEP", "--format", "json"}).out), "maxNumInc")["default"], 100);
   Json const type = Json::parse(Gattr({"describe", "kbcC_TypeBC", "--format", "json"}).out);
   EXPECT_EQ(type["commands"].size(), 8U);
-  EXPECT_NE(Gattr({"describe", "move"}).out.find("toStepName"), std::string::npos);
+  Ran const move = Gattr({"describe", "move"});
+  EXPECT_NE(move.out.find("toStepName"), std::string::npos);
+  EXPECT_NE(move.out.find("dryRun"), std::string::npos);
+  EXPECT_EQ(move.out.find("| step"), std::string::npos) << "what cannot be moved";
+  EXPECT_EQ(Json::parse(Gattr({"describe", "Pressure", "--format", "json"}).out)["inBaseStateOf"].size(), 10U);
 }
 
 TEST_F(Tables, EverythingThatDescribeListsCanBeDescribed) {

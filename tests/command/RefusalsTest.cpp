@@ -89,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"({"command": "setModelSpace", "space": "THREE_DE"})", kValue, {"\"AXISYMMETRIC\"", "Did you mean \"THREE_D\"?"}},
         Row{R"({"command": "deactivate", "stepName": "Hold"})",
             kKey,
-            {"object is missing", "\"boundaryCondition\", \"interaction\", \"load\", \"step\""}},
+            {"object is missing", "one of \"boundaryCondition\", \"interaction\", \"load\"."}},
         Row{R"({"command": "rename", "step": "Hold", "region": "Die", "newName": "A"})", kKey, {"no argument \"region\""}},
         Row{R"({"command": "deactivate", "step": "Hold"})", kKey, {"\"deactivate\" is no command on a step"}},
         Row{R"({"command": "replace", "boundaryCondition": "Fix"})", kKey, {"no command on a boundaryCondition"}}));

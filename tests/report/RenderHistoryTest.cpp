@@ -75,7 +75,7 @@ TEST(RenderCsv, WritesALinePerAttribute) {
   EXPECT_EQ(Rendered([](auto& out) { RenderCsv(out, Small()); }),
             "name,kind,type,suppressed,Initial,Draw,Modes\r\n"
             "Die,boundaryCondition,EncastreBC,false,created,base state,base state\r\n"
-            "冲头,boundaryCondition,DisplacementBC,true,not created,created,off here\r\n");
+            "冲头,boundaryCondition,DisplacementBC,true,not yet created,created,off here\r\n");
 }
 
 TEST(RenderJson, TellsStatusesByNumber) {

@@ -49,6 +49,7 @@ public:
   virtual void Reset(cow_String const& step);
   /// Moves what \p fromStep says to \p toStep.
   virtual void Move(cow_String const& fromStep, cow_String const& toStep);
+  bool IsPartOfBaseState() const override { return !Pass().asksAdmissionInPerturbation && Pass().perturbation != Pass().notCarried; }
   void UpdateStates() override;
   std::size_t WeightBeside(kprC_StepDependent const* now) const override;
 

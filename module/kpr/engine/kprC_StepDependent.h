@@ -91,6 +91,9 @@ public:
   virtual void Perform(kprC_Operation const& operation, cow_String const& step, cow_String const& toStep) = 0;
   /// Whether the attribute may stand in such a step: created or moved there, or \p carried into it.
   virtual bool Admits(kprC_StepFacts step, bool carried) const = 0;
+  /// Whether perturbation steps have what the last general step ended with as part of their base state, whatever the type: nobody is
+  /// asked for admission there.
+  virtual bool IsPartOfBaseState() const = 0;
   /// Checks again after the procedures of the steps have changed.
   virtual void UpdateStates() = 0;
   /// Re-checks every record against its step; raises the first refusal. Nothing while suppressed.
