@@ -46,6 +46,22 @@ void CheckSteps(ddr_Model const& model, std::vector<Finding>& findings) {
   }
 }
 
+void CheckNamedObjects(ddr_Model const& model, std::vector<Finding>& findings) {
+  ddr_Model trial = model;
+  for (ReferenceKind const& kind : ReferenceKinds()) {
+    mdl_NamedObjects const& objects = kind.In(model);
+    for (cow_String const& name : objects.Keys()) {
+      auto const add = [&](Refusal refusal) {
+        findings.push_back({std::string(kind.kind), std::string(name.View()), {}, std::move(refusal), {}});
+      };
+      cls_Object const& object = *objects.ConstObject(name);
+      if (auto refusal = RefusalBy([&] { kind.In(trial).Put(name, object); })) { add(*std::move(refusal)); }
+      ForEachUnknown(model, object,
+                     [&](ReferenceKind const& of, std::string_view unknown) { add(Unknown(of.kind, unknown)); });
+    }
+  }
+}
+
 /// The checks of one attribute.
 class AttributeCheck {
 public:
@@ -162,6 +178,7 @@ std::vector<Finding> Check(ddr_Model const& model) {
   omu_ChangeHistory& changes = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
   std::size_t const before = changes.Size();  // trials record changes of models that nobody keeps
   CheckSteps(model, findings);
+  CheckNamedObjects(model, findings);
   ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     AttributeCheck check(model, extension, repository, findings);
     repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) { check.Run(name, item); });

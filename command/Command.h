@@ -122,6 +122,8 @@ void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& na
 /// model does not have: by the number of \p repository's family where that has one.
 void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, std::vector<MemberArgument> const& settable,
                        kprC_Arguments& members);
+/// Sets members of a step, or of what is referred to by name, and refuses one that names what the model does not have.
+void SetObjectMembers(Call& call, cls_Object& object, kprC_Arguments members);
 /// The family's refusal of a name of that kind that the model does not have; nothing where it has no number for it.
 std::optional<int> UnknownCode(kprC_EditRefusalCodes const& codes, cls_Reference reference);
 /// Calls \p visit for what \p object names, each name of a kind once, that the model keeps no object of.

@@ -19,9 +19,10 @@ std::string ShownValue(cls_Value const& value) {
   return value.IsNull() ? "null" : "an object";
 }
 
-/// Whether the member is a list of objects that are given as named members.
-bool IsOfObjects(cls_MemberInfo const& info) {
-  return info.many && info.kind == cls_MemberKind::Object && info.typeId != rgnC_Region::TypeId();
+/// Whether the member is an object, or a list of objects, that are given as named members: none that goes by a name.
+bool IsOfObjects(cls_MemberInfo const& info) { return info.kind == cls_MemberKind::Object && info.refers == cls_Reference::None; }
+bool GivesObjects(cls_MemberInfo const& info, cls_Value const& value) {
+  return IsOfObjects(info) && (info.many ? value.As<cls_Value::List>() != nullptr : value.As<cls_Value::Fields>() != nullptr);
 }
 
 /// Whether \p object, a copy made for the trial, takes the value.
@@ -34,7 +35,7 @@ bool Takes(cls_Object& object, std::string_view member, cls_Value const& value) 
 }
 
 [[noreturn]] void RefuseMember(Subject& subject, MemberArgument const& member, cls_Value const& value, std::exception const& error) {
-  if (IsOfObjects(*member.info) && value.As<cls_Value::List>() != nullptr) {  // the refusal names what is wrong in which object
+  if (GivesObjects(*member.info, value)) {  // the refusal names what is wrong in which object
     RefuseValue(subject, Quoted(member.argument) + ": " + RefusalOf(error).message);
   }
   std::string hint;
@@ -131,7 +132,10 @@ std::string ExpectedValue(cls_MemberInfo const& info) {
     case cls_MemberKind::Boolean: expected = "true or false"; break;
     case cls_MemberKind::Enumerated: expected = "one of " + QuotedList(info.permissible, info.permissible.size()); break;
     case cls_MemberKind::Object:
-      expected = info.typeId == rgnC_Region::TypeId() ? "the name of a region" : info.many ? "an object with named members" : "a name";
+      expected = info.typeId == rgnC_Region::TypeId() ? "the name of a region"
+                 : info.many                          ? "an object with named members"
+                 : IsOfObjects(info)                  ? "an object with named members, or null"
+                                                      : "a name";
       break;
   }
   if (info.many) { expected = (info.table ? "a list of rows of one length, each value " : "a list, each ") + expected; }
@@ -156,7 +160,7 @@ void FitNull(cls_MemberInfo const& info, cls_Value& value) {
   if (!value.IsNull()) { return; }
   if (info.propagating) {
     value = "UNSET";
-  } else if (info.kind == cls_MemberKind::String || info.kind == cls_MemberKind::Object) {
+  } else if (info.kind == cls_MemberKind::String || (info.kind == cls_MemberKind::Object && !IsOfObjects(info))) {
     value = "";
   }
 }

@@ -60,12 +60,12 @@ bool Names(cls_Object const& object, cls_Reference reference, std::string_view n
   return found;
 }
 
-/// An attribute by its repository's member name and its own; a step where the first is empty.
+/// An attribute, or what others refer to by name, by the member name of what holds it and its own; a step where the first is empty.
 struct User {
   cow_String extension, name;
 };
 
-/// The attributes and then the steps that name the object.
+/// The attributes, then the steps, then of what is referred to by name itself that which names the object.
 std::vector<User> UsersOf(ddr_Model const& model, ReferenceKind const& kind, std::string_view name) {
   std::vector<User> users;
   ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
@@ -77,7 +77,24 @@ std::vector<User> UsersOf(ddr_Model const& model, ReferenceKind const& kind, std
   for (std::size_t i = 0; i < steps.Size(); ++i) {
     if (Names(steps.Step(i), kind.reference, name)) { users.push_back({cow_String(), steps.Name(i)}); }
   }
+  for (ReferenceKind const& other : kKinds) {
+    for (cow_String const& user : other.In(model).Keys()) {
+      if (Names(*other.In(model).ConstObject(user), kind.reference, name)) { users.push_back({cow_String(other.extension), user}); }
+    }
+  }
   return users;
+}
+
+/// The repository of an attribute that is a user; null where the user is something else.
+kprC_StepAwareRepository const* RepositoryOf(ddr_Model const& model, User const& user) {
+  return dynamic_cast<kprC_StepAwareRepository const*>(model.ConstExtension(user.extension));
+}
+
+/// 'boundaryCondition "Fix"'.
+std::string TextOf(ddr_Model const& model, User const& user) {
+  if (user.extension.IsEmpty()) { return ObjectText(kprC_Step::stepCmd(), user.name); }
+  if (auto const* repository = RepositoryOf(model, user)) { return ObjectText(repository->ItemCmd(), user.name); }
+  return ObjectText(std::ranges::find(kKinds, user.extension.View(), &ReferenceKind::extension)->kind, user.name);
 }
 
 /// Has the users of an object follow it to its new name, or to what it is now.
@@ -90,6 +107,13 @@ void Redirect(Call& call, std::vector<User> const& users, cls_Redirection const&
       own.NewUid();
       cls_Redirect(own.MemberRows(), &own, to);
       kprC_ReplaceStep(call.model, user.name, step);
+      continue;
+    }
+    if (RepositoryOf(call.model, user) == nullptr) {
+      auto& objects = call.model.Get<mdl_NamedObjects>(user.extension);
+      std::unique_ptr<cls_Object> const object = objects.ConstObject(user.name)->Copy();
+      cls_Redirect(object->MemberRows(), object.get(), to);
+      objects.Put(user.name, *object);
       continue;
     }
     auto& repository = call.model.Get<kprC_StepAwareRepository>(user.extension);
@@ -211,6 +235,16 @@ void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, s
   }
 }
 
+void SetObjectMembers(Call& call, cls_Object& object, kprC_Arguments members) {
+  std::vector<MemberArgument> const settable = MemberArguments(object);
+  SetMembers(call.subject, object, settable, members);
+  ResolveReferences(call, nullptr, settable, members);
+  for (auto& [name, value] : members) {  // what is held whole is complete now
+    FitNull(*FindArgument(settable, name)->info, value);
+    object.SetMember(name, value);
+  }
+}
+
 void ForEachUnknown(ddr_Model const& model, cls_Object const& object,
                     std::function<void(ReferenceKind const& kind, std::string_view name)> const& visit) {
   std::set<std::pair<cls_Reference, std::string>> told;
@@ -240,21 +274,21 @@ bool ConstructReference(Call& call) {
   cow_String const name = FreeName(call, kName, kind);
   call.subject.object = Quoted(name);
   std::unique_ptr<cls_Object> const object = declaration->make();
-  SetMembers(call.subject, *object, MemberArguments(*object), call.arguments.Rest());
+  SetObjectMembers(call, *object, call.arguments.Rest());
   kind.In(call.model).Put(name, *object);
   return true;
 }
 
 void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const& name) {
   std::unique_ptr<cls_Object> const object = Referred(call, kind, name).Copy();
-  SetMembers(call.subject, *object, MemberArguments(*object), call.arguments.Rest());
+  SetObjectMembers(call, *object, call.arguments.Rest());
   kind.In(call.model).Put(name, *object);
   std::vector<User> const users = UsersOf(call.model, kind, name);
   if (kind.reference == cls_Reference::Region) { Redirect(call, users, {kind.reference, name, name, object.get()}); }
   for (User const& user : users) {
-    if (user.extension.IsEmpty()) { continue; }
-    auto const& repository = call.model.ConstGet<kprC_StepAwareRepository>(user.extension);
-    AskOther(call, repository, user.name, [&] { AssertInModel(call, *repository.ConstItem(user.name)); });
+    auto const* repository = RepositoryOf(call.model, user);
+    if (repository == nullptr) { continue; }
+    AskOther(call, *repository, user.name, [&] { AssertInModel(call, *repository->ConstItem(user.name)); });
   }
 }
 
@@ -272,12 +306,7 @@ void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& na
 void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
   call.arguments.AssertNoRest({});
   std::vector<std::string> users;
-  for (User const& user : UsersOf(call.model, kind, name)) {
-    bool const isStep = user.extension.IsEmpty();
-    users.push_back(ObjectText(
-        isStep ? std::string(kprC_Step::stepCmd().View()) : call.model.ConstGet<kprC_StepAwareRepository>(user.extension).ItemCmd(),
-        user.name));
-  }
+  for (User const& user : UsersOf(call.model, kind, name)) { users.push_back(TextOf(call.model, user)); }
   if (!users.empty()) {
     std::string text = "The " + ObjectText(kind.kind, name) + " cannot be deleted: it is in use by ";
     constexpr std::size_t kShown = 8;

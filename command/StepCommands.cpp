@@ -58,10 +58,7 @@ void SetStepMembers(Call& call, kprC_Step& step, kprC_Arguments members) {
     call.subject.hint = R"("replace" gives a step another procedure.)";
     kprC_Assert(false, kprC_ErrorEnm::MaintainAttributesOnCreation);
   }
-  std::vector<MemberArgument> const settable = MemberArguments(step);
-  SetMembers(call.subject, step, settable, members);
-  ResolveReferences(call, nullptr, settable, members);
-  for (auto const& [name, value] : members) { step.SetMember(name, value); }  // what is held whole is complete now
+  SetObjectMembers(call, step, std::move(members));
 }
 
 /// A step by its construction command with the members that are left of the call's arguments, and those of \p before, which may be

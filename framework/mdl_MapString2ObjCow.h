@@ -64,7 +64,7 @@ public:
   virtual bool Remove(cow_String const& name) = 0;
 };
 
-/// A plain map from name to object as an extension of the model.
+/// A plain map from name to object as an extension of the model; its objects may be of classes that extend \p T.
 template <class T> class mdl_MapString2ObjCow final : public cls_Persistent<mdl_MapString2ObjCow<T>, mdl_NamedObjects> {
 public:
   using Handle = cow_Handle<T>;
@@ -77,7 +77,7 @@ public:
   bool Remove(cow_String const& name) override { return map_.Remove(name); }
   cls_Object const* ConstObject(std::string_view name) const override { return ConstGet(name); }
   void Put(cow_String const& name, cls_Object const& object) override {
-    Handle copy = Handle::Make(dynamic_cast<T const&>(object));
+    Handle copy(std::unique_ptr<T>(static_cast<T*>(dynamic_cast<T const&>(object).Copy().release())));
     T& own = copy.Get();
     own.SetMember("name", std::string(name.View()));
     if constexpr (requires { own.AssertValid(); }) { own.AssertValid(); }
