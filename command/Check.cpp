@@ -56,8 +56,7 @@ void CheckNamedObjects(ddr_Model const& model, std::vector<Finding>& findings) {
       };
       cls_Object const& object = *objects.ConstObject(name);
       if (auto refusal = RefusalBy([&] { kind.In(trial).Put(name, object); })) { add(*std::move(refusal)); }
-      ForEachUnknown(model, object,
-                     [&](ReferenceKind const& of, std::string_view unknown) { add(Unknown(of.kind, unknown)); });
+      ForEachUnknown(model, object, [&](ReferenceKind const& of, std::string_view unknown) { add(Unknown(of.kind, unknown)); });
     }
   }
 }

@@ -20,10 +20,10 @@ struct Finding {
 };
 
 /// Everything that is wrong in a model that is to be solved: procedures that may not follow each other, step parameters,
-/// objects that others refer to by name, attributes that are not valid in their steps (suppressed ones as if they were resumed) or do not go with the model's space
-/// and connectors, names that the model does not have, and histories that are not what their steps give. Steps first, in
-/// order, then what is referred to by name, then the attributes in the order of their names, then, as notes, the regions that deleted steps have left without an
-/// owner. The model is not changed. Linear in the records.
+/// objects that others refer to by name, attributes that are not valid in their steps (suppressed ones as if they were resumed) or do not
+/// go with the model's space and connectors, names that the model does not have, and histories that are not what their steps give. Steps
+/// first, in order, then what is referred to by name, then the attributes in the order of their names, then, as notes, the regions that
+/// deleted steps have left without an owner. The model is not changed. Linear in the records.
 std::vector<Finding> Check(ddr_Model const& model);
 
 }  // namespace gattr

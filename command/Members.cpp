@@ -21,9 +21,6 @@ std::string ShownValue(cls_Value const& value) {
 
 /// Whether the member is an object, or a list of objects, that are given as named members: none that goes by a name.
 bool IsOfObjects(cls_MemberInfo const& info) { return info.kind == cls_MemberKind::Object && info.refers == cls_Reference::None; }
-bool GivesObjects(cls_MemberInfo const& info, cls_Value const& value) {
-  return IsOfObjects(info) && (info.many ? value.As<cls_Value::List>() != nullptr : value.As<cls_Value::Fields>() != nullptr);
-}
 
 /// Whether \p object, a copy made for the trial, takes the value.
 bool Takes(cls_Object& object, std::string_view member, cls_Value const& value) {
@@ -35,7 +32,15 @@ bool Takes(cls_Object& object, std::string_view member, cls_Value const& value) 
 }
 
 [[noreturn]] void RefuseMember(Subject& subject, MemberArgument const& member, cls_Value const& value, std::exception const& error) {
-  if (GivesObjects(*member.info, value)) {  // the refusal names what is wrong in which object
+  auto const* const fields = IsOfObjects(*member.info) ? value.As<cls_Value::Fields>() : nullptr;
+  cls_ClassMetadata const* const type = fields == nullptr ? nullptr : cls_MetadataRegistrar::Registrar().Find(member.info->typeId);
+  if (type != nullptr && type->make != nullptr) {  // the member of the object is to blame
+    std::unique_ptr<cls_Object> const object = type->make();
+    subject.member = member.argument;
+    subject.atFault = true;
+    ExplainRefusal(subject, *object, MemberArguments(*object), *fields, error);
+  }
+  if (IsOfObjects(*member.info) && value.As<cls_Value::List>() != nullptr) {  // the refusal names what is wrong in which object
     RefuseValue(subject, Quoted(member.argument) + ": " + RefusalOf(error).message);
   }
   std::string hint;

@@ -6,6 +6,7 @@
 #include "command/Command.h"
 #include "framework/ddr_ModelMembers.h"
 #include "module/kfd/kfdC_Field.h"
+#include "module/kin/kinC_Properties.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/records/kprC_TimePoint.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
@@ -25,6 +26,9 @@ constexpr ReferenceKind kKinds[] = {
     {cls_Reference::TimePoint, "timePoint", kprC_TimePoint::repositoryCmd(), "There are"},
     {cls_Reference::CoordinateSystem, "coordinateSystem", ddr_Model::coordinateSystemsCmd(), "There are"},
     {cls_Reference::Axis, "axis", ddr_Model::axesCmd(), "There are"},
+    {cls_Reference::Property, kinC_InteractionProperty::interactionPropertyCmd(), kinC_InteractionProperty::interactionPropertiesCmd(),
+     "There are"},
+    {cls_Reference::ContactControls, kinC_ContactControls::contactControlsCmd(), kinC_ContactControls::contactControlsCmd(), "There are"},
 };
 
 /// A command that declares an object.
@@ -50,6 +54,20 @@ constexpr Declaration kDeclarations[] = {
      &Make<kprC_TimePoint>},
     {"DatumCsys", cls_Reference::CoordinateSystem, "declares a coordinate system that attributes refer to by its name", &Make<dtmC_Datum>},
     {"DatumAxis", cls_Reference::Axis, "declares an axis that attributes refer to by its name", &Make<dtmC_Datum>},
+    {kinC_ContactProperty::constructorCmd(), cls_Reference::Property, "creates a property of contact: how surfaces behave that touch",
+     &Make<kinC_ContactProperty>},
+    {kinC_FilmConditionProp::constructorCmd(), cls_Reference::Property,
+     "creates a property of film conditions: the heat that a surface gives to a fluid", &Make<kinC_FilmConditionProp>},
+    {kinC_ActuatorSensorProp::constructorCmd(), cls_Reference::Property,
+     "creates a property of actuators and sensors: what their user element is given", &Make<kinC_ActuatorSensorProp>},
+    {kinC_AcousticImpedanceProp::constructorCmd(), cls_Reference::Property,
+     "creates a property of acoustic impedances: how a surface answers to sound", &Make<kinC_AcousticImpedanceProp>},
+    {kinC_IncidentWaveProperty::constructorCmd(), cls_Reference::Property,
+     "creates a property of incident waves: how they travel and decay", &Make<kinC_IncidentWaveProperty>},
+    {kinC_StdContactControls::constructorCmd(), cls_Reference::ContactControls,
+     "creates controls of contact pairs that are solved by equilibrium iterations", &Make<kinC_StdContactControls>},
+    {kinC_ExpContactControls::constructorCmd(), cls_Reference::ContactControls, "creates controls of contact pairs in explicit steps",
+     &Make<kinC_ExpContactControls>},
 };
 
 bool Names(cls_Object const& object, cls_Reference reference, std::string_view name) {

@@ -1,6 +1,7 @@
 #include "module/kin/Types.h"
 
 #include "module/kin/kinC_Interactions.h"
+#include "module/kin/kinC_Properties.h"
 #include "module/kin/kinC_module.h"
 
 namespace {

@@ -4,6 +4,7 @@
 
 class ddr_Model;
 template <class T> class kprC_PropagatingContainer;
+template <class T> class mdl_MapString2ObjCow;
 template <class S> class kprC_PropagatingState;
 template <class Owner, class Member, int Dimension> class ddr_MemberShortcut;
 

@@ -13,6 +13,7 @@
 #include "module/kbc/kbcC_TypeBC.h"
 #include "module/kfd/kfdC_Field.h"
 #include "module/kin/kinC_Interactions.h"
+#include "module/kin/kinC_Properties.h"
 #include "module/klo/kloC_Loads.h"
 #include "module/kpr/model/kprC_StepContainer.h"
 #include "module/kpr/records/kprC_TimePoint.h"

@@ -29,7 +29,12 @@ cls_Value NamedMembers(unsigned typeId) {
   if (type == nullptr || type->make == nullptr) { return "name"; }
   std::unique_ptr<cls_Object> const object = type->make();
   cls_Value::Fields members;
-  for (cls_MemberInfo const& info : type->members) { members.emplace_back(info.name, AnotherValue(info, object->Member(info.name))); }
+  for (cls_MemberInfo const& info : type->members) {
+    cls_Value value = AnotherValue(info, object->Member(info.name));
+    if (info.many) { value = cls_Value::List{value}; }
+    if (info.table) { value = cls_Value::List{value}; }
+    members.emplace_back(info.name, value);
+  }
   return members;
 }
 

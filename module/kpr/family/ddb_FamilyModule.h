@@ -21,10 +21,10 @@ void ddb_EnterFamily(int& count, unsigned number, std::string_view extension, ne
   });
 }
 
-/// Stop of a family's module, mirroring its start.
-template <class Attribute> void ddb_LeaveFamily(int& count, unsigned number, std::string_view extension) {
+/// Stop of a family's module, mirroring its start; \p extensions are the repository and what else the module offers to models.
+template <class Attribute, class... Extensions> void ddb_LeaveFamily(int& count, unsigned number, Extensions const&... extensions) {
   ddb_LeaveModule<Attribute>(count, number, [&] {
     thr_GlobalSingleton<nex_Catalogues>::Instance().Withdraw(Attribute::kModule);
-    mdl_ExtensionSubject::UnregisterExtension(extension);
+    (mdl_ExtensionSubject::UnregisterExtension(extensions), ...);
   });
 }
