@@ -8,6 +8,7 @@
 #include "cli/Program.h"
 #include "command/Check.h"
 #include "report/TextTable.h"
+#include "text/Text.h"
 
 namespace gattr::cli {
 namespace {
@@ -19,16 +20,33 @@ struct CheckOptions {
 };
 
 Json ToJson(Finding const& finding) {
-  return {{"kind", finding.kind},
+  return {{"id", finding.Row().id},
+          {"severity", SeverityText(finding.Row().severity)},
+          {"object", finding.kind + " " + Quoted(finding.name)},
+          {"kind", finding.kind},
           {"name", finding.name},
           {"step", finding.step},
+          {"member", finding.member},
           {"suppressed", finding.suppressed},
-          {"note", finding.note},
           {"module", finding.refusal.module},
           {"code", finding.refusal.code},
           {"exception", finding.refusal.exception},
           {"message", finding.refusal.message},
-          {"detail", finding.detail}};
+          {"detail", finding.detail},
+          {"hint", finding.hint}};
+}
+
+Style StyleOf(Severity severity) {
+  return severity == Severity::Error ? Style::Off : severity == Severity::Warning ? Style::Changed : Style::Faint;
+}
+
+/// What is wrong, with the member and the number, and what would do.
+std::string MessageText(Finding const& finding) {
+  std::string text = finding.member.empty() ? "" : Quoted(finding.member) + ": ";
+  text += finding.refusal.message;
+  if (finding.refusal.code >= 0) { text += " [" + finding.refusal.module + " " + std::to_string(finding.refusal.code) + "]"; }
+  for (std::string const& more : {finding.detail, finding.hint}) { text += (more.empty() ? "" : " ") + more; }
+  return finding.suppressed ? text + " (suppressed)" : text;
 }
 
 int RunCheck(CheckOptions const& options) {
@@ -40,21 +58,20 @@ int RunCheck(CheckOptions const& options) {
   } else if (findings.empty()) {
     std::cout << "nothing found\n";
   } else {
-    TextTable table({"object", "name", "step", "module", "code", "message"});
+    TextTable table({"id", "severity", "object", "name", "step", "message"});
     for (Finding const& finding : findings) {
-      std::string message = finding.refusal.message;
-      if (!finding.detail.empty()) { message += " " + finding.detail; }
-      if (finding.suppressed) { message += " (suppressed)"; }
-      table.Add({{finding.kind, Style::Faint},
+      Severity const severity = finding.Row().severity;
+      table.Add({{finding.Row().id, Style::Faint},
+                 {SeverityText(severity), StyleOf(severity)},
+                 {finding.kind, Style::Faint},
                  {finding.name, Style::Strong},
                  finding.step,
-                 {finding.refusal.module, Style::Faint},
-                 {finding.refusal.code < 0 ? "-" : std::to_string(finding.refusal.code), Style::Off},
-                 message});
+                 MessageText(finding)});
     }
     table.Print(std::cout, TerminalWidth(), UseColor(options.color));
   }
-  return std::ranges::all_of(findings, &Finding::note) ? kDone : kRefused;
+  bool const inTheWay = std::ranges::any_of(findings, [](Finding const& found) { return found.Row().severity == Severity::Error; });
+  return inTheWay ? kRefused : kDone;
 }
 
 }  // namespace
@@ -66,9 +83,11 @@ void AddCheck(CLI::App& program, Action& action) {
   AddFormat(command, options->format, {"text", "json"});
   AddColor(command, options->color);
   command.footer(
-      R"(Steps that may not follow each other, parameters out of range, attributes where their type is not admitted, and names that
-the model does not have: each with its object, step, module, code and message. Regions that deleted steps have left behind are
-noted. Exit status 1 when something is found that is more than a note.
+      R"(Errors stand in the way of solving the model: steps that may not follow each other, parameters out of range, attributes where
+their type is not admitted, names that the model does not have. Warnings tell what is allowed and hardly meant: an attribute
+that acts on nothing, on a set where its type loads surfaces, that prescribes nothing, or what another one prescribes too. Notes
+are worth knowing. Each has an identifier that stays, its object, step and member, and what would do; docs/check.md lists them.
+Exit status 1 for errors, 0 for warnings and notes alone.
 
 Example: gattr check forming.gadb --format json)");
   command.callback([options, &action] { action = [options] { return RunCheck(*options); }; });

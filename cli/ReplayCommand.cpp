@@ -90,7 +90,9 @@ public:
       command = reader_.Next();
     } catch (JournalError const& error) {
       progress_.Clear();
-      Trace(error.Line(), nullptr, Outcome{false, {"", -1, "", error.what()}, true, error.what(), {}});
+      Outcome unreadable;
+      unreadable.refused.message = error.what();
+      Trace(error.Line(), nullptr, unreadable);
       throw;
     }
     if (!command) { return std::nullopt; }
@@ -98,7 +100,7 @@ public:
     ++(outcome.ok ? done_ : refused_);
     auto const name = command->find("command");
     Trace(reader_.Line(), name == command->end() ? Json() : *name, outcome);
-    if (!outcome.ok) {
+    if (!outcome.message.empty()) {
       progress_.Clear();
       std::cout.flush();
       Tell(fmt::format("gattr: {}, line {}: {}\n", Shown(journal_.Name()), reader_.Line(), Shown(outcome.message)));
@@ -117,10 +119,11 @@ private:
     if (outcome.ok) {
       Json& histories = told["history"] = Json::object();
       for (auto const& [name, statuses] : outcome.history) { histories[name] = statuses; }
+      if (!outcome.changed) { told["changed"] = false; }
     } else {
       Refusal const& refused = outcome.refused;
-      told["refused"] = {
-          {"module", refused.module}, {"code", refused.code}, {"exception", refused.exception}, {"message", refused.message}};
+      told["refused"] = {{"module", refused.module}, {"code", refused.code}, {"exception", refused.exception}, {"message", refused.message},
+                         {"object", outcome.object}, {"step", outcome.step}, {"member", outcome.member},       {"hint", outcome.hint}};
     }
     std::cout << JsonLine(told) << '\n';
   }

@@ -44,10 +44,10 @@ Members Sorted(Call& call, std::vector<MemberArgument> ownArguments, cls_Object 
   members.state.reserve(rest.size());
   for (auto& [name, value] : rest) {
     if (MemberArgument const* own = FindArgument(members.ownArguments, name)) {
-      FitNull(*own->info, value);
+      FitNull(call.subject, *own, value);
       members.own.emplace_back(std::move(name), std::move(value));
     } else if (MemberArgument const* ofState = FindArgument(members.stateArguments, name)) {
-      FitNull(*ofState->info, value);
+      FitNull(call.subject, *ofState, value);
       members.state.emplace_back(std::move(name), std::move(value));
     } else {
       std::vector<std::string> known = ArgumentNames(members.ownArguments);

@@ -1,10 +1,13 @@
 #include "command/Check.h"
 
+#include <cstdio>
 #include <functional>
 #include <optional>
 #include <utility>
 
 #include "command/Command.h"
+#include "command/Hints.h"
+#include "command/Warnings.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
@@ -34,15 +37,21 @@ void CheckSteps(ddr_Model const& model, std::vector<Finding>& findings) {
   kprC_StepSequencer sequencer(true);
   for (std::size_t i = 0; i < steps.Size(); ++i) {
     std::string const name(steps.Name(i).View());
-    auto const add = [&](Refusal refusal, std::string detail) {
-      findings.push_back({kind, name, name, std::move(refusal), std::move(detail)});
+    auto const add = [&](FindingKind found, Refusal refusal) -> Finding& {
+      return findings.emplace_back(Finding{found, kind, name, name, {}, std::move(refusal), {}, {}, false});
     };
     if (i > 0) {
       unsigned const type = steps.Step(i).ProcedureType();
-      if (auto refusal = RefusalBy([&] { sequencer.Append(type); })) { add(*std::move(refusal), sequencer.WhyNot(type)); }
+      auto refusal = RefusalBy([&] { sequencer.Append(type); });
+      if (refusal) { add(FindingKind::StepSequence, *std::move(refusal)).detail = sequencer.WhyNot(type); }
     }
-    if (auto refusal = RefusalBy([&] { steps.Step(i).AssertValid(); })) { add(*std::move(refusal), {}); }
-    ForEachUnknown(model, steps.Step(i), [&](ReferenceKind const& of, std::string_view unknown) { add(Unknown(of.kind, unknown), {}); });
+    if (auto refusal = RefusalBy([&] { steps.Step(i).AssertValid(); })) {
+      int const code = refusal->code;
+      add(FindingKind::StepParameters, *std::move(refusal)).hint = ParameterHint(steps.Step(i), steps.Table(), code);
+    }
+    ForEachUnknown(model, steps.Step(i), [&](ReferenceKind const& of, std::string_view unknown, std::string_view member) {
+      add(FindingKind::UnknownName, Unknown(of.kind, unknown)).member = member;
+    });
   }
 }
 
@@ -77,12 +86,18 @@ public:
     name_ = name.View();
     suppressed_ = item.IsSuppressed();
     if (item.CreateStepName().IsEmpty()) {
-      return Add({"", -1, "", "No step creates it: its creation has been removed."}, {}, "setValuesInStep creates it anew.");
+      Refusal removed{"", -1, "", "No step creates it: its creation has been removed."};
+      Add(FindingKind::NotCreated, std::move(removed)).hint = "\"setValuesInStep\" creates it anew.";
+      return;
     }
     auto const again = Copy(item);
     auto const refusal = RefusalBy([&] { suppressed_ ? again->Resume() : item.AssertValid(); });
-    if (refusal) { Add(*refusal, FirstInvalidStep(*Copy(item))); }
-    if (auto const inModel = RefusalBy([&] { item.AssertInModel(model_); })) { Add(*inModel, {}); }
+    if (refusal) {
+      Finding& finding = Add(FindingKind::NotValid, *refusal);
+      finding.step = FirstInvalidStep(*Copy(item));
+      finding.hint = AdmissionHint(item, steps_.Table(), cow_String(finding.step));
+    }
+    if (auto const inModel = RefusalBy([&] { item.AssertInModel(model_); })) { Add(FindingKind::NotInModel, *inModel); }
     CheckReferences(item);
     CheckHistory(item);
   }
@@ -92,8 +107,8 @@ private:
     return std::unique_ptr<kprC_StepDependent>(dynamic_cast<kprC_StepDependent*>(item.Copy().release()));
   }
 
-  void Add(Refusal refusal, std::string step, std::string detail = {}) {
-    findings_.push_back({kind_, name_, std::move(step), std::move(refusal), std::move(detail), suppressed_});
+  Finding& Add(FindingKind found, Refusal refusal) {
+    return findings_.emplace_back(Finding{found, kind_, name_, {}, {}, std::move(refusal), {}, {}, suppressed_});
   }
   /// The shortest beginning of the step sequence in which the attribute is refused ends with the step at fault: what a record
   /// holds follows from the steps up to its own.
@@ -126,19 +141,20 @@ private:
   }
 
   void CheckReferences(kprC_StepDependent const& item) {
-    ForEachUnknown(model_, item, [&](ReferenceKind const& kind, std::string_view name) {
-      Refusal unknown = Unknown(kind.kind, name);
+    ForEachUnknown(model_, item, [&](ReferenceKind const& kind, std::string_view name, std::string_view member) {
+      Finding& finding = Add(FindingKind::UnknownName, Unknown(kind.kind, name));
+      finding.member = member;
       if (auto const code = UnknownCode(repository_.EditRefusals(), kind.reference)) {
-        Add(*RefusalBy([&] { repository_.Refuse(*code); }), {}, unknown.message);
-      } else {
-        Add(std::move(unknown), {});
+        finding.detail = std::exchange(finding.refusal, *RefusalBy([&] { repository_.Refuse(*code); })).message;
       }
     });
   }
 
   /// Compares with the history that the model's steps give to a copy.
   void CheckHistory(kprC_StepDependent const& item) {
-    auto const add = [&](std::string text, std::string step) { Add({"", -1, "nex_TextException", std::move(text)}, std::move(step)); };
+    auto const add = [&](std::string text, std::string step) {
+      Add(FindingKind::OtherHistory, {"", -1, "nex_TextException", std::move(text)}).step = std::move(step);
+    };
     if (!item.Steps().SameNames(steps_.Table())) { return add("The history is not of the model's steps.", {}); }
     auto const unchecked = Copy(item);
     unchecked->Suppress();  // what is not valid is told already
@@ -172,6 +188,26 @@ private:
 
 }  // namespace
 
+std::string_view SeverityText(Severity severity) {
+  constexpr std::string_view kTexts[] = {"error", "warning", "note"};
+  return kTexts[static_cast<std::size_t>(severity)];
+}
+
+std::vector<FindingRow> const& FindingRows() {
+  static std::vector<FindingRow> const rows = [] {
+    auto const id = [](int number) {
+      char text[16];
+      std::snprintf(text, sizeof text, "GA%03d", number);
+      return std::string(text);
+    };
+    return std::vector<FindingRow>{
+#define FINDING(number, name, severity, meaning) {id(number), Severity::severity, meaning},
+#include "command/Findings.def"
+    };
+  }();
+  return rows;
+}
+
 std::vector<Finding> Check(ddr_Model const& model) {
   std::vector<Finding> findings;
   omu_ChangeHistory& changes = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
@@ -180,11 +216,24 @@ std::vector<Finding> Check(ddr_Model const& model) {
   CheckNamedObjects(model, findings);
   ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     AttributeCheck check(model, extension, repository, findings);
-    repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) { check.Run(name, item); });
+    Warnings warnings(repository, findings);
+    repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
+      check.Run(name, item);
+      warnings.LookAt(item);
+    });
+    warnings.LookAtAll();
     for (rgnC_Region const& region : repository.Dangling()) {
       std::string const kind = region.Type() == rgnC_Surface ? "surface" : "set";
       Refusal left{"", -1, "", "No " + repository.ItemCmd() + " acts on the " + kind + " any more: what did went with its step."};
-      findings.push_back({kind, std::string(region.Name().View()), {}, std::move(left), {}, false, true});
+      findings.push_back({FindingKind::DanglingRegion,
+                          kind,
+                          std::string(region.Name().View()),
+                          {},
+                          {},
+                          std::move(left),
+                          {},
+                          "\"releaseDanglingRegions\" lets go of it.",
+                          false});
     }
   });
   changes.TruncateTo(before);

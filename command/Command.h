@@ -126,9 +126,10 @@ void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, s
 void SetObjectMembers(Call& call, cls_Object& object, kprC_Arguments members);
 /// The family's refusal of a name of that kind that the model does not have; nothing where it has no number for it.
 std::optional<int> UnknownCode(kprC_EditRefusalCodes const& codes, cls_Reference reference);
-/// Calls \p visit for what \p object names, each name of a kind once, that the model keeps no object of.
+/// Calls \p visit for what \p object names, each name of a kind once, that the model keeps no object of; \p member is what commands
+/// call the member that names it, empty for one that they do not set.
 void ForEachUnknown(ddr_Model const& model, cls_Object const& object,
-                    std::function<void(ReferenceKind const& kind, std::string_view name)> const& visit);
+                    std::function<void(ReferenceKind const& kind, std::string_view name, std::string_view member)> const& visit);
 
 /// The commands on objects, in the order of help; those that operations of the model's families are among them.
 std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model);
@@ -151,6 +152,16 @@ template <class Visit> void ForEachRepository(ddr_Model const& model, Visit&& vi
     visit(member, repository);
     return false;
   });
+}
+
+/// What commands call a member.
+inline std::string_view ArgumentName(cls_MemberRow const& row) { return row.text.command.empty() ? row.name : row.text.command; }
+/// Calls \p visit(row, kind, name, whole) for what the members of \p object name.
+template <class Visit> void ForEachNamed(cls_Object const& object, Visit&& visit) {
+  for (cls_MemberRow const& row : object.MemberRows()) {
+    cls_ForEachReference({&row, 1}, &object,
+                         [&](cls_Reference kind, std::string_view name, cls_Object const* whole) { visit(row, kind, name, whole); });
+  }
 }
 
 /// The names of a list as texts.

@@ -105,6 +105,11 @@ std::string_view Wanted(kprC_ErrorEnm code) {
 
 }  // namespace
 
+std::string StatusHint(kprC_StepDependent const& item, cow_String const& step) {
+  std::size_t const index = item.Steps().Find(step.View());
+  return index == npos ? std::string() : StatusText(item, index);
+}
+
 std::string NotEditableHint(kprC_StepDependent const& item, cow_String const& step) {
   std::size_t const index = item.Steps().Find(step.View());
   if (index == npos) { return {}; }

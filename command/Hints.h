@@ -10,6 +10,8 @@
 
 namespace gattr {
 
+/// Of an attribute in a step: what it is there. Empty for a step that it does not know.
+std::string StatusHint(kprC_StepDependent const& item, cow_String const& step);
 /// Of an attribute that is edited in a step in which it cannot be.
 std::string NotEditableHint(kprC_StepDependent const& item, cow_String const& step);
 /// Of an operation that was refused with \p code, before anything changed.

@@ -161,12 +161,17 @@ void AssertNamesAgree(Subject& subject, std::vector<MemberArgument> const& setta
   }
 }
 
-void FitNull(cls_MemberInfo const& info, cls_Value& value) {
+void FitNull(Subject& subject, MemberArgument const& argument, cls_Value& value) {
   if (!value.IsNull()) { return; }
-  if (info.propagating) {
-    value = "UNSET";
-  } else if (info.kind == cls_MemberKind::String || (info.kind == cls_MemberKind::Object && !IsOfObjects(info))) {
-    value = "";
+  cls_MemberInfo const& info = *argument.info;
+  bool const isText = info.kind == cls_MemberKind::String || (info.kind == cls_MemberKind::Object && !IsOfObjects(info));
+  if (isText) {
+    value = info.propagating ? "UNSET" : "";
+  } else if (info.propagating) {
+    subject.member = argument.argument;
+    RefuseValue(
+        subject, "null says nothing of a value that steps carry.",
+        R"(Leave the argument out to keep what there is; "UNSET" leaves it open in the create step, "FREED" gives it up from a later one on.)");
   }
 }
 
@@ -176,7 +181,7 @@ void SetMembers(Subject& subject, cls_Object& object, std::vector<MemberArgument
     if (argument == nullptr) {
       RefuseUnknown(subject, "There is no argument " + Quoted(name) + ".", Suggestion(name, ArgumentNames(settable), "Its arguments"));
     }
-    FitNull(*argument->info, value);
+    FitNull(subject, *argument, value);
   }
   ExplainValues(subject, object, settable, members, [&] {
     for (auto const& [name, value] : members) { object.SetMember(FindArgument(settable, name)->info->name, value); }

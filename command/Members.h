@@ -37,8 +37,9 @@ bool IsStateWord(std::string_view text);
 std::string ExpectedValue(cls_MemberInfo const& info);
 /// Refuses two names of one member that are given different values.
 void AssertNamesAgree(Subject& subject, std::vector<MemberArgument> const& settable, kprC_Arguments const& members);
-/// null as the member's own way to say nothing: "UNSET" of a propagating member, the empty text of a text or a name.
-void FitNull(cls_MemberInfo const& info, cls_Value& value);
+/// null as the way of a text or a name to say nothing: "UNSET" where steps carry it, else the empty text. Refused for any other value
+/// that steps carry, which has more than one way.
+void FitNull(Subject& subject, MemberArgument const& argument, cls_Value& value);
 
 /// Sets members of \p object. An argument that is none of \p settable is refused with the nearest; a refused value with what
 /// would have fitted, under the class's own number where it has one.

@@ -264,12 +264,12 @@ void SetObjectMembers(Call& call, cls_Object& object, kprC_Arguments members) {
 }
 
 void ForEachUnknown(ddr_Model const& model, cls_Object const& object,
-                    std::function<void(ReferenceKind const& kind, std::string_view name)> const& visit) {
+                    std::function<void(ReferenceKind const& kind, std::string_view name, std::string_view member)> const& visit) {
   std::set<std::pair<cls_Reference, std::string>> told;
-  cls_ForEachReference(object.MemberRows(), &object, [&](cls_Reference reference, std::string_view name, cls_Object const*) {
+  ForEachNamed(object, [&](cls_MemberRow const& row, cls_Reference reference, std::string_view name, cls_Object const*) {
     ReferenceKind const* const kind = FindReferenceKind(reference);
     if (kind == nullptr || kind->In(model).ConstObject(name) != nullptr) { return; }
-    if (told.emplace(reference, name).second) { visit(*kind, name); }
+    if (told.emplace(reference, name).second) { visit(*kind, name, row.text.settable ? ArgumentName(row) : std::string_view()); }
   });
 }
 

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "command/Command.h"
+#include "command/Hints.h"
 #include "command/Journal.h"
 #include "command/Members.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -84,22 +85,31 @@ void Run(Call& call) {
   RefuseUnknown(call.subject, "There is no command " + Quoted(command) + ".", Suggestion(command, CommandNames(), "Commands"));
 }
 
-/// One line: command, object, step and member, the refusal, its number and what would have fitted.
-std::string MessageOf(Subject const& subject, Refusal const& refused) {
+/// One line: command, object, step and member, what is told of them with its number, and what would have fitted.
+std::string MessageOf(Subject const& subject, Refusal const& told) {
   std::string message = subject.command.empty() ? "command" : OneLine(subject.command);
   if (!subject.object.empty()) { message += " " + subject.object; }
   if (!subject.step.empty()) { message += " in step " + Quoted(subject.step); }
   if (!subject.member.empty()) { message += ", " + Quoted(subject.member); }
-  message += ": " + OneLine(refused.message);
-  if (refused.code >= 0) { message += " [" + refused.module + " " + std::to_string(refused.code) + "]"; }
+  message += ": " + OneLine(told.message);
+  if (told.code >= 0) { message += " [" + told.module + " " + std::to_string(told.code) + "]"; }
   return subject.hint.empty() ? message : message + " " + subject.hint;
+}
+
+void Tell(Outcome& outcome, Subject const& subject, Refusal const& told) {
+  outcome.changed = false;
+  outcome.message = MessageOf(subject, told);
+  outcome.object = subject.object;
+  outcome.step = subject.step;
+  outcome.member = subject.member;
+  outcome.hint = subject.hint;
 }
 
 Outcome Refused(Subject const& subject, std::exception const& error) {
   Outcome outcome;
   outcome.refused = RefusalOf(error);
   outcome.badInput = subject.atFault;
-  outcome.message = MessageOf(subject, outcome.refused);
+  Tell(outcome, subject, outcome.refused);
   return outcome;
 }
 
@@ -139,6 +149,13 @@ Outcome Session::Execute(Json const& command) {
     }
     Outcome outcome;
     outcome.ok = true;
+    if (!Differs(before, touched)) {
+      if (!touched.extension.empty()) {
+        auto const& repository = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
+        subject.hint = StatusHint(*repository.ConstItem(touched.names.front()), cow_String(subject.step));
+      }
+      Tell(outcome, subject, {"", -1, "", "Nothing has changed."});
+    }
     if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
     if (arguments.DryRun()) {
       putBack();
@@ -158,6 +175,27 @@ Outcome Session::Execute(Json const& command) {
     putBack();
     return Refused(subject, error);
   }
+}
+
+bool Session::Differs(ddr_Model const& before, Touched const& touched) const {
+  if (!touched.extension.empty()) {
+    auto const& was = before.ConstGet<kprC_StepAwareRepository>(touched.extension);
+    auto const& is = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
+    return std::ranges::any_of(touched.names, [&](cow_String const& name) {
+      kprC_StepDependent const *const one = was.ConstItem(name), *const other = is.ConstItem(name);
+      return one != other && (one == nullptr || other == nullptr || !one->Equals(*other));
+    });
+  }
+  if (model_.Name() != before.Name() || model_.Space() != before.Space()) { return true; }
+  auto const differs = [&](std::string_view member) {
+    mdl_Extension const *const was = before.ConstExtension(member), *const is = model_.ConstExtension(member);
+    return was != is && (was == nullptr || !was->Equals(*is));
+  };
+  if (differs(ddr_Model::stepsCmd())) { return true; }  // first: whatever follows from it differs too
+  for (auto const& [member, extension] : model_.Extensions()) {
+    if (differs(member)) { return true; }
+  }
+  return false;
 }
 
 Outcome Session::UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject) {

@@ -21,7 +21,10 @@ struct Outcome {
   bool ok = false;
   Refusal refused;                    ///< of a command that is not ok
   bool badInput = false;              ///< the command itself is at fault: an unknown command, argument, object, step or value
-  std::string message;                ///< one line for a person, naming object, step and member; empty when ok
+  bool changed = true;                ///< whether the model is another than before
+  std::string message;                ///< one line for a person, naming object, step and member; empty when the model was changed
+  std::string object, step, member;   ///< what the message names, empty where it names none
+  std::string hint;                   ///< what would do
   std::vector<NamedHistory> history;  ///< see Session::SetTrace
 };
 
@@ -116,6 +119,8 @@ private:
     omu_ChangeHistory records;  ///< what the edit added to it, while it is undone
   };
 
+  /// Whether the model is another than \p before, as far as the command that touched it can have changed it.
+  bool Differs(ddr_Model const& before, Touched const& touched) const;
   Outcome UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject);
   void Keep(Edit edit);
   /// What keeping \p before costs beside the present model. Costs what differs between both.

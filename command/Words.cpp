@@ -27,6 +27,10 @@ constexpr std::string_view kMeanings[kStatusCount] = {
     "set back to the initial value here",
 };
 
+// Small letters for what is of a base state or a single step.
+constexpr std::string_view kSigns = ".C=MD-~/bBmd#iIR";
+static_assert(kSigns.size() == kStatusCount);
+
 /// The statuses' texts in small letters: "passed over" of "PASSED_OVER".
 std::array<std::string, kStatusCount> Lowered() {
   std::array<std::string, kStatusCount> words;
@@ -43,7 +47,7 @@ StatusWord const& WordOf(mdl_PropagationStatusEnm status) {
   static auto const texts = Lowered();
   static auto const words = [] {
     std::array<StatusWord, kStatusCount> made;
-    for (std::size_t i = 0; i < kStatusCount; ++i) { made[i] = {texts[i], kMeanings[i]}; }
+    for (std::size_t i = 0; i < kStatusCount; ++i) { made[i] = {texts[i], kMeanings[i], kSigns[i]}; }
     return made;
   }();
   return words[static_cast<std::size_t>(status) % kStatusCount];
@@ -55,6 +59,18 @@ std::string ProcedureText(unsigned procedureType) {
   if (!label.empty()) { return std::string(label); }
   auto const* row = kprC_FindProcedure(procedureType);
   return row == nullptr ? "" : std::string(row->command.View());
+}
+
+std::string_view ActsOnText(kprC_ActsOn actsOn) {
+  switch (actsOn) {
+    case kprC_ActsOn::Anything: return "";
+    case kprC_ActsOn::Sets: return "sets";
+    case kprC_ActsOn::Surfaces: return "surfaces";
+    case kprC_ActsOn::Regions: return "sets or surfaces";
+    case kprC_ActsOn::Connectors: return "connectors";
+    case kprC_ActsOn::Model: return "the model, or a set of it";
+  }
+  return "";
 }
 
 }  // namespace gattr

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "module/kpr/engine/kprC_StepDependent.h"
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
 
 namespace gattr {
@@ -11,6 +12,7 @@ namespace gattr {
 struct StatusWord {
   std::string_view word;     ///< "passed over"; "-" before the creation
   std::string_view meaning;  ///< a sentence part for a legend
+  char sign;                 ///< where there is room for one alone
 };
 /// All of them, by number.
 inline constexpr std::size_t kStatusCount = 16;
@@ -18,5 +20,8 @@ StatusWord const& WordOf(mdl_PropagationStatusEnm status);
 
 /// What a procedure type is called: its label, "INITIAL" for the initial step, the class's name where there is no label.
 std::string ProcedureText(unsigned procedureType);
+
+/// What a type acts on, in a word or two; empty where nobody has said.
+std::string_view ActsOnText(kprC_ActsOn actsOn);
 
 }  // namespace gattr

@@ -4,8 +4,10 @@
 #include <cstdio>
 #include <optional>
 
+#include "command/Check.h"
 #include "command/Members.h"
 #include "command/Session.h"
+#include "command/Words.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
@@ -55,6 +57,12 @@ std::string Refusals() {
     }
     text += "\n";
   }
+  return text;
+}
+
+std::string Findings() {
+  std::string text = Head({"identifier", "severity", "meaning"});
+  for (FindingRow const& row : FindingRows()) { text += Row({row.id, std::string(SeverityText(row.severity)), std::string(row.meaning)}); }
   return text;
 }
 
@@ -209,9 +217,10 @@ std::string TypesOf(kprC_StepAwareRepository const& repository) {
     unsigned const state = item->StateAt(0)->DynTypeId();
     Texts members = {OwnMembers(item->DynTypeId(), FamilyBase(item->DynTypeId())), OwnMembers(state, FamilyBase(state))};
     std::erase(members, "");
-    types.Add(Code(construction.command), {std::string(construction.label), item->CategoryText(), item->LoadCaseText(), Joined(members)});
+    types.Add(Code(construction.command), {std::string(construction.label), item->CategoryText(), item->LoadCaseText(),
+                                           std::string(ActsOnText(item->ActsOn())), Joined(members)});
   }
-  return Head({"command", "label", "category", "in load cases", "members"}) + types.Rows();
+  return Head({"command", "label", "category", "in load cases", "acts on", "members"}) + types.Rows();
 }
 
 std::string AdmissionOf(kprC_StepAwareRepository const& repository) {
@@ -337,9 +346,13 @@ std::string PageName(std::string_view member) {
 
 std::vector<PagePart> PageParts() {
   std::vector<PagePart> parts = {
-      {"docs/refusals.md", "refusals", Refusals()},         {"docs/reference.md", "commands", Commands()},
-      {"docs/reference.md", "classes", Classes()},          {"docs/steps.md", "procedures", Procedures()},
-      {"docs/steps.md", "table of followers", Followers()}, {"docs/histories.md", "statuses", Statuses()},
+      {"docs/refusals.md", "refusals", Refusals()},
+      {"docs/reference.md", "commands", Commands()},
+      {"docs/reference.md", "classes", Classes()},
+      {"docs/steps.md", "procedures", Procedures()},
+      {"docs/steps.md", "table of followers", Followers()},
+      {"docs/histories.md", "statuses", Statuses()},
+      {"docs/check.md", "findings", Findings()},
   };
   for (auto const& [member, extension] : mdl_ExtensionSubject::Registered()) {
     auto const* family = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet());

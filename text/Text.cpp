@@ -202,4 +202,24 @@ bool IsUtf8(std::string_view text) {
   return true;
 }
 
+bool Fits(std::string_view pattern, std::string_view name) {
+  if (pattern == name) { return true; }
+  std::size_t at = 0, in = 0, star = std::string_view::npos, from = 0;
+  while (in < name.size()) {
+    if (at < pattern.size() && pattern[at] == '*') {
+      star = at++;
+      from = in;
+    } else if (at < pattern.size() && (pattern[at] == '?' || pattern[at] == name[in])) {
+      ++at;
+      ++in;
+    } else if (star != std::string_view::npos) {  // the last star takes one more
+      at = star + 1;
+      in = ++from;
+    } else {
+      return false;
+    }
+  }
+  return pattern.find_first_not_of('*', at) == std::string_view::npos;
+}
+
 }  // namespace gattr

@@ -28,4 +28,7 @@ std::string Suggestion(std::string_view text, std::span<std::string const> names
 /// Whether \p text is well-formed UTF-8: no stray, missing or overlong bytes, no surrogates.
 bool IsUtf8(std::string_view text);
 
+/// Whether a name is the pattern, or fits it: "*" stands for any text, "?" for any one byte.
+bool Fits(std::string_view pattern, std::string_view name);
+
 }  // namespace gattr

@@ -23,10 +23,16 @@ constexpr Set kInMotion = Initial | ImplicitDynamics | ExplicitDynamics | TempDi
 constexpr Set kConnectorInTime = kInMotion | Static | Visco;
 constexpr Set kStepwise = Buckle | Frequency | StaticLinearPerturbation | SteadyStateDirect | SteadyStateSubspace;
 
+// Motion is prescribed of nodes, the one value of a quantity on surfaces too.
+template <class T>
+constexpr kprC_ActsOn kActsOn = std::derived_from<T, kbcC_ConnectorBC>     ? kprC_ActsOn::Connectors
+                                : std::derived_from<T, kbcC_DistributedBC> ? kprC_ActsOn::Regions
+                                                                           : kprC_ActsOn::Sets;
+
 constexpr bool Stays = true, Rests = false;
 constexpr kbcC_TypeRow kTypes[] = {
 #define DDB_TYPE(number, Class, stateNumber, State, command, label, procedures, category, loadCase, carried) \
-  {kprC_RowOf<Class, State>(command, label, procedures, category, loadCase), carried},
+  {kprC_RowOf<Class, State>(command, label, procedures, category, loadCase, kActsOn<Class>), carried},
 #include "module/kbc/Types.def"
 };
 

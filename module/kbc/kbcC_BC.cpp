@@ -24,6 +24,16 @@ void kbcC_BC::AssertMemberState(std::size_t index, std::string_view /*member*/, 
   AssertComponentState(index, word == "FREED", word == "UNSET");
 }
 
+kprC_Prescription kbcC_BC::Prescribes(cls_Object const& state) const {
+  auto const& own = static_cast<kbcC_BCState const&>(state);
+  constexpr std::uint32_t kOneValue = 1U << kbcC_oneValue;
+  constexpr unsigned kMotion = 1;
+  std::uint32_t const components = own.Components();
+  if (components == 0) { return {}; }
+  bool const bySubroutine = distribution_ == USER_DEFINED && components == kOneValue;  // which needs no value beside it
+  return {components == kOneValue ? state.DynTypeId() : kMotion, bySubroutine ? components : own.ComponentsInForce()};
+}
+
 void kbcC_BC::AssertMembers() const { kbcC_Assert(!UsesField() || !fieldName_.IsEmpty(), kbcC_ErrorEnm::FieldNameMissing); }
 
 void kbcC_BC::AssertState(kbcC_BCState const& state, std::size_t index) const {

@@ -32,6 +32,7 @@ public:
 
   static constexpr omn_FixedString bcCmd() { return "boundaryCondition"; }
   static constexpr omn_FixedString itemCmd() { return bcCmd(); }
+  static constexpr omn_FixedString copyConstructorCmd() { return "BoundaryCondition"; }
   static constexpr omn_FixedString nameCmd() { return "name"; }
   static constexpr omn_FixedString regionCmd() { return "region"; }
   static constexpr omn_FixedString csysCmd() { return "localCsys"; }
@@ -51,6 +52,8 @@ public:
   bool Insert(cow_String const& step, kbcC_BCState const& state) override;
 
   rgnC_Region const& Region() const { return *region_; }
+  /// Motion is one quantity, whether it is given as displacement, velocity or acceleration; any other type is its own.
+  kprC_Prescription Prescribes(cls_Object const& state) const override;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit(suppressCmd(), &kbcC_BC::suppress_, cls_MemberText{"whether the condition is suppressed as a whole"}.NotSettable());

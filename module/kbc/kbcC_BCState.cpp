@@ -17,6 +17,23 @@ bool kbcC_BCState::SetsNonZero() const {
   });
 }
 
+std::uint32_t kbcC_BCState::Components() const {
+  std::uint32_t components = 0;
+  for (cls_MemberRow const& row : MemberRows()) {
+    if (row.text.component != 0) { components |= 1U << row.text.component; }
+  }
+  return components;
+}
+
+std::uint32_t kbcC_BCState::ComponentsInForce() const {
+  if (IsFixed()) { return Components(); }
+  std::uint32_t components = 0;
+  for (cls_MemberRow const& row : MemberRows()) {
+    if (row.text.component != 0 && row.ops->realInForce(row.In(this)) != nullptr) { components |= 1U << row.text.component; }
+  }
+  return components;
+}
+
 std::string kbcC_BCState::ComponentsBeyond(unsigned offers) const {
   std::string names;
   for (cls_MemberRow const& row : MemberRows()) {

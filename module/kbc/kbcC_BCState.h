@@ -3,6 +3,7 @@
 #include "module/kbc/Types.h"
 #include "module/kbc/kbcC_Names.h"
 #include "module/kbc/kbcC_assert.h"
+#include "module/kpr/engine/kprC_StepDependent.h"
 #include "module/kpr/family/kprC_AmplitudeState.h"
 
 /// What a boundary condition sets in a step: base of the types' states.
@@ -19,6 +20,10 @@ public:
   bool IsNonZero() const;
   /// Whether the step itself prescribes anything but zero.
   bool SetsNonZero() const;
+  /// The components that the type prescribes: a bit for the number of each.
+  virtual std::uint32_t Components() const;
+  /// Those that are in force, or held.
+  virtual std::uint32_t ComponentsInForce() const;
   /// Names of the components in force whose bits (of the numbers 1 to 6) \p offers does not hold, separated by ", ".
   std::string ComponentsBeyond(unsigned offers) const;
 
@@ -32,7 +37,7 @@ public:
 };
 
 /// The number of the one value of a condition that has no components. All connectors offer it.
-inline constexpr int kbcC_oneValue = 7;
+inline constexpr int kbcC_oneValue = kprC_oneValue;
 
 /// The line of a list for a component, 1 to 6, or the one value that is prescribed; it refuses 36 what does not fit.
 constexpr cls_MemberText kbcC_Component(int number, std::string_view meaning, std::string_view unit) {

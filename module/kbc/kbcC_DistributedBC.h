@@ -61,6 +61,8 @@ public:
   mdl_PropAttr<int> dof;     ///< degree of freedom of the temperature point through a shell's thickness, 11 to 31
   mdl_PropAttr<bool> shell;  ///< whether the region is on shells
 
+  /// The temperatures through the thickness of a shell are prescribed one by one.
+  std::uint32_t ComponentsInForce() const override;
   /// Refuses 40 no degree of freedom on shells, 43 one that is not between 11 and 31.
   void AssertValid() const override;
 

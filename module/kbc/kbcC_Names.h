@@ -9,7 +9,6 @@ struct kbcC_BCNames {
   static constexpr omn_FixedString amplitudeStateCmd() { return "amplitudeState"; }
   static constexpr omn_FixedString bcRepositoryCmd() { return "boundaryConditions"; }
   static constexpr omn_FixedString categoryCmd() { return "category"; }
-  static constexpr omn_FixedString copyConstructorCmd() { return "BoundaryCondition"; }
   static constexpr omn_FixedString createStepNameCmd() { return "createStepName"; }
   static constexpr omn_FixedString fromStepNameCmd() { return "fromStepName"; }
   static constexpr omn_FixedString globalCsysName() { return "(Global)"; }

@@ -23,6 +23,9 @@ public:
   mdl_PropAttr<omu_PrimEnum<kbcC_TypeNameEnm, 1>> typeName;        ///< the kind of constraint
   mdl_PropAttr<omu_PrimEnum<kprC_BucklingCaseEnm, 1>> buckleCase;  ///< which part of a buckle step it acts in
 
+  std::uint32_t Components() const override;
+  std::uint32_t ComponentsInForce() const override;
+
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kbcC_BCState::VisitMembers(visit);
     visit(typeNameCmd(), &kbcC_TypeBCState::typeName, cls_MemberText{"the kind of constraint"}.Refused(kbcC_ErrorEnm::TypeValue));

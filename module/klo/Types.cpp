@@ -7,6 +7,7 @@ namespace {
 using enum kprC_ProcedureType::Enm;
 using enum kloC_CategoryEnm;
 using enum kprC_LoadCase;
+using enum kprC_ActsOn;
 
 using Set = kprC_ProcedureSet;
 

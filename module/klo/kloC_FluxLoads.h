@@ -28,14 +28,15 @@ public:
 };
 
 // The classes of the types that are one value: a state and a load for each such row of the table.
-#define DDB_ONE_VALUE(number, Class, stateNumber, State, command, label, procedures, category, loadCase, Base, BaseState, meaning, unit) \
-  class DDB_API State final : public kprC_StateOf<State, BaseState> {                                                                    \
-  public:                                                                                                                                \
-    using kprC_StateOf::kprC_StateOf;                                                                                                    \
-    static constexpr cls_MemberText value() { return kloC_Value(meaning, unit); }                                                        \
-  };                                                                                                                                     \
-  class DDB_API Class final : public kprC_TypeOf<Class, Base> {                                                                          \
-  public:                                                                                                                                \
-    using kprC_TypeOf::kprC_TypeOf;                                                                                                      \
+#define DDB_ONE_VALUE(number, Class, stateNumber, State, command, label, procedures, category, loadCase, actsOn, Base, BaseState, meaning, \
+                      unit)                                                                                                                \
+  class DDB_API State final : public kprC_StateOf<State, BaseState> {                                                                      \
+  public:                                                                                                                                  \
+    using kprC_StateOf::kprC_StateOf;                                                                                                      \
+    static constexpr cls_MemberText value() { return kloC_Value(meaning, unit); }                                                          \
+  };                                                                                                                                       \
+  class DDB_API Class final : public kprC_TypeOf<Class, Base> {                                                                            \
+  public:                                                                                                                                  \
+    using kprC_TypeOf::kprC_TypeOf;                                                                                                        \
   };
 #include "module/klo/Types.def"

@@ -2,7 +2,6 @@
 
 #include "module/klo/Rules.h"
 #include "module/klo/kloC_LoadState.h"
-#include "module/klo/kloC_Names.h"
 #include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "module/kpr/engine/kprC_Propagator.h"
 #include "module/kpr/engine/kprC_StepAttribute.h"
@@ -14,7 +13,7 @@ extern template class DDB_API kprC_StepAttribute<kloC_Rules>;
 
 /// Base of every load. The per-step operations, with their refusals, are those of kprC_StepAttribute under the family's
 /// rules (Rules.h); a type adds its state and what it alone refuses.
-class DDB_API kloC_Load : public cls_Persistent<kloC_Load, kprC_TypedAttribute<kloC_Rules>>, public kloC_LoadNames {
+class DDB_API kloC_Load : public cls_Persistent<kloC_Load, kprC_TypedAttribute<kloC_Rules>> {
 public:
   using CategoryEnm = kloC_CategoryEnm;
   using enum kloC_CategoryEnm;
@@ -25,6 +24,7 @@ public:
 
   static constexpr omn_FixedString loadCmd() { return "load"; }
   static constexpr omn_FixedString itemCmd() { return loadCmd(); }
+  static constexpr omn_FixedString copyConstructorCmd() { return "Load"; }
   static constexpr omn_FixedString loadRepositoryCmd() { return "loads"; }
   static constexpr omn_FixedString regionCmd() { return "region"; }
   static constexpr omn_FixedString suppressCmd() { return "suppress"; }

@@ -24,10 +24,29 @@ TEST_F(Replay, TracesEveryLineInOneForm) {
 {"line": 3, "command": "Set", "ok": true, "history": {}}
 {"line": 4, "command": "DisplacementBC", "ok": true, "history": {"Fix": [0, 1, 2]}}
 {"line": 5, "command": "deactivate", "ok": true, "history": {"Fix": [0, 1, 4]}}
-{"line": 7, "command": "reset", "ok": false, "refused": {"module": "kbc", "code": 19, "exception": "nex_TextException", "message": "Cannot reset a boundary condition in the step it was created."}}
+{"line": 7, "command": "reset", "ok": false, "refused": {"module": "kbc", "code": 19, "exception": "nex_TextException", "message": "Cannot reset a boundary condition in the step it was created.", "object": "boundaryCondition \"Fix\"", "step": "Step-1", "member": "", "hint": "It was created there: \"delete\" takes it out of the model."}}
 )");
   EXPECT_NE(run.err.find("standard input, line 7: "), std::string::npos);
   EXPECT_NE(run.err.find("[kbc 19]"), std::string::npos);
+}
+
+TEST_F(Replay, SaysOfACommandThatItChangesNothing) {
+  std::string_view const idle[] = {
+      R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Initial"})",
+      R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "Step-1", "u1": 0})",
+      R"({"command": "setValues", "step": "Step-1", "initialInc": 0.1})",
+      R"({"command": "setValues", "region": "Rim"})",
+      R"({"command": "rename", "boundaryCondition": "Fix", "newName": "Fix"})",
+      R"({"command": "releaseDanglingRegions"})",
+      R"({"command": "setModel", "name": "Model-1"})",
+  };
+  for (std::string_view const line : idle) {
+    Ran const run = Gattr({"replay", "-", "--trace"}, With(line));
+    EXPECT_EQ(run.status, 0) << line << run.err;
+    EXPECT_EQ(run.Line(-1).value("changed", true), false) << line;
+    EXPECT_NE(run.err.find("line 5: "), std::string::npos) << line;
+    EXPECT_FALSE(run.Line(-2).contains("changed"));
+  }
 }
 
 TEST_F(Replay, TellsAllHistoriesAfterACommandOnAStep) {

@@ -14,10 +14,11 @@ namespace {
 
 using BcRepository = kprC_PropagatingContainer<kbcC_BC>;
 
-/// "boundaryCondition Fix in S2: kbc 45".
+/// "boundaryCondition Fix in S2: kbc 45", without warnings.
 std::vector<std::string> Told(ddr_Model const& model) {
   std::vector<std::string> told;
   for (Finding const& finding : Check(model)) {
+    if (finding.Row().severity == Severity::Warning) { continue; }
     std::string line = finding.kind + " " + finding.name + (finding.step.empty() ? "" : " in " + finding.step) + ": ";
     line += finding.refusal.code < 0 ? finding.refusal.message : finding.refusal.module + " " + std::to_string(finding.refusal.code);
     told.push_back(line + (finding.suppressed ? " (suppressed)" : ""));
@@ -42,11 +43,11 @@ TEST_F(Checking, NotesRegionsThatADeletedStepHasLeftUntilTheyAreReleased) {
   std::vector<Finding> const findings = Check(session_.Model());
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_EQ(findings[0].kind + " " + findings[0].name, "set Punch");
-  EXPECT_TRUE(findings[0].note) << "it is in nobody's way";
+  EXPECT_EQ(findings[0].Row().severity, Severity::Note) << "it is in nobody's way";
   RunJournal(session_, {R"({"command": "releaseDanglingRegions"})"});
   EXPECT_THAT(Told(session_.Model()), ::testing::IsEmpty());
   RunJournal(session_, {R"({"command": "undo"})"});
-  EXPECT_EQ(Check(session_.Model()).size(), 1U);
+  EXPECT_EQ(Told(session_.Model()).size(), 1U);
 }
 
 TEST_F(Checking, FindsAnAttributeWhoseCreationWasRemovedUntilValuesCreateItAnew) {
@@ -62,8 +63,53 @@ TEST_F(Checking, FindsNothingInWhatCommandsMake) {
       session_,
       {R"({"command": "StaticLinearPerturbationStep", "name": "S4"})", R"({"command": "FrequencyStep", "name": "S5", "numEigen": 10})",
        R"({"command": "ModalDynamicsStep", "name": "S6"})", R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "S4"})",
-       R"({"command": "DisplacementBC", "name": "Push", "createStepName": "S2", "u2": 1, "amplitude": "Ramp"})"});
+       R"({"command": "DisplacementBC", "name": "Push", "createStepName": "S2", "u2": 1, "amplitude": "Ramp", "region": "Die"})"});
   EXPECT_THAT(Told(session_.Model()), ::testing::IsEmpty());
+}
+
+TEST_F(Checking, WarnsOfWhatIsAllowedAndHardlyMeant) {
+  RunJournal(session_, {R"({"command": "Surface", "name": "Face"})"});
+  struct Row {
+    std::vector<std::string> lines;
+    std::vector<std::string> told;  // "GA009 Odd in S1, member", each line
+  };
+  std::string const on = R"({"command": "DisplacementBC", "name": "Odd", "createStepName": "S2", "region": "Die", )";
+  std::string const edit = R"({"command": "setValuesInStep", "boundaryCondition": "Odd", "stepName": "S3", )";
+  for (Row const& row : {
+           Row{{on + R"("u2": 0})"}, {}},
+           Row{{on + R"("u1": 0})"}, {"GA011 Odd in S2"}},
+           Row{{on + R"("fixed": true})"}, {"GA011 Odd in S2"}},
+           Row{{on + R"("u2": 0})", edit + R"("u1": 0})"}, {"GA011 Odd in S3"}},
+           Row{{on + R"("u1": 0})", R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "S2"})"}, {}},
+           Row{{on + R"("u1": 0})", R"({"command": "suppress", "boundaryCondition": "Odd"})"}, {}},
+           Row{{on + R"("u1": 0})", R"({"command": "DatumCsys", "name": "Local"})",
+                R"({"command": "setValues", "boundaryCondition": "Odd", "localCsys": "Local"})"},
+               {}},
+           Row{{R"({"command": "VelocityBC", "name": "Odd", "createStepName": "S2", "region": "Die", "v1": 1})"}, {"GA011 Odd in S2"}},
+           Row{{R"({"command": "XsymmBC", "name": "Odd", "createStepName": "S2", "region": "Die"})"}, {"GA011 Odd in S2"}},
+           Row{{R"({"command": "YsymmBC", "name": "Odd", "createStepName": "S2", "region": "Die"})"}, {}},
+           Row{{on + R"("u2": "UNSET"})"}, {"GA010 Odd in S2"}},
+           Row{{on + R"("u2": "UNSET"})", edit + R"("u2": 1})"}, {}},
+           Row{{R"({"command": "YsymmBC", "name": "Odd", "createStepName": "S2", "region": "Face"})"}, {"GA009 Odd, region"}},
+           Row{{R"({"command": "YsymmBC", "name": "Odd", "createStepName": "S2"})"}, {"GA008 Odd, region"}},
+           Row{{R"({"command": "ConnVelocityBC", "name": "Odd", "createStepName": "S2", "v1": 1})"}, {"GA008 Odd, connectors"}},
+           Row{{R"({"command": "Pressure", "name": "Odd", "createStepName": "S2", "region": "Die", "magnitude": 1})"},
+               {"GA009 Odd, region"}},
+           Row{{R"({"command": "Gravity", "name": "Odd", "createStepName": "S2", "comp2": -9.8})"}, {}},
+           Row{{R"({"command": "FluidCavityPressureBC", "name": "Odd", "createStepName": "S2", "region": "Face", "magnitude": 1})",
+                R"({"command": "PorePressureBC", "name": "Other", "createStepName": "Initial", "region": "Face", "magnitude": 0})"},
+               {}},
+       }) {
+    Session session(session_.Model());
+    RunJournal(session, row.lines);
+    std::vector<std::string> told;
+    for (Finding const& finding : Check(session.Model())) {
+      EXPECT_EQ(finding.Row().severity, Severity::Warning);
+      std::string line = finding.Row().id + " " + finding.name + (finding.step.empty() ? "" : " in " + finding.step);
+      told.push_back(line + (finding.member.empty() ? "" : ", " + finding.member));
+    }
+    EXPECT_EQ(told, row.told) << row.lines.front();
+  }
 }
 
 TEST_F(Checking, NamesTheFirstStepInWhichAnAttributeIsNotValid) {

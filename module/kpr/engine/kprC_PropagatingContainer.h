@@ -167,6 +167,13 @@ public:
     return true;
   }
   std::string ItemCmd() const override { return std::string(T::itemCmd().View()); }
+  std::string CopyCmd() const override {
+    if constexpr (requires { T::copyConstructorCmd(); }) {
+      return std::string(T::copyConstructorCmd().View());
+    } else {
+      return {};
+    }
+  }
   std::string Module() const override { return T::kModule; }
   kprC_EditRefusalCodes const& EditRefusals() const override {
     static constexpr kprC_EditRefusalCodes codes = T::EditRefusals();

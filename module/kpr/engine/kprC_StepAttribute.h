@@ -43,21 +43,23 @@ public:
     constexpr auto const& edit = Rules::kEdit;
     auto const number = [](Error code) { return static_cast<int>(code); };
     auto const any = [](std::optional<Error> code) { return code ? std::optional(static_cast<int>(*code)) : std::nullopt; };
-    return {.noSuchAttribute = any(edit.noSuchAttribute),
-            .noSteps = any(edit.noSteps),
-            .noAttributes = any(edit.noAttributes),
-            .nameInUse = any(edit.nameInUse),
-            .unknownStep = number(edit.unknownStep),
-            .suppressed = number(edit.suppressed),
-            .amplitudeName = any(edit.amplitudeName),
-            .amplitudeUnknown = number(edit.amplitudeUnknown),
-            .fieldUnknown = any(edit.fieldUnknown),
-            .notInStep = number(edit.notInStep),
-            .readOnlyInStep = number(edit.readOnlyInStep),
-            .inInitialStep = any(edit.inInitialStep),
-            .inPerturbation = any(edit.inPerturbation),
-            .typeNotAdmitted = any(edit.typeNotAdmitted),
-            .propertyUnknown = any(edit.propertyUnknown)};
+    kprC_EditRefusalCodes codes = {.noSuchAttribute = any(edit.noSuchAttribute),
+                                   .noSteps = any(edit.noSteps),
+                                   .noAttributes = any(edit.noAttributes),
+                                   .nameInUse = any(edit.nameInUse),
+                                   .unknownStep = number(edit.unknownStep),
+                                   .suppressed = number(edit.suppressed),
+                                   .amplitudeName = any(edit.amplitudeName),
+                                   .amplitudeUnknown = number(edit.amplitudeUnknown),
+                                   .fieldUnknown = any(edit.fieldUnknown),
+                                   .notInStep = number(edit.notInStep),
+                                   .readOnlyInStep = number(edit.readOnlyInStep),
+                                   .inInitialStep = any(edit.inInitialStep),
+                                   .inPerturbation = any(edit.inPerturbation),
+                                   .typeNotAdmitted = any(edit.typeNotAdmitted),
+                                   .propertyUnknown = any(edit.propertyUnknown)};
+    if constexpr (requires { Rules::kLoadCase; }) { codes.notInLoadCase = number(Rules::kLoadCase.notActive); }
+    return codes;
   }
   static std::span<kprC_Operation const> Operations() { return Rules::kOperations; }
   /// Raises a refusal of the family by its number.

@@ -45,6 +45,8 @@ public:
 
   /// What one attribute is called in commands: "boundaryCondition".
   virtual std::string ItemCmd() const = 0;
+  /// The command that copies one, "BoundaryCondition"; empty in a family without.
+  virtual std::string CopyCmd() const { return {}; }
   /// The module's prefix: "kbc".
   virtual std::string Module() const = 0;
   /// What the editing layers refuse, by the family's numbers.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -35,12 +36,31 @@ template <class Error> struct kprC_EditRefusals {
   Code inPerturbation = {};   ///< one is created in a perturbation step, in a family that has none there
   Code typeNotAdmitted = {};  ///< one is created in a step that does not admit its type, which the type itself does not refuse
   Code propertyUnknown = {};  ///< an interaction property that the model does not know
+  /// A load case names what is not there or not in force; taken from kLoadCase, none in a family that has nothing to do with them.
+  Code notInLoadCase = {};
 };
 /// The refusals of a family as the editing layers see them: by their numbers.
 using kprC_EditRefusalCodes = kprC_EditRefusals<int>;
 
 /// Members by name, as a command gives them.
 using kprC_Arguments = std::vector<std::pair<std::string, cls_Value>>;
+
+/// What a type of attribute acts on.
+enum class kprC_ActsOn {
+  Anything,    ///< nobody has said
+  Sets,        ///< nodes, elements or cells
+  Surfaces,    ///< faces or edges
+  Regions,     ///< either
+  Connectors,  ///< connector elements, which it names
+  Model,       ///< the whole model where it names no region
+};
+
+/// What an attribute prescribes of its region in a step.
+struct kprC_Prescription {
+  unsigned quantity = 0;         ///< attributes of one quantity get in each other's way; 0: the type prescribes nothing
+  std::uint32_t components = 0;  ///< bits by the numbers of the degrees of freedom; kprC_oneValue where there are none
+};
+inline constexpr int kprC_oneValue = 7;  ///< stands for the one value of a quantity without components
 
 /// One step-dependent attribute of any family, as repositories, stores and commands see it. The families' operations,
 /// with their refusals, come from kprC_StepAttribute.
@@ -121,6 +141,12 @@ public:
   virtual std::string CategoryText() const { return {}; }
   /// Whether load cases take the type: "yes", "no", "not yet"; empty in a family that has nothing to do with them.
   virtual std::string LoadCaseText() const { return {}; }
+  /// Refuses to be used in a load case of \p step: by the family's numbers what is not in force there, and a type that load cases
+  /// do not take.
+  virtual void AssertInLoadCase(cow_String const& /*step*/) const {}
+  virtual kprC_ActsOn ActsOn() const { return kprC_ActsOn::Anything; }
+  /// What it prescribes with \p state, one of its own.
+  virtual kprC_Prescription Prescribes(cls_Object const& /*state*/) const { return {}; }
 
 private:
   friend class kprC_StepAwareRepository;

@@ -55,6 +55,10 @@ public:
       return {};
     }
   }
+  void AssertInLoadCase(cow_String const& step) const override {
+    if constexpr (kInLoadCases) { ValidInALoadCase(step, true); }
+  }
+  kprC_ActsOn ActsOn() const override { return Type().actsOn; }
   /// Whether a load case may use attributes of this type.
   bool AllowedInALoadCase() const requires kInLoadCases { return Type().loadCase != kprC_LoadCase::Refused; }
   /// Whether load cases do not yet support this type.

@@ -27,6 +27,7 @@ struct kprC_TypeRow {
   kprC_InInitial inInitial = kprC_InInitial::Always;
   bool propagates = true;  ///< false: in force in its own steps alone
   bool refused = true;     ///< the check of every record refuses it in a step that does not admit it
+  kprC_ActsOn actsOn = kprC_ActsOn::Anything;
 
   constexpr bool Grants(unsigned procedureType, bool initialRelaxed, bool explicitOnly) const {
     if (!procedures.Contains(procedureType)) { return false; }
@@ -54,8 +55,11 @@ constexpr kprC_TypeRow kprC_RowOf(std::string_view command, std::string_view lab
 }
 template <class T, class State, class CategoryEnm>
 constexpr kprC_LoadCaseTypeRow<CategoryEnm> kprC_RowOf(std::string_view command, std::string_view label, kprC_ProcedureSet procedures,
-                                                       CategoryEnm category, kprC_LoadCase loadCase) {
-  return {kprC_RowOf<T, State>(command, label, procedures), category, loadCase};
+                                                       CategoryEnm category, kprC_LoadCase loadCase,
+                                                       kprC_ActsOn actsOn = kprC_ActsOn::Anything) {
+  kprC_LoadCaseTypeRow<CategoryEnm> row = {kprC_RowOf<T, State>(command, label, procedures), category, loadCase};
+  row.actsOn = actsOn;
+  return row;
 }
 
 /// The row of the type of that identity; null when the table has none.
