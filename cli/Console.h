@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 /// The terminal that the program may be talking to.
@@ -12,6 +13,9 @@ bool UseColor(std::string_view choice);
 
 /// Columns of the terminal behind standard output; 0 where there is none.
 std::size_t TerminalWidth();
+
+/// Writes \p text to standard output: through $PAGER, or `less` where there is one, when it is longer than the terminal behind it.
+void PrintPaged(std::string const& text);
 
 /// Writes to standard error. Raises nothing: who cannot be told stays untold, and CannotTell says so.
 void Tell(std::string_view text) noexcept;

@@ -32,7 +32,8 @@ void AddColor(CLI::App& command, std::string& choice) {
 }
 
 void AssertKnown(std::string const& what, std::string const& name, std::vector<std::string> const& known) {
-  if (std::find(known.begin(), known.end(), name) != known.end()) { return; }
+  if (std::ranges::any_of(known, [&](std::string const& one) { return Fits(name, one); })) { return; }
+  if (name.find_first_of("*?") != std::string::npos) { throw BadInput("no " + what + " fits " + Quoted(name)); }
   throw BadInput("there is no " + what + " " + Quoted(name) + ". " + Suggestion(name, known, "There are"));
 }
 

@@ -45,7 +45,7 @@ void AddFormat(CLI::App& command, Format& format, std::vector<std::string> const
 /// Adds --color.
 void AddColor(CLI::App& command, std::string& choice);
 
-/// Refuses a \p name that is not among \p known: 'there is no step "Step-3". Did you mean "Step-2"?'
+/// Refuses a \p name that is not among \p known, nor a pattern that one of them fits: 'there is no step "Step-3". Did you mean "Step-2"?'
 void AssertKnown(std::string const& what, std::string const& name, std::vector<std::string> const& known);
 
 }  // namespace gattr::cli

@@ -4,6 +4,8 @@
 
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
+#include "text/Json.h"
+#include "text/Text.h"
 
 namespace gattr {
 namespace {
@@ -21,7 +23,31 @@ template <class Visit> void ForEachFamily(ddr_Model const& model, Visit&& visit)
 }
 
 bool Shows(std::vector<std::string> const& names, std::string_view name) {
-  return names.empty() || std::find(names.begin(), names.end(), name) != names.end();
+  return names.empty() || std::ranges::any_of(names, [&](std::string const& pattern) { return Fits(pattern, name); });
+}
+
+/// The members that \p state sets or frees: "u1 0.5, u2 FREED".
+std::string ValuesOf(cls_Object const& state) {
+  std::string values;
+  for (cls_MemberRow const& row : state.MemberRows()) {
+    if (row.ops->isModified == nullptr || !row.ops->isModified(row.In(&state))) { continue; }
+    Json const value = ToJson(row.ToValue(&state));
+    values += (values.empty() ? "" : ", ") + std::string(row.name) + " " + (value.is_string() ? value.get<std::string>() : value.dump());
+  }
+  return values;
+}
+
+/// What the attribute says of its own in the steps of \p columns.
+std::vector<HistoryTable::Change> ChangesOf(kprC_StepAwareRepository const& family, kprC_StepDependent const& item,
+                                            std::vector<std::size_t> const& columns) {
+  std::vector<HistoryTable::Change> changes;
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    auto const status = static_cast<std::size_t>(item.StatusAt(columns[i]));
+    if ((family.Statuses()[status] & kprC_Changed) == 0) { continue; }
+    cls_Object const* const state = item.StateAt(columns[i]);
+    changes.push_back({i, state == nullptr ? "" : ValuesOf(*state)});
+  }
+  return changes;
 }
 
 }  // namespace
@@ -42,10 +68,15 @@ HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
   }
   ForEachFamily(model, [&](kprC_StepAwareRepository const& family) {
     family.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
-      if (!Shows(filter.attributes, name.View())) { return; }
+      if (!Shows(filter.attributes, name.View()) || !Shows(filter.types, item.ConstructionName())) { return; }
       HistoryTable::Row row{std::string(name.View()), family.ItemCmd(), item.ConstructionName(), item.IsSuppressed(), {}};
       row.statuses.reserve(columns.size());
       for (std::size_t const column : columns) { row.statuses.push_back(static_cast<std::uint8_t>(item.StatusAt(column))); }
+      auto const asked = [&](std::uint8_t status) {
+        return std::ranges::find(filter.statuses, static_cast<mdl_PropagationStatusEnm>(status)) != filter.statuses.end();
+      };
+      if (!filter.statuses.empty() && std::ranges::none_of(row.statuses, asked)) { return; }
+      if (filter.changes) { row.changes = ChangesOf(family, item, columns); }
       table.rows.push_back(std::move(row));
     });
   });
@@ -56,6 +87,14 @@ std::vector<std::string> AttributeNames(ddr_Model const& model) {
   std::vector<std::string> names;
   ForEachFamily(model, [&](kprC_StepAwareRepository const& family) {
     family.ForEach([&](cow_String const& name, kprC_StepDependent const&) { names.emplace_back(name.View()); });
+  });
+  return names;
+}
+
+std::vector<std::string> TypeNames(ddr_Model const& model) {
+  std::vector<std::string> names;
+  ForEachFamily(model, [&](kprC_StepAwareRepository const& family) {
+    for (auto const& construction : family.Constructions()) { names.emplace_back(construction.command); }
   });
   return names;
 }

@@ -22,12 +22,18 @@ struct HistoryTable {
     std::string procedure;  ///< its label, "STATIC_GENERAL"; "INITIAL" for the initial step
     bool perturbation = false;
   };
+  /// What an attribute says in a step of its own.
+  struct Change {
+    std::size_t column;
+    std::string values;  ///< "u1 0.5, u2 FREED"
+  };
   struct Row {
     std::string name;
     std::string kind;  ///< "boundaryCondition"
     std::string type;  ///< construction command, "DisplacementBC"
     bool suppressed = false;
     std::vector<std::uint8_t> statuses;  ///< numbers, one per step of the table
+    std::vector<Change> changes = {};    ///< where the filter asks for them
 
     mdl_PropagationStatusEnm Status(std::size_t column) const { return static_cast<mdl_PropagationStatusEnm>(statuses[column]); }
   };
@@ -38,10 +44,13 @@ struct HistoryTable {
   std::vector<Row> rows;
 };
 
-/// What a table shows, by exact names; everything where a list is empty.
+/// What a table shows; everything where a list is empty. Names and types are texts or patterns (Fits).
 struct HistoryFilter {
   std::vector<std::string> attributes;
   std::vector<std::string> steps;
+  std::vector<std::string> types;                  ///< construction commands
+  std::vector<mdl_PropagationStatusEnm> statuses;  ///< attributes that have one of them in a step that is shown
+  bool changes = false;                            ///< tell what each step says of its own
 };
 
 /// Attributes by kind and name, steps in their order. Linear in the records shown.
@@ -50,5 +59,6 @@ HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter = {
 /// The names that a filter can give.
 std::vector<std::string> AttributeNames(ddr_Model const& model);
 std::vector<std::string> StepNames(ddr_Model const& model);
+std::vector<std::string> TypeNames(ddr_Model const& model);
 
 }  // namespace gattr

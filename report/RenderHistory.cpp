@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <ostream>
 
+#include "report/TextTable.h"
+
 namespace gattr {
 namespace {
 
@@ -125,6 +127,91 @@ private:
   std::size_t pending_ = 0;
 };
 
+/// A sign per step, block by block.
+class CompactPage {
+public:
+  CompactPage(std::ostream& out, HistoryTable const& table, TextLayout const& layout) : out_(out), table_(table), layout_(layout) {
+    for (auto const& row : table.rows) {
+      names_.push_back(Shown(row.name));
+      nameWidth_ = std::max(nameWidth_, std::min(Width(names_.back()), kLongestName));
+      typeWidth_ = std::max(typeWidth_, std::min(Width(TypeText(row)), kLongestName));
+    }
+  }
+
+  void Print() {
+    std::size_t const lead = nameWidth_ + kGap + typeWidth_ + kGap;
+    std::size_t groups = layout_.width == 0 ? table_.steps.size() / kGroup + 1 : 1;
+    while (layout_.width != 0 && lead + (groups + 1) * (kGroup + 1) <= layout_.width + 1) { ++groups; }
+    for (std::size_t begin = 0; begin < table_.steps.size(); begin += groups * kGroup) {
+      if (begin != 0) { out_ << '\n'; }
+      PrintBlock(begin, std::min(begin + groups * kGroup, table_.steps.size()));
+    }
+    PrintLegend();
+  }
+
+private:
+  static constexpr std::size_t kGroup = 10;
+
+  void PrintBlock(std::size_t begin, std::size_t end) {
+    std::string ruler;  // the number of the first step of each group
+    for (std::size_t i = begin; i < end; i += kGroup) { ruler += Fitted(std::to_string(i), kGroup + 1); }
+    ruler.erase(ruler.find_last_not_of(' ') + 1);
+    out_ << Styled(Fitted("attribute", nameWidth_), Style::Strong, layout_.color) << "  "
+         << Styled(Fitted("type", typeWidth_), Style::Strong, layout_.color) << "  " << Styled(ruler, Style::Faint, layout_.color) << '\n';
+    for (std::size_t r = 0; r < table_.rows.size(); ++r) {
+      auto const& row = table_.rows[r];
+      out_ << Styled(Fitted(names_[r], nameWidth_), row.suppressed ? Style::Faint : Style::Strong, layout_.color) << "  "
+           << Styled(Fitted(TypeText(row), typeWidth_), Style::Faint, layout_.color) << "  ";
+      for (std::size_t i = begin; i < end; ++i) {
+        if (i != begin && (i - begin) % kGroup == 0) { out_ << ' '; }
+        Style const style = row.suppressed ? Style::Faint : StyleOf(row.Status(i));
+        out_ << Styled(std::string(1, WordOf(row.Status(i)).sign), style, layout_.color);
+      }
+      out_ << '\n';
+    }
+  }
+
+  void PrintLegend() {
+    unsigned used = 0;
+    for (auto const& row : table_.rows) {
+      for (std::uint8_t const status : row.statuses) { used |= 1U << status; }
+    }
+    std::string legend;
+    for (std::size_t status = 0; status < kStatusCount; ++status) {
+      if ((used >> status & 1U) == 0) { continue; }
+      StatusWord const& word = WordOf(static_cast<mdl_PropagationStatusEnm>(status));
+      legend += (legend.empty() ? "" : ", ") + std::string(1, word.sign) + " " +
+                std::string(status == 0 ? word.meaning : word.word);  // the word for what is not yet created is a sign itself
+    }
+    if (legend.empty()) { return; }
+    out_ << '\n';
+    for (std::string const& line : WrappedLines(legend, layout_.width)) { out_ << Styled(line, Style::Faint, layout_.color) << '\n'; }
+  }
+
+  std::ostream& out_;
+  HistoryTable const& table_;
+  TextLayout const& layout_;
+  std::vector<std::string> names_;
+  std::size_t nameWidth_ = 9, typeWidth_ = 4;  // of the headings
+};
+
+/// Prints a table whose lines are of attributes; what they have in common with the line above is left out.
+void PrintLines(std::ostream& out, std::vector<std::string> header, HistoryTable const& table, TextLayout const& layout,
+                auto&& forEachLine) {
+  header.insert(header.begin(), {"attribute", "type"});
+  TextTable lines(std::move(header));
+  for (auto const& row : table.rows) {
+    bool first = true;
+    forEachLine(row, [&](TextTable::Row cells) {
+      cells.insert(cells.begin(), {TextTable::Cell(first ? row.name : "", row.suppressed ? Style::Faint : Style::Strong),
+                                   TextTable::Cell(first ? TypeText(row) : "", Style::Faint)});
+      lines.Add(std::move(cells));
+      first = false;
+    });
+  }
+  lines.Print(out, layout.width, layout.color);
+}
+
 std::string_view CsvWord(mdl_PropagationStatusEnm status) {
   return status == mdl_PropagationStatusEnm::NotYetCreated ? WordOf(status).meaning : WordOf(status).word;
 }
@@ -137,6 +224,30 @@ std::string_view CssClass(Style style) {
 }  // namespace
 
 void RenderText(std::ostream& out, HistoryTable const& table, TextLayout const& layout) { TextPage(out, table, layout).Print(); }
+
+void RenderCompact(std::ostream& out, HistoryTable const& table, TextLayout const& layout) { CompactPage(out, table, layout).Print(); }
+
+void RenderRanges(std::ostream& out, HistoryTable const& table, TextLayout const& layout) {
+  PrintLines(out, {"from", "to", "steps", "status"}, table, layout, [&](HistoryTable::Row const& row, auto&& add) {
+    for (std::size_t begin = 0, end = 0; begin < row.statuses.size(); begin = end) {
+      while (end < row.statuses.size() && row.statuses[end] == row.statuses[begin]) { ++end; }
+      mdl_PropagationStatusEnm const status = row.Status(begin);
+      add({table.steps[begin].name,
+           end - begin > 1 ? table.steps[end - 1].name : "",
+           std::to_string(end - begin),
+           {WordOf(status).word, StyleOf(status)}});
+    }
+  });
+}
+
+void RenderChanges(std::ostream& out, HistoryTable const& table, TextLayout const& layout) {
+  PrintLines(out, {"step", "status", "values"}, table, layout, [&](HistoryTable::Row const& row, auto&& add) {
+    for (HistoryTable::Change const& change : row.changes) {
+      mdl_PropagationStatusEnm const status = row.Status(change.column);
+      add({table.steps[change.column].name, {WordOf(status).word, StyleOf(status)}, change.values});
+    }
+  });
+}
 
 void RenderCsv(std::ostream& out, HistoryTable const& table) {
   out << "name,kind,type,suppressed";

@@ -14,6 +14,12 @@ struct TextLayout {
 
 /// Status words under the steps' names and procedures.
 void RenderText(std::ostream& out, HistoryTable const& table, TextLayout const& layout);
+/// A sign per step, ten to a group, under the steps' numbers; and what the signs mean.
+void RenderCompact(std::ostream& out, HistoryTable const& table, TextLayout const& layout);
+/// A line for each run of neighbouring steps in which an attribute has one status.
+void RenderRanges(std::ostream& out, HistoryTable const& table, TextLayout const& layout);
+/// A line for each step in which an attribute says something of its own, and what (HistoryFilter::changes).
+void RenderChanges(std::ostream& out, HistoryTable const& table, TextLayout const& layout);
 /// A line per attribute: name, kind, type, suppressed, then the status word in every step; "not created" before creation.
 void RenderCsv(std::ostream& out, HistoryTable const& table);
 /// {"model": ..., "steps": [...], "attributes": [{"name": ..., "history": [0, 1, 2], ...}]}

@@ -26,6 +26,35 @@ TEST_F(Tables, HistoryShowsWordsAndFiltersBoth) {
   EXPECT_NE(Gattr({"history", "m.gadb", "--format", "html"}).out.find("<td class=\"new\""), std::string::npos);
 }
 
+TEST_F(Tables, HistoryTellsRangesAndChangesOfWhatFitsAPattern) {
+  ASSERT_EQ(Gattr({"replay", "-", "--on", "m.gadb", "-o", "m.gadb"},
+                  R"({"command": "EncastreBC", "name": "Base", "createStepName": "Initial", "region": "Rim"}
+{"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "Step-2", "u1": "FREED", "u2": 0.5})")
+                .status,
+            0);
+  EXPECT_EQ(Gattr({"history", "m.gadb", "--changes", "--type", "Disp*"}).out,
+            "attribute  type            step    status    values\n"
+            "Fix        DisplacementBC  Step-1  created   u1 0.0\n"
+            "                           Step-2  modified  u1 FREED, u2 0.5\n");
+  EXPECT_EQ(Gattr({"history", "m.gadb", "--ranges", "--attribute", "B?se", "--step", "Step*"}).out,
+            "attribute  type        from    to      steps  status\n"
+            "Base       EncastreBC  Step-1  Step-2  2      base state\n");
+  EXPECT_EQ(Gattr({"history", "m.gadb", "--compact", "--status", "modified"}).out,
+            "attribute  type            0\n"
+            "Fix        DisplacementBC  .CM\n"
+            "\n"
+            ". not yet created, C created, M modified\n");
+  for (std::vector<std::string> const& wrong : std::vector<std::vector<std::string>>{{"--compact", "--ranges"},
+                                                                                     {"--changes", "--format", "csv"},
+                                                                                     {"--status", "propagate"},
+                                                                                     {"--attribute", "X*"},
+                                                                                     {"--type", "BC"}}) {
+    std::vector<std::string> arguments = {"history", "m.gadb"};
+    arguments.insert(arguments.end(), wrong.begin(), wrong.end());
+    EXPECT_EQ(Gattr(arguments).status, 2) << wrong.front();
+  }
+}
+
 TEST_F(Tables, HistoryIsColouredWhenAskedAndNeverIntoAFileByItself) {
   EXPECT_EQ(Gattr({"history", "m.gadb"}).out.find('\033'), std::string::npos);
   EXPECT_NE(Gattr({"history", "m.gadb", "--color", "always"}).out.find('\033'), std::string::npos);

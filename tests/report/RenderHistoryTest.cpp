@@ -71,6 +71,38 @@ TEST(RenderText, ColoursWithoutChangingTheText) {
   EXPECT_EQ(colored, Rendered([](auto& out) { RenderText(out, Small(), {}); }));
 }
 
+TEST(RenderCompact, FitsAHundredStepsOfAnAttributeOnATerminal) {
+  HistoryTable table;
+  for (int i = 0; i <= 100; ++i) { table.steps.push_back({"Step-" + std::to_string(i), "STATIC_GENERAL"}); }
+  std::vector<std::uint8_t> statuses(101, 2);
+  statuses[0] = 0;
+  statuses[1] = 1;
+  statuses[60] = 3;
+  table.rows = {{"Die", "boundaryCondition", "DisplacementBC", false, statuses}};
+  EXPECT_EQ(Rendered([&](auto& out) {
+              RenderCompact(out, table, {80, false});
+            }),
+            "attribute  type            0          10         20         30         40\n"
+            "Die        DisplacementBC  .C======== ========== ========== ========== ==========\n"
+            "\n"
+            "attribute  type            50         60         70         80         90\n"
+            "Die        DisplacementBC  ========== M========= ========== ========== ==========\n"
+            "\n"
+            "attribute  type            100\n"
+            "Die        DisplacementBC  =\n"
+            "\n"
+            ". not yet created, C created, = propagated, M modified\n");
+  EXPECT_EQ(Rendered([&](auto& out) {
+              RenderRanges(out, table, {80, false});
+            }),
+            "attribute  type            from     to        steps  status\n"
+            "Die        DisplacementBC  Step-0             1      -\n"
+            "                           Step-1             1      created\n"
+            "                           Step-2   Step-59   58     propagated\n"
+            "                           Step-60            1      modified\n"
+            "                           Step-61  Step-100  40     propagated\n");
+}
+
 TEST(RenderCsv, WritesALinePerAttribute) {
   EXPECT_EQ(Rendered([](auto& out) { RenderCsv(out, Small()); }),
             "name,kind,type,suppressed,Initial,Draw,Modes\r\n"
