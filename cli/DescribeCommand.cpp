@@ -45,6 +45,7 @@ Json ToJson(Description const& description) {
   if (description.createdIn) { json["createdIn"] = *description.createdIn; }
   if (description.carriedInto) { json["carriedInto"] = *description.carriedInto; }
   if (description.createdIn) { json["inBaseStateOf"] = description.inBaseStateOf; }
+  if (!description.inLoadCases.empty()) { json["inLoadCases"] = description.inLoadCases; }
   return json;
 }
 
@@ -75,6 +76,7 @@ void Print(Description const& description, bool color) {
   if (description.carriedInto) { PrintLabelled("carried into", Joined(*description.carriedInto), color); }
   if (!description.inBaseStateOf.empty()) { PrintLabelled("base state of", Joined(description.inBaseStateOf), color); }
   if (description.isCommand) { PrintLabelled("dryRun", kDryRun, color); }
+  if (!description.inLoadCases.empty()) { PrintLabelled("load cases", description.inLoadCases, color); }
   if (description.entries.empty()) { return; }
   std::cout << '\n';
   TextTable table({description.name == description.className ? "member" : "argument", "type", "default", "unit", "meaning"});

@@ -33,8 +33,10 @@ cow_Handle<cls_Object> Made(std::string_view command) {
 }
 
 void AddAdmission(Description& description, cls_Object const& object) {
+  if (auto const* step = dynamic_cast<kprC_Step const*>(&object)) { description.inLoadCases = step->AllowLoadCases() ? "yes" : "no"; }
   auto const* attribute = dynamic_cast<kprC_StepDependent const*>(&object);
   if (attribute == nullptr) { return; }
+  description.inLoadCases = attribute->LoadCaseText();
   auto& created = description.createdIn.emplace();
   auto& carried = description.carriedInto.emplace();
   auto const sort = [&](unsigned procedureType) {

@@ -22,6 +22,7 @@ struct Description {
   /// Of those whose steps have such an attribute as part of their base state.
   std::vector<std::string> inBaseStateOf;
   bool isCommand = false;
+  std::string inLoadCases;  ///< whether load cases take such an attribute, or such a step has any: "yes", "no", "not yet"; "" where neither
 };
 
 /// The description of a command or class, whatever the case of its letters; refuses an unknown one with the nearest name.

@@ -135,16 +135,82 @@ template <class Fn> void EditInStep(Call& call, AttributeTarget const& target, F
   Edit(call, target, [&](kprC_StepDependent& item) { operation(item, step); });
 }
 
+[[noreturn]] void RefuseName(Call& call, kprC_StepAwareRepository const& repository, cow_String const& name) {
+  if (auto const code = repository.EditRefusals().nameInUse) {
+    call.subject.hint = "The name is that of " + ObjectText(repository.ItemCmd(), name) + ".";
+    repository.Refuse(*code);
+  }
+  RefuseValue(call.subject, "The " + ObjectText(repository.ItemCmd(), name) + " exists already.");
+}
+
 cow_String FreeName(Call& call, std::string_view argument, kprC_StepAwareRepository const& repository, cow_String const& own) {
   cow_String name = call.arguments.Name(argument);
-  if (name != own && repository.ConstItem(name) != nullptr) {
-    if (auto const code = repository.EditRefusals().nameInUse) {
-      call.subject.hint = "The name is that of " + ObjectText(repository.ItemCmd(), name) + ".";
-      repository.Refuse(*code);
-    }
-    RefuseValue(call.subject, "The " + ObjectText(repository.ItemCmd(), name) + " exists already.");
-  }
+  if (name != own && repository.ConstItem(name) != nullptr) { RefuseName(call, repository, name); }
   return name;
+}
+
+/// The members that a state sets or frees, as commands give them.
+kprC_Arguments SaidBy(cls_Object const& state) {
+  kprC_Arguments said;
+  for (cls_MemberRow const& row : state.MemberRows()) {
+    if (row.ops->isModified != nullptr && row.ops->isModified(row.In(&state))) { said.emplace_back(row.name, row.ToValue(&state)); }
+  }
+  return said;
+}
+
+/// Puts a copy of the attribute beside it that begins in \p step with what is \p said there.
+void BeginCopy(Call& call, AttributeTarget const& target, cow_String const& step, kprC_Arguments const& said) {
+  cow_String const name(std::string(target.name.View()) + "-" + std::string(step.View()));
+  if (target.repository.ConstItem(name) != nullptr) { RefuseName(call, target.repository, name); }
+  auto& repository = call.model.Get<kprC_StepAwareRepository>(target.extension);
+  repository.InsertItem(name, target.item);
+  kprC_StepDependent& copy = *repository.Item(name);
+  target.item.ForEachRecord([&](std::size_t index, mdl_PropagationStatusEnm status, cls_Object const*) {
+    bool const own = (target.repository.Statuses()[static_cast<std::size_t>(status)] & kprC_Changed) != 0;
+    if (own) { copy.Remove(target.item.Steps().Name(index)); }
+  });
+  std::string unknown;
+  copy.SetInStep(step, said, &unknown);
+  repository.RecordModify(name);
+}
+
+/// Has the attribute say in the step \p to what it says of its own in \p from, unless it is so there already.
+void Repeat(Call& call, AttributeTarget const& target, cow_String const& from, cow_String const& to) {
+  kprC_StepDependent const& item = target.item;
+  unsigned const traits = target.repository.Statuses()[static_cast<std::size_t>(item.Status(from))];
+  if ((traits & kprC_Changed) == 0) { return; }
+  auto const edit = [&](auto&& change) {
+    auto& repository = call.model.Get<kprC_StepAwareRepository>(target.extension);
+    change(*repository.Item(target.name));
+    repository.RecordModify(target.name);
+  };
+  if ((traits & kprC_Active) == 0) {  // switched off
+    auto const operations = target.repository.Operations();
+    auto const off = std::ranges::find(operations, kprC_Effect::SwitchOff, &kprC_Operation::effect);
+    if (item.IsActiveIn(to)) {
+      edit([&](kprC_StepDependent& own) { own.Perform(*off, to, to); });
+    }
+    return;
+  }
+  kprC_StepTable const& steps = item.Steps();
+  kprC_Arguments said = SaidBy(*item.StateAt(steps.Find(from.View())));
+  if (!item.IsActiveIn(to) && item.CreateStepName() == from) { return BeginCopy(call, target, to, said); }
+  cls_Object const* const there = item.StateAt(steps.Find(to.View()));
+  auto const isSo = [there](auto const& member) {
+    cls_Value const value = there->Member(member.first);
+    auto const* const text = value.template As<std::string>();
+    return value == member.second || (member.second == cls_Value("FREED") && text != nullptr && IsStateWord(*text));  // carried as "UNSET"
+  };
+  bool const holds = item.IsActiveIn(to) && std::ranges::all_of(said, isSo);
+  if (holds) { return; }
+  if (!item.IsEditable(to)) {
+    call.subject.hint = NotEditableHint(item, to);
+    target.repository.Refuse(item.IsActiveIn(to) ? target.repository.EditRefusals().readOnlyInStep
+                                                 : target.repository.EditRefusals().notInStep);
+  }
+  ResolveReferences(call, &target.repository, MemberArguments(*there), said);
+  std::string unknown;
+  edit([&](kprC_StepDependent& own) { own.SetInStep(to, said, &unknown); });
 }
 
 }  // namespace
@@ -168,6 +234,9 @@ std::vector<CommandInfo> AttributeConstructions() {
         info.arguments.push_back(Describe(member, *CreateState(*item)));
       }
       infos.push_back(std::move(info));
+    }
+    if (!repository.CopyCmd().empty()) {
+      infos.push_back(CopyConstruction(repository.CopyCmd(), InWords(extension), repository.ItemCmd()));
     }
   });
   return infos;
@@ -297,11 +366,30 @@ void RenameAttribute(Call& call, AttributeTarget const& target) {
   call.arguments.AssertNoRest({std::string(kNewName)});
   if (newName == target.name) { return; }
   call.model.Get<kprC_StepAwareRepository>(target.extension).RenameItem(target.name, newName);
+  RenameInLoadCases(call, target.repository.ItemCmd(), target.name, newName);
   call.touched.names.push_back(newName);
+}
+
+void CopyAttribute(Call& call, AttributeTarget const& target) {
+  std::string_view const argument = CopyNameArgument(call, target.repository.ItemCmd(), target.repository.CopyCmd());
+  cow_String const newName = FreeName(call, argument, target.repository, cow_String());
+  call.arguments.AssertNoRest({std::string(argument)});
+  call.model.Get<kprC_StepAwareRepository>(target.extension).InsertItem(newName, target.item);
+  call.touched.names.push_back(newName);
+}
+
+void SayAgain(Call& call, cow_String const& from, cow_String const& to) {
+  ddr_Model const before = call.model;
+  ForEachRepository(before, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+    repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
+      AskOther(call, repository, name, [&] { Repeat(call, {extension, repository, item, name}, from, to); });
+    });
+  });
 }
 
 void DeleteAttribute(Call& call, AttributeTarget const& target) {
   call.arguments.AssertNoRest({});
+  AssertInNoLoadCase(call, target.repository.ItemCmd(), target.name);
   call.model.Get<kprC_StepAwareRepository>(target.extension).Remove(target.name);
 }
 

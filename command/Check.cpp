@@ -16,16 +16,6 @@ namespace gattr {
 
 namespace {
 
-/// What \p run refuses; nothing when it does not.
-std::optional<Refusal> RefusalBy(std::function<void()> const& run) {
-  try {
-    run();
-  } catch (std::bad_alloc const&) { throw; } catch (std::exception const& error) {
-    return RefusalOf(error);
-  }
-  return std::nullopt;
-}
-
 /// What is told of a name that the model does not have where no module numbers that.
 Refusal Unknown(std::string_view kind, std::string_view name) {
   return {"", -1, "omu_KeyErrorException", "There is no " + ObjectText(kind, name) + "."};
@@ -60,12 +50,14 @@ void CheckNamedObjects(ddr_Model const& model, std::vector<Finding>& findings) {
   for (ReferenceKind const& kind : ReferenceKinds()) {
     mdl_NamedObjects const& objects = kind.In(model);
     for (cow_String const& name : objects.Keys()) {
-      auto const add = [&](Refusal refusal) {
-        findings.push_back({std::string(kind.kind), std::string(name.View()), {}, std::move(refusal), {}});
+      auto const add = [&](FindingKind found, std::string_view member, Refusal refusal) {
+        findings.push_back({found, std::string(kind.kind), std::string(name.View()), {}, std::string(member), std::move(refusal), {}, {}});
       };
       cls_Object const& object = *objects.ConstObject(name);
-      if (auto refusal = RefusalBy([&] { kind.In(trial).Put(name, object); })) { add(*std::move(refusal)); }
-      ForEachUnknown(model, object, [&](ReferenceKind const& of, std::string_view unknown) { add(Unknown(of.kind, unknown)); });
+      if (auto refusal = RefusalBy([&] { kind.In(trial).Put(name, object); })) { add(FindingKind::InvalidObject, {}, *std::move(refusal)); }
+      ForEachUnknown(model, object, [&](ReferenceKind const& of, std::string_view unknown, std::string_view member) {
+        add(FindingKind::UnknownName, member, Unknown(of.kind, unknown));
+      });
     }
   }
 }
@@ -87,7 +79,7 @@ public:
     suppressed_ = item.IsSuppressed();
     if (item.CreateStepName().IsEmpty()) {
       Refusal removed{"", -1, "", "No step creates it: its creation has been removed."};
-      Add(FindingKind::NotCreated, std::move(removed)).hint = "\"setValuesInStep\" creates it anew.";
+      Add(FindingKind::NotCreated, std::move(removed)).hint = R"("setValuesInStep" creates it anew.)";
       return;
     }
     auto const again = Copy(item);
@@ -232,10 +224,11 @@ std::vector<Finding> Check(ddr_Model const& model) {
                           {},
                           std::move(left),
                           {},
-                          "\"releaseDanglingRegions\" lets go of it.",
+                          R"("releaseDanglingRegions" lets go of it.)",
                           false});
     }
   });
+  CheckLoadCases(model, findings);
   changes.TruncateTo(before);
   return findings;
 }

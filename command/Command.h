@@ -15,6 +15,8 @@
 /// What the command tables share: one command on its way, and the kinds of objects that it may name.
 namespace gattr {
 
+struct Finding;
+
 inline constexpr std::string_view kName = "name", kNewName = "newName";
 
 /// One command while it runs.
@@ -33,12 +35,14 @@ struct AttributeTarget {
   cow_String name;
 };
 
-/// A kind of objects that attributes and steps refer to by name, and where the model keeps them.
+/// A kind of named objects beside attributes and steps, and where the model keeps them. Most are referred to by name.
 struct ReferenceKind {
-  cls_Reference reference;
+  cls_Reference reference;     ///< by which members refer to one; None: by none
   std::string_view kind;       ///< "region", as commands name one
   std::string_view extension;  ///< member name of the model's map
   std::string_view known;      ///< what a message calls those that there are: "Amplitudes"
+  /// Refuses one that does not go with the model; null where each does.
+  void (*assertInModel)(Call& call, cls_Object const& object) = nullptr;
 
   mdl_NamedObjects const& In(ddr_Model const& model) const { return model.ConstGet<mdl_NamedObjects>(extension); }
   mdl_NamedObjects& In(ddr_Model& model) const { return model.Get<mdl_NamedObjects>(extension); }
@@ -82,6 +86,8 @@ void DeleteStep(Call& call, cow_String const& name);
 void ReplaceStep(Call& call, cow_String const& name);
 /// What may become of attributes whose step gets another procedure, in the order of help.
 std::vector<std::string> ReplacementPolicies();
+/// Inserts a copy of a step, in which every attribute says what it says in the step itself.
+void CopyStep(Call& call, cow_String const& name);
 
 // commands on an attribute
 void SetAttributeValues(Call& call, AttributeTarget const& target);
@@ -94,6 +100,10 @@ void SuppressAttribute(Call& call, AttributeTarget const& target);
 void ResumeAttribute(Call& call, AttributeTarget const& target);
 void RenameAttribute(Call& call, AttributeTarget const& target);
 void DeleteAttribute(Call& call, AttributeTarget const& target);
+void CopyAttribute(Call& call, AttributeTarget const& target);
+/// Has every attribute that says something of its own in the step \p from say the same in \p to, unless it is so there already. One
+/// that is created in \p from and not carried to \p to is copied: "Push-Again" of "Push" in "Again".
+void SayAgain(Call& call, cow_String const& from, cow_String const& to);
 
 /// Runs \p run; where it is refused and the message has no hint yet, \p hint(refusal) gives one.
 template <class Run, class Hint> void Hinting(Call& call, Run&& run, Hint&& hint) {
@@ -117,6 +127,15 @@ cls_Object const& Referred(Call& call, ReferenceKind const& kind, std::string_vi
 void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const& name);
 void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& name);
 void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& name);
+// load cases, which name steps and attributes
+void AssertLoadCase(Call& call, cls_Object const& object);
+void CheckLoadCases(ddr_Model const& model, std::vector<Finding>& findings);
+/// Has load cases follow what they name; \p kind is "step" or that of an attribute.
+void RenameInLoadCases(Call& call, std::string_view kind, cow_String const& name, cow_String const& newName);
+/// Refuses to delete what a load case names.
+void AssertInNoLoadCase(Call& call, std::string_view kind, cow_String const& name);
+
+void CopyReference(Call& call, ReferenceKind const& kind, cow_String const& name);
 
 /// Completes the values of members that name something of the model, in lists and nested objects too, and refuses what the
 /// model does not have: by the number of \p repository's family where that has one.
@@ -130,6 +149,13 @@ std::optional<int> UnknownCode(kprC_EditRefusalCodes const& codes, cls_Reference
 /// call the member that names it, empty for one that they do not set.
 void ForEachUnknown(ddr_Model const& model, cls_Object const& object,
                     std::function<void(ReferenceKind const& kind, std::string_view name, std::string_view member)> const& visit);
+
+inline constexpr std::string_view kCopy = "copy";
+/// What the argument for the copy's name is called: "newName", or "name" where the command is \p construction ("Load"), which is
+/// refused on objects of another kind.
+std::string_view CopyNameArgument(Call& call, std::string_view kind, std::string_view construction);
+/// The help of the command that constructs a copy of an object of that kind.
+CommandInfo CopyConstruction(std::string_view construction, std::string group, std::string_view kind);
 
 /// The commands on objects, in the order of help; those that operations of the model's families are among them.
 std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model);

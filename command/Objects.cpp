@@ -109,6 +109,12 @@ std::vector<ObjectCommand> const& CommonCommands() {
       {"suppress", "takes an attribute out of the analysis as a whole; its history stays", {}, &SuppressAttribute},
       {"resume", "takes a suppressed attribute back into the analysis", {}, &ResumeAttribute},
       {"rename", "gives an object another name", {Required("newName", "the new name")}, &RenameAttribute, &RenameStep, &RenameReference},
+      {kCopy,
+       "gives an object a second one beside it; with a step goes what attributes say in it",
+       {Required("newName", "the copy's name"), Optional("previous", "of a step: behind which one the copy comes; itself when left out")},
+       &CopyAttribute,
+       &CopyStep,
+       &CopyReference},
       {"delete",
        "deletes an object; with a step go the attributes that were created in it",
        {},
@@ -132,7 +138,37 @@ ObjectCommand const& OperationCommand() {
   return command;
 }
 
+/// The construction commands of copies: "Load", "Step".
+ObjectCommand const& CopyCommand() {
+  static ObjectCommand const command{"", "", {}, &CopyAttribute, &CopyStep};
+  return command;
+}
+
+/// The command that is none of the common ones; null where there is no such command.
+ObjectCommand const* OtherCommand(Call& call) {
+  std::string const& name = call.arguments.Command();
+  auto const isOperation = [&](auto const&, kprC_StepAwareRepository const& repository) {
+    return FindOperation(repository, name) != nullptr;
+  };
+  auto const isCopy = [&](auto const&, kprC_StepAwareRepository const& repository) { return repository.CopyCmd() == name; };
+  if (FindRepository(call.model, isOperation)) { return &OperationCommand(); }
+  return kprC_Step::copyCmd() == name || FindRepository(call.model, isCopy) ? &CopyCommand() : nullptr;
+}
+
 }  // namespace
+
+std::string_view CopyNameArgument(Call& call, std::string_view kind, std::string_view construction) {
+  if (call.arguments.Command() == kCopy) { return kNewName; }
+  if (call.arguments.Command() != construction) { RefuseKind(call, kind); }
+  return kName;
+}
+
+CommandInfo CopyConstruction(std::string_view construction, std::string group, std::string_view kind) {
+  return {std::string(construction),
+          std::move(group),
+          "copies a " + std::string(kind) + ", of any type",
+          {Required(kName, "the copy's name"), Required(kind, "what is copied")}};
+}
 
 std::string ObjectText(std::string_view kind, std::string_view name) { return std::string(kind) + " " + Quoted(name); }
 
@@ -166,11 +202,7 @@ std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model) {
 
 bool RunOnObject(Call& call) {
   auto const common = std::ranges::find(CommonCommands(), call.arguments.Command(), &ObjectCommand::name);
-  ObjectCommand const* command = common == CommonCommands().end() ? nullptr : &*common;
-  auto const isOperation = [&call](auto const&, kprC_StepAwareRepository const& repository) {
-    return FindOperation(repository, call.arguments.Command()) != nullptr;
-  };
-  if (command == nullptr && FindRepository(call.model, isOperation)) { command = &OperationCommand(); }
+  ObjectCommand const* const command = common == CommonCommands().end() ? OtherCommand(call) : &*common;
   if (command == nullptr) { return false; }
   if (RunOnAttribute(call, *command) || RunOnStep(call, *command)) { return true; }
   // Last: "region" and "amplitude" are members of attributes too.

@@ -29,12 +29,13 @@ constexpr ReferenceKind kKinds[] = {
     {cls_Reference::Property, kinC_InteractionProperty::interactionPropertyCmd(), kinC_InteractionProperty::interactionPropertiesCmd(),
      "There are"},
     {cls_Reference::ContactControls, kinC_ContactControls::contactControlsCmd(), kinC_ContactControls::contactControlsCmd(), "There are"},
+    {cls_Reference::None, lcsC_LoadCase::loadCaseCmd(), lcsC_LoadCase::repositoryCmd(), "There are", &AssertLoadCase},
 };
 
 /// A command that declares an object.
 struct Declaration {
   std::string_view command;
-  cls_Reference reference;
+  std::string_view kind;
   std::string_view meaning;
   std::unique_ptr<cls_Object> (*make)();
 };
@@ -43,31 +44,31 @@ template <class T> std::unique_ptr<cls_Object> Make() { return std::make_unique<
 template <rgnC_RegionType Type> std::unique_ptr<cls_Object> MakeRegion() { return std::make_unique<rgnC_Region>(cow_String(), Type); }
 
 constexpr Declaration kDeclarations[] = {
-    {"Set", cls_Reference::Region, "declares a set: a region of the model that attributes act on", &MakeRegion<rgnC_Set>},
-    {"Surface", cls_Reference::Region, "declares a surface: a region of the model that attributes act on", &MakeRegion<rgnC_Surface>},
-    {"Amplitude", cls_Reference::Amplitude, "declares a variation over time that attributes refer to by its name", &Make<ampC_Amplitude>},
-    {"Connector", cls_Reference::Connector, "declares a connector element and the components of relative motion that it offers",
-     &Make<conC_Connector>},
-    {kfdC_Field::constructorCmd(), cls_Reference::Field, "declares a variation in space that attributes refer to by its name",
-     &Make<kfdC_Field>},
-    {kprC_TimePoint::constructorCmd(), cls_Reference::TimePoint, "declares a sequence of times that output requests refer to by its name",
+    {"Set", "region", "declares a set: a region of the model that attributes act on", &MakeRegion<rgnC_Set>},
+    {"Surface", "region", "declares a surface: a region of the model that attributes act on", &MakeRegion<rgnC_Surface>},
+    {"Amplitude", "amplitude", "declares a variation over time that attributes refer to by its name", &Make<ampC_Amplitude>},
+    {"Connector", "connector", "declares a connector element and the components of relative motion that it offers", &Make<conC_Connector>},
+    {kfdC_Field::constructorCmd(), "field", "declares a variation in space that attributes refer to by its name", &Make<kfdC_Field>},
+    {kprC_TimePoint::constructorCmd(), "timePoint", "declares a sequence of times that output requests refer to by its name",
      &Make<kprC_TimePoint>},
-    {"DatumCsys", cls_Reference::CoordinateSystem, "declares a coordinate system that attributes refer to by its name", &Make<dtmC_Datum>},
-    {"DatumAxis", cls_Reference::Axis, "declares an axis that attributes refer to by its name", &Make<dtmC_Datum>},
-    {kinC_ContactProperty::constructorCmd(), cls_Reference::Property, "creates a property of contact: how surfaces behave that touch",
-     &Make<kinC_ContactProperty>},
-    {kinC_FilmConditionProp::constructorCmd(), cls_Reference::Property,
+    {"DatumCsys", "coordinateSystem", "declares a coordinate system that attributes refer to by its name", &Make<dtmC_Datum>},
+    {"DatumAxis", "axis", "declares an axis that attributes refer to by its name", &Make<dtmC_Datum>},
+    {kinC_ContactProperty::constructorCmd(), kinC_InteractionProperty::interactionPropertyCmd(),
+     "creates a property of contact: how surfaces behave that touch", &Make<kinC_ContactProperty>},
+    {kinC_FilmConditionProp::constructorCmd(), kinC_InteractionProperty::interactionPropertyCmd(),
      "creates a property of film conditions: the heat that a surface gives to a fluid", &Make<kinC_FilmConditionProp>},
-    {kinC_ActuatorSensorProp::constructorCmd(), cls_Reference::Property,
+    {kinC_ActuatorSensorProp::constructorCmd(), kinC_InteractionProperty::interactionPropertyCmd(),
      "creates a property of actuators and sensors: what their user element is given", &Make<kinC_ActuatorSensorProp>},
-    {kinC_AcousticImpedanceProp::constructorCmd(), cls_Reference::Property,
+    {kinC_AcousticImpedanceProp::constructorCmd(), kinC_InteractionProperty::interactionPropertyCmd(),
      "creates a property of acoustic impedances: how a surface answers to sound", &Make<kinC_AcousticImpedanceProp>},
-    {kinC_IncidentWaveProperty::constructorCmd(), cls_Reference::Property,
+    {kinC_IncidentWaveProperty::constructorCmd(), kinC_InteractionProperty::interactionPropertyCmd(),
      "creates a property of incident waves: how they travel and decay", &Make<kinC_IncidentWaveProperty>},
-    {kinC_StdContactControls::constructorCmd(), cls_Reference::ContactControls,
+    {kinC_StdContactControls::constructorCmd(), kinC_ContactControls::contactControlsCmd(),
      "creates controls of contact pairs that are solved by equilibrium iterations", &Make<kinC_StdContactControls>},
-    {kinC_ExpContactControls::constructorCmd(), cls_Reference::ContactControls, "creates controls of contact pairs in explicit steps",
-     &Make<kinC_ExpContactControls>},
+    {kinC_ExpContactControls::constructorCmd(), kinC_ContactControls::contactControlsCmd(),
+     "creates controls of contact pairs in explicit steps", &Make<kinC_ExpContactControls>},
+    {lcsC_LoadCase::constructorCmd(), lcsC_LoadCase::loadCaseCmd(), "declares a load case: attributes of a step that act together",
+     &Make<lcsC_LoadCase>},
 };
 
 bool Names(cls_Object const& object, cls_Reference reference, std::string_view name) {
@@ -86,6 +87,7 @@ struct User {
 /// The attributes, then the steps, then of what is referred to by name itself that which names the object.
 std::vector<User> UsersOf(ddr_Model const& model, ReferenceKind const& kind, std::string_view name) {
   std::vector<User> users;
+  if (kind.reference == cls_Reference::None) { return users; }
   ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     repository.ForEach([&](cow_String const& user, kprC_StepDependent const& item) {
       if (Names(item, kind.reference, name)) { users.push_back({extension, user}); }
@@ -229,6 +231,7 @@ std::optional<int> UnknownCode(kprC_EditRefusalCodes const& codes, cls_Reference
 std::span<ReferenceKind const> ReferenceKinds() { return kKinds; }
 
 ReferenceKind const* FindReferenceKind(cls_Reference reference) {
+  if (reference == cls_Reference::None) { return nullptr; }
   auto const found = std::ranges::find(kKinds, reference, &ReferenceKind::reference);
   return found == std::end(kKinds) ? nullptr : &*found;
 }
@@ -258,7 +261,7 @@ void SetObjectMembers(Call& call, cls_Object& object, kprC_Arguments members) {
   SetMembers(call.subject, object, settable, members);
   ResolveReferences(call, nullptr, settable, members);
   for (auto& [name, value] : members) {  // what is held whole is complete now
-    FitNull(*FindArgument(settable, name)->info, value);
+    FitNull(call.subject, *FindArgument(settable, name), value);
     object.SetMember(name, value);
   }
 }
@@ -288,11 +291,12 @@ std::vector<CommandInfo> ReferenceConstructions() {
 bool ConstructReference(Call& call) {
   auto const declaration = std::ranges::find(kDeclarations, call.arguments.Command(), &Declaration::command);
   if (declaration == std::end(kDeclarations)) { return false; }
-  ReferenceKind const& kind = *FindReferenceKind(declaration->reference);
+  ReferenceKind const& kind = *std::ranges::find(kKinds, declaration->kind, &ReferenceKind::kind);
   cow_String const name = FreeName(call, kName, kind);
   call.subject.object = Quoted(name);
   std::unique_ptr<cls_Object> const object = declaration->make();
   SetObjectMembers(call, *object, call.arguments.Rest());
+  if (kind.assertInModel != nullptr) { kind.assertInModel(call, *object); }
   kind.In(call.model).Put(name, *object);
   return true;
 }
@@ -300,6 +304,7 @@ bool ConstructReference(Call& call) {
 void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const& name) {
   std::unique_ptr<cls_Object> const object = Referred(call, kind, name).Copy();
   SetObjectMembers(call, *object, call.arguments.Rest());
+  if (kind.assertInModel != nullptr) { kind.assertInModel(call, *object); }
   kind.In(call.model).Put(name, *object);
   std::vector<User> const users = UsersOf(call.model, kind, name);
   if (kind.reference == cls_Reference::Region) { Redirect(call, users, {kind.reference, name, name, object.get()}); }
@@ -319,6 +324,14 @@ void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& na
   objects.Remove(name);
   objects.Put(newName, *object);
   Redirect(call, users, {kind.reference, name, newName, kind.In(std::as_const(call.model)).ConstObject(newName)});
+}
+
+void CopyReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
+  CopyNameArgument(call, kind.kind, {});
+  cow_String const newName = FreeName(call, kNewName, kind);
+  call.arguments.AssertNoRest({std::string(kNewName)});
+  std::unique_ptr<cls_Object> const object = Referred(call, kind, name).Copy();
+  kind.In(call.model).Put(newName, *object);
 }
 
 void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& name) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <exception>
+#include <new>
+#include <optional>
 #include <string>
 
 namespace gattr {
@@ -15,5 +17,15 @@ struct Refusal {
 
 /// What an exception says. One that is no refusal gives its text alone.
 Refusal RefusalOf(std::exception const& error);
+
+/// What \p run refuses; nothing when it does not.
+template <class Run> std::optional<Refusal> RefusalBy(Run&& run) {
+  try {
+    run();
+  } catch (std::bad_alloc const&) { throw; } catch (std::exception const& error) {
+    return RefusalOf(error);
+  }
+  return std::nullopt;
+}
 
 }  // namespace gattr

@@ -108,6 +108,29 @@ cow_String NewStepName(Call& call, std::string_view argument) {
   return name;
 }
 
+/// The step behind which another comes, \p preset unless the command says; a hint where the model has none of that name.
+cow_String PreviousStep(Call& call, cow_String const& preset) {
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  std::optional<std::string> const given = call.arguments.OptionalText(kprC_AnalysisStep::previousCmd());
+  cow_String previous = given ? cow_String(*given) : preset;
+  if (!steps.IsMember(previous)) {
+    call.subject.member = kprC_AnalysisStep::previousCmd();
+    call.subject.hint = Suggestion(previous, Texts(steps.Names()), "Steps");
+    call.subject.atFault = true;
+  }
+  return previous;
+}
+
+void InsertStep(Call& call, cow_String const& previous, cow_String const& name, kprC_StepHandle const& step) {
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  ExplainStep(
+      call, [&] { kprC_InsertStep(call.model, previous, name, step); }, step,
+      [&] {
+        return steps.Table().WithInserted(steps.Index(previous) + 1, {name, step});
+      },
+      [&] { return WhyNot(call.model, previous, false, step->ProcedureType()); });
+}
+
 }  // namespace
 
 std::vector<CommandInfo> StepConstructions() {
@@ -121,6 +144,8 @@ std::vector<CommandInfo> StepConstructions() {
     for (MemberArgument const& member : MemberArguments(*step)) { info.arguments.push_back(Describe(member, *step)); }
     infos.push_back(std::move(info));
   }
+  infos.push_back(CopyConstruction(kprC_Step::copyCmd().View(), kSteps, kprC_Step::stepCmd()));
+  infos.back().arguments.push_back(Optional("previous", "the step behind which the copy comes; the copied one when left out"));
   return infos;
 }
 
@@ -130,21 +155,22 @@ bool ConstructStep(Call& call) {
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   cow_String const name = NewStepName(call, kprC_Step::nameCmd());
   call.subject.object = Quoted(name);
-  std::optional<std::string> const given = call.arguments.OptionalText(kprC_AnalysisStep::previousCmd());
-  cow_String const previous = given ? cow_String(*given) : steps.Name(steps.Size() - 1);
-  if (!steps.IsMember(previous)) {
-    call.subject.member = kprC_AnalysisStep::previousCmd();
-    call.subject.hint = Suggestion(previous, Texts(steps.Names()), "Steps");
-    call.subject.atFault = true;
-  }
-  kprC_StepHandle const step = Constructed(call, call.arguments.Command());
-  ExplainStep(
-      call, [&] { kprC_InsertStep(call.model, previous, name, step); }, step,
-      [&] {
-        return steps.Table().WithInserted(steps.Index(previous) + 1, {name, step});
-      },
-      [&] { return WhyNot(call.model, previous, false, step->ProcedureType()); });
+  cow_String const previous = PreviousStep(call, steps.Name(steps.Size() - 1));
+  InsertStep(call, previous, name, Constructed(call, call.arguments.Command()));
   return true;
+}
+
+void CopyStep(Call& call, cow_String const& name) {
+  std::string const argument(CopyNameArgument(call, kprC_Step::stepCmd(), kprC_Step::copyCmd()));
+  cow_String const newName = NewStepName(call, argument);
+  cow_String const previous = PreviousStep(call, name);
+  call.arguments.AssertNoRest({argument, std::string(kprC_AnalysisStep::previousCmd())});
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  if (steps.Index(name) == 0) { RefuseEdit(call.subject, "There is one initial step: it cannot be copied."); }
+  kprC_StepHandle step = steps.Handle(steps.Index(name));
+  step.Get().NewUid();
+  InsertStep(call, previous, newName, step);
+  SayAgain(call, name, newName);
 }
 
 void SetStepValues(Call& call, cow_String const& name) {
@@ -164,10 +190,12 @@ void RenameStep(Call& call, cow_String const& name) {
   cow_String const newName = NewStepName(call, "newName");
   call.arguments.AssertNoRest({"newName"});
   kprC_RenameStep(call.model, name, newName);
+  RenameInLoadCases(call, kprC_Step::stepCmd(), name, newName);
 }
 
 void DeleteStep(Call& call, cow_String const& name) {
   call.arguments.AssertNoRest({});
+  AssertInNoLoadCase(call, kprC_Step::stepCmd(), name);
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   ExplainStep(
       call, [&] { kprC_RemoveStep(call.model, name); }, nullptr, [&] { return steps.Table().WithRemoved(steps.Index(name)); },

@@ -60,7 +60,7 @@ void Warnings::LookAtRegion(kprC_StepDependent const& item) {
         ofSurfaces ? R"(Declare the faces with "Surface" and name that.)" : R"(Declare the nodes or elements with "Set" and name that.)");
   });
   if (acts) { return; }
-  Add(FindingKind::ActsOnNothing, item, {}, member, "It acts on nothing.", "\"setValues\" takes " + Quoted(member) + ".");
+  Add(FindingKind::ActsOnNothing, item, {}, member, "It acts on nothing.", R"("setValues" takes )" + Quoted(member) + ".");
 }
 
 void Warnings::LookAtValues(kprC_StepDependent const& item) {
@@ -83,7 +83,7 @@ void Warnings::LookAtValues(kprC_StepDependent const& item) {
   if (!could || does) { return; }
   std::string const step(item.CreateStepName().View());
   Add(FindingKind::PrescribesNothing, item, step, {}, "It prescribes nothing, in no step.",
-      "\"setValuesInStep\" gives it a value, or \"delete\" takes it away.");
+      R"("setValuesInStep" gives it a value, or "delete" takes it away.)");
 }
 
 void Warnings::LookAtAll() {

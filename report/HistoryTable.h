@@ -48,9 +48,9 @@ struct HistoryTable {
 struct HistoryFilter {
   std::vector<std::string> attributes;
   std::vector<std::string> steps;
-  std::vector<std::string> types;                  ///< construction commands
-  std::vector<mdl_PropagationStatusEnm> statuses;  ///< attributes that have one of them in a step that is shown
-  bool changes = false;                            ///< tell what each step says of its own
+  std::vector<std::string> types = {};                  ///< construction commands
+  std::vector<mdl_PropagationStatusEnm> statuses = {};  ///< attributes that have one of them in a step that is shown
+  bool changes = false;                                 ///< tell what each step says of its own
 };
 
 /// Attributes by kind and name, steps in their order. Linear in the records shown.

@@ -4,6 +4,7 @@
 #include "platform/CoreUtils/ddb_CallCounter.h"
 #include "platform/NonGeometricAttributes/ampC_Amplitude.h"
 #include "platform/NonGeometricAttributes/conC_Connector.h"
+#include "platform/NonGeometricAttributes/lcsC_LoadCase.h"
 
 namespace {
 struct Library;
