@@ -114,18 +114,30 @@ public:
 
 private:
   void Trace(std::size_t line, Json const& command, Outcome const& outcome) const {
-    if (!trace_) { return; }
+    if (!trace_) { return TellReport(outcome.report); }
     Json told = {{"line", line}, {"command", command}, {"ok", outcome.ok}};
     if (outcome.ok) {
       Json& histories = told["history"] = Json::object();
       for (auto const& [name, statuses] : outcome.history) { histories[name] = statuses; }
       if (!outcome.changed) { told["changed"] = false; }
+      if (!outcome.report.empty()) { told["report"] = outcome.report; }
     } else {
       Refusal const& refused = outcome.refused;
       told["refused"] = {{"module", refused.module}, {"code", refused.code}, {"exception", refused.exception}, {"message", refused.message},
                          {"object", outcome.object}, {"step", outcome.step}, {"member", outcome.member},       {"hint", outcome.hint}};
     }
     std::cout << JsonLine(told) << '\n';
+  }
+
+  /// A report line by line; its columns stand apart by tabs.
+  static void TellReport(std::string_view report) {
+    while (!report.empty()) {
+      std::size_t const end = report.find_first_of("\n\t");
+      std::cout << Shown(report.substr(0, end));
+      if (end == std::string_view::npos) { break; }
+      std::cout << report[end];
+      report.remove_prefix(end + 1);
+    }
   }
 
   Session& session_;

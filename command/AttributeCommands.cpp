@@ -94,6 +94,16 @@ void AssertNotSuppressed(AttributeTarget const& target) {
   if (target.item.IsSuppressed()) { target.repository.Refuse(target.repository.EditRefusals().suppressed); }
 }
 
+void AssertKnown(Call const& call, AttributeTarget const& target, cow_String const& step) {
+  if (!kprC_Steps(call.model).IsMember(step)) { target.repository.Refuse(target.repository.EditRefusals().unknownStep); }
+}
+void AssertEditable(Call& call, AttributeTarget const& target, cow_String const& step) {
+  if (target.item.IsEditable(step)) { return; }
+  call.subject.hint = NotEditableHint(target.item, step);
+  kprC_EditRefusalCodes const& codes = target.repository.EditRefusals();
+  target.repository.Refuse(target.item.IsActiveIn(step) ? codes.readOnlyInStep : codes.notInStep);
+}
+
 /// Refuses a creation in the initial step, in a family that has none there.
 void AssertNotInInitialStep(Call const& call, kprC_StepAwareRepository const& repository, cow_String const& step) {
   std::optional<int> const code = repository.EditRefusals().inInitialStep;
@@ -110,9 +120,9 @@ void AssertAdmitted(Call const& call, kprC_StepAwareRepository const& repository
 
 /// An attribute of the type as \p step would create it, for one whose creation has been removed: setting values creates it anew.
 std::unique_ptr<kprC_StepDependent> Anew(Call& call, AttributeTarget const& target, cow_String const& step) {
-  kprC_StepContainer const& steps = kprC_Steps(call.model);
-  if (!steps.IsMember(step)) { target.repository.Refuse(target.repository.EditRefusals().unknownStep); }
+  AssertKnown(call, target, step);
   AssertNotInInitialStep(call, target.repository, step);
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
   std::unique_ptr<kprC_StepDependent> fresh = target.repository.Construct(target.item.ConstructionName());
   fresh->Begin(step, steps.Table().ProcedureType(steps.Index(step)));
   return fresh;
@@ -303,12 +313,8 @@ void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
   if (anew) { state = anew->StateAt(0); }
   Members members = Sorted(call, {}, *state);  // what is the attribute's own is the same in all steps
   AssertNotSuppressed(target);
-  if (!kprC_Steps(call.model).IsMember(step)) { target.repository.Refuse(target.repository.EditRefusals().unknownStep); }
-  if (!anew && !target.item.IsEditable(step)) {
-    call.subject.hint = NotEditableHint(target.item, step);
-    kprC_EditRefusalCodes const& codes = target.repository.EditRefusals();
-    target.repository.Refuse(target.item.IsActiveIn(step) ? codes.readOnlyInStep : codes.notInStep);
-  }
+  AssertKnown(call, target, step);
+  if (!anew) { AssertEditable(call, target, step); }
   ResolveReferences(call, target.repository, members);
   Edit(call, target, [&](kprC_StepDependent& item) {
     Hinting(
@@ -343,6 +349,35 @@ void PerformOnAttribute(Call& call, AttributeTarget const& target) {
   call.arguments.AssertNoRest({std::string(kFromStep), std::string(kToStep)});
   AssertNotSuppressed(target);
   Edit(call, target, [&](kprC_StepDependent& item) { perform(item, from, to); });
+}
+
+void EditByType(Call& call, AttributeTarget const& target) {
+  auto const edits = target.repository.TypeEdits();
+  auto const edit = std::ranges::find_if(
+      edits, [&](kprC_TypeEdit const& one) { return one.command == call.arguments.Command() && one.typeId == target.item.DynTypeId(); });
+  if (edit == edits.end()) {
+    RefuseUnknown(call.subject, Quoted(call.arguments.Command()) + " is no command on a " + target.repository.ItemCmd() + " of the type " +
+                                    Quoted(target.item.Label()) + ".");
+  }
+  cow_String const step = edit->inStep ? StepArgument(call, kStep) : cow_String();
+  std::unique_ptr<cls_Object> const arguments = edit->arguments();
+  SetObjectMembers(call, &target.repository, *arguments, call.arguments.Rest());
+  AssertNotSuppressed(target);
+  if (edit->inStep) {
+    AssertKnown(call, target, step);
+    AssertEditable(call, target, step);
+  }
+  Edit(call, target, [&](kprC_StepDependent& item) {
+    std::string const whyNot = edit->perform(item, step, *arguments);
+    if (!whyNot.empty()) { RefuseEdit(call.subject, whyNot); }
+  });
+}
+
+void ReportAttribute(Call& call, AttributeTarget const& target) {
+  call.arguments.AssertNoRest({});
+  call.report = target.item.Report().View();
+  if (!call.report.empty()) { return; }
+  RefuseEdit(call.subject, "There is no report of the type " + Quoted(target.item.Label()) + ".");
 }
 
 void RemoveAttributeState(Call& call, AttributeTarget const& target) {

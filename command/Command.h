@@ -25,6 +25,7 @@ struct Call {
   Arguments& arguments;
   Subject& subject;
   Touched& touched;
+  std::string& report;  ///< what a command tells that changes nothing
 };
 
 /// The attribute that a command names. Repository and item are those before the command, kept by the session's snapshot.
@@ -95,6 +96,9 @@ void SetAttributeValuesInStep(Call& call, AttributeTarget const& target);
 /// The operation that a command is in a family; null where it is none.
 kprC_Operation const* FindOperation(kprC_StepAwareRepository const& repository, std::string_view command);
 void PerformOnAttribute(Call& call, AttributeTarget const& target);
+/// An edit that the attribute's type knows beside its family's operations.
+void EditByType(Call& call, AttributeTarget const& target);
+void ReportAttribute(Call& call, AttributeTarget const& target);
 void RemoveAttributeState(Call& call, AttributeTarget const& target);
 void SuppressAttribute(Call& call, AttributeTarget const& target);
 void ResumeAttribute(Call& call, AttributeTarget const& target);
@@ -141,8 +145,9 @@ void CopyReference(Call& call, ReferenceKind const& kind, cow_String const& name
 /// model does not have: by the number of \p repository's family where that has one.
 void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, std::vector<MemberArgument> const& settable,
                        kprC_Arguments& members);
-/// Sets members of a step, or of what is referred to by name, and refuses one that names what the model does not have.
-void SetObjectMembers(Call& call, cls_Object& object, kprC_Arguments members);
+/// Sets members of \p object, which may be a step, what others refer to by name or a command's arguments, and completes what they name;
+/// refuses what does not fit and, as ResolveReferences does, what the model does not have.
+void SetObjectMembers(Call& call, kprC_StepAwareRepository const* repository, cls_Object& object, kprC_Arguments members);
 /// The family's refusal of a name of that kind that the model does not have; nothing where it has no number for it.
 std::optional<int> UnknownCode(kprC_EditRefusalCodes const& codes, cls_Reference reference);
 /// Calls \p visit for what \p object names, each name of a kind once, that the model keeps no object of; \p member is what commands

@@ -61,10 +61,14 @@ bool RunOnReference(Call& call, ObjectCommand const& command, ReferenceKind cons
   return true;
 }
 
+bool HasTypeEdit(kprC_StepAwareRepository const& repository, std::string_view command) {
+  return std::ranges::find(repository.TypeEdits(), command, &kprC_TypeEdit::command) != repository.TypeEdits().end();
+}
+
 /// Whether the family's attributes know the command called \p name.
 bool IsKnown(ObjectCommand const& command, kprC_StepAwareRepository const& repository, std::string_view name) {
-  bool const isOperation = command.onAttribute == &PerformOnAttribute;
-  return isOperation ? FindOperation(repository, name) != nullptr : command.onAttribute != nullptr;
+  if (command.onAttribute == &PerformOnAttribute) { return FindOperation(repository, name) != nullptr; }
+  return command.onAttribute == &EditByType ? HasTypeEdit(repository, name) : command.onAttribute != nullptr;
 }
 
 bool RunOnAttribute(Call& call, ObjectCommand const& command) {
@@ -128,6 +132,7 @@ std::vector<ObjectCommand> const& CommonCommands() {
         Policy("what becomes of what they do not keep"), AnyMember("a member of the new procedure")},
        nullptr,
        &ReplaceStep},
+      {"report", "tells what an attribute says over all steps; changes nothing", {}, &ReportAttribute},
   };
   return commands;
 }
@@ -135,6 +140,11 @@ std::vector<ObjectCommand> const& CommonCommands() {
 /// A command that is an operation of the family of the attribute that it names.
 ObjectCommand const& OperationCommand() {
   static ObjectCommand const command{"", "", {}, &PerformOnAttribute};
+  return command;
+}
+/// A command that only the type of the attribute knows.
+ObjectCommand const& TypeEditCommand() {
+  static ObjectCommand const command{"", "", {}, &EditByType};
   return command;
 }
 
@@ -150,8 +160,10 @@ ObjectCommand const* OtherCommand(Call& call) {
   auto const isOperation = [&](auto const&, kprC_StepAwareRepository const& repository) {
     return FindOperation(repository, name) != nullptr;
   };
+  auto const isTypeEdit = [&](auto const&, kprC_StepAwareRepository const& repository) { return HasTypeEdit(repository, name); };
   auto const isCopy = [&](auto const&, kprC_StepAwareRepository const& repository) { return repository.CopyCmd() == name; };
   if (FindRepository(call.model, isOperation)) { return &OperationCommand(); }
+  if (FindRepository(call.model, isTypeEdit)) { return &TypeEditCommand(); }
   return kprC_Step::copyCmd() == name || FindRepository(call.model, isCopy) ? &CopyCommand() : nullptr;
 }
 
@@ -195,6 +207,14 @@ std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model) {
       command.arguments = operation.effect == kprC_Effect::Move ? std::vector{Required("fromStepName", "the step that sets it"),
                                                                               Required("toStepName", "the step that is to set it")}
                                                                 : std::vector{StepName()};
+    }
+    for (kprC_TypeEdit const& edit : repository.TypeEdits()) {
+      ObjectCommand& command = *commands.insert(behindEdits(), TypeEditCommand());
+      command.name = edit.command;
+      command.meaning = edit.meaning;
+      if (edit.inStep) { command.arguments.push_back(StepName()); }
+      std::unique_ptr<cls_Object> const arguments = edit.arguments();
+      for (MemberArgument const& argument : MemberArguments(*arguments)) { command.arguments.push_back(Describe(argument, *arguments)); }
     }
   });
   return commands;

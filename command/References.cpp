@@ -256,10 +256,10 @@ void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, s
   }
 }
 
-void SetObjectMembers(Call& call, cls_Object& object, kprC_Arguments members) {
+void SetObjectMembers(Call& call, kprC_StepAwareRepository const* repository, cls_Object& object, kprC_Arguments members) {
   std::vector<MemberArgument> const settable = MemberArguments(object);
   SetMembers(call.subject, object, settable, members);
-  ResolveReferences(call, nullptr, settable, members);
+  ResolveReferences(call, repository, settable, members);
   for (auto& [name, value] : members) {  // what is held whole is complete now
     FitNull(call.subject, *FindArgument(settable, name), value);
     object.SetMember(name, value);
@@ -295,7 +295,7 @@ bool ConstructReference(Call& call) {
   cow_String const name = FreeName(call, kName, kind);
   call.subject.object = Quoted(name);
   std::unique_ptr<cls_Object> const object = declaration->make();
-  SetObjectMembers(call, *object, call.arguments.Rest());
+  SetObjectMembers(call, nullptr, *object, call.arguments.Rest());
   if (kind.assertInModel != nullptr) { kind.assertInModel(call, *object); }
   kind.In(call.model).Put(name, *object);
   return true;
@@ -303,7 +303,7 @@ bool ConstructReference(Call& call) {
 
 void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const& name) {
   std::unique_ptr<cls_Object> const object = Referred(call, kind, name).Copy();
-  SetObjectMembers(call, *object, call.arguments.Rest());
+  SetObjectMembers(call, nullptr, *object, call.arguments.Rest());
   if (kind.assertInModel != nullptr) { kind.assertInModel(call, *object); }
   kind.In(call.model).Put(name, *object);
   std::vector<User> const users = UsersOf(call.model, kind, name);

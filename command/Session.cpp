@@ -142,12 +142,12 @@ Outcome Session::Execute(Json const& command) {
     Arguments arguments(command, subject);
     if (arguments.Command() == kUndo || arguments.Command() == kRedo) { return UndoOrRedo(command, arguments, subject); }
     Touched touched;
+    Outcome outcome;
     {
       CurrentHistory const current(changes_);
-      Call call{model_, arguments, subject, touched};
+      Call call{model_, arguments, subject, touched, outcome.report};
       Run(call);
     }
-    Outcome outcome;
     outcome.ok = true;
     if (!Differs(before, touched)) {
       if (!touched.extension.empty()) {
@@ -157,6 +157,7 @@ Outcome Session::Execute(Json const& command) {
       Tell(outcome, subject, {"", -1, "", "Nothing has changed."});
     }
     if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
+    if (!outcome.report.empty()) { return outcome; }
     if (arguments.DryRun()) {
       putBack();
     } else if (!keepsPast_) {

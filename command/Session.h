@@ -26,6 +26,7 @@ struct Outcome {
   std::string object, step, member;   ///< what the message names, empty where it names none
   std::string hint;                   ///< what would do
   std::vector<NamedHistory> history;  ///< see Session::SetTrace
+  std::string report = {};            ///< of a command that only tells something, which is neither journaled nor undone
 };
 
 /// One argument of a command.

@@ -58,7 +58,7 @@ void SetStepMembers(Call& call, kprC_Step& step, kprC_Arguments members) {
     call.subject.hint = R"("replace" gives a step another procedure.)";
     kprC_Assert(false, kprC_ErrorEnm::MaintainAttributesOnCreation);
   }
-  SetObjectMembers(call, step, std::move(members));
+  SetObjectMembers(call, nullptr, step, std::move(members));
 }
 
 /// A step by its construction command with the members that are left of the call's arguments, and those of \p before, which may be

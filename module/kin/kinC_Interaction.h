@@ -22,6 +22,8 @@ public:
   static constexpr char const* kModule = "kin";
   /// The construction commands of the family.
   static std::span<kprC_Constructor<kinC_Interaction> const> Constructors();
+  /// Those of lists.
+  static std::span<kprC_TypeEdit const> TypeEdits();
 
   static constexpr omn_FixedString interactionCmd() { return "interaction"; }
   static constexpr omn_FixedString itemCmd() { return interactionCmd(); }

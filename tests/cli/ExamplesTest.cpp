@@ -1,4 +1,5 @@
 #include "tests/cli/Program.h"
+#include "tests/support/Page.h"
 
 namespace {
 
@@ -86,6 +87,10 @@ TEST_F(Examples, GiveTheHistoriesThatTheirPageTells) {
         "Gas": [0, 1, 8, 8, 8, 2, 8, 4],
         "Rotation": [0, 1, 8, 8, 8, 3, 8, 3],
         "Unbalance": [0, 0, 0, 0, 1, 7, 7, 7]})"},
+      {"crash_box.jsonl", R"({
+        "Barrier": [0, 1, 2, 3],
+        "Longitudinal": [1, 9, 9, 9],
+        "Everything": [0, 1, 3, 2]})"},
       {"fire.jsonl", R"({
         "Ground": [0, 1, 2, 2, 2],
         "Upper-Deck": [0, 1, 2, 3, 2],
@@ -105,6 +110,11 @@ TEST_F(Examples, GiveTheHistoriesThatTheirPageTells) {
     std::filesystem::remove(Path("m.gadb"));
     EXPECT_EQ(Histories(example), Json::parse(histories)) << example;
   }
+}
+
+TEST_F(Examples, ReportGeneralContactAsItsPageShows) {
+  Ran const run = Gattr({"replay", (Folder() / "crash_box.jsonl").string()});
+  test::ExpectOnPage("docs/general-contact.md", "report", "```\n" + run.out + "```\n");
 }
 
 TEST_F(Examples, RefuseComponentsThatTheCrankDoesNotOffer) {

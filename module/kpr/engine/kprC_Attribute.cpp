@@ -156,6 +156,13 @@ bool kprC_Attribute::PutState(cow_String const& step, kprC_State const& state) {
   return true;
 }
 
+void kprC_Attribute::EditStates(std::function<bool(kprC_State& state)> const& change) {
+  Edit([&] {
+    States().ChangeStates(change);
+    Sync();
+  });
+}
+
 void kprC_Attribute::Begin(cow_String const& step, unsigned procedureType) { InsertState(step, *MakeState(procedureType)); }
 
 bool kprC_Attribute::SetInStep(cow_String const& step, kprC_Arguments const& members, std::string* unknown) {

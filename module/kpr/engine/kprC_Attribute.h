@@ -78,6 +78,10 @@ protected:
   /// begun; false when there are records but none of that step.
   bool PutState(cow_String const& step, kprC_State const& state);
 
+  /// Has \p change edit what every step says, and forms the history anew: for a member that is one thing over all steps, as the place of
+  /// an element is. It answers whether it changed a state.
+  void EditStates(std::function<bool(kprC_State& state)> const& change);
+
   /// Forms the history: statuses and carried states of all records, and then the check of every record.
   virtual void Sync();
 

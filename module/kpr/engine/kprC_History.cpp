@@ -328,22 +328,22 @@ void kprC_History::Attach(kprC_StepTable const& steps) {
   RefreshLoans();
 }
 
-bool kprC_History::Redirect(cls_Redirection const& to) {
-  bool redirected = false;
+bool kprC_History::ChangeStates(std::function<bool(kprC_State& state)> const& change) {
+  bool any = false;
   for (std::size_t i = 0; i < OwnRecords().size(); ++i) {
     Handle state = OwnRecords()[i].state;
     if (!state) { continue; }
-    auto& own = state.Get();
-    if (!cls_Redirect(own.MemberRows(), &own, to)) { continue; }
+    kprC_State& own = state.Get();
+    if (!change(own)) { continue; }
     own.NewUid();
     Own& changed = Owns()[i];
     changed.state = std::move(state);
     changed.on.Reset();
     changed.off.Reset();
     Touch(changed.step, changed.step);
-    redirected = true;
+    any = true;
   }
-  return redirected;
+  return any;
 }
 
 void kprC_History::SetCarrying(cow_Handle<kprC_Carrying> const& carrying) {

@@ -157,8 +157,8 @@ public:
   /// Takes another version of the sequence. Own records of steps that it has not are dropped; where the versions do not follow
   /// each other, records are matched by the names of their steps.
   void Attach(kprC_StepTable const& steps);
-  /// Has every state led elsewhere. False when none names anything of the kind.
-  bool Redirect(cls_Redirection const& to);
+  /// Has \p change edit a copy of every own state; where it answers true the copy takes its place. False when none does.
+  bool ChangeStates(std::function<bool(kprC_State& state)> const& change);
 
   /// How the attribute is carried. Another answer has the whole history formed anew.
   void SetCarrying(cow_Handle<kprC_Carrying> const& carrying);
@@ -302,7 +302,9 @@ template <class Rules> struct cls_MemberTraits<kprC_HistoryOf<Rules>> {
   static bool Equal(History const& a, History const& b) { return a.Equals(b); }
   /// What the own records name; the others name nothing else.
   static void References(History const& history, cls_Reference, cls_ReferenceVisitor const& visit) { history.References(visit); }
-  static bool Redirect(History& history, cls_Reference, cls_Redirection const& to) { return history.Redirect(to); }
+  static bool Redirect(History& history, cls_Reference, cls_Redirection const& to) {
+    return history.ChangeStates([&to](kprC_State& state) { return cls_Redirect(state.MemberRows(), &state, to); });
+  }
   static cls_Value ToValue(History const& history) {
     cls_Value::List statuses;
     history.ForEachRun([&statuses](std::size_t begin, std::size_t end, auto status, kprC_State const*) {

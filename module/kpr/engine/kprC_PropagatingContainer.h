@@ -181,6 +181,7 @@ public:
   }
   [[noreturn]] void Refuse(int code) const override { T::Refuse(code); }
   std::span<kprC_Operation const> Operations() const override { return T::Operations(); }
+  std::span<kprC_TypeEdit const> TypeEdits() const override { return T::TypeEdits(); }
   kprC_StatusTable const& Statuses() const override { return T::kStatuses; }
   std::vector<kprC_StepAwareRepository::Construction> Constructions() const override {
     std::vector<kprC_StepAwareRepository::Construction> list;

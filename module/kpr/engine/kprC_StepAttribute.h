@@ -62,6 +62,8 @@ public:
     return codes;
   }
   static std::span<kprC_Operation const> Operations() { return Rules::kOperations; }
+  /// The edits that some of the family's types know beside them; none unless the family's base says which.
+  static std::span<kprC_TypeEdit const> TypeEdits() { return {}; }
   /// Raises a refusal of the family by its number.
   [[noreturn]] static void Refuse(int code) {
     Rules::Assert(false, static_cast<Error>(code));

@@ -56,6 +56,8 @@ public:
 
   /// What may be done to an attribute in a step.
   virtual std::span<kprC_Operation const> Operations() const = 0;
+  /// What attributes of some types know beside that.
+  virtual std::span<kprC_TypeEdit const> TypeEdits() const = 0;
   /// How the family classifies each status: kprC_StatusTrait.
   virtual kprC_StatusTable const& Statuses() const = 0;
 

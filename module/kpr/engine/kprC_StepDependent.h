@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -13,8 +14,10 @@
 #include "platform/BasicUtils/cow_List.h"
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
 #include "platform/CoreGeometry/rgnC_Region.h"
+#include "platform/CoreUtils/atr_String.h"
 
 class ddr_Model;
+class kprC_StepDependent;
 struct kprC_Operation;
 
 /// What the editing layers refuse before they reach an attribute, by a family's codes; in words of their own where it has none.
@@ -61,6 +64,18 @@ struct kprC_Prescription {
   std::uint32_t components = 0;  ///< bits by the numbers of the degrees of freedom; kprC_oneValue where there are none
 };
 inline constexpr int kprC_oneValue = 7;  ///< stands for the one value of a quantity without components
+
+/// An edit that one type of a family knows beside the family's operations, as a command: its arguments are the members of an object.
+struct kprC_TypeEdit {
+  std::string_view command;
+  std::string_view meaning;  ///< one line for the user
+  unsigned typeId;           ///< of the attributes that know it
+  bool inStep;               ///< whether it is an edit of one step, in which the attribute has to be editable
+  std::unique_ptr<cls_Object> (*arguments)();
+  /// Edits \p item, which is of the type. Answers in a sentence why that cannot be done, "" where it was; the caller takes back what was
+  /// changed by then.
+  std::string (*perform)(kprC_StepDependent& item, cow_String const& step, cls_Object const& arguments);
+};
 
 /// One step-dependent attribute of any family, as repositories, stores and commands see it. The families' operations,
 /// with their refusals, come from kprC_StepAttribute.
@@ -132,6 +147,9 @@ public:
   /// Bytes, roughly, that keeping this attribute costs beside \p now, a later version of it that shares what both say; those of
   /// the whole where there is none.
   virtual std::size_t WeightBeside(kprC_StepDependent const* now) const = 0;
+
+  /// What the attribute says over all steps, for a person to read; empty for a type that has no report.
+  virtual atr_String Report() const { return {}; }
 
   /// The name of the command that makes such an attribute.
   virtual std::string ConstructionName() const = 0;
