@@ -89,10 +89,12 @@ public:
     EndList();
   }
   void StartList(std::string_view member, std::size_t) const override {
-    Put(member, "");
-    ++depth_;
+    if (depth_++ == 0) { return static_cast<void>(members_.emplace_back(member, "")); }
+    members_.back().second += std::string(member) + "(";
   }
-  void EndList() const override { --depth_; }
+  void EndList() const override {
+    if (--depth_ > 0) { members_.back().second += ")"; }
+  }
   bool StartMap(std::string_view member, std::size_t count) const override { return StartList(member, count), true; }
   void EndMap() const override { EndList(); }
 
@@ -106,13 +108,29 @@ private:
   mutable int depth_ = 0;
 };
 
-/// "(a)(b)" as a list.
+/// "(a)(b(c))" as a list.
 inline std::vector<std::string> Elements(std::string_view text) {
   std::vector<std::string> elements;
-  for (std::size_t end = 0; (end = text.find(')')) != std::string_view::npos; text.remove_prefix(end + 1)) {
-    elements.emplace_back(text.substr(1, end - 1));
+  std::size_t begin = 0;
+  for (std::size_t at = 0, depth = 0; at < text.size(); ++at) {
+    if (text[at] == '(' && depth++ == 0) { begin = at + 1; }
+    if (text[at] == ')' && --depth == 0) { elements.emplace_back(text.substr(begin, at - begin)); }
   }
   return elements;
+}
+
+/// What an unset element of a list is told as.
+inline std::string const& BlankElement(kprC_State const& state, std::string const& list) {
+  static std::map<std::pair<unsigned, std::string>, std::string> known;
+  auto const [at, isNew] = known.try_emplace({state.DynTypeId(), list});
+  if (isNew) {
+    auto const copy = state.Copy();
+    copy->SetMember(list, cls_Value::List{cls_Value("UNSET")});
+    for (auto const& [name, value] : Telling::Of(*copy)) {
+      if (name == list) { at->second = Elements(value).front(); }
+    }
+  }
+  return at->second;
 }
 
 /// A state told plainly; \p blank has every member unset and is null for itself.
@@ -131,8 +149,7 @@ inline State Told(kprC_State const& state, State const* blank) {
     }
     std::vector<std::string> const values = Elements(value), words = Elements(word);  // carried element by element
     for (std::size_t at = 0; at < words.size(); ++at) {
-      std::string const none = values[at].find_first_of("0123456789") == 0 ? std::to_string(0.0) : "";
-      told.members[name + std::to_string(at)] = {values[at], states.at(words[at]), none};
+      told.members[name + std::to_string(at)] = {values[at], states.at(words[at]), BlankElement(state, name)};
     }
   }
   return told;

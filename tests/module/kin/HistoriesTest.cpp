@@ -8,8 +8,7 @@ class InteractionHistories : public test::WithLibrary {};
 
 TEST_F(InteractionHistories, OfAllTypesAreThoseThatAWalkOverEveryRecordGives) {
   using Edits = test::RandomEdits<kinC_Interaction>;
-  test::ExpectPlainHistories(kinC_Interaction::Constructors(), test::kInteractionRules, 90,
-                             {{"ContactExp", Edits::Free}, {"CavityRadiation", Edits::TakeBack}});
+  test::ExpectPlainHistories(kinC_Interaction::Constructors(), test::kInteractionRules, 90, {{"CavityRadiation", Edits::TakeBack}});
 }
 
 }  // namespace
