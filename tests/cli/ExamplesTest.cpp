@@ -87,6 +87,16 @@ TEST_F(Examples, GiveTheHistoriesThatTheirPageTells) {
         "Gas": [0, 1, 8, 8, 8, 2, 8, 4],
         "Rotation": [0, 1, 8, 8, 8, 3, 8, 3],
         "Unbalance": [0, 0, 0, 0, 1, 7, 7, 7]})"},
+      {"bolted_joint.jsonl", R"({
+        "Guide": [1, 9, 9, 9, 9, 9, 9],
+        "Wall": [1, 9, 9, 9, 9, 9, 9],
+        "Bearing": [0, 0, 0, 0, 0, 1, 2],
+        "Head": [1, 2, 2, 2, 8, 2, 2],
+        "Nut": [1, 2, 2, 2, 8, 2, 2],
+        "Pin": [1, 2, 2, 4, 5, 5, 5],
+        "Plates": [1, 2, 3, 2, 8, 2, 2],
+        "Bolt": [0, 1, 3, 3, 8, 2, 2],
+        "Pull": [0, 0, 0, 1, 8, 3, 4]})"},
       {"crash_box.jsonl", R"({
         "Barrier": [0, 1, 2, 3],
         "Longitudinal": [1, 9, 9, 9],
