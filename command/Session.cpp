@@ -149,7 +149,7 @@ Outcome Session::Execute(Json const& command) {
       Run(call);
     }
     outcome.ok = true;
-    if (!Differs(before, touched)) {
+    if (outcome.report.empty() && !Differs(before, touched)) {
       if (!touched.extension.empty()) {
         auto const& repository = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
         subject.hint = StatusHint(*repository.ConstItem(touched.names.front()), cow_String(subject.step));
