@@ -87,7 +87,9 @@ bool RunOnAttribute(Call& call, ObjectCommand const& command) {
       });
       call.subject.atFault = true;
       kprC_EditRefusalCodes const& codes = repository.EditRefusals();
-      if (auto const code = repository.Size() == 0 ? codes.noAttributes : codes.noSuchAttribute) { repository.Refuse(*code); }
+      std::optional<int> code = command.onAttribute == &CopyAttribute ? codes.copyUnknown : std::nullopt;
+      if (!code) { code = repository.Size() == 0 ? codes.noAttributes : codes.noSuchAttribute; }
+      if (code) { repository.Refuse(*code); }
       RefuseUnknown(call.subject, "There is no " + ObjectText(kind, name) + ".", call.subject.hint);
     }
     call.touched = {false, std::string(extension.View()), {name}};

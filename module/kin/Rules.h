@@ -105,6 +105,7 @@ struct DDB_API kinC_Rules : kprC_ProcedureRules {
   static constexpr auto kMoveTargets = std::to_array<kprC_MoveTarget>({{kprC_perturbationProcedures, Error::MoveToPerturbation}});
   /// What the editing layers refuse.
   static constexpr kprC_EditRefusals<Error> kEdit = {
+      .copyUnknown = Error::CopyUnknown,
       .unknownStep = Error::StepNotFound,
       .suppressed = Error::Suppressed,
       .amplitudeName = Error::AmplitudeName,

@@ -44,6 +44,7 @@ public:
     auto const number = [](Error code) { return static_cast<int>(code); };
     auto const any = [](std::optional<Error> code) { return code ? std::optional(static_cast<int>(*code)) : std::nullopt; };
     kprC_EditRefusalCodes codes = {.noSuchAttribute = any(edit.noSuchAttribute),
+                                   .copyUnknown = any(edit.copyUnknown),
                                    .noSteps = any(edit.noSteps),
                                    .noAttributes = any(edit.noAttributes),
                                    .nameInUse = any(edit.nameInUse),

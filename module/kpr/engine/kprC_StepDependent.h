@@ -25,6 +25,7 @@ template <class Error> struct kprC_EditRefusals {
   using Code = std::optional<Error>;
 
   Code noSuchAttribute = {};  ///< no attribute of that name, or none in that step
+  Code copyUnknown = {};      ///< the same of one that is to be copied
   Code noSteps = {};          ///< the model has no steps
   Code noAttributes = {};     ///< the model has no attribute of the family
   Code nameInUse = {};        ///< an attribute of that name exists
