@@ -52,7 +52,8 @@ public:
   template <class V> static constexpr void VisitMembers(V&& visit) {
     using Self = kinC_Damping;
     visit("definition", &Self::definition, cls_MemberText{"what the table holds"});
-    visit("tangentFraction", &Self::tangentFraction, cls_MemberText{"damping along the surfaces as a fraction of that along the normal"});
+    visit("tangentFraction", &Self::tangentFraction,
+          cls_MemberText{"damping along the surfaces as a fraction of that along the normal"}.Unset(omu_wordOf<TangentFractionEnm>));
     visit("clearanceDependence", &Self::clearanceDependence, cls_MemberText{"how damping falls off with the clearance"});
     visit("table", &Self::table,
           cls_MemberText{"with STEP a row of a coefficient, else rows of coefficient and clearance, from clearance 0 to coefficient 0",

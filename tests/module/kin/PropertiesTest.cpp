@@ -148,6 +148,7 @@ TEST(ContactProperties, RefuseTheOtherBehaviors) {
                                              {damping("BILINEAR", {{1.0, 0.0}, {1.0, 1.0}, {0.0, 2.0}}), -1},
                                              {{{"tangentFraction", -0.1}}, 89},
                                              {{{"tangentFraction", cls_Value()}}, -1},
+                                             {{{"tangentFraction", -0.1}, {"tangentFraction", "DEFAULT"}}, -1},
                                          });
   auto const clearances = [](Numbers const& table, Edits const& more = {}) {
     return Edits{{"clearanceDependency", true}, {"clearanceDepTable", Table(table)}} + more;
