@@ -145,6 +145,20 @@ template <class Fn> void EditInStep(Call& call, AttributeTarget const& target, F
   Edit(call, target, [&](kprC_StepDependent& item) { operation(item, step); });
 }
 
+/// Whether the operation is refused so for what the attribute is in the step that it is run on, not for the destination of a move.
+bool IsOfSource(kprC_Operation const& operation, int code) {
+  auto const refused = std::ranges::find(operation.tests, code, &kprC_Test::refusal);
+  if (refused == operation.tests.end()) { return false; }
+  switch (refused->ask) {
+    case kprC_Ask::Perturbation:
+    case kprC_Ask::Inactive:
+    case kprC_Ask::BuiltIn:
+    case kprC_Ask::NotEditable:
+    case kprC_Ask::Propagated: return true;
+    default: return false;
+  }
+}
+
 [[noreturn]] void RefuseName(Call& call, kprC_StepAwareRepository const& repository, cow_String const& name) {
   if (auto const code = repository.EditRefusals().nameInUse) {
     call.subject.hint = "The name is that of " + ObjectText(repository.ItemCmd(), name) + ".";
@@ -338,7 +352,10 @@ void PerformOnAttribute(Call& call, AttributeTarget const& target) {
   auto const perform = [&](kprC_StepDependent& item, cow_String const& step, cow_String const& toStep) {
     Hinting(
         call, [&] { item.Perform(operation, step, toStep); },
-        [&](Refusal const& refused) { return OperationHint(target.repository, target.item, operation, step, toStep, refused.code); });
+        [&](Refusal const& refused) {
+          if (IsOfSource(operation, refused.code)) { call.subject.step = step.View(); }
+          return OperationHint(target.repository, target.item, operation, step, toStep, refused.code);
+        });
   };
   if (operation.effect != kprC_Effect::Move) {
     return EditInStep(call, target, [&](kprC_StepDependent& item, cow_String const& step) { perform(item, step, step); });

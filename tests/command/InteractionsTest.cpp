@@ -47,6 +47,10 @@ TEST_F(Interactions, AreRefusedByNumberOrInWords) {
       {R"({"command": "deactivate", "interaction": "Bed", "stepName": "S3"})", "[kin 10]"},
       {R"({"command": "setValuesInStep", "interaction": "Bed", "stepName": "S3", "stiffness": 3.0})", "[kin 11]"},
       {R"({"command": "move", "interaction": "Wall", "fromStepName": "S1", "toStepName": "S2"})", "[kin 43]"},
+      {R"({"command": "move", "interaction": "Wall", "fromStepName": "Initial", "toStepName": "S3"})",
+       "in step \"Initial\": The interaction"},
+      {R"({"command": "copy", "interaction": "Bde", "newName": "Berth"})", "[kin 78] Did you mean \"Bed\"?"},
+      {R"({"command": "Interaction", "name": "Berth", "interaction": "Bde"})", "[kin 78]"},
   };
   for (auto const& row : rows) {
     ddr_Model const before = session.Model();

@@ -222,6 +222,10 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"({"command": "move", "boundaryCondition": "Push", "fromStepName": "Hold", "toStepName": "Relese"})",
             "kbc 3",
             {"\"Release\"?"}},
+        Row{R"({"command": "move", "boundaryCondition": "Push", "fromStepName": "Hold", "toStepName": "Release"})",
+            "kbc 18",
+            {"in step \"Hold\"", "It is propagated there"},
+            false},
         Row{R"({"command": "rename", "boundaryCondition": "Push", "newName": "Fix"})", "kbc 5", {"boundaryCondition \"Fix\""}, false}));
 
 INSTANTIATE_TEST_SUITE_P(
@@ -259,6 +263,14 @@ INSTANTIATE_TEST_SUITE_P(
         Row{R"({"command": "setValuesInStep", "load": "Pull", "stepName": "Hodl", "cf1": 1})", "klo 31", {"\"Hold\"?"}},
         Row{R"({"command": "setValuesInStep", "load": "Idle", "stepName": "Hold", "magnitude": 1})", "klo 61", {"\"Idle\""}, false},
         Row{R"({"command": "setValues", "load": "Idle", "magnitude": 1})", "klo 61", {}, false},
+        Row{R"({"command": "move", "load": "Late", "fromStepName": "Hold", "toStepName": "Press"})",
+            "klo 13",
+            {"in step \"Hold\"", "not yet created there"},
+            false},
+        Row{R"({"command": "move", "load": "Late", "fromStepName": "Release", "toStepName": "Shake"})",
+            "klo 25",
+            {"in step \"Shake\""},
+            false},
         Row{R"({"command": "move", "load": "Idle", "fromStepName": "Press", "toStepName": "Hold"})", "klo 61", {}, false},
         Row{R"({"command": "BoltLoad", "name": "New", "createStepName": "Press", "region": "Shank", "magnitude": 1})", "klo 39", {}, false},
         Row{R"({"command": "setValues", "load": "Stud", "region": "Shank"})", "klo 39", {}, false},
