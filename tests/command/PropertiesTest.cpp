@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 
+#include <map>
+#include <random>
+
 #include "command/Check.h"
+#include "module/kin/kinC_ContactControls.h"
 #include "module/kin/kinC_ContactProperty.h"
 #include "tests/command/CommandTest.h"
 
@@ -79,6 +83,95 @@ TEST_F(Properties, TakeTheirUsersAlongAndAreKeptForThem) {
   std::vector<Finding> const findings = Check(model);
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_EQ(findings[0].name + " " + std::to_string(findings[0].refusal.code), "Self 0");
+}
+
+TEST_F(Properties, AreCopiedAsControlsAre) {
+  RunJournal(session_, {R"({"command": "StdContactControls", "name": "Settle", "stabilizationFactor": 0.01})",
+                        R"({"command": "copy", "interactionProperty": "Friction", "newName": "Dry"})",
+                        R"({"command": "setValues", "interactionProperty": "Dry", "tangentialBehavior": {"table": [[0.6]]}})",
+                        R"({"command": "copy", "contactControls": "Settle", "newName": "Rest"})",
+                        R"({"command": "delete", "contactControls": "Settle"})"});
+  EXPECT_EQ(Property("Friction")->tangentialBehavior->table.ConstGet(0, 0), 0.2);
+  EXPECT_EQ(Property("Dry")->tangentialBehavior->table.ConstGet(0, 0), 0.6);
+  auto const& controls = session_.Model().ConstGet<mdl_NamedObjects>(kinC_ContactControls::contactControlsCmd());
+  EXPECT_EQ(controls.ConstObject("Rest")->Member("stabilizationFactor"), cls_Value(0.01));
+  EXPECT_EQ(controls.ConstObject("Settle"), nullptr);
+}
+
+TEST_F(Properties, AreWhatAPlainMapHoldsAfterAnyEdits) {
+  struct Plain {
+    std::map<std::string, double> coefficients;
+    std::map<std::string, std::string> uses;  // by step
+  };
+  std::vector<std::string> const steps = {"Initial", "S1", "S2"};
+  AppendSteps(session_, "IGG");
+  RunJournal(session_,
+             {R"({"command": "SelfContactStd", "name": "Self", "createStepName": "Initial", "interactionProperty": "Friction"})"});
+  Plain plain{{{"Friction", 0.2}}, {{"Initial", "Friction"}}};
+  std::mt19937 random(1);
+  auto const upTo = [&random](std::size_t n) { return std::uniform_int_distribution<std::size_t>(0, n)(random); };
+  auto const anyName = [&] { return std::vector<std::string>{"Friction", "Dry", "Wet", "Greased", "Rough"}[upTo(4)]; };
+  int done[5] = {}, refused = 0;
+  for (int edit = 0; edit < 400; ++edit) {
+    Plain const before = plain;
+    std::size_t const kind = upTo(4);
+    std::string const name = anyName(), other = anyName(), step = steps[upTo(2)];
+    double const coefficient = static_cast<double>(upTo(9)) - 1.0;
+    bool const known = plain.coefficients.contains(name);
+    bool can = known;
+    Json command = {{"command", kind == 1 ? "setValues" : kind == 2 ? "rename" : "delete"}, {"interactionProperty", name}};
+    Json const behavior = {{"formulation", "PENALTY"}, {"table", {{coefficient}}}};
+    switch (kind) {
+      case 0:
+        command = {{"command", "ContactProperty"}, {"name", name}, {"tangentialBehavior", behavior}};
+        can = !known && coefficient >= 0.0;
+        plain.coefficients[name] = coefficient;
+        break;
+      case 1:
+        command["tangentialBehavior"] = behavior;
+        can = known && coefficient >= 0.0;
+        plain.coefficients[name] = coefficient;
+        break;
+      case 2: {
+        command["newName"] = other;
+        can = known && !plain.coefficients.contains(other);
+        auto node = plain.coefficients.extract(name);
+        if (!can) { break; }
+        node.key() = other;
+        plain.coefficients.insert(std::move(node));
+        for (auto& [where, used] : plain.uses) { used = used == name ? other : used; }
+        break;
+      }
+      case 3:
+        can = known && std::ranges::none_of(plain.uses, [&](auto const& use) { return use.second == name; });
+        plain.coefficients.erase(name);
+        break;
+      default:
+        command = {{"command", "setValuesInStep"}, {"interaction", "Self"}, {"stepName", step}, {"interactionProperty", name}};
+        plain.uses[step] = name;
+    }
+    Outcome const outcome = session_.Execute(command);
+    ASSERT_EQ(outcome.ok, can) << command << outcome.message;
+    can ? ++done[kind] : ++refused;
+    bool const undone = can && upTo(3) == 0;
+    if (undone) { session_.Undo(); }
+    if (!can || undone) { plain = before; }
+    auto const& properties = session_.Model().ConstGet<mdl_NamedObjects>(kinC_InteractionProperty::interactionPropertiesCmd());
+    ASSERT_EQ(properties.Keys().Size(), plain.coefficients.size()) << command;
+    for (auto const& [held, value] : plain.coefficients) {
+      ASSERT_NE(Property(held), nullptr) << command;
+      ASSERT_EQ(Property(held)->name, held);
+      ASSERT_EQ(Property(held)->tangentialBehavior->table.ConstGet(0, 0), value) << command;
+    }
+    auto const* self = session_.Model().ConstGet<kprC_StepAwareRepository>("interactions").ConstItem("Self");
+    std::string inForce;
+    for (std::size_t at = 0; at < steps.size(); ++at) {
+      if (auto const use = plain.uses.find(steps[at]); use != plain.uses.end()) { inForce = use->second; }
+      ASSERT_EQ(self->StateAt(at)->Member("interactionProperty"), cls_Value(inForce)) << command;
+    }
+  }
+  for (int const count : done) { EXPECT_GT(count, 10); }
+  EXPECT_GT(refused, 50);
 }
 
 TEST_F(Properties, AreCheckedWithTheModel) {

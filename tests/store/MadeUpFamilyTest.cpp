@@ -3,6 +3,7 @@
 #include "module/kin/kinC_module.h"
 #include "tests/store/Models.h"
 #include "tests/support/InteractionRules.h"
+#include "tests/support/RandomContact.h"
 #include "tests/support/RandomEdits.h"
 
 namespace {
@@ -48,6 +49,18 @@ TEST_F(MadeUpFamily, ComesBackFromEveryStoreAfterAnyEdits) {
 // a family whose states do not list that they are switched off: it follows from the status
 TEST(Interactions, ComeBackFromEveryStoreAfterAnyEdits) {
   ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<kinC_Interaction>(kinC_Interaction::interactionRepositoryCmd(), 8, test::kInteractionRules));
+}
+
+// lists of values that begin in any step
+TEST(GeneralContact, ComesBackFromEveryStoreAfterAnyEdits) {
+  for (unsigned seed = 1; seed <= 20; ++seed) {
+    test::RandomContact contact(seed);
+    ASSERT_NO_FATAL_FAILURE(contact.Run(30));
+    ddr_Model const model = ModelOf(kinC_Interaction::interactionRepositoryCmd(), contact.repository);
+    for (Store const& store : kStores) {
+      EXPECT_TRUE(WrittenAndRead(store, model).Equals(model)) << "seed " << seed << ", " << store.fileName;
+    }
+  }
 }
 
 }  // namespace
