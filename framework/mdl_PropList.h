@@ -25,11 +25,7 @@ public:
     return Look(index);
   }
   /// The element of that place; an unset one where the list is too short for it.
-  Element const& Look(std::size_t index) const {
-    static Element const none;
-    Block const* const block = FindBlock(index / kBlock);
-    return block == nullptr || index % kBlock >= block->elements.size() ? none : block->elements[index % kBlock];
-  }
+  Element const& Look(std::size_t index) const { return ElementOf(FindBlock(index / kBlock), index % kBlock); }
   /// For change; the list grows by unset elements where it is too short.
   Element& Get(std::size_t index) {
     GrowTo(index + 1);
@@ -83,16 +79,18 @@ public:
   /// Element by element, by \p equal; one that is missing is as good as unset.
   template <class Equal> static bool Same(mdl_PropList const& a, mdl_PropList const& b, Equal&& equal) {
     if (a.body_ == b.body_) { return true; }
-    auto const holds = [&](mdl_PropList const& one, mdl_PropList const& other) {
+    auto const holds = [&](mdl_PropList const& one, mdl_PropList const& other, bool missingOnly) {
       return !one.body_ || std::ranges::all_of(one.body_->slots, [&](Slot const& slot) {
-        if (slot.block.ConstGet() == other.FindBlock(slot.number)) { return true; }
-        for (std::size_t i = slot.number * kBlock; i < (slot.number + 1) * kBlock; ++i) {
-          if (!equal(one.Look(i), other.Look(i))) { return false; }
+        Block const *const mine = slot.block.ConstGet(), *const theirs = other.FindBlock(slot.number);
+        if (mine == theirs || (missingOnly && theirs != nullptr)) { return true; }
+        std::size_t const told = std::max(mine->elements.size(), theirs == nullptr ? 0 : theirs->elements.size());
+        for (std::size_t i = 0; i < told; ++i) {
+          if (!equal(ElementOf(mine, i), ElementOf(theirs, i))) { return false; }
         }
         return true;
       });
     };
-    return holds(a, b) && holds(b, a);
+    return holds(a, b, false) && holds(b, a, true);
   }
   friend bool operator==(mdl_PropList const& a, mdl_PropList const& b) {
     return Same(a, b, [](Element const& one, Element const& two) { return one == two; });
@@ -112,6 +110,10 @@ private:
     std::size_t size = 0;
   };
 
+  static Element const& ElementOf(Block const* block, std::size_t place) {
+    static Element const none;
+    return block == nullptr || place >= block->elements.size() ? none : block->elements[place];
+  }
   Block const* FindBlock(std::size_t number) const {
     if (!body_) { return nullptr; }
     auto const slot = std::ranges::lower_bound(body_->slots, number, {}, &Slot::number);
