@@ -170,10 +170,11 @@ void kinC_ContactExp::CompressRegionPairs(bool excluded) {
   std::ranges::sort(merged);
   EditAll(Domain(excluded), Without(domain, merged), [&](State_& state) {
     mdl_PropList<bool>& active = state.Active(excluded);
-    for (auto const& [key, places] : same) {
+    for (auto const& entry : same) {
+      std::vector<std::size_t> const& places = entry.second;
       auto const any = [&](auto&& is) { return std::ranges::any_of(places, [&](std::size_t i) { return is(active.Look(i)); }); };
-      bool const takesPart = any([](auto const& one) { return one == true; });
-      if (any([](auto const& one) { return one.IsModified(); })) { active.Get(places[0]) = takesPart; }
+      bool const takesPart = any([](mdl_PropAttr<bool> const& one) { return one.HasValue() && one.ConstGet(); });
+      if (any([](mdl_PropAttr<bool> const& one) { return one.IsModified(); })) { active.Get(places[0]) = takesPart; }
     }
     return TakeOut(active, merged) || !active.IsEmpty();
   });

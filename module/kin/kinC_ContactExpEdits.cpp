@@ -39,7 +39,7 @@ Text WhyNotAlike(std::initializer_list<std::size_t> counts, std::size_t count, T
 
 Text AppendInStep(kprC_StepDependent& item, cow_String const& step, cls_Object const& arguments) {
   auto const& given = static_cast<kinC_AppendArguments const&>(arguments);
-  Text const why = WhyNotAlike(
+  Text why = WhyNotAlike(
       {
 #define DDB_ASSIGNMENT(Kind, Value, regions, values, command, ...) given.command.Size(),
 #include "module/kin/kinC_Assignments.def"
@@ -59,7 +59,7 @@ Text AppendInStep(kprC_StepDependent& item, cow_String const& step, cls_Object c
 
 Text ChangeValuesInStep(kprC_StepDependent& item, cow_String const& step, cls_Object const& arguments) {
   auto const& given = static_cast<kinC_ChangeArguments const&>(arguments);
-  Text const why = WhyNotAlike(
+  Text why = WhyNotAlike(
       {
 #define DDB_ASSIGNMENT(Kind, Value, regions, values, command, ...) given.command.Size(),
 #include "module/kin/kinC_Assignments.def"
