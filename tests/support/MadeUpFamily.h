@@ -293,21 +293,7 @@ inline constexpr kprC_Constructor<tstC_Gauge> kGauges[] = {{"Sampler", "Sampler"
 inline constexpr kprC_Constructor<tstC_Guide> kGuides[] = {{"Rail", "Rail", &cls_Make<tstC_Rail>}};
 
 /// What the plain walk has to know of the family.
-inline plain::Rules const kPlainRules = {
-    .perturbation = kprC_perturbationProcedures,
-    .modal = {},
-    .carriedFromInitial = 2,
-    .changedFromInitial = 3,
-    .perturbationCarried = 8,
-    .perturbationChanged = 0,
-    .perturbationOff = 8,
-    .asksInPerturbation = true,
-    .staysWhenRefused = true,
-    .off = 15,
-    .afterOff = 13,
-    .moveEmptiesBetween = false,
-    .staysPut = 8,
-};
+inline plain::Rules const kPlainRules = {.asksInPerturbation = true, .off = 15, .afterOff = 13, .moveEmptiesBetween = false, .staysPut = 8};
 
 /// A test that runs with the library and the family started.
 class WithMadeUpFamily : public WithLibrary {

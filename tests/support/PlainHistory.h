@@ -189,16 +189,27 @@ inline std::string Text(std::vector<Record> const& records) {
   return out.str();
 }
 
-/// What a family's records become, written down beside the library's own tables. The general statuses 1 to 7 mean the same
-/// for all families.
+/// What a family's records become, written down beside the library's own tables: as most families have it, unless one says otherwise. The
+/// general statuses 1 to 7 mean the same for all.
 struct Rules {
-  kprC_ProcedureSet perturbation, modal;  ///< kinds of steps; all others are general
-  int carriedFromInitial, changedFromInitial;
-  int perturbationCarried;
-  int perturbationChanged;  ///< 0: a change in a perturbation step is dropped
-  int perturbationOff;
-  bool asksInPerturbation;  ///< a perturbation step passes over what it does not admit
-  bool staysWhenRefused;    ///< a refused edit leaves the attribute as it was
+  kprC_ProcedureSet perturbation = {  ///< kinds of steps; what is neither of both is general
+      kprC_ProcedureType::Buckle,
+      kprC_ProcedureType::Frequency,
+      kprC_ProcedureType::StaticLinearPerturbation,
+      kprC_ProcedureType::SteadyStateDirect,
+      kprC_ProcedureType::SteadyStateSubspace,
+      kprC_ProcedureType::ModalDynamics,
+      kprC_ProcedureType::RandomResponse,
+      kprC_ProcedureType::ResponseSpectrum,
+      kprC_ProcedureType::SteadyStateModal,
+      kprC_ProcedureType::ComplexFrequency};
+  kprC_ProcedureSet modal = {};
+  int carriedFromInitial = 2, changedFromInitial = 3;
+  int perturbationCarried = 8;
+  int perturbationChanged = 0;  ///< 0: a change in a perturbation step is dropped
+  int perturbationOff = 8;
+  bool asksInPerturbation = false;  ///< a perturbation step passes over what it does not admit
+  bool staysWhenRefused = true;     ///< a refused edit leaves the attribute as it was
   int off = 4, afterOff = 5;
   bool moveEmptiesBetween = true;
   int staysPut = -1;  ///< a record of that status is not moved
