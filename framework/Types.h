@@ -8,6 +8,7 @@ class cow_String;
 class ddr_Model;
 class dtmC_Datum;
 class dtmC_DatumRef;
+class lcsC_LoadCase;
 class rgnC_Region;
 template <class T> class cow_1DArrayList;
 template <class T> class cow_2DArray;

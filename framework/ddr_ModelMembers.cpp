@@ -9,7 +9,6 @@ void ddr_RegisterModelMembers() {
   mdl_ExtensionSubject::RegisterExtension(ddr_Model::coordinateSystemsCmd(), cow_Handle<ddr_DatumMap>::Make());
   mdl_ExtensionSubject::RegisterExtension(ddr_Model::axesCmd(), cow_Handle<ddr_DatumMap>::Make());
   mdl_ExtensionSubject::RegisterExtension(lcsC_LoadCase::repositoryCmd(), cow_Handle<ddr_LoadCaseMap>::Make());
-  cls_MetadataRegistrar::initClassMetadata(&ddr_LoadCaseMap::InitializeMetadata, ddb_metadataFlag);
 #define DDB_CLASS(number, Class) cls_MetadataRegistrar::initClassMetadata(&Class::InitializeMetadata, ddb_metadataFlag);
 #include "framework/Types.def"
 }

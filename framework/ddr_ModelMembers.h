@@ -7,8 +7,6 @@
 #include "platform/NonGeometricAttributes/conC_Connector.h"
 #include "platform/NonGeometricAttributes/lcsC_LoadCase.h"
 
-CLS_TYPE_ID(mdl_moduleNumber, 0x0008, mdl_MapString2ObjCow<lcsC_LoadCase>)
-
 /// The model's regions, amplitudes, connectors, coordinate systems, axes and load cases by name.
 using ddr_RegionMap = mdl_MapString2ObjCow<rgnC_Region>;
 using ddr_AmplitudeMap = mdl_MapString2ObjCow<ampC_Amplitude>;
