@@ -340,6 +340,12 @@ cow_2DArray<cow_String> kinC_ContactExp::ContactProperty(cow_String const& step,
   return rows;
 }
 
+cow_String kinC_ContactExp::InteractionProperty(cow_String const& step) const {
+  cow_String global;
+  ContactProperty(step, global, false);
+  return global;
+}
+
 template <class Fn> std::string kinC_ContactExp::ReportedByStep(std::string_view heading, Fn&& fn) const {
   std::string report = std::string(heading) + '\n';
   if (IsSuppressed()) { return report; }

@@ -98,6 +98,7 @@ public:
   /// The same for the property; \p global becomes the name of that of the whole domain, which is among the rows where \p withGlobal
   /// says so.
   cow_2DArray<cow_String> ContactProperty(cow_String const& step, cow_String& global, bool withGlobal) const;
+  cow_String InteractionProperty(cow_String const& step) const override;
 
   // For each kind: Append<kind> adds assignments in a step, as many as there are values; Change<kind> gives the one at an index,
   // which has to be in force there, another value from a step on; Delete<kind> takes those of some indices out of all steps, false where

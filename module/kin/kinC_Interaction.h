@@ -38,8 +38,8 @@ public:
   /// Whether the status says that something changes in its step.
   static bool IsModified(Status_ status) { return ChangedInStep(status); }
   bool IsModified(cow_String const& step) const { return IsModified(Status(step)); }
-  /// The name of the interaction property in force in \p step; empty where there is none.
-  cow_String InteractionProperty(cow_String const& step) const;
+  /// The name of the interaction property in force in \p step, for general contact that of the whole domain; empty where there is none.
+  virtual cow_String InteractionProperty(cow_String const& step) const;
   /// The sets of nodes among the regions in contact; none for a type that is no contact.
   virtual cls_xoList<rgnC_Region> ConstGetContactNodeSets() const { return {}; }
   /// Whether a named field distributes the values, and its name.

@@ -60,6 +60,7 @@ TEST_F(GeneralContact, AsksForTheGlobalPropertyBeforeAnyOther) {
   cow_String global;
   EXPECT_EQ(Text(contact->ContactProperty("S3", global, false)), "A:B:Rough");
   EXPECT_EQ(global, "Smooth");
+  EXPECT_EQ(contact->InteractionProperty("S3"), "Smooth");
   EXPECT_TRUE(contact->DeleteContactProperty(cow_1DArrayList<int>{1, 0}));
 }
 
