@@ -192,14 +192,22 @@ public:
       lines_.push_back({{head}, std::move(cells)});
     }
   }
-  std::string Rows() const {
-    std::string rows;
+  /// The lines under \p headings; a column in which no line has a word is left out.
+  std::string Table(Texts headings) const {
+    std::vector<Texts> rows;
     for (Line const& line : lines_) {
-      Texts cells = {Joined(line.heads)};
-      cells.insert(cells.end(), line.cells.begin(), line.cells.end());
-      rows += Row(cells);
+      rows.push_back({Joined(line.heads)});
+      rows.back().insert(rows.back().end(), line.cells.begin(), line.cells.end());
     }
-    return rows;
+    for (std::size_t column = headings.size(); column-- > 0;) {
+      if (std::ranges::any_of(rows, [&](Texts const& row) { return !row[column].empty(); })) { continue; }
+      auto const dropFrom = [column](Texts& row) { row.erase(row.begin() + static_cast<std::ptrdiff_t>(column)); };
+      dropFrom(headings);
+      std::ranges::for_each(rows, dropFrom);
+    }
+    std::string table = Head(headings);
+    for (Texts const& row : rows) { table += Row(row); }
+    return table;
   }
 
 private:
@@ -220,7 +228,7 @@ std::string TypesOf(kprC_StepAwareRepository const& repository) {
     types.Add(Code(construction.command), {std::string(construction.label), item->CategoryText(), item->LoadCaseText(),
                                            std::string(ActsOnText(item->ActsOn())), Joined(members)});
   }
-  return Head({"command", "label", "category", "in load cases", "acts on", "members"}) + types.Rows();
+  return types.Table({"command", "label", "category", "in load cases", "acts on", "members"});
 }
 
 std::string AdmissionOf(kprC_StepAwareRepository const& repository) {
@@ -237,7 +245,7 @@ std::string AdmissionOf(kprC_StepAwareRepository const& repository) {
     }
     types.Add(Code(construction.command), {ProcedureNames(created), ProcedureNames(carried)});
   }
-  return Head({"type", "may be created in", "may only be carried into"}) + types.Rows();
+  return types.Table({"type", "may be created in", "may only be carried into"});
 }
 
 using Sequence = std::vector<unsigned>;
@@ -280,7 +288,7 @@ std::string Followers() {
   for (auto const& [label, procedure] : thr_GlobalSingleton<kprC_ProcedureTypeLabelMap>::Instance().Entries()) {
     if (auto const sequence = ShortestTo(procedure)) { add(*sequence); }
   }
-  return Head({"last step", "general steps that may follow", "perturbation steps that may follow"}) + rows.Rows();
+  return rows.Table({"last step", "general steps that may follow", "perturbation steps that may follow"});
 }
 
 std::string_view Answer(kprC_Answer answer) {

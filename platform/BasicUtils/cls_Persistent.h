@@ -40,7 +40,7 @@ public:
       static_assert(cls_ListOf<Derived> != cls_ListOf<Base>, "declare VisitMembers in this class too, even with no member of its own");
     }
     cls_ClassMetadata& info = registrar.AddClass(cls_TypeIdOf<Derived>::kName, TypeId(), cls_RowsOf<Derived>());
-    if constexpr (requires { cls_TypeIdOf<Base>::value; }) { info.baseId = cls_TypeIdOf<Base>::value; }
+    if constexpr (requires { Base::TypeId(); }) { info.baseId = Base::TypeId(); }  // through what is no class of its own, too
     if constexpr (!std::is_abstract_v<Derived>) {
       if constexpr (std::is_default_constructible_v<Derived>) { info.make = &cls_Make<Derived>; }
       if constexpr (!Derived::kReadByRows) {
