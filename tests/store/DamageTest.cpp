@@ -11,14 +11,6 @@
 
 namespace {
 
-std::string BytesOf(std::filesystem::path const& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-void PutBytes(std::filesystem::path const& path, std::string_view bytes) {
-  std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
 std::string OpenRefusal(Store const& store, std::filesystem::path const& path) {
   return Refusal([&] { store.read(path); });
 }

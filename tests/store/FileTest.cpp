@@ -22,12 +22,6 @@
 
 namespace {
 
-void PutBytes(std::filesystem::path const& path, std::string_view bytes) { std::ofstream(path, std::ios::binary) << bytes; }
-std::string BytesOf(std::filesystem::path const& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
 /// Runs \p work in a process of its own and returns how it ended.
 template <class Work> int InAnotherProcess(Work&& work) {
   pid_t const child = fork();

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -33,6 +34,12 @@ private:
 };
 
 inline auto* const libraryEnvironment = testing::AddGlobalTestEnvironment(new LibraryEnvironment);
+
+inline void PutBytes(std::filesystem::path const& path, std::string_view bytes) { std::ofstream(path, std::ios::binary) << bytes; }
+inline std::string BytesOf(std::filesystem::path const& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
 
 /// A folder of its own for one test, gone afterwards.
 class ScratchFolder {

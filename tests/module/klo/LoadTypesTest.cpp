@@ -4,7 +4,7 @@
 
 namespace {
 
-kprC_Arguments const kForce = {{"cf1", 1.0}};
+kprC_Arguments const kAlongX = {{"cf1", 1.0}};
 
 using test::CodeOf;
 
@@ -95,7 +95,7 @@ TEST_F(LoadTypes, RefuseValuesThatTheyCannotHave) {
 }
 
 TEST_F(LoadTypes, AreAskedForAMagnitudeWhereTheyAreCreatedOnly) {
-  ASSERT_EQ(Create("ConcentratedForce", "IGG", "S1", kForce), -1);
+  ASSERT_EQ(Create("ConcentratedForce", "IGG", "S1", kAlongX), -1);
   EXPECT_EQ(Edit("S2", {{"cf1", 0.0}}), -1);
   EXPECT_EQ(Edit("S1", {{"cf1", 0.0}}), 41);
   ASSERT_EQ(Create("InertiaRelief", "IGG", "S1", {}), -1);

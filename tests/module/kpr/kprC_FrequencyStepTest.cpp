@@ -6,14 +6,14 @@ namespace {
 
 constexpr unsigned kFrequency = kprC_ProcedureType::Frequency;
 
-struct Row {
+struct Case {
   char const* what;
   Edits edits;
   int code;
 };
 
-void Check(std::vector<Row> const& rows, Edits const& valid = {}) {
-  for (Row const& row : rows) { EXPECT_EQ(CodeOf(kFrequency, valid + row.edits), row.code) << row.what; }
+void Check(std::vector<Case> const& rows, Edits const& valid = {}) {
+  for (Case const& row : rows) { EXPECT_EQ(CodeOf(kFrequency, valid + row.edits), row.code) << row.what; }
 }
 
 cls_Value const kNone = cls_Value();

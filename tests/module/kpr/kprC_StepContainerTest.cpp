@@ -7,18 +7,18 @@
 
 namespace {
 
-kprC_StepHandle Static() { return kprC_MakeStep(kprC_ProcedureType::Static); }
+kprC_StepHandle NewStatic() { return kprC_MakeStep(kprC_ProcedureType::Static); }
 
-std::string Names(kprC_StepContainer const& steps) {
+std::string NamesOf(kprC_StepContainer const& steps) {
   std::string names;
   for (cow_String const& name : steps.Names()) { names += (names.empty() ? "" : " ") + std::string(name.View()); }
   return names;
 }
 
-kprC_StepContainer Container(std::string_view names) {
+kprC_StepContainer ContainerOf(std::string_view names) {
   kprC_StepContainer steps;
   std::istringstream in{std::string(names)};
-  for (std::string name; in >> name;) { steps.Insert(steps.Name(steps.Size() - 1), name, Static()); }
+  for (std::string name; in >> name;) { steps.Insert(steps.Name(steps.Size() - 1), name, NewStatic()); }
   return steps;
 }
 
@@ -29,14 +29,14 @@ TEST(StepContainer, RefusesAnEditAndStaysAsItIs) {
     void (*edit)(kprC_StepContainer&);
   };
   constexpr Row kRows[] = {
-      {"insert after an unknown step", 81, [](kprC_StepContainer& s) { s.Insert("C", "D", Static()); }},
-      {"insert a name in use", 46, [](kprC_StepContainer& s) { s.Insert("A", "B", Static()); }},
-      {"insert an empty name", 46, [](kprC_StepContainer& s) { s.Insert("A", "", Static()); }},
+      {"insert after an unknown step", 81, [](kprC_StepContainer& s) { s.Insert("C", "D", NewStatic()); }},
+      {"insert a name in use", 46, [](kprC_StepContainer& s) { s.Insert("A", "B", NewStatic()); }},
+      {"insert an empty name", 46, [](kprC_StepContainer& s) { s.Insert("A", "", NewStatic()); }},
       {"insert no step", 47, [](kprC_StepContainer& s) { s.Insert("A", "D", nullptr); }},
       {"insert an initial step", 82, [](kprC_StepContainer& s) { s.Insert("A", "D", kprC_MakeStep(kprC_initialStepType)); }},
       {"insert a name twice", 46,
        [](kprC_StepContainer& s) {
-         kprC_StepContainer::NamedStep const twice[] = {{"D", Static()}, {"D", Static()}};
+         kprC_StepContainer::NamedStep const twice[] = {{"D", NewStatic()}, {"D", NewStatic()}};
          s.Insert("A", twice);
        }},
       {"remove an unknown step", 81, [](kprC_StepContainer& s) { s.Remove("C"); }},
@@ -45,11 +45,11 @@ TEST(StepContainer, RefusesAnEditAndStaysAsItIs) {
       {"rename the initial step", 46, [](kprC_StepContainer& s) { s.Rename("Initial", "D"); }},
       {"rename to a name in use", 46, [](kprC_StepContainer& s) { s.Rename("A", "B"); }},
       {"rename to the empty name", 46, [](kprC_StepContainer& s) { s.Rename("A", ""); }},
-      {"replace an unknown step", 81, [](kprC_StepContainer& s) { s.Replace("C", Static()); }},
-      {"replace the initial step", 143, [](kprC_StepContainer& s) { s.Replace("Initial", Static()); }},
+      {"replace an unknown step", 81, [](kprC_StepContainer& s) { s.Replace("C", NewStatic()); }},
+      {"replace the initial step", 143, [](kprC_StepContainer& s) { s.Replace("Initial", NewStatic()); }},
       {"replace by no step", 47, [](kprC_StepContainer& s) { s.Replace("A", nullptr); }},
   };
-  kprC_StepContainer const before = Container("A B");
+  kprC_StepContainer const before = ContainerOf("A B");
   for (Row const& row : kRows) {
     kprC_StepContainer steps = before;
     EXPECT_EQ(RefusalOf([&] { row.edit(steps); }), row.code) << row.what;
@@ -58,22 +58,22 @@ TEST(StepContainer, RefusesAnEditAndStaysAsItIs) {
 }
 
 TEST(StepContainer, EditsSeveralStepsAtOnceAsOneByOne) {
-  kprC_StepContainer steps = Container("A B");
-  kprC_StepContainer::NamedStep const added[] = {{"C", Static()}, {"D", Static()}};
+  kprC_StepContainer steps = ContainerOf("A B");
+  kprC_StepContainer::NamedStep const added[] = {{"C", NewStatic()}, {"D", NewStatic()}};
   steps.Insert("A", added);
-  EXPECT_EQ(Names(steps), "Initial A C D B");
+  EXPECT_EQ(NamesOf(steps), "Initial A C D B");
   cow_String const gone[] = {"D", "A"};
   steps.Remove(gone);
-  EXPECT_EQ(Names(steps), "Initial C B");
+  EXPECT_EQ(NamesOf(steps), "Initial C B");
 }
 
 TEST(StepContainer, GivesARenamedOrReplacedEntryAnIdentityOfItsOwn) {
-  kprC_StepContainer steps = Container("A B");
+  kprC_StepContainer steps = ContainerOf("A B");
   kprC_StepContainer const before = steps;
   steps.Rename("A", "C");
   EXPECT_NE(steps.Table()[1].Uid(), before.Table()[1].Uid());
   EXPECT_EQ(&steps.Step(1), &before.Step(1));
-  steps.Replace("B", Static());
+  steps.Replace("B", NewStatic());
   EXPECT_NE(steps.Table()[2].Uid(), before.Table()[2].Uid());
   EXPECT_EQ(steps.Table()[0].Uid(), before.Table()[0].Uid());
 }
@@ -115,9 +115,9 @@ TEST(StepContainer, HoldsWhatTheEditsSay) {
       ASSERT_EQ(steps.Table()[i].procedure.ConstGet(), itsStep);
       ASSERT_EQ(steps.Table()[i].procedure.ConstGet(), itsStep);
     }
-    if (edit % 40 == 0) { snapshots.emplace_back(steps, Names(steps)); }
+    if (edit % 40 == 0) { snapshots.emplace_back(steps, NamesOf(steps)); }
   }
-  for (auto const& [copy, names] : snapshots) { EXPECT_EQ(Names(copy), names); }
+  for (auto const& [copy, names] : snapshots) { EXPECT_EQ(NamesOf(copy), names); }
 }
 
 /// Reads a container from a list of entries.
@@ -156,19 +156,19 @@ private:
 TEST(StepContainer, RefusesStoredStepsThatAreNoSequence) {
   kprC_StepHandle const initial = kprC_MakeStep(kprC_initialStepType);
   std::pair<Stored::Entries, char const*> const rows[] = {
-      {{{"Initial", initial}, {"A", Static()}, {"B", Static()}}, ""},
+      {{{"Initial", initial}, {"A", NewStatic()}, {"B", NewStatic()}}, ""},
       {{}, "steps: \"Initial\" as the first step"},
       {{{"A", initial}}, "steps: \"Initial\" as the first step"},
-      {{{"Initial", Static()}}, "steps: one initial step, the first"},
+      {{{"Initial", NewStatic()}}, "steps: one initial step, the first"},
       {{{"Initial", initial}, {"A", initial}}, "steps: one initial step, the first"},
       {{{"Initial", initial}, {"A", nullptr}}, "steps: a procedure for every step"},
-      {{{"Initial", initial}, {"A", Static()}, {"A", Static()}}, "steps: steps with names of their own"},
-      {{{"Initial", initial}, {"", Static()}}, "steps: steps with names of their own"},
+      {{{"Initial", initial}, {"A", NewStatic()}, {"A", NewStatic()}}, "steps: steps with names of their own"},
+      {{{"Initial", initial}, {"", NewStatic()}}, "steps: steps with names of their own"},
   };
   for (auto const& [entries, refusal] : rows) {
     std::string got;
     try {
-      EXPECT_EQ(Names(kprC_StepContainer(Stored(entries))), "Initial A B");
+      EXPECT_EQ(NamesOf(kprC_StepContainer(Stored(entries))), "Initial A B");
     } catch (std::runtime_error const& e) { got = e.what(); }
     EXPECT_EQ(got, refusal);
   }
