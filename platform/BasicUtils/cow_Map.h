@@ -2,16 +2,27 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cassert>
 #include <compare>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <memory>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "platform/BasicUtils/cow_Handle.h"
+
+/// The first eight characters of a text as a number: where the numbers of two texts differ, they compare as the texts do.
+inline std::uint64_t cow_RankOf(std::string_view text) noexcept {
+  std::uint64_t first = 0;
+  std::memcpy(&first, text.data(), std::min(text.size(), sizeof first));
+  return std::endian::native == std::endian::little ? __builtin_bswap64(first) : first;
+}
 
 /// Keys in rising order, each with a value, in a tree whose nodes are shared between copies of the map. Copying costs
 /// one count; finding, inserting, removing and Get() cost O(log n), also right after a copy: a change copies the nodes
@@ -19,8 +30,9 @@
 /// A snapshot is therefore as cheap to keep as to take. Values are copied together with their node, which holds some of
 /// them: let them be handles or other copy-on-write values. Nodes whose values alone differ share their keys.
 ///
-/// Keys are looked up by anything that compares with them (names by string views and literals). Iterators, references
-/// and pointers are good until the next change of this map.
+/// Keys are looked up by anything that compares with them (names by string views and literals). A node keeps a number of each of
+/// its keys beside it, so that keys themselves, which lie elsewhere in memory, are looked at only where numbers meet: the first
+/// characters of a text, or what Rank() of the key says. Iterators, references and pointers are good until the next change of this map.
 template <class K, class V> class cow_Map {
   struct Node;
   using Link = cow_Handle<Node>;
@@ -148,8 +160,41 @@ private:
     std::size_t size_ = 0;
   };
 
-  struct Keys : mem_Counted {
-    Row<K> of;
+  /// A number of the key: keys of different ranks stand in the order of these.
+  template <class Key> static std::uint64_t RankOf(Key const& key) noexcept {
+    if constexpr (requires(K const& own) { own.Rank(); }) {
+      return key.Rank();
+    } else if constexpr (std::convertible_to<K const&, std::string_view>) {
+      return cow_RankOf(key);
+    } else {
+      return 0;
+    }
+  }
+  class Keys : public mem_Counted {
+  public:
+    std::size_t Size() const noexcept { return size_; }
+    K const& operator[](std::size_t at) const noexcept { return keys_[at]; }
+    std::uint64_t Rank(std::size_t at) const noexcept { return ranks_[at]; }
+    void Insert(std::size_t at, K key) {
+      std::copy_backward(ranks_.begin() + at, ranks_.begin() + Size(), ranks_.begin() + Size() + 1);
+      ranks_[at] = RankOf(key);
+      keys_.Insert(at, std::move(key));
+      ++size_;
+    }
+    K Take(std::size_t at) {
+      std::copy(ranks_.begin() + at + 1, ranks_.begin() + Size(), ranks_.begin() + at);
+      --size_;
+      return keys_.Take(at);
+    }
+    void Replace(std::size_t at, K key) {
+      ranks_[at] = RankOf(key);
+      keys_[at] = std::move(key);
+    }
+
+  private:
+    std::uint32_t size_ = 0;                  // beside the ranks: a search reads both, and mostly nothing else
+    std::array<std::uint64_t, kWide> ranks_;  // filled as far as there are keys
+    Row<K> keys_;
   };
   /// Of the height 0 a leaf, with a value for each key; of any other with a child for each key: it holds what is not less
   /// than that key, and less than the next one. The first child of a node also takes what is less than its key.
@@ -160,8 +205,8 @@ private:
     virtual ~Node() = default;
     virtual std::unique_ptr<Node> Copy() const = 0;
 
-    std::size_t Size() const noexcept { return keys->of.Size(); }
-    K const& Key(std::size_t at) const noexcept { return keys->of[at]; }
+    std::size_t Size() const noexcept { return keys->Size(); }
+    K const& Key(std::size_t at) const noexcept { return (*keys)[at]; }
 
     std::uint32_t height;
     cow_Handle<Keys> keys;
@@ -175,17 +220,17 @@ private:
     std::unique_ptr<Node> Copy() const override { return std::make_unique<NodeOf>(*this); }
 
     void Insert(std::size_t at, K key, Slot slot) {
-      this->keys.Get().of.Insert(at, std::move(key));
+      this->keys.Get().Insert(at, std::move(key));
       slots.Insert(at, std::move(slot));
     }
     void Remove(std::size_t at) {
-      this->keys.Get().of.Take(at);
+      this->keys.Get().Take(at);
       slots.Take(at);
     }
     /// Moves slots between this and \p next, its neighbour behind, so that this has \p size.
     void Share(NodeOf& next, std::size_t size) {
-      auto& own = this->keys.Get().of;
-      auto& others = next.keys.Get().of;
+      Keys& own = this->keys.Get();
+      Keys& others = next.keys.Get();
       for (std::size_t last = slots.Size(); last-- > size;) { next.Insert(0, own.Take(last), slots.Take(last)); }
       for (std::size_t last = slots.Size(); last < size; ++last) { Insert(last, others.Take(0), next.slots.Take(0)); }
     }
@@ -209,36 +254,41 @@ private:
     std::size_t at;
     bool found;
   };
-  /// Where \p key stands in a leaf, or would stand.
-  template <class Key> static Place PlaceIn(Node const& leaf, Key const& key) {
-    std::size_t low = 0, high = leaf.Size();
+  /// Where \p key stands among the keys of a node from \p low on, or would stand.
+  template <class Key> static Place PlaceIn(Node const& node, Key const& key, std::uint64_t rank, std::size_t low = 0) {
+    Keys const& keys = *node.keys;
+    for (std::size_t left = keys.Size() - low; left > 0;) {  // no branch on the outcome, which nobody could foresee
+      std::size_t const half = (left + 1) / 2;
+      low += keys.Rank(low + half - 1) < rank ? half : 0;
+      left -= half;
+    }
+    std::size_t high = low;
+    while (high < keys.Size() && keys.Rank(high) == rank) { ++high; }
     while (low < high) {
       std::size_t const middle = (low + high) / 2;
-      auto const order = Compare(key, leaf.Key(middle));
+      auto const order = Compare(key, keys[middle]);
       if (order == 0) { return {middle, true}; }
       order < 0 ? high = middle : low = middle + 1;
     }
     return {low, false};
   }
   /// The child that holds \p key.
-  template <class Key> static std::size_t ChildOf(Node const& node, Key const& key) {
-    std::size_t low = 1, high = node.Size();
-    while (low < high) {
-      std::size_t const middle = (low + high) / 2;
-      Compare(key, node.Key(middle)) < 0 ? high = middle : low = middle + 1;
-    }
-    return low - 1;
+  template <class Key> static std::size_t ChildOf(Node const& node, Key const& key, std::uint64_t rank) {
+    // not from the first key on, which may be greater than the next ones: its child takes what is less, and may have been halved
+    auto const [at, found] = PlaceIn(node, key, rank, 1);
+    return found ? at : at - 1;
   }
   /// Calls pass(at) for every node on the way down to \p key.
   template <class Key, class Pass> V const* Find(Key const& key, Pass&& pass) const {
     if (!root_) { return nullptr; }
+    std::uint64_t const rank = RankOf(key);
     Node const* node = root_.ConstGet();
     while (node->height > 0) {
-      std::size_t const at = ChildOf(*node, key);
+      std::size_t const at = ChildOf(*node, key, rank);
       pass(at);
       node = As<Link>(*node).slots[at].ConstGet();
     }
-    auto const [at, found] = PlaceIn(*node, key);
+    auto const [at, found] = PlaceIn(*node, key, rank);
     pass(at);
     return found ? &As<V>(*node).slots[at] : nullptr;
   }
@@ -262,7 +312,7 @@ private:
   static bool InsertAt(Link& link, K& key, V& value, Link& behind, bool last) {
     Node& node = link.Get();
     if (node.height == 0) {
-      auto const [at, found] = PlaceIn(node, key);
+      auto const [at, found] = PlaceIn(node, key, RankOf(key));
       if (found) {
         As<V>(node).slots[at] = std::move(value);
       } else {
@@ -270,7 +320,7 @@ private:
       }
       return !found;
     }
-    std::size_t const at = ChildOf(node, key);
+    std::size_t const at = ChildOf(node, key, RankOf(key));
     Link next;
     bool const isNew = InsertAt(As<Link>(node).slots[at], key, value, next, last && at + 1 == node.Size());
     if (next) { Put<Link>(node, at + 1, next->Key(0), next, behind, last); }
@@ -280,8 +330,8 @@ private:
   /// \p key exists below \p link.
   template <class Key> static void RemoveAt(Link& link, Key const& key) {
     Node& node = link.Get();
-    if (node.height == 0) { return As<V>(node).Remove(PlaceIn(node, key).at); }
-    std::size_t const at = ChildOf(node, key);
+    if (node.height == 0) { return As<V>(node).Remove(PlaceIn(node, key, RankOf(key)).at); }
+    std::size_t const at = ChildOf(node, key, RankOf(key));
     auto& children = As<Link>(node);
     RemoveAt(children.slots[at], key);
     if (children.slots[at]->Size() >= kFew || node.Size() == 1) { return; }
@@ -297,7 +347,7 @@ private:
     if (both <= kWide) {
       node.Remove(left + 1);
     } else {
-      node.keys.Get().of[left + 1] = next.Key(0);
+      node.keys.Get().Replace(left + 1, next.Key(0));
     }
   }
 

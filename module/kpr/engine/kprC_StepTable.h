@@ -109,6 +109,7 @@ private:
   struct Key {
     std::size_t hash;
     cow_String name;
+    std::uint64_t Rank() const { return hash; }
     friend bool operator==(Key const& a, Key const& b) { return a.hash == b.hash && a.name == b.name; }
     friend std::strong_ordering operator<=>(Key const& a, Key const& b) {
       return a.hash != b.hash ? a.hash <=> b.hash : a.name.View() <=> b.name.View();
