@@ -12,6 +12,12 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
 endif()
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 
+# Nobody is meant to put a function of his own in the place of a library's: within it, calls are direct and may be expanded.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_compile_options(-fno-semantic-interposition)
+endif()
+add_link_options(-Wl,-Bsymbolic-functions)
+
 # A library shows only what carries DDB_API. The vptr check of the sanitizers compares type information by address and
 # names it from other libraries, which hidden symbols do not allow: sanitized builds show everything.
 if(GATTR_SANITIZE)

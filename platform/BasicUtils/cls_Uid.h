@@ -21,7 +21,10 @@ public:
   static cls_Uid AllocateUid() { return {AllocateNumber(), 0}; }
   /// A fresh number, for owners that keep an identity in less than two words: never 0, given once, below 2^kNumberBits. Each
   /// thread takes numbers in blocks: they rise within a thread, and cost no more than a look at the thread's own block.
-  static std::uint64_t AllocateNumber();
+  static std::uint64_t AllocateNumber() {
+    if (last_ % kBlock == 0) { TakeBlock(); }
+    return ++last_;
+  }
   static constexpr int kNumberBits = 56;  // lasts for two years at a number every nanosecond
   /// The identity of the element \p part of the list \p owner.
   static constexpr cls_Uid OfElement(cls_Uid owner, cls_Uid part) { return {owner.number_, part.number_}; }
@@ -40,7 +43,12 @@ public:
 private:
   constexpr cls_Uid(std::uint64_t number, std::uint64_t part) : number_(number), part_(part) {}
 
+  static void TakeBlock();
+
   static constexpr std::uint64_t kMemberPart = ~std::uint64_t{0};  // no number: the part of no element
+  static constexpr std::uint64_t kBlock = 4096;
+  // given last to the thread, in its own block of the program: a look at it is no call
+  [[gnu::tls_model("initial-exec")]] constinit static thread_local std::uint64_t last_;
 
   std::uint64_t number_ = 0;
   std::uint64_t part_ = 0;
