@@ -80,6 +80,19 @@ public:
       word_ = own.word_;
     }
   }
+  /// Whether merging this onto what \p source gives on makes what this already is, where \p equal compares the values. Refuses what
+  /// the merging does.
+  template <class Equal> bool IsMerged(mdl_PropAttr const& source, std::string_view name, Equal&& equal) const {
+    source.AssertState(name);
+    AssertState(name);
+    switch (State()) {
+      case StateEnm::Set: return true;
+      case StateEnm::PropagatedValue: return source.HasValue() && equal(value_, source.value_);
+      case StateEnm::Unset: return !source.HasValue() && equal(value_, T{});
+      case StateEnm::Freed: return equal(value_, T{});
+    }
+    return false;
+  }
   /// Makes what is in force the step's own: a carried value as set, a freed one as unset.
   void TakeOver() {
     if (State() == StateEnm::PropagatedValue) { ForceState(StateEnm::Set); }
@@ -164,6 +177,9 @@ template <class T> struct cls_MemberTraits<mdl_PropAttr<T>> {
   }
   static void Propagate(Member& member, std::string_view name) { member.Propagate(name); }
   static void Modify(Member& member, Member const& own, std::string_view name) { member.Modify(own, name); }
+  static bool IsMerged(Member const& own, Member const& source, std::string_view name) {
+    return own.IsMerged(source, name, [](T const& a, T const& b) { return Value::Equal(a, b); });
+  }
   static void TakeOver(Member& member) { member.TakeOver(); }
   static void Zero(Member& member) { member.Zero(); }
   static bool IsModified(Member const& member) { return member.IsModified(); }

@@ -13,6 +13,7 @@ bool kbcC_BC::Insert(cow_String const& step, kbcC_BCState const& state) {
 }
 
 void kbcC_BC::AssertComponentState(std::size_t index, bool freed, bool unset) const {
+  if (!freed && !unset) { return; }
   bool const creation = index == kprC_StepTable::npos || StatusAt(index) == mdl_PropagationStatusEnm::Created;
   if (creation) { return kbcC_Assert(!freed, kbcC_ErrorEnm::CreateStepComponent); }
   bool const active = IsActive(StatusAt(index));

@@ -258,6 +258,9 @@ template <class M> constexpr cls_MemberOps cls_MakeOps() {
       Traits::Modify(*static_cast<M*>(m), *static_cast<M const*>(own), name);
     };
     ops.isMerged = [](void const* own, void const* source, std::string_view name) {
+      if constexpr (requires { Traits::IsMerged(*static_cast<M const*>(own), *static_cast<M const*>(source), name); }) {
+        return Traits::IsMerged(*static_cast<M const*>(own), *static_cast<M const*>(source), name);
+      }
       M made = *static_cast<M const*>(source);
       Traits::Propagate(made, name);
       Traits::Modify(made, *static_cast<M const*>(own), name);

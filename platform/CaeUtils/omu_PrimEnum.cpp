@@ -100,7 +100,8 @@ cow_Map<cow_String, unsigned int> omu_PrimEnumBase::PermissibleValues() const {
 atr_String omu_PrimEnumBase::PermissibleValuesAsString() const { return JoinTexts(Table()); }
 
 bool omu_PrimEnumBase::IsEqual(omu_Primitive const& other) const {
-  auto const* const value = dynamic_cast<omu_PrimEnumBase const*>(&other);
+  bool const isSame = typeid(other) == typeid(*this);  // as good as always, and quickly asked
+  auto const* const value = isSame ? static_cast<omu_PrimEnumBase const*>(&other) : dynamic_cast<omu_PrimEnumBase const*>(&other);
   return value != nullptr && View() == value->View();
 }
 

@@ -26,7 +26,8 @@ struct kprC_Attribute::Asked {
   cow_String const& step;
   cow_String const& toStep;
   std::size_t index = npos, to = npos;
-  bool emptied = false;  // the records between were
+  Status_ status = Status_::NotYetCreated;  // in the step, which no question changes
+  bool emptied = false;                     // the records between were
 };
 
 std::size_t kprC_Attribute::Known(cow_String const& step) const {
@@ -49,19 +50,21 @@ bool kprC_Attribute::SaysSomething(std::size_t begin, std::size_t end) const {
 
 bool kprC_Attribute::Holds(kprC_Ask ask, Asked& asked) {
   kprC_History& states = States();
-  auto const is = [&](unsigned trait) { return Is(states.Status(asked.index), trait); };
+  auto const is = [&](unsigned trait) { return Is(asked.status, trait); };
   switch (ask) {
     case kprC_Ask::UnknownStep:
       asked.index = states.Find(asked.step.View());
       asked.to = asked.effect == kprC_Effect::Move ? states.Find(asked.toStep.View()) : asked.index;
-      return asked.index == npos || asked.to == npos;
+      if (asked.index == npos || asked.to == npos) { return true; }
+      asked.status = states.Status(asked.index);
+      return false;
     case kprC_Ask::SameStep: return asked.step == asked.toStep;
     case kprC_Ask::InitialStep: return Steps().IsInitial(asked.index);
     case kprC_Ask::IntoInitialStep: return Steps().IsInitial(asked.to);
     case kprC_Ask::CreateStep: return asked.step == CreateStepName();
     case kprC_Ask::NoState: return !states.HoldsState(asked.index);
     case kprC_Ask::SwitchedOff: return states.IsOff(asked.index);
-    case kprC_Ask::PassedOver: return states.Status(asked.index) == Pass().notAdmitted;
+    case kprC_Ask::PassedOver: return asked.status == Pass().notAdmitted;
     case kprC_Ask::Perturbation: {
       auto const& procedure = Steps()[asked.index].procedure;
       return procedure && procedure->Perturbation();
@@ -70,7 +73,7 @@ bool kprC_Attribute::Holds(kprC_Ask ask, Asked& asked) {
     case kprC_Ask::BuiltIn: return is(kprC_BuiltIn);
     case kprC_Ask::NotEditable: return !is(kprC_Editable);
     case kprC_Ask::Propagated: return is(kprC_Propagated);
-    case kprC_Ask::NoReset: return (Family().statuses[static_cast<std::size_t>(states.Status(asked.index))] & kprC_NoReset) != 0;
+    case kprC_Ask::NoReset: return (Family().statuses[static_cast<std::size_t>(asked.status)] & kprC_NoReset) != 0;
     case kprC_Ask::OfType: AssertOperation(asked.effect, asked.index, asked.to); return false;
     case kprC_Ask::DestinationFirst: return asked.to < asked.index && SaysSomething(asked.to, asked.to + 1);
     case kprC_Ask::Between: return SaysSomething(std::min(asked.index, asked.to) + 1, std::max(asked.index, asked.to));
@@ -299,14 +302,15 @@ void kprC_Attribute::AssertRecords(Span steps) const {
 
 void kprC_Attribute::AssertSteps(Span steps) const {
   if (!RefusedWhereNotAdmitted()) { return; }
-  ForEachOwnEditable([this](std::size_t index,
-                            kprC_State const&) { Family().Assert(Steps().ProcedureType(index) != kprC_annealStepType, Family().anneal); },
-                     steps);
-  States().ForEachOwn(steps, [this](std::size_t index, kprC_History::Own const& own) {
+  bool anneal = false, refused = false;
+  States().ForEachOwn(steps, [&](std::size_t index, kprC_History::Own const& own) {
     if (!own.state || !Is(own.status, kprC_Editable)) { return; }
-    bool const carried = own.status != Status_::Created;
-    Family().Assert(Admits(Steps().Facts(index), carried), Family().createNotAdmitted);
+    kprC_StepFacts const step = Steps().Facts(index);
+    anneal = anneal || step.procedureType == kprC_annealStepType;
+    refused = refused || !Admits(step, own.status != Status_::Created);
   });
+  Family().Assert(!anneal, Family().anneal);
+  Family().Assert(!refused, Family().createNotAdmitted);
 }
 
 // ---- members and what they name
@@ -412,8 +416,8 @@ void kprC_Attribute::EmptyStep(std::size_t index, kprC_StepTable const& bare) {
 
 std::size_t kprC_Attribute::WeightBeside(kprC_StepDependent const* now) const {
   constexpr std::size_t kWithoutRecords = 512;
-  auto const* const later = dynamic_cast<kprC_Attribute const*>(now);
-  return kWithoutRecords + States().WeightBeside(later == nullptr ? nullptr : &later->States());
+  bool const isOfType = now != nullptr && now->DynTypeId() == DynTypeId();
+  return kWithoutRecords + States().WeightBeside(isOfType ? &static_cast<kprC_Attribute const*>(now)->States() : nullptr);
 }
 
 void kprC_Attribute::Restored(cls_ReadVisitor const& in) {

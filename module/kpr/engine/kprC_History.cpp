@@ -50,7 +50,47 @@ struct kprC_History::Loans {
   std::map<Number, Loan> bySteps;
 };
 
-kprC_History::kprC_History(kprC_Family const& family) : body_(cow_Handle<Body>::Make(family)) {}
+// ---- what an attribute says, in one piece
+
+cow_Handle<kprC_History::Body> kprC_History::Body::Make(kprC_Family const& family) {
+  Records const one{1};  // the creation
+  return cow_Handle<Body>(std::unique_ptr<Body>(new (one) Body(&family, one)));
+}
+
+std::unique_ptr<kprC_History::Body> kprC_History::Body::Copy() const {
+  Records const more{count_ + 1};
+  std::unique_ptr<Body> copy(new (more) Body(*this, more));
+  std::uninitialized_copy(begin(), end(), copy->begin());
+  copy->count_ = count_;
+  return copy;
+}
+
+kprC_History::Own& kprC_History::Body::Insert(cow_Handle<Body>& body, Own const* at) {
+  auto const place = at - body->begin();
+  if (body->count_ == body->room_) {
+    Records const more{2 * body->room_};
+    std::unique_ptr<Body> larger(new (more) Body(*body, more));
+    std::uninitialized_move(body.Get().begin(), body.Get().end(), larger->begin());
+    larger->count_ = body->count_;
+    body = cow_Handle<Body>(std::move(larger));
+  }
+  Body& to = body.Get();
+  Own* const made = to.begin() + place;
+  Own* const end = std::construct_at(to.end());
+  ++to.count_;
+  if (made == end) { return *made; }
+  std::move_backward(made, end, end + 1);
+  return *made = Own();
+}
+
+void kprC_History::Body::Erase(Own const* from, Own const* to) {
+  Own* const first = begin() + (from - begin());
+  Own* const left = std::move(begin() + (to - begin()), end(), first);
+  std::destroy(left, end());
+  count_ = static_cast<std::size_t>(left - begin());
+}
+
+kprC_History::kprC_History(kprC_Family const& family) : body_(Body::Make(family)) {}
 kprC_History::kprC_History(kprC_History const& other) : steps_(other.steps_), body_(other.body_) {
   if (!other.loans_) { return; }
   for (auto const& [step, loan] : other.loans_->bySteps) { Take(loan); }
@@ -117,7 +157,7 @@ void kprC_History::RefreshLoans() {
 // ---- asking
 
 kprC_History::Own const* kprC_History::FindOwn(Number step) const {
-  auto const& owns = OwnRecords();
+  auto const owns = OwnRecords();
   auto const at = std::ranges::lower_bound(owns, step, {}, &Own::step);
   return at != owns.end() && at->step == step ? &*at : nullptr;
 }
@@ -129,7 +169,7 @@ kprC_History::Record kprC_History::Look(std::size_t index) const {
       return {lent->second.record->StatusNow(), lent->second.record->StateNow().ConstGet()};
     }
   }
-  auto const& owns = OwnRecords();
+  auto const owns = OwnRecords();
   auto own = std::ranges::upper_bound(owns, step, {}, &Own::step);
   if (own == owns.begin()) { return {Status_::NotYetCreated, nullptr}; }
   if ((--own)->step == step) { return {own->status, own->state.ConstGet()}; }
@@ -224,10 +264,9 @@ std::size_t kprC_History::WeightBeside(kprC_History const* other) const {
     for (cls_MemberRow const& row : state->MemberRows()) { bytes = std::max(bytes, static_cast<std::size_t>(row.offset) + row.ops->size); }
     return bytes + kOfTheHeap;
   };
-  static std::vector<Own> const none;
-  auto const& theirs = other == nullptr ? none : other->OwnRecords();
+  auto const theirs = other == nullptr ? std::span<Own const>() : other->OwnRecords();
   auto their = theirs.begin();
-  std::size_t weight = OwnRecords().capacity() * sizeof(Own);
+  std::size_t weight = body_->Room() * sizeof(Own);
   for (Own const& own : OwnRecords()) {
     while (their != theirs.end() && their->step < own.step) { ++their; }
     Own const* const same = their != theirs.end() && their->step == own.step ? &*their : nullptr;
@@ -242,64 +281,59 @@ std::size_t kprC_History::WeightBeside(kprC_History const* other) const {
 
 // ---- changing
 
-void kprC_History::Put(Own own) {
-  Number const step = own.step;
-  auto& owns = Owns();
+kprC_History::Own& kprC_History::Put(Number step) {
+  Touch(step, step);
+  auto const owns = Owns();
   auto const at = std::ranges::lower_bound(owns, step, {}, &Own::step);
   if (at != owns.end() && at->step == step) {
-    own.source = at->source;
-    own.base = at->base;
-    own.untouched = at->untouched;
-    *at = std::move(own);
-  } else {
-    if (at != owns.begin()) {  // until the next pass it gives on what the one before does
-      own.source = std::prev(at)->source;
-      own.base = std::prev(at)->base;
-      own.untouched = std::prev(at)->untouched;
-    } else {
-      own.source = step;
-    }
-    owns.insert(at, std::move(own));
+    at->on.Reset();
+    at->off.Reset();
+    at->creation = false;
+    return *at;
   }
-  Touch(step, step);
+  Own& own = Body::Insert(body_, owns.data() + (at - owns.begin()));
+  own.step = own.source = step;
+  if (&own != body_.Get().begin()) {  // until the next pass
+    Own const& before = *(&own - 1);
+    own.source = before.source;
+    own.base = before.base;
+    own.untouched = before.untouched;
+  }
+  return own;
 }
 
 void kprC_History::Set(std::size_t index, Status_ status, Handle state, bool marked) {
   if (!state) { return Clear(index, index + 1); }
-  Own own;
-  own.step = steps_.NumberOf(index);
+  Own& own = Put(steps_.NumberOf(index));
   own.state = std::move(state);
   own.status = status;
   own.marked = marked;
-  Put(std::move(own));
 }
 
 void kprC_History::Empty(std::size_t index, Status_ status) {
-  Own own;
-  own.step = steps_.NumberOf(index);
+  Own& own = Put(steps_.NumberOf(index));
+  own.state.Reset();
   own.status = status;
-  Put(std::move(own));
+  own.marked = false;
 }
 
 void kprC_History::Clear(std::size_t begin, std::size_t end) {
   if (begin >= end) { return; }
-  auto& owns = Owns();
+  auto const owns = Owns();
   Number const first = steps_.NumberOf(begin), last = steps_.NumberOf(end - 1);
   auto const from = std::ranges::lower_bound(owns, first, {}, &Own::step);
   auto const to = std::ranges::upper_bound(owns, last, {}, &Own::step);
-  owns.erase(from, to);
+  body_.Get().Erase(owns.data() + (from - owns.begin()), owns.data() + (to - owns.begin()));
   Touch(first, last);
 }
 
 void kprC_History::StartWith(cow_String const& step, Handle state) {
   steps_ = kprC_StepTable::OfOne(step);
-  Own own;
-  own.step = own.source = steps_.NumberOf(0);
+  TouchAll();
+  Own& own = Put(steps_.NumberOf(0));
   own.marked = state->SwitchedOff();
   own.state = std::move(state);
   own.status = Status_::Created;
-  Owns().push_back(std::move(own));
-  TouchAll();
 }
 
 void kprC_History::Attach(kprC_StepTable const& steps) {
@@ -308,20 +342,22 @@ void kprC_History::Attach(kprC_StepTable const& steps) {
   bool const follows = steps.Continues(steps_);
   bool const kept = follows && (steps.Disturbed() == 0 || FindOwn(steps.Disturbed()) == nullptr);
   if (!kept && !OwnRecords().empty()) {
-    auto& owns = Owns();
-    std::map<Number, Number> numbers;  // of the sources
+    auto const owns = Owns();
+    for (Own& own : owns) {  // while steps have other numbers, a source is known by its place
+      Own const* const source = FindOwn(own.source);
+      own.source = static_cast<Number>((source == nullptr ? &own : source) - owns.data());
+    }
     for (Own& own : owns) {
       std::size_t const now = follows ? steps.Position(own.step) : steps.Find(steps_.Name(steps_.Position(own.step)).View());
-      Number const number = now == npos ? 0 : steps.NumberOf(now);
-      numbers[own.step] = number;
-      own.step = number;
+      own.step = now == npos ? 0 : steps.NumberOf(now);
     }
-    std::erase_if(owns, [](Own const& own) { return own.step == 0; });
     for (Own& own : owns) {
-      Number const source = numbers[own.source];
+      Number const source = owns[own.source].step;
       own.source = source == 0 ? own.step : source;
     }
     std::ranges::sort(owns, {}, &Own::step);
+    auto const gone = std::ranges::count(owns, Number{0}, &Own::step);
+    body_.Get().Erase(owns.data(), owns.data() + gone);
     TouchAll();
   }
   steps_ = steps;
@@ -376,7 +412,7 @@ bool ListsSwitchedOff(kprC_State const& state) {
 void kprC_History::Write(cls_WriteVisitor const& out, std::string_view name) const {
   if (Lent()) { return kprC_History(*this).Write(out, name); }
   if (out.WritesOwnRecordsOnly()) {
-    auto const& owns = OwnRecords();
+    auto const owns = OwnRecords();
     auto const isTold = [](Own const& own) { return static_cast<bool>(own.state); };
     // a brief record of a creation that is switched off is followed by one that says so where its state does not
     bool const tellsOff =
@@ -468,16 +504,16 @@ kprC_History::Stored kprC_History::ReadChange(cls_ReadVisitor const& in, std::st
 
 bool kprC_History::Equals(kprC_History const& other) const {
   if (Lent() || other.Lent()) { return kprC_History(*this).Equals(kprC_History(other)); }
-  auto const& a = OwnRecords();
-  auto const& b = other.OwnRecords();
-  bool const sameBody = body_ == other.body_ && steps_.Same(other.steps_);
-  return sameBody || (std::ranges::equal(a, b,
-                                         [&](Own const& one, Own const& two) {
-                                           return steps_.Position(one.step) == other.steps_.Position(two.step) &&
-                                                  one.status == two.status && one.marked == two.marked &&
-                                                  cls_MemberTraits<Handle>::Equal(one.state, two.state);
-                                         }) &&
-                      cls_MemberTraits<kprC_StepTable>::Equal(steps_, other.steps_));
+  bool const sameSteps = steps_.Same(other.steps_);
+  if (sameSteps && body_ == other.body_) { return true; }
+  auto const isSameStep = [&](Own const& one, Own const& two) {
+    return sameSteps ? one.step == two.step : steps_.Position(one.step) == other.steps_.Position(two.step);
+  };
+  auto const says = [&](Own const& one, Own const& two) {
+    return isSameStep(one, two) && one.status == two.status && one.marked == two.marked &&
+           cls_MemberTraits<Handle>::Equal(one.state, two.state);
+  };
+  return std::ranges::equal(OwnRecords(), other.OwnRecords(), says) && cls_MemberTraits<kprC_StepTable>::Equal(steps_, other.steps_);
 }
 
 void kprC_History::References(cls_ReferenceVisitor const& visit) const {

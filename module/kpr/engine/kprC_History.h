@@ -2,6 +2,8 @@
 
 #include <atomic>
 #include <memory>
+#include <new>
+#include <span>
 #include <vector>
 
 #include "module/kpr/engine/kprC_Family.h"
@@ -130,7 +132,7 @@ public:
   template <class Fn> void ForEachOwn(Fn&& fn) const { ForEachOwn(Span::All(), fn); }
   /// The same for those of \p steps.
   template <class Fn> void ForEachOwn(Span steps, Fn&& fn) const {
-    auto const& owns = OwnRecords();
+    auto const owns = OwnRecords();
     auto own = std::ranges::lower_bound(owns, steps.first, {}, &Own::step);
     for (; own != owns.end() && own->step <= steps.last; ++own) { fn(steps_.Position(own->step), *own); }
   }
@@ -180,22 +182,46 @@ public:
 
 private:
   friend class kprC_Propagator;
-  struct Body : mem_Counted {
-    explicit Body(kprC_Family const& of) : family(&of) {}
-    /// With room for one more record: who copies it is about to change it.
-    Body(Body const& other) : mem_Counted(other), family(other.family), uid(other.uid), carrying(other.carrying), touched(other.touched) {
-      own.reserve(other.own.size() + 1);
-      own.assign(other.own.begin(), other.own.end());
-    }
+  /// What an attribute says, in one piece: the own records stand behind it, in the order of their steps.
+  class Body : public mem_Counted {
+  public:
+    static cow_Handle<Body> Make(kprC_Family const& family);
+    Body(Body const&) = delete;
     Body& operator=(Body const&) = delete;
-    ~Body() = default;
+    ~Body() { std::destroy(begin(), end()); }
+    /// With room for one more record: who copies it is about to change it.
+    std::unique_ptr<Body> Copy() const;
+
+    Own* begin() { return std::launder(reinterpret_cast<Own*>(this + 1)); }
+    Own* end() { return begin() + count_; }
+    Own const* begin() const { return std::launder(reinterpret_cast<Own const*>(this + 1)); }
+    Own const* end() const { return begin() + count_; }
+    std::size_t Room() const { return room_; }
+    /// Puts a record, still empty, before \p at into \p body, which is nobody else's; into a larger one where there is no room.
+    static Own& Insert(cow_Handle<Body>& body, Own const* at);
+    /// Takes the records from \p from to \p to away.
+    void Erase(Own const* from, Own const* to);
+
+    static void operator delete(void* memory) { ::operator delete(memory); }
 
     kprC_Family const* family;
     cls_Uid uid = cls_Uid::AllocateUid();
-    std::vector<Own> own;
     cow_Handle<kprC_Carrying> carrying;
     Span touched;  // what Form has to look at
+
+  private:
+    struct Records {
+      std::size_t room;
+    };
+    Body(kprC_Family const* of, Records records) : family(of), room_(records.room) {}
+    Body(Body const& other, Records records)
+        : mem_Counted(other), family(other.family), uid(other.uid), carrying(other.carrying), touched(other.touched), room_(records.room) {}
+    static void* operator new(std::size_t size, Records records) { return ::operator new(size + records.room * sizeof(Own)); }
+    static void operator delete(void* memory, Records /*records*/) { ::operator delete(memory); }
+
+    std::size_t count_ = 0, room_;
   };
+  static_assert(sizeof(Body) % alignof(Own) == 0);
   /// A status, and where the state is: \p state, or what \p source carries.
   struct Record {
     Status_ status;
@@ -211,12 +237,16 @@ private:
   struct Loan;
   struct Loans;
 
-  std::vector<Own>& Owns() { return body_.Get().own; }
-  std::vector<Own> const& OwnRecords() const { return body_->own; }
+  std::span<Own> Owns() {
+    Body& body = body_.Get();
+    return {body.begin(), body.end()};
+  }
+  std::span<Own const> OwnRecords() const { return {body_->begin(), body_->end()}; }
   Own const* FindOwn(Number step) const;
   void Touch(Number first, Number last) { body_.Get().touched.Add({first, last}); }
   void TouchAll() { Touch(0, ~Number{0}); }
-  void Put(Own own);
+  /// The own record of a step, to be filled; where there was none it gives on what the one before does.
+  Own& Put(Number step);
 
   // until the first pass nothing is known of how the attribute is carried
   kprC_PassTable const& Pass() const { return body_->carrying ? *body_->carrying->pass : Family().pass; }
@@ -252,7 +282,7 @@ private:
 };
 
 template <class Fn> void kprC_History::ForEachRun(Fn&& fn) const {
-  auto const& owns = OwnRecords();
+  auto const owns = OwnRecords();
   std::size_t at = 0;
   Own const* before = nullptr;
   auto const carry = [&](std::size_t end) {

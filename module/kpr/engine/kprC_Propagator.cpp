@@ -37,7 +37,7 @@ kprC_Propagator::Kind kprC_Propagator::Classify(Own const& own) {
 kprC_History::Span kprC_Propagator::Run() {
   kprC_History::Span const touched = history_.body_->touched;
   kprC_History::Span changed = touched;
-  auto& owns = history_.Owns();
+  auto const owns = history_.Owns();
   auto const from = std::ranges::lower_bound(owns, touched.first, {}, &Own::step);
   std::size_t kept = static_cast<std::size_t>(from - owns.begin());
   if (kept > 0) {
@@ -72,7 +72,7 @@ kprC_History::Span kprC_Propagator::Run() {
     ++kept;
     if (settled) { return changed; }
   }
-  owns.erase(owns.begin() + static_cast<std::ptrdiff_t>(kept), owns.end());
+  history_.body_.Get().Erase(owns.data() + kept, owns.data() + owns.size());
   return changed;
 }
 
