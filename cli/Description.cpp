@@ -26,7 +26,7 @@ cow_Handle<cls_Object> Made(std::string_view command) {
   if (kprC_StepHandle const step = kprC_ConstructStep(command)) { return step; }
   std::unique_ptr<kprC_StepDependent> attribute;
   for (auto const& [name, extension] : mdl_ExtensionSubject::Registered()) {
-    auto const* family = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet());
+    auto const* family = mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet());
     if (family != nullptr && !attribute) { attribute = family->Construct(command); }
   }
   return cow_Handle<cls_Object>(std::unique_ptr<cls_Object>(std::move(attribute)));

@@ -216,7 +216,8 @@ std::vector<Finding> Check(ddr_Model const& model) {
     warnings.LookAtAll();
     for (rgnC_Region const& region : repository.Dangling()) {
       std::string const kind = region.Type() == rgnC_Surface ? "surface" : "set";
-      Refusal left{"", -1, "", "No " + repository.ItemCmd() + " acts on the " + kind + " any more: what did went with its step."};
+      Refusal left{"", -1, "",
+                   "No " + std::string(repository.ItemCmd()) + " acts on the " + kind + " any more: what did went with its step."};
       findings.push_back({FindingKind::DanglingRegion,
                           kind,
                           std::string(region.Name().View()),

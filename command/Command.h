@@ -172,7 +172,7 @@ bool RunOnObject(Call& call);
 /// Calls \p is(member name, repository) for the repositories of step-dependent attributes until it says yes.
 template <class Is> bool FindRepository(ddr_Model const& model, Is&& is) {
   for (auto const& [member, extension] : model.Extensions()) {
-    auto const* repository = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet());
+    auto const* repository = mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet());
     if (repository != nullptr && is(member, *repository)) { return true; }
   }
   return false;

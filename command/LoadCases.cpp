@@ -49,7 +49,7 @@ void AssertTerm(ddr_Model const& model, Subject& subject, lcsC_LoadCase const& l
   bool const found = FindRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) {
     std::optional<int> const refusal = repository.EditRefusals().notInLoadCase;
     if (!refusal) { return false; }
-    kinds.push_back(repository.ItemCmd());
+    kinds.emplace_back(repository.ItemCmd());
     if (repository.ItemCmd() != term.kind.View()) { return false; }
     kprC_StepDependent const* const item = repository.ConstItem(term.name);
     if (item == nullptr) {

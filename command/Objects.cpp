@@ -74,7 +74,7 @@ bool IsKnown(ObjectCommand const& command, kprC_StepAwareRepository const& repos
 bool RunOnAttribute(Call& call, ObjectCommand const& command) {
   ddr_Model const before = call.model;  // the target stays good while the command separates what it changes
   return FindRepository(before, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
-    std::string const kind = repository.ItemCmd();
+    std::string const kind(repository.ItemCmd());
     if (!call.arguments.Has(kind)) { return false; }
     if (!IsKnown(command, repository, call.arguments.Command())) { RefuseKind(call, kind); }
     cow_String const name = Named(call, kind);
@@ -83,7 +83,7 @@ bool RunOnAttribute(Call& call, ObjectCommand const& command) {
       call.subject.hint = Suggestion(name, Texts(repository.Keys()), "There are");
       ForEachRepository(before, [&](auto const&, kprC_StepAwareRepository const& other) {
         if (other.ConstItem(name) == nullptr) { return; }
-        call.subject.hint = Quoted(name) + " is a " + other.ItemCmd() + ".";
+        call.subject.hint = Quoted(name) + " is a " + std::string(other.ItemCmd()) + ".";
       });
       call.subject.atFault = true;
       kprC_EditRefusalCodes const& codes = repository.EditRefusals();
@@ -189,7 +189,7 @@ std::string ObjectText(std::string_view kind, std::string_view name) { return st
 std::vector<std::string> ObjectKinds(ddr_Model const& model, ObjectCommand const& command, std::string_view name) {
   std::vector<std::string> kinds;
   ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) {
-    if (IsKnown(command, repository, name)) { kinds.push_back(repository.ItemCmd()); }
+    if (IsKnown(command, repository, name)) { kinds.emplace_back(repository.ItemCmd()); }
   });
   if (command.onStep != nullptr) { kinds.emplace_back(kprC_Step::stepCmd().View()); }
   if (command.onReference == nullptr) { return kinds; }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <typeinfo>
+
 #include "framework/mdl_Extension.h"
 #include "framework/mdl_ExtensionSubject.h"
 #include "framework/mdl_MapString2ObjCow.h"
@@ -52,12 +54,16 @@ public:
   template <class T> T const& ConstGet(std::string_view member) const {
     mdl_Extension const* const found = ConstExtension(member);
     if (found == nullptr) { mdl_RefuseMissing(member, "model"); }
-    return dynamic_cast<T const&>(*found);
+    T const* const typed = mdl_ExtensionAs<T>(found);
+    if (typed == nullptr) { throw std::bad_cast(); }
+    return *typed;
   }
   template <class T> T& Get(std::string_view member) {
     mdl_Extension* const found = Extension(member);
     if (found == nullptr) { mdl_RefuseMissing(member, "model"); }
-    return dynamic_cast<T&>(*found);
+    T* const typed = mdl_ExtensionAs<T>(found);
+    if (typed == nullptr) { throw std::bad_cast(); }
+    return *typed;
   }
   /// Puts an extension in the place of the one under \p member.
   void SetExtension(std::string_view member, cow_Handle<mdl_Extension> extension);

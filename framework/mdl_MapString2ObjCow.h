@@ -55,6 +55,9 @@ template <class T> struct cls_MemberTraits<cow_Map<cow_String, cow_Handle<T>>> {
 /// What attributes and steps refer to by name, as those see it who know no more of it: regions, amplitudes, fields.
 class DDB_API mdl_NamedObjects : public mdl_Repository {
 public:
+  static constexpr auto kInterface = mdl_InterfaceEnm::NamedObjects;
+  mdl_InterfaceEnm Interface() const final { return kInterface; }
+
   virtual cow_List<cow_String> Keys() const = 0;
   /// The object of that name, or null.
   virtual cls_Object const* ConstObject(std::string_view name) const = 0;
@@ -103,7 +106,7 @@ public:
   }
   cow_Map<cow_String, Handle> const& Map() const { return map_; }
   bool ForEachChange(mdl_Extension const& before, mdl_Extension::ChangeVisitor const& visit) const override {
-    cls_MemberTraits<cow_Map<cow_String, Handle>>::ForEachChange(dynamic_cast<mdl_MapString2ObjCow const&>(before).map_, map_, visit);
+    cls_MemberTraits<cow_Map<cow_String, Handle>>::ForEachChange(static_cast<mdl_MapString2ObjCow const&>(before).map_, map_, visit);
     return true;
   }
 

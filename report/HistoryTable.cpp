@@ -18,7 +18,7 @@ constexpr Style kStyles[kStatusCount] = {
 /// Calls \p visit(repository) for every repository of step-dependent attributes.
 template <class Visit> void ForEachFamily(ddr_Model const& model, Visit&& visit) {
   for (auto const& [member, extension] : model.Extensions()) {
-    if (auto const* family = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet())) { visit(*family); }
+    if (auto const* family = mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet())) { visit(*family); }
   }
 }
 
@@ -69,7 +69,7 @@ HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
   ForEachFamily(model, [&](kprC_StepAwareRepository const& family) {
     family.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
       if (!Shows(filter.attributes, name.View()) || !Shows(filter.types, item.ConstructionName())) { return; }
-      HistoryTable::Row row{std::string(name.View()), family.ItemCmd(), item.ConstructionName(), item.IsSuppressed(), {}};
+      HistoryTable::Row row{std::string(name.View()), std::string(family.ItemCmd()), item.ConstructionName(), item.IsSuppressed(), {}};
       row.statuses.reserve(columns.size());
       for (std::size_t const column : columns) { row.statuses.push_back(static_cast<std::uint8_t>(item.StatusAt(column))); }
       auto const asked = [&](std::uint8_t status) {

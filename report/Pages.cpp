@@ -321,7 +321,7 @@ std::string Statuses() {
   };
   std::string text;
   for (auto const& [member, extension] : mdl_ExtensionSubject::Registered()) {
-    auto const* family = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet());
+    auto const* family = mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet());
     if (family == nullptr) { continue; }
     text += "### " + member + "\n\n" + Head({"status", "text", "is"});
     for (std::size_t status = 0; status < family->Statuses().size(); ++status) {
@@ -363,7 +363,7 @@ std::vector<PagePart> PageParts() {
       {"docs/check.md", "findings", Findings()},
   };
   for (auto const& [member, extension] : mdl_ExtensionSubject::Registered()) {
-    auto const* family = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet());
+    auto const* family = mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet());
     if (family == nullptr) { continue; }
     std::string const page = "docs/" + PageName(member) + ".md";
     parts.push_back({page, "types", TypesOf(*family)});

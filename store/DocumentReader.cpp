@@ -230,7 +230,7 @@ DocumentReader::At DocumentReader::Declared(Document::Text name, unsigned typeId
     declared_.emplace();
     At const extensions = document_.Find(0, "extensions");
     for (auto const& [member, prototype] : mdl_ExtensionSubject::Registered()) {
-      if (dynamic_cast<mdl_NamedObjects const*>(prototype.ConstGet()) == nullptr) { continue; }
+      if (mdl_ExtensionAs<mdl_NamedObjects>(prototype.ConstGet()) == nullptr) { continue; }
       At const map = document_.Find(document_.Find(extensions, member), "map");
       if (map == Document::npos) { continue; }
       for (At at = map + 1; at != document_[map].end; at = document_[at].end) {

@@ -20,14 +20,14 @@ void RefuseOther(std::string const& member, mdl_Extension const& expected, Refus
 void CompleteExtensions(ddr_Model& model, RefuseExtension const& refuse) {
   std::optional<kprC_StepTable> steps;  // on which the model's families stand
   for (auto const& [member, extension] : model.Extensions()) {
-    auto const* const repository = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet());
+    auto const* const repository = mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet());
     if (repository != nullptr && !steps) { steps = repository->Steps(); }
   }
   for (auto const& [member, prototype] : mdl_ExtensionSubject::Registered()) {
     mdl_Extension const* const extension = model.ConstExtension(member);
     if (extension == nullptr && member != ddr_Model::stepsCmd().View()) {
       model.SetExtension(member, prototype);
-      bool const isFamily = dynamic_cast<kprC_StepAwareRepository const*>(prototype.ConstGet()) != nullptr;
+      bool const isFamily = mdl_ExtensionAs<kprC_StepAwareRepository>(prototype.ConstGet()) != nullptr;
       if (isFamily && steps) { model.Get<kprC_StepAwareRepository>(member).UpdateSteps(*steps); }
     } else if (extension == nullptr || extension->DynTypeId() != prototype->DynTypeId()) {
       RefuseOther(member, *prototype, refuse);

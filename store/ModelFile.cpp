@@ -53,7 +53,7 @@ private:
 };
 
 Table TableOf(mdl_Extension const& extension) {
-  return dynamic_cast<kprC_StepAwareRepository const*>(&extension) != nullptr ? Table::Attributes : Table::Objects;
+  return mdl_ExtensionAs<kprC_StepAwareRepository>(&extension) != nullptr ? Table::Attributes : Table::Objects;
 }
 
 /// Brings the tables from one model to another.
@@ -132,7 +132,7 @@ private:
   }
 
   void PutExtension(std::string_view name, mdl_Extension const& extension) {
-    auto const* const repository = dynamic_cast<kprC_StepAwareRepository const*>(&extension);
+    auto const* const repository = mdl_ExtensionAs<kprC_StepAwareRepository>(&extension);
     // to compare a repository's sequence with the model's step by step is for the first that has it
     bool const isKnown = steps_.IsHome(extension) || (repository != nullptr && table_.Size() != 0 && repository->Steps().Same(table_));
     tables_.Put(Table::Extensions, {0, {}, name, Encode(RowWriter::Row::Extension, std::string(name), extension, isKnown)});

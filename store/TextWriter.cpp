@@ -21,7 +21,7 @@ TextWriter::TextWriter(ModelSteps const& steps, std::ostream& out) : StoreWriter
 
 void TextWriter::WriteModel(ddr_Model const& model) {
   for (auto const& [member, extension] : model.Extensions()) {
-    if (auto const* const objects = dynamic_cast<mdl_NamedObjects const*>(extension.ConstGet())) { declared_.push_back(objects); }
+    if (auto const* const objects = mdl_ExtensionAs<mdl_NamedObjects>(extension.ConstGet())) { declared_.push_back(objects); }
   }
   buffer_ = "{";
   open_.push_back({Kind::Object, Layout::Spread});

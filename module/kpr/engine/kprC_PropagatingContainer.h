@@ -163,13 +163,13 @@ public:
   }
   void RecordModify(cow_String const& name) override { Record(omu_ChangeKind::Modify, name); }
   bool ForEachChange(mdl_Extension const& before, mdl_Extension::ChangeVisitor const& visit) const override {
-    cls_MemberTraits<decltype(map_)>::ForEachChange(dynamic_cast<kprC_PropagatingContainer const&>(before).map_, map_, visit);
+    cls_MemberTraits<decltype(map_)>::ForEachChange(static_cast<kprC_PropagatingContainer const&>(before).map_, map_, visit);
     return true;
   }
-  std::string ItemCmd() const override { return std::string(T::itemCmd().View()); }
-  std::string CopyCmd() const override {
+  std::string_view ItemCmd() const override { return T::itemCmd(); }
+  std::string_view CopyCmd() const override {
     if constexpr (requires { T::copyConstructorCmd(); }) {
-      return std::string(T::copyConstructorCmd().View());
+      return T::copyConstructorCmd();
     } else {
       return {};
     }

@@ -11,6 +11,9 @@
 /// A repository of step-dependent attributes of one family, as the steps, the stores and the commands see it.
 class DDB_API kprC_StepAwareRepository : public mdl_Repository {
 public:
+  static constexpr auto kInterface = mdl_InterfaceEnm::StepAwareRepository;
+  mdl_InterfaceEnm Interface() const final { return kInterface; }
+
   /// Takes the step sequence: inserts, removes, renames and replaces the steps of every attribute and forms every
   /// history anew. Refusals of an attribute pass; attributes updated by then stay updated.
   void UpdateSteps(kprC_StepTable const& steps) { UpdateSteps(steps, {}); }
@@ -44,9 +47,9 @@ public:
   virtual void ClearChangedNames() = 0;
 
   /// What one attribute is called in commands: "boundaryCondition".
-  virtual std::string ItemCmd() const = 0;
+  virtual std::string_view ItemCmd() const = 0;
   /// The command that copies one, "BoundaryCondition"; empty in a family without.
-  virtual std::string CopyCmd() const { return {}; }
+  virtual std::string_view CopyCmd() const { return {}; }
   /// The module's prefix: "kbc".
   virtual std::string Module() const = 0;
   /// What the editing layers refuse, by the family's numbers.

@@ -56,7 +56,7 @@ void kprC_UpdateRepositories(ddr_Model& model, kprC_StepAwareRepository::Keeps c
   kprC_StepTable const table = kprC_Steps(model).Table();
   auto const extensions = model.Extensions();
   for (auto const& [member, extension] : extensions) {
-    if (dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet()) == nullptr) { continue; }
+    if (mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet()) == nullptr) { continue; }
     model.Get<kprC_StepAwareRepository>(member).UpdateSteps(table, keeps);
   }
 }
