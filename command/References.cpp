@@ -107,7 +107,7 @@ std::vector<User> UsersOf(ddr_Model const& model, ReferenceKind const& kind, std
 
 /// The repository of an attribute that is a user; null where the user is something else.
 kprC_StepAwareRepository const* RepositoryOf(ddr_Model const& model, User const& user) {
-  return dynamic_cast<kprC_StepAwareRepository const*>(model.ConstExtension(user.extension));
+  return mdl_ExtensionAs<kprC_StepAwareRepository>(model.ConstExtension(user.extension));
 }
 
 /// 'boundaryCondition "Fix"'.
@@ -212,9 +212,12 @@ void Resolve(Call& call, kprC_StepAwareRepository const* repository, cls_MemberI
     value = "";
     return;
   }
-  if (kind->In(std::as_const(call.model)).ConstObject(*text) == nullptr) { RefuseNumbered(call, repository, *kind, *text); }
-  cls_Object const& object = Referred(call, *kind, *text);
-  if (info.typeId == rgnC_Region::TypeId()) { value = cls_RowsToValue(object.MemberRows(), &object); }  // held whole
+  cls_Object const* object = kind->In(std::as_const(call.model)).ConstObject(*text);
+  if (object == nullptr) {
+    RefuseNumbered(call, repository, *kind, *text);
+    object = &Referred(call, *kind, *text);  // which refuses
+  }
+  if (info.typeId == rgnC_Region::TypeId()) { value = cls_RowsToValue(object->MemberRows(), object); }  // held whole
 }
 
 }  // namespace
@@ -293,7 +296,7 @@ bool ConstructReference(Call& call) {
   if (declaration == std::end(kDeclarations)) { return false; }
   ReferenceKind const& kind = *std::ranges::find(kKinds, declaration->kind, &ReferenceKind::kind);
   cow_String const name = FreeName(call, kName, kind);
-  call.subject.object = Quoted(name);
+  call.subject.name = name.View();
   std::unique_ptr<cls_Object> const object = declaration->make();
   SetObjectMembers(call, nullptr, *object, call.arguments.Rest());
   if (kind.assertInModel != nullptr) { kind.assertInModel(call, *object); }

@@ -17,6 +17,9 @@ namespace {
 constexpr std::string_view kUndo = "undo", kRedo = "redo", kSetModel = "setModel", kSetModelSpace = "setModelSpace",
                            kReleaseRegions = "releaseDanglingRegions";
 
+// Bytes, roughly: the edit itself, its place in the journal, the way to an object through the maps; and a version of the steps.
+constexpr std::size_t kEditWeight = 1 << 11, kObjectWeight = 512, kStepsWeight = 1 << 13;
+
 /// Makes a change history the thread's own for a while.
 class CurrentHistory {
 public:
@@ -65,7 +68,7 @@ bool ReleaseRegions(Call& call) {
   call.arguments.AssertNoRest({});
   auto const extensions = call.model.Extensions();
   for (auto const& [member, extension] : extensions) {
-    auto const* repository = dynamic_cast<kprC_StepAwareRepository const*>(extension.ConstGet());
+    auto const* repository = mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet());
     if (repository == nullptr || repository->Dangling().IsEmpty()) { continue; }
     call.model.Get<kprC_StepAwareRepository>(member).ReleaseDanglingRegions();
   }
@@ -88,7 +91,7 @@ void Run(Call& call) {
 /// One line: command, object, step and member, what is told of them with its number, and what would have fitted.
 std::string MessageOf(Subject const& subject, Refusal const& told) {
   std::string message = subject.command.empty() ? "command" : OneLine(subject.command);
-  if (!subject.object.empty()) { message += " " + subject.object; }
+  if (std::string const object = subject.Object(); !object.empty()) { message += " " + object; }
   if (!subject.step.empty()) { message += " in step " + Quoted(subject.step); }
   if (!subject.member.empty()) { message += ", " + Quoted(subject.member); }
   message += ": " + OneLine(told.message);
@@ -99,7 +102,7 @@ std::string MessageOf(Subject const& subject, Refusal const& told) {
 void Tell(Outcome& outcome, Subject const& subject, Refusal const& told) {
   outcome.changed = false;
   outcome.message = MessageOf(subject, told);
-  outcome.object = subject.object;
+  outcome.object = subject.Object();
   outcome.step = subject.step;
   outcome.member = subject.member;
   outcome.hint = subject.hint;
@@ -113,9 +116,10 @@ Outcome Refused(Subject const& subject, std::exception const& error) {
   return outcome;
 }
 
-std::string LabelOf(Subject const& subject) { return subject.object.empty() ? subject.command : subject.command + " " + subject.object; }
-
 }  // namespace
+
+std::string Label::Object() const { return !kind.empty() ? ObjectText(kind, name) : name.empty() ? name : Quoted(name); }
+std::string Label::Text() const { return kind.empty() && name.empty() ? command : command + " " + Object(); }
 
 Session::Session() : Session(ddr_Model()) {}
 
@@ -149,8 +153,9 @@ Outcome Session::Execute(Json const& command) {
       Run(call);
     }
     outcome.ok = true;
-    if (outcome.report.empty() && !Differs(before, touched)) {
-      if (!touched.extension.empty()) {
+    Effect const effect = outcome.report.empty() ? EffectSince(before, touched) : Effect{true, 0};
+    if (!effect.changed) {
+      if (!touched.extension.IsEmpty()) {
         auto const& repository = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
         subject.hint = StatusHint(*repository.ConstItem(touched.names.front()), cow_String(subject.step));
       }
@@ -164,9 +169,8 @@ Outcome Session::Execute(Json const& command) {
       changes_.TruncateTo(0);
     } else {
       redo_.clear();
-      std::size_t const weight = Weight(before);
-      Keep({before, LabelOf(subject), std::move(touched), weight, changes, {}});
-      journal_.push_back(JournalLine(command));
+      journal_.Append(command);
+      Keep({before, static_cast<Label const&>(subject), std::move(touched), effect.weight, changes, {}});
     }
     return outcome;
   } catch (std::bad_alloc const&) {
@@ -178,15 +182,21 @@ Outcome Session::Execute(Json const& command) {
   }
 }
 
-bool Session::Differs(ddr_Model const& before, Touched const& touched) const {
-  if (!touched.extension.empty()) {
-    auto const& was = before.ConstGet<kprC_StepAwareRepository>(touched.extension);
-    auto const& is = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
-    return std::ranges::any_of(touched.names, [&](cow_String const& name) {
-      kprC_StepDependent const *const one = was.ConstItem(name), *const other = is.ConstItem(name);
-      return one != other && (one == nullptr || other == nullptr || !one->Equals(*other));
-    });
+Session::Effect Session::EffectSince(ddr_Model const& before, Touched const& touched) const {
+  if (touched.extension.IsEmpty()) { return {Differs(before), Weight(before)}; }
+  auto const& was = before.ConstGet<kprC_StepAwareRepository>(touched.extension);
+  auto const& is = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
+  Effect effect{false, kEditWeight};
+  for (cow_String const& name : touched.names) {
+    kprC_StepDependent const *const one = was.ConstItem(name), *const other = is.ConstItem(name);
+    if (one == other) { continue; }
+    effect.changed = effect.changed || one == nullptr || other == nullptr || !one->Equals(*other);
+    effect.weight += one == nullptr ? kObjectWeight : one->WeightBeside(other);
   }
+  return effect;
+}
+
+bool Session::Differs(ddr_Model const& before) const {
   if (model_.Name() != before.Name() || model_.Space() != before.Space()) { return true; }
   auto const differs = [&](std::string_view member) {
     mdl_Extension const *const was = before.ConstExtension(member), *const is = model_.ConstExtension(member);
@@ -212,32 +222,27 @@ Outcome Session::UndoOrRedo(Json const& command, Arguments const& arguments, Sub
   if (arguments.DryRun()) {
     undo ? RedoEdit() : UndoEdit();
   } else {
-    journal_.push_back(JournalLine(command));
+    journal_.Append(command);
   }
   return outcome;
 }
 
-std::vector<Json> Session::Journal() const {
-  std::vector<Json> commands;
-  commands.reserve(journal_.size());
-  for (std::string const& line : journal_) { commands.push_back(Json::parse(line)); }
-  return commands;
-}
+std::vector<Json> Session::Journal() const { return journal_.Commands(); }
 
 void Session::ForgetPast() {
   keepsPast_ = false;
   undo_.clear();
   redo_.clear();
   undoWeight_ = 0;
-  journal_.clear();
+  journal_.Clear();
   changes_.TruncateTo(0);
 }
 
 bool Session::Undo() { return Execute({{"command", kUndo}}).ok; }
 bool Session::Redo() { return Execute({{"command", kRedo}}).ok; }
 
-std::string Session::UndoLabel() const { return undo_.empty() ? "" : undo_.back().label; }
-std::string Session::RedoLabel() const { return redo_.empty() ? "" : redo_.back().label; }
+std::string Session::UndoLabel() const { return undo_.empty() ? "" : undo_.back().label.Text(); }
+std::string Session::RedoLabel() const { return redo_.empty() ? "" : redo_.back().label.Text(); }
 
 void Session::Keep(Edit edit) {
   undoWeight_ += edit.weight;
@@ -246,15 +251,13 @@ void Session::Keep(Edit edit) {
 }
 
 std::size_t Session::Weight(ddr_Model const& before) const {
-  // the edit itself, the line of the journal, the way to an object through the maps; and a version of the steps
-  constexpr std::size_t kEditWeight = 1 << 11, kObjectWeight = 512, kStepsWeight = 1 << 13;
   std::size_t weight = kEditWeight;
   kprC_StepTable const &steps = kprC_Steps(model_).Table(), &stepsBefore = kprC_Steps(before).Table();
   bool const grown = !steps.Same(stepsBefore) && steps.Continues(stepsBefore) && steps.Disturbed() == 0;  // no record has changed
   for (auto const& [member, now] : model_.Extensions()) {
     mdl_Extension const* const was = before.ConstExtension(member);
     if (was == now.ConstGet() || was == nullptr) { continue; }
-    auto const* const attributes = dynamic_cast<kprC_StepAwareRepository const*>(was);
+    auto const* const attributes = mdl_ExtensionAs<kprC_StepAwareRepository>(was);
     if (grown && attributes != nullptr) {
       weight += kObjectWeight * attributes->Size();
       continue;
@@ -308,7 +311,7 @@ std::vector<NamedHistory> Session::Histories(Touched const& touched) const {
         tell(isShared(name) ? ObjectText(repository.ItemCmd(), name) : std::string(name.View()), item);
       });
     });
-  } else if (!touched.extension.empty()) {
+  } else if (!touched.extension.IsEmpty()) {
     auto const& repository = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
     for (cow_String const& name : touched.names) {
       if (kprC_StepDependent const* item = repository.ConstItem(name)) { tell(std::string(name.View()), *item); }

@@ -3,13 +3,14 @@
 #include <cstddef>
 #include <deque>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "command/Journal.h"
 #include "command/Refusal.h"
 #include "framework/ddr_Model.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
-#include "text/Json.h"
 
 namespace gattr {
 
@@ -52,10 +53,22 @@ struct CommandInfo {
 class Arguments;
 struct Subject;
 
+/// A command and the object that it names, as messages and the undo stack tell them.
+struct Label {
+  std::string command;
+  std::string_view kind = {};  ///< of the object, "boundaryCondition"; empty where the command says it
+  std::string name = {};
+
+  /// 'boundaryCondition "Fix"'; empty where no object is named.
+  std::string Object() const;
+  /// 'deactivate boundaryCondition "Fix"'.
+  std::string Text() const;
+};
+
 /// Whose histories a command touches.
 struct Touched {
   bool all = false;               ///< a command on a step: every attribute
-  std::string extension;          ///< member name of the attribute's repository; empty when no attribute is named
+  cow_String extension;           ///< member name of the attribute's repository; empty when no attribute is named
   std::vector<cow_String> names;  ///< of the attribute, before and after
 };
 
@@ -89,7 +102,7 @@ public:
   bool Redo();
 
   /// The commands that succeeded, undo and redo among them; running them on the model that the session began with gives
-  /// the present one. Made anew of their lines.
+  /// the present one. Made anew, as they are kept packed.
   std::vector<Json> Journal() const;
   /// What the commands recorded: one tuple for each change in a repository.
   omu_ChangeHistory const& Changes() const { return changes_; }
@@ -113,15 +126,21 @@ private:
   /// One undoable edit: the model on its other side, and what it added to the change history.
   struct Edit {
     ddr_Model model;
-    std::string label;
+    Label label;
     Touched touched;
     std::size_t weight;         ///< what only this snapshot holds, roughly, in bytes
     std::size_t changes;        ///< length of the change history before the edit
     omu_ChangeHistory records;  ///< what the edit added to it, while it is undone
   };
 
-  /// Whether the model is another than \p before, as far as the command that touched it can have changed it.
-  bool Differs(ddr_Model const& before, Touched const& touched) const;
+  /// What a command has done to the model: whether it is another than before, and what keeping that costs, roughly, in bytes.
+  struct Effect {
+    bool changed;
+    std::size_t weight;
+  };
+  /// Looks at what the command has touched. Where that is an attribute, it costs what differs of that.
+  Effect EffectSince(ddr_Model const& before, Touched const& touched) const;
+  bool Differs(ddr_Model const& before) const;
   Outcome UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject);
   void Keep(Edit edit);
   /// What keeping \p before costs beside the present model. Costs what differs between both.
@@ -134,7 +153,7 @@ private:
   omu_ChangeHistory changes_;
   std::deque<Edit> undo_, redo_;  // the next one last
   std::size_t undoWeight_ = 0, undoMemory_ = std::size_t{512} << 20;
-  std::vector<std::string> journal_;  // a line takes a tenth of the command's memory
+  PackedJournal journal_;
   bool trace_ = false, keepsPast_ = true;
 };
 

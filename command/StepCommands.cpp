@@ -111,7 +111,7 @@ cow_String NewStepName(Call& call, std::string_view argument) {
 /// The step behind which another comes, \p preset unless the command says; a hint where the model has none of that name.
 cow_String PreviousStep(Call& call, cow_String const& preset) {
   kprC_StepContainer const& steps = kprC_Steps(call.model);
-  std::optional<std::string> const given = call.arguments.OptionalText(kprC_AnalysisStep::previousCmd());
+  std::string const* const given = call.arguments.OptionalText(kprC_AnalysisStep::previousCmd());
   cow_String previous = given ? cow_String(*given) : preset;
   if (!steps.IsMember(previous)) {
     call.subject.member = kprC_AnalysisStep::previousCmd();
@@ -154,7 +154,7 @@ bool ConstructStep(Call& call) {
   call.touched.all = true;
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   cow_String const name = NewStepName(call, kprC_Step::nameCmd());
-  call.subject.object = Quoted(name);
+  call.subject.name = name.View();
   cow_String const previous = PreviousStep(call, steps.Name(steps.Size() - 1));
   InsertStep(call, previous, name, Constructed(call, call.arguments.Command()));
   return true;
@@ -208,7 +208,7 @@ using PolicyEnm = kprC_Step::ReplacementPolicyEnm;
 
 PolicyEnm PolicyArgument(Call& call) {
   omu_PrimEnum<PolicyEnm> policy = PolicyEnm::SUBSTITUTE;
-  std::optional<std::string> const text = call.arguments.OptionalText(kprC_Step::replacementPolicyCmd());
+  std::string const* const text = call.arguments.OptionalText(kprC_Step::replacementPolicyCmd());
   if (text && !policy.SetValue(text->c_str())) {
     RefuseValue(call.subject, "There is no replacement policy " + Quoted(*text) + ".",
                 Suggestion(*text, ReplacementPolicies(), "Policies"));

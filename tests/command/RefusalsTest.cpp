@@ -441,8 +441,10 @@ TEST_F(Editing, TakesAnyTextAsAName) {
                        R"({"command": "deactivate", "boundaryCondition": "\u001b[31m\n\"рука\"", "stepName": "Größe <b>1</b>"})"});
   EXPECT_EQ(HistoryOf(session, "\x1b[31m\n\"рука\""), "0 4");
   EXPECT_EQ(session.UndoLabel(), "deactivate boundaryCondition \"\\u001b[31m\\n\"рука\"\"") << "a label cannot steer a terminal";
-  Outcome const outcome = session.Execute({{"command", "StaticStep"}, {"name", "\xC3\x28"}, {"initialInc", 0.1}});
-  EXPECT_THAT(outcome.message, HasSubstr("\"name\" is not UTF-8"));
+  for (Json const& value : {Json("\xC3\x28"), Json({{"in", {1, "\xC3\x28"}}})}) {
+    Outcome const outcome = session.Execute({{"command", "StaticStep"}, {"name", "B"}, {"description", value}});
+    EXPECT_THAT(outcome.message, HasSubstr("\"description\" is not UTF-8"));
+  }
 }
 
 TEST_F(Editing, CompletesTheBoundsOfAStepsIncrements) {
