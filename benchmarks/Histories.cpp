@@ -31,7 +31,7 @@ struct Work {
     Changes().TruncateTo(0);
   }
 
-  void Build(bench::Repositories& repositories) const { bench::AddAll(repositories.conditions, repositories.loads, plan, names, size.mix); }
+  void Build(bench::Repositories& repositories) const { bench::AddAll(repositories, plan, names); }
   bench::Limit Limit() const { return {size.steps, size.attributes, bench::StatesOf(model.conditions.ConstGet(names[0]))}; }
   kprC_StepTable WithStep() const {
     kprC_StepContainer longer = steps;
@@ -81,6 +81,7 @@ template <class Read> void ReadAll(bench::Repositories const& repositories, Read
   Sum sum;
   read(bench::Conditions(), repositories.conditions, sum);
   read(bench::Loads(), repositories.loads, sum);
+  read(bench::Interactions(), repositories.interactions, sum);
   benchmark::DoNotOptimize(sum);
 }
 void ReadAllByRuns(bench::Repositories const& repositories) {
@@ -112,8 +113,7 @@ void Heap(benchmark::State& state) {
   bench::Repositories built = bench::EmptyOver(steps, size.mix);
   omu_ChangeHistory().Swap(Changes());
   double const before = bench::HeapBytes();
-  double const seconds = bench::Seconds(
-      [&] { bench::AddAll(built.conditions, built.loads, bench::Plan(steps, size.mix), bench::Names(size.attributes), size.mix); });
+  double const seconds = bench::Seconds([&] { bench::AddAll(built, bench::Plan(steps, size.mix), bench::Names(size.attributes)); });
   auto const perRecord = [&] { return (bench::HeapBytes() - before) / static_cast<double>(size.steps * size.attributes); };
   double const asBuilt = perRecord();
   ReadAllByRuns(built);
@@ -129,14 +129,7 @@ void EditOne(benchmark::State& state, double bench::OneByOne::*part) {
   bench::Repositories edited = work.model;
   bench::Repositories snapshot = work.model;
   double value = 10.0;
-  auto const edit = [&]<class Family>(Family, cow_String const& name) {
-    snapshot.Of<Family>() = edited.Of<Family>();
-    bench::Edit<Family>(edited.Of<Family>(), work.plan.edit, name, value);
-  };
   bool const undone = part == &bench::OneByOne::undo;
-  auto const undo = [&]<class Family>(Family) {
-    if (undone) { edited.Of<Family>() = std::move(snapshot.Of<Family>()); }
-  };
   bench::OneByOne const seconds = bench::FastestPasses(
       work.size.attributes,
       [&] {
@@ -146,9 +139,15 @@ void EditOne(benchmark::State& state, double bench::OneByOne::*part) {
         value += 1.0;
       },
       [&](std::size_t a) {
-        bench::IsLoad(a, work.size.mix) ? edit(bench::Loads(), work.names[a]) : edit(bench::Conditions(), work.names[a]);
+        bench::InFamily(a, work.size.mix, [&]<class Family>(Family family) {
+          snapshot.Of(family) = edited.Of(family);
+          bench::Edit<Family>(edited.Of(family), work.plan.edit, work.names[a], value);
+        });
       },
-      [&](std::size_t a) { bench::IsLoad(a, work.size.mix) ? undo(bench::Loads()) : undo(bench::Conditions()); });
+      [&](std::size_t a) {
+        if (!undone) { return; }
+        bench::InFamily(a, work.size.mix, [&](auto family) { edited.Of(family) = std::move(snapshot.Of(family)); });
+      });
   bench::Report(state, seconds.*part, work.Limit().Edit().*part);
 }
 

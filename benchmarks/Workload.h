@@ -16,6 +16,7 @@
 
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kbc/kbcC_DisplacementBC.h"
+#include "module/kin/kinC_ContactPairs.h"
 #include "module/klo/kloC_ConcentratedLoads.h"
 #include "module/kpr/engine/kprC_PropagatingContainer.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -31,7 +32,7 @@ namespace bench {
 enum class Mix {
   Uniform,      ///< conditions over general steps only
   Alternating,  ///< a perturbation step after every general one: no two neighbouring records are alike
-  Families,     ///< general steps; every second attribute is a load
+  Families,     ///< general steps; a third each conditions, loads and interactions
   Dense,        ///< conditions that say something of their own in every general step
 };
 
@@ -123,9 +124,34 @@ struct Loads {
   }
   static double Value(State const& state) { return state.c1.ConstGet(); }
 };
+struct Interactions {
+  using Base = kinC_Interaction;
+  using Type = kinC_SurfaceToSurfaceContactStd;
+  using State = kinC_SurfaceToSurfaceContactStdState;
+  static auto& In(ddr_Model& model) { return model.Get<kprC_PropagatingContainer<Base>>(kinC_Interaction::interactionRepositoryCmd()); }
+  /// The property of that number.
+  static State Values(double value) {
+    static std::vector<cow_String> const properties = [] {
+      std::vector<cow_String> made;
+      for (int i = 0; i < 32; ++i) { made.emplace_back("Property-" + std::to_string(i)); }
+      return made;
+    }();
+    State state;
+    state.interactionProperty = properties[static_cast<std::size_t>(value) % properties.size()];
+    return state;
+  }
+  static double Value(State const& state) { return static_cast<double>(state.interactionProperty.ConstGet().Size()); }
+};
 template <class Family> using Repository = kprC_PropagatingContainer<typename Family::Base>;
 
-inline bool IsLoad(std::size_t attribute, Mix mix) { return mix == Mix::Families && attribute % 2 == 1; }
+/// Calls \p fn with the family of an attribute.
+template <class Fn> void InFamily(std::size_t attribute, Mix mix, Fn&& fn) {
+  switch (mix == Mix::Families ? attribute % 3 : 0) {
+    case 1: return fn(Loads());
+    case 2: return fn(Interactions());
+    default: return fn(Conditions());
+  }
+}
 
 /// One edit of one attribute with its record.
 template <class Family> void Edit(Repository<Family>& repository, cow_String const& step, cow_String const& name, double value) {
@@ -142,10 +168,10 @@ template <class Family> void Add(Repository<Family>& repository, Plan const& pla
   repository.Get(name).Deactivate(plan.off);
   repository.RecordModify(name);
 }
-inline void AddAll(Repository<Conditions>& conditions, Repository<Loads>& loads, Plan const& plan, std::vector<cow_String> const& names,
-                   Mix mix) {
+/// \p of is asked for the repository of each family.
+template <class Of> void AddAll(Of&& of, Plan const& plan, std::vector<cow_String> const& names, Mix mix) {
   for (std::size_t a = 0; a < names.size(); ++a) {
-    IsLoad(a, mix) ? Add<Loads>(loads, plan, names[a]) : Add<Conditions>(conditions, plan, names[a]);
+    InFamily(a, mix, [&]<class Family>(Family family) { Add<Family>(of(family), plan, names[a]); });
   }
 }
 
@@ -153,20 +179,23 @@ inline void AddAll(Repository<Conditions>& conditions, Repository<Loads>& loads,
 struct Repositories {
   void UpdateSteps(kprC_StepTable const& steps) {
     conditions.UpdateSteps(steps);
-    if (mix == Mix::Families) { loads.UpdateSteps(steps); }
+    if (mix != Mix::Families) { return; }
+    loads.UpdateSteps(steps);
+    interactions.UpdateSteps(steps);
   }
-  template <class Family> auto& Of() {
-    if constexpr (std::is_same_v<Family, Loads>) {
-      return loads;
-    } else {
-      return conditions;
-    }
-  }
+  auto& Of(Conditions) { return conditions; }
+  auto& Of(Loads) { return loads; }
+  auto& Of(Interactions) { return interactions; }
 
   Mix mix;
   Repository<Conditions> conditions = {};
   Repository<Loads> loads = {};
+  Repository<Interactions> interactions = {};
 };
+inline void AddAll(Repositories& repositories, Plan const& plan, std::vector<cow_String> const& names) {
+  AddAll(
+      [&](auto family) -> auto& { return repositories.Of(family); }, plan, names, repositories.mix);
+}
 inline Repositories EmptyOver(kprC_StepContainer const& steps, Mix mix) {
   Repositories made{.mix = mix};
   made.UpdateSteps(steps.Table());
@@ -179,7 +208,8 @@ inline ddr_Model ModelOf(std::size_t steps, std::size_t attributes, Mix mix) {
   held = Steps(steps, mix);
   Plan const plan(held, mix);
   kprC_UpdateRepositories(model);
-  AddAll(Conditions::In(model), Loads::In(model), plan, Names(attributes), mix);
+  AddAll(
+      [&](auto family) -> auto& { return family.In(model); }, plan, Names(attributes), mix);
   return model;
 }
 
