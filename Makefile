@@ -4,6 +4,7 @@ JOBS ?= $(shell nproc)
 EDITS ?= 20
 MEMORY ?= 13
 INPUTS ?= 100
+FUZZ ?= 60
 BUILD := build/release
 
 .DEFAULT_GOAL := help
@@ -36,8 +37,16 @@ edits: setup ## a million random edits of histories under the sanitizers
 	@cmake --build --preset asan -j $(JOBS) --target test_module
 	@GATTR_EDITS=$(EDITS) build/asan/bin/test_module --gtest_filter='*Histories*' --gtest_brief=1
 
-attack: build ## files under attack: failing calls, kills, changed input (docs/attack.md); takes many minutes
+attack: build ## files under attack: failing calls, kills, input of any kind, threads (docs/attack.md); takes many minutes
 	@GATTR_ATTACK=1,$(MEMORY) GATTR_INPUTS=$(INPUTS) $(BUILD)/bin/test_attack --gtest_brief=1
+	@cmake/setup.sh fuzz
+	@cmake --preset fuzz >/dev/null
+	@cmake --build --preset fuzz -j $(JOBS)
+	@cmake/fuzz.sh $(FUZZ)
+	@cmake --preset tsan >/dev/null
+	@cmake --build --preset tsan -j $(JOBS)
+	@build/tsan/bin/test_platform --gtest_brief=1
+	@build/tsan/bin/test_attack --gtest_filter='*Threads*' --gtest_brief=1
 
 demo: program ## replay an example, print its histories, leave a model file
 	@PATH="$(CURDIR)/$(BUILD)/bin:$$PATH" examples/demo.sh

@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build and its tests need, with "checks" those of format, lint, documentation and the
-# second compiler. Silent where nothing is missing.
+# second compiler, with "fuzz" the fuzz targets' runtime. Silent where nothing is missing.
 set -eu
 case "${1:-build}" in
   build) packages=(g++ cmake ninja-build pkg-config git ccache
     libgtest-dev libgmock-dev libbenchmark-dev
     libsqlite3-dev nlohmann-json3-dev libcli11-dev libfmt-dev) ;;
   checks) packages=(clang clang-format clang-tidy doxygen) ;;
-  *) echo "setup: build or checks, not $1" >&2; exit 2 ;;
+  fuzz) packages=(clang libclang-rt-dev) ;;
+  *) echo "setup: build, checks or fuzz, not $1" >&2; exit 2 ;;
 esac
 
 if ! command -v dpkg-query >/dev/null; then
