@@ -1,6 +1,6 @@
 // Put before the C library, makes one call of a program fail: GATTR_ATTACK="write fail 3" the third write, "memory from 9" every
 // allocation from the ninth on. The file named by GATTR_STRUCK is made when it has come to that, so that who asks for ever later
-// calls knows when there are no more.
+// calls knows when there are no more. A signal comes right before the call, which follows where the program lives on.
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -24,16 +24,24 @@ void* __libc_realloc(void* memory, std::size_t size);
 
 namespace {
 
-enum class How { Nothing, Fail, From, Kill, Short, Interrupt };
+enum class How { Nothing, Fail, From, Signal, Short, Interrupt };
 struct HowName {
   std::string_view name;
   How how;
+  int signal = 0;
 };
-constexpr HowName kHows[] = {
-    {"fail", How::Fail}, {"from", How::From}, {"kill", How::Kill}, {"short", How::Short}, {"interrupt", How::Interrupt}};
+constexpr HowName kHows[] = {{"fail", How::Fail},
+                             {"from", How::From},
+                             {"short", How::Short},
+                             {"interrupt", How::Interrupt},
+                             {"kill", How::Signal, SIGKILL},
+                             {"break", How::Signal, SIGINT},
+                             {"terminate", How::Signal, SIGTERM},
+                             {"pipe", How::Signal, SIGPIPE}};
 
 std::string_view kind;
 How how = How::Nothing;
+int signalled = 0;
 long wanted = 0;
 char const* told = nullptr;
 std::atomic<long> calls{0};
@@ -53,7 +61,7 @@ std::atomic<long> calls{0};
   std::string_view const name = word();
   wanted = std::atol(rest.data());
   for (HowName const& row : kHows) {
-    if (row.name == name) { how = row.how; }
+    if (row.name == name) { how = row.how, signalled = row.signal; }
   }
 }
 
@@ -63,7 +71,10 @@ How Strike(std::string_view called, int error) {
   long const call = ++calls;
   if (how == How::From ? call < wanted : call != wanted) { return How::Nothing; }
   if (call == wanted) { syscall(SYS_close, syscall(SYS_openat, AT_FDCWD, told, O_CREAT | O_WRONLY, 0600)); }
-  if (how == How::Kill) { syscall(SYS_kill, getpid(), SIGKILL); }
+  if (how == How::Signal) {
+    syscall(SYS_kill, getpid(), signalled);
+    return How::Nothing;
+  }
   errno = how == How::Interrupt ? EINTR : error;
   return how;
 }
