@@ -9,7 +9,32 @@ namespace {
 using test::kJournal;
 using test::Ran;
 
-class Streams : public test::Program {};
+class Streams : public test::Program {
+protected:
+  /// What the program shows on a terminal of ten lines, and its exit status.
+  static std::pair<std::string, int> OnTerminal(std::vector<std::string> arguments, std::string const& pager) {
+    arguments.insert(arguments.begin(), "gattr");
+    winsize const size{.ws_row = 10, .ws_col = 80, .ws_xpixel = 0, .ws_ypixel = 0};
+    int terminal = -1;
+    pid_t const child = forkpty(&terminal, nullptr, nullptr, &size);
+    if (child == 0) {
+      std::vector<char*> words;
+      for (std::string& argument : arguments) { words.push_back(argument.data()); }
+      words.push_back(nullptr);
+      setenv("TERM", "xterm", 1);
+      setenv("PAGER", pager.c_str(), 1);
+      execv(GATTR_PROGRAM, words.data());
+      _exit(127);
+    }
+    std::string shown;
+    char piece[4096];
+    for (ssize_t got = 0; (got = read(terminal, piece, sizeof piece)) > 0;) { shown.append(piece, static_cast<std::size_t>(got)); }
+    int status = 0;
+    waitpid(child, &status, 0);
+    close(terminal);
+    return {shown, WIFEXITED(status) ? WEXITSTATUS(status) : -1};
+  }
+};
 
 TEST_F(Streams, ThatCannotBeWrittenGiveTheStatusOfBadUse) {
   Write("j.jsonl", kJournal);
@@ -42,22 +67,32 @@ TEST_F(Streams, MayBePipesOnBothSides) {
 TEST_F(Streams, ThatAreTerminalsGetNothingThatSteersThem) {
   Write("j.jsonl", R"({"command": "Set", "name": "red \u001b[31m and \u202e turned"})");
   ASSERT_EQ(Shell("$G replay j.jsonl -o m.gadb"), 0);
-  int terminal = -1;
-  pid_t const child = forkpty(&terminal, nullptr, nullptr, nullptr);
-  if (child == 0) {
-    execl(GATTR_PROGRAM, "gattr", "dump", Path("m.gadb").c_str(), nullptr);
-    _exit(127);
-  }
-  std::string shown;
-  char piece[4096];
-  for (ssize_t size = 0; (size = read(terminal, piece, sizeof piece)) > 0;) { shown.append(piece, static_cast<std::size_t>(size)); }
-  int status = 0;
-  waitpid(child, &status, 0);
-  close(terminal);
-  EXPECT_EQ(WEXITSTATUS(status), 0);
+  auto const [shown, status] = OnTerminal({"dump", Path("m.gadb")}, "");
+  EXPECT_EQ(status, 0);
   EXPECT_NE(shown.find("red \\u001b[31m and \\u202e turned"), std::string::npos) << shown;
   EXPECT_EQ(shown.find("\xE2\x80\xAE"), std::string::npos);
   EXPECT_NE(Gattr({"dump", "m.gadb"}).out.find("\xE2\x80\xAE"), std::string::npos) << "a file gets the text itself";
+}
+
+TEST_F(Streams, ThatAreTerminalsShowWhatIsLongerPageByPage) {
+  std::string journal(kJournal);
+  for (int i = 0; i < 20; ++i) { journal += R"({"command": "copy", "boundaryCondition": "Fix", "newName": "Fix-)" + std::to_string(i) + "\"}\n"; }
+  Write("short.jsonl", kJournal);
+  Write("long.jsonl", journal);
+  ASSERT_EQ(Shell("$G replay short.jsonl -o short.gadb && $G replay long.jsonl -o long.gadb"), 0);
+  struct Row {
+    char const *model, *pager;
+    bool paged, whole;  ///< whether the pager has it; whether all of it is shown
+  };
+  for (Row const& row : {Row{"short.gadb", "sed 's/^/| /'", false, true}, Row{"long.gadb", "sed 's/^/| /'", true, true},
+                         Row{"long.gadb", "head -n 3 | sed 's/^/| /'", true, false}, Row{"long.gadb", "no-such-pager", false, true},
+                         Row{"long.gadb", "", false, true}, Row{"long.gadb", "cat >/dev/null; exit 1", false, false}}) {
+    SCOPED_TRACE(std::string(row.model) + ": " + row.pager);
+    auto const [shown, status] = OnTerminal({"history", Path(row.model)}, row.pager);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(shown.find("| ") == 0, row.paged) << shown;
+    EXPECT_EQ(shown.find("Fix-9") != std::string::npos || std::string_view(row.model) == "short.gadb", row.whole) << shown;
+  }
 }
 
 TEST_F(Streams, ThatCannotBeReadAreToldByTheirNames) {
