@@ -101,6 +101,15 @@ TEST_F(Examples, GiveTheHistoriesThatTheirPageTells) {
         "Barrier": [0, 1, 2, 3],
         "Longitudinal": [1, 9, 9, 9],
         "Everything": [0, 1, 3, 2]})"},
+      {"lifting_lug.jsonl", R"({
+        "Weld": [1, 9, 9, 9, 9],
+        "Across": [0, 0, 0, 0, 1],
+        "Across-Unit-Hanging": [0, 0, 1, 7, 7],
+        "Along": [0, 0, 0, 0, 1],
+        "Along-Unit-Hanging": [0, 0, 1, 7, 7],
+        "Up": [0, 0, 0, 0, 1],
+        "Up-Unit-Hanging": [0, 0, 1, 7, 7],
+        "Weight": [0, 1, 8, 3, 8]})"},
       {"fire.jsonl", R"({
         "Ground": [0, 1, 2, 2, 2],
         "Upper-Deck": [0, 1, 2, 3, 2],
