@@ -1,9 +1,11 @@
 #include "store/RowReader.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <new>
 #include <set>
 
@@ -18,6 +20,13 @@ namespace {
 constexpr std::string_view kTrueOrFalse = "true or false";
 constexpr std::size_t npos = static_cast<std::size_t>(-1);
 constexpr std::size_t kTextShown = 40;  // characters of a text that a message repeats
+
+/// A table of bytes: whether it is one of \p characters.
+constexpr std::array<bool, 256> Marked(std::string_view characters) {
+  std::array<bool, 256> marked{};
+  for (char const c : characters) { marked[static_cast<unsigned char>(c)] = true; }
+  return marked;
+}
 
 /// Keeps a place in a row, to come back to it.
 template <class T> class Restored {
@@ -121,13 +130,18 @@ void RowReader::Start(Text& text, std::string_view data) const {
   };
   std::array<Open, kDeepest> open;  // filled to depth
   std::size_t depth = 0;
-  char const* const begin = data.data();
-  char const* const end = begin + data.size();
-  for (char const* at = begin; at != end; ++at) {
+  // what opens, closes and separates; in a text, its end and what hides it
+  static constexpr auto kOutside = Marked("\"[]{},"), kInside = Marked("\"\\");
+  char const* const end = data.data() + data.size();
+  auto const next = [end](char const* from, std::array<bool, 256> const& marked) {
+    while (from != end && !marked[static_cast<unsigned char>(*from)]) { ++from; }
+    return from;
+  };
+  for (char const* at = next(data.data(), kOutside); at != end; at = next(at + 1, kOutside)) {
     switch (*at) {
       case '"':
-        for (++at; at != end && *at != '"'; ++at) {
-          if (*at == '\\' && ++at == end) { break; }
+        for (at = next(at + 1, kInside); at != end && *at == '\\'; at = next(at + 1, kInside)) {
+          if (++at == end) { break; }
         }
         if (at == end) { RefuseRow("ends inside a text"); }
         break;
@@ -479,19 +493,17 @@ template <class Fn> bool RowReader::TakeIf(std::string_view member, std::string_
 }
 
 template <class T> bool RowReader::Number(T& value) const {
-  constexpr std::ptrdiff_t kShort = 15;  // digits that any of the types holds exactly, but for what is checked here
+  constexpr std::ptrdiff_t kShort = std::min(std::numeric_limits<T>::digits10, std::numeric_limits<long long>::digits10);  // so many fit
   auto const ends = [](char c) { return c == ',' || c == ']' || c == '}'; };
   char const* const begin = text_->data.data() + text_->at;
   char const* const behind = text_->data.data() + text_->data.size();
-  if constexpr (sizeof(T) == sizeof(long long)) {
-    long long digits = 0;
-    char const* at = begin;
-    while (at != behind && at - begin < kShort && *at >= '0' && *at <= '9') { digits = 10 * digits + (*at++ - '0'); }
-    if (at != begin && at != behind && ends(*at)) {
-      value = static_cast<T>(digits);
-      text_->at += static_cast<std::size_t>(at - begin);
-      return true;
-    }
+  long long digits = 0;
+  char const* at = begin;
+  while (at != behind && at - begin < kShort && *at >= '0' && *at <= '9') { digits = 10 * digits + (*at++ - '0'); }
+  if (at != begin && at != behind && ends(*at)) {
+    value = static_cast<T>(digits);
+    text_->at += static_cast<std::size_t>(at - begin);
+    return true;
   }
   T number{};
   auto const [end, error] = std::from_chars(begin, behind, number);
@@ -505,7 +517,7 @@ template <class T> bool RowReader::Number(T& value) const {
 }
 
 bool RowReader::Accept(std::string_view what) const {
-  if (Peek() != what.front() || text_->data.compare(text_->at, what.size(), what) != 0) { return false; }
+  if (Peek() != what.front() || !text_->data.substr(text_->at).starts_with(what)) { return false; }
   text_->at += what.size();
   return true;
 }

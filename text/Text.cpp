@@ -193,7 +193,9 @@ std::string Suggestion(std::string_view text, std::span<std::string const> names
 }
 
 bool IsUtf8(std::string_view text) {
-  if (std::ranges::none_of(text, [](char c) { return (static_cast<unsigned char>(c) & 0x80) != 0; })) { return true; }
+  unsigned bits = 0;
+  for (char const c : text) { bits |= static_cast<unsigned char>(c); }
+  if ((bits & 0x80) == 0) { return true; }
   while (!text.empty()) {
     std::size_t const size = text[0] > 0 ? 1 : CharacterSize(text);
     if (size == 0) { return false; }
