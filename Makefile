@@ -2,8 +2,8 @@
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
 EDITS ?= 20
-MEMORY ?= 13
-INPUTS ?= 100
+MEMORY ?= 101
+INPUTS ?= 10
 FUZZ ?= 60
 BUILD := build/release
 
@@ -37,7 +37,9 @@ edits: setup ## a million random edits of histories under the sanitizers
 	@cmake --build --preset asan -j $(JOBS) --target test_module
 	@GATTR_EDITS=$(EDITS) build/asan/bin/test_module --gtest_filter='*Histories*' --gtest_brief=1
 
-attack: build ## files under attack: failing calls, kills, input of any kind, threads (docs/attack.md); takes many minutes
+attack: setup ## files under attack: failing calls, kills, input of any kind, threads (docs/attack.md); takes many minutes
+	@cmake --preset release >/dev/null
+	@cmake --build --preset release -j $(JOBS) --target test_attack
 	@GATTR_ATTACK=1,$(MEMORY) GATTR_INPUTS=$(INPUTS) $(BUILD)/bin/test_attack --gtest_brief=1
 	@cmake/setup.sh fuzz
 	@cmake --preset fuzz >/dev/null

@@ -43,6 +43,7 @@ Ran RunGattr(std::filesystem::path const& folder, std::string const& arguments, 
   std::string const beside = folder.parent_path().string();
   std::filesystem::path const struck = beside + "/struck";
   std::filesystem::remove(struck);
+  std::fflush(stdout);  // or the child writes it once more
   pid_t const child = fork();
   if (child == 0) {
     std::vector<std::string> words{"gattr"};
@@ -228,7 +229,8 @@ TEST_P(FailingCalls, LeaveTheOldModelOrTheNewOneAndSayWhy) {
   }
   EXPECT_GT(runs["calls"], 10);
   for (auto const& [what, count] : runs) { RecordProperty(what, count); }
-  std::printf("%s: %d calls failed, %d kills and signals, %d times out of memory\n", work.name, runs["calls"], runs["kills"], runs["memory"]);
+  std::printf("%s: %d calls failed, %d kills and signals, %d times out of memory\n", work.name, runs["calls"], runs["kills"],
+              runs["memory"]);
 }
 
 INSTANTIATE_TEST_SUITE_P(Works, FailingCalls, testing::ValuesIn(kWorks), [](auto const& work) {
