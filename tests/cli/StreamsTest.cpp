@@ -76,7 +76,9 @@ TEST_F(Streams, ThatAreTerminalsGetNothingThatSteersThem) {
 
 TEST_F(Streams, ThatAreTerminalsShowWhatIsLongerPageByPage) {
   std::string journal(kJournal);
-  for (int i = 0; i < 20; ++i) { journal += R"({"command": "copy", "boundaryCondition": "Fix", "newName": "Fix-)" + std::to_string(i) + "\"}\n"; }
+  for (int i = 0; i < 20; ++i) {
+    journal += R"({"command": "copy", "boundaryCondition": "Fix", "newName": "Fix-)" + std::to_string(i) + "\"}\n";
+  }
   Write("short.jsonl", kJournal);
   Write("long.jsonl", journal);
   ASSERT_EQ(Shell("$G replay short.jsonl -o short.gadb && $G replay long.jsonl -o long.gadb"), 0);
