@@ -113,7 +113,7 @@ public:
     visit("stabilizationFactor", &Self::stabilizationFactor, cls_MemberText{"factor on the damping that the solver finds"});
     visit("stabilizationCoefficient", &Self::stabilizationCoefficient, cls_MemberText{"the damping itself", "force*time/length^3"});
     visit("tangentFraction", &Self::tangentFraction,
-          cls_MemberText{"stabilizing damping along the surfaces as a fraction of that along the normal"});
+          cls_MemberText{"stabilizing damping along the surfaces as a fraction of that along the normal"}.Unset("DEFAULT"));
     visit("endOfStepFraction", &Self::endOfStepFraction, cls_MemberText{"fraction of the damping that is left at the end of the step"});
     visit("zeroDampingChoice", &Self::zeroDampingChoice, cls_MemberText{"whether the clearance is given at which the damping ends"});
     visit("zeroDamping", &Self::zeroDamping, cls_MemberText{"clearance at which the stabilizing damping becomes zero", "length"});
