@@ -142,9 +142,9 @@ void Redirect(Call& call, std::vector<User> const& users, cls_Redirection const&
   }
 }
 
-cow_String FreeName(Call& call, std::string_view argument, ReferenceKind const& kind) {
+cow_String FreeName(Call& call, std::string_view argument, ReferenceKind const& kind, cow_String const& own = {}) {
   cow_String name = call.arguments.Name(argument);
-  if (kind.In(std::as_const(call.model)).ConstObject(name) != nullptr) {
+  if (name != own && kind.In(std::as_const(call.model)).ConstObject(name) != nullptr) {
     RefuseValue(call.subject, "There is a " + std::string(kind.kind) + " " + Quoted(name) + " already.");
   }
   return name;
@@ -319,8 +319,9 @@ void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const&
 }
 
 void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
-  cow_String const newName = FreeName(call, kNewName, kind);
+  cow_String const newName = FreeName(call, kNewName, kind, name);
   call.arguments.AssertNoRest({std::string(kNewName)});
+  if (newName == name) { return; }
   std::vector<User> const users = UsersOf(call.model, kind, name);
   std::unique_ptr<cls_Object> const object = Referred(call, kind, name).Copy();
   mdl_NamedObjects& objects = kind.In(call.model);
