@@ -184,6 +184,49 @@ void Replay(benchmark::State& state) {
   state.counters["commands"] = static_cast<double>(count);
 }
 
+// ---- the undo stack
+
+enum class Kept { Values, Steps, Lists };
+/// Edits until the oldest are forgotten, and some more: what the session takes of the system's memory ("taken") where so much is asked for
+/// ("asked"), both in MiB, and how many edits can be undone then. The journal, of which nothing is forgotten, is in it.
+void UndoMemory(benchmark::State& state, Kept kept) {
+  constexpr std::size_t kAsked = std::size_t{512} << 20, kMost = 1000000, kBatch = 64;
+  Size const size(state);
+  gattr::Session session = SessionOf(state, size.Model());
+  session.SetUndoMemory(kAsked);
+  Commands const commands(size);
+  Run(state, session, {{"command", "FilmConditionProp"}, {"name", "Film"}, {"temperatureDependency", true}});
+  auto const edit = [&](std::size_t i) -> gattr::Json {
+    if (kept == Kept::Values) { return Commands::Edit(i % size.attributes, commands.plan.edit, 10.0 + static_cast<double>(i)); }
+    if (kept == Kept::Steps) { return Commands::Insert(commands.plan.middle.c_str(), "Inserted-" + std::to_string(i)); }
+    gattr::Json rows = gattr::Json::array();
+    for (int row = 0; row < 1000; ++row) { rows.push_back({1.0 + static_cast<double>(i), static_cast<double>(row)}); }
+    return {{"command", "setValues"}, {"interactionProperty", "Film"}, {"table", rows}};
+  };
+  malloc_trim(0);
+  double const before = bench::ResidentBytes();
+  std::vector<double> taken;  // after each batch
+  // it is full when the last quarter of the edits has added little
+  auto const isFull = [&] {
+    constexpr std::size_t kLeast = 16;
+    return taken.size() > kLeast && taken.back() - taken[taken.size() * 3 / 4] < 0.12 * taken.back() && taken.back() > kAsked / 8.0;
+  };
+  std::size_t edits = 0;
+  double const seconds = bench::Seconds([&] {
+    while (edits < kMost && !isFull()) {
+      for (std::size_t const end = edits + kBatch; edits < end; ++edits) { Run(state, session, edit(edits)); }
+      taken.push_back(bench::ResidentBytes() - before);
+    }
+  });
+  bench::Report(state, seconds / static_cast<double>(edits), 1.0);
+  state.counters.erase("limit");
+  state.counters["asked"] = static_cast<double>(kAsked >> 20);
+  state.counters["taken"] = taken.back() / (1 << 20);
+  std::size_t undone = 0;
+  while (session.Undo()) { ++undone; }
+  state.counters["edits"] = static_cast<double>(undone);
+}
+
 // ---- the model file
 
 std::filesystem::path Scratch(char const* name) { return std::filesystem::temp_directory_path() / name; }
@@ -283,6 +326,9 @@ BENCHMARK(InsertStepByCommand)->Apply(Sizes);
 BENCHMARK(UndoInsertByCommand)->Apply(Sizes);
 BENCHMARK(AppendSteps)->Apply(Series)->Args({10, 0})->Args({10, 1000});
 BENCHMARK(Replay)->Apply(Series)->Args({100, 25000});
+BENCHMARK_CAPTURE(UndoMemory, values, Kept::Values)->Apply(Series)->Args({100, 10000});
+BENCHMARK_CAPTURE(UndoMemory, steps, Kept::Steps)->Apply(Series)->Args({100, 10000})->Args({100, 100});
+BENCHMARK_CAPTURE(UndoMemory, lists, Kept::Lists)->Apply(Series)->Args({100, 100});
 BENCHMARK(FirstSave)->Apply(Sizes);
 BENCHMARK(Open)->Apply(Sizes);
 BENCHMARK(SaveAfterOneEdit)->Apply(Sizes);

@@ -2,11 +2,13 @@
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstring>
+#include <fstream>
 #include <numeric>
 #include <random>
 #include <set>
@@ -290,6 +292,14 @@ inline void Report(benchmark::State& state, double seconds, double limit) {
 inline double HeapBytes() {
   auto const info = mallinfo2();
   return static_cast<double>(info.uordblks + info.hblkhd);
+}
+
+/// Bytes of memory that the system has given the program.
+inline double ResidentBytes() {
+  std::ifstream in("/proc/self/statm");
+  std::size_t pages = 0, resident = 0;
+  in >> pages >> resident;
+  return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
 // ---- the limit

@@ -7,7 +7,9 @@
 #include "command/Hints.h"
 #include "command/Journal.h"
 #include "command/Members.h"
+#include "framework/mdl_MapString2ObjCow.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
+#include "platform/BasicUtils/cls_Weight.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -18,7 +20,7 @@ constexpr std::string_view kUndo = "undo", kRedo = "redo", kSetModel = "setModel
                            kReleaseRegions = "releaseDanglingRegions";
 
 // Bytes, roughly: the edit itself, its place in the journal, the way to an object through the maps; and a version of the steps.
-constexpr std::size_t kEditWeight = 1 << 11, kObjectWeight = 512, kStepsWeight = 1 << 13;
+constexpr std::size_t kEditWeight = 1 << 11, kObjectWeight = 512, kRestingWeight = 192, kStepsWeight = 1 << 13;
 
 /// Makes a change history the thread's own for a while.
 class CurrentHistory {
@@ -259,12 +261,18 @@ std::size_t Session::Weight(ddr_Model const& before) const {
     if (was == now.ConstGet() || was == nullptr) { continue; }
     auto const* const attributes = mdl_ExtensionAs<kprC_StepAwareRepository>(was);
     if (grown && attributes != nullptr) {
-      weight += kObjectWeight * attributes->Size();
+      weight += kRestingWeight * attributes->Size();  // each stands on another version of the steps
       continue;
     }
-    bool const told = now->ForEachChange(*was, [&](cow_String const& name, cls_Object const* object) {
-      kprC_StepDependent const* const item = attributes == nullptr ? nullptr : attributes->ConstItem(name);
-      weight += item == nullptr ? kObjectWeight : item->WeightBeside(dynamic_cast<kprC_StepDependent const*>(object));
+    auto const* const named = mdl_ExtensionAs<mdl_NamedObjects>(now.ConstGet());
+    mdl_Extension const& later = *now;
+    bool const told = was->ForEachChange(later, [&](cow_String const& name, cls_Object const* object) {
+      if (kprC_StepDependent const* const item = attributes == nullptr ? nullptr : attributes->ConstItem(name)) {
+        weight += item->WeightBeside(static_cast<kprC_StepAwareRepository const&>(later).ConstItem(name));
+      } else {
+        cls_Object const* const same = named == nullptr ? nullptr : named->ConstObject(name.View());
+        weight += kObjectWeight + (object == nullptr ? 0 : cls_HeldBytes(*object, {&same, 1}));
+      }
     });
     if (!told) { weight += kStepsWeight + kprC_Steps(before).Size(); }
   }

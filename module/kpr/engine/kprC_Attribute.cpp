@@ -4,6 +4,7 @@
 
 #include "framework/mdl_Extension.h"
 #include "module/kpr/engine/kprC_Propagator.h"
+#include "platform/BasicUtils/cls_Weight.h"
 #include "platform/CaeUtils/omu_KeyErrorException.h"
 
 using Status_ = mdl_PropagationStatusEnm;
@@ -417,7 +418,14 @@ void kprC_Attribute::EmptyStep(std::size_t index, kprC_StepTable const& bare) {
 std::size_t kprC_Attribute::WeightBeside(kprC_StepDependent const* now) const {
   constexpr std::size_t kWithoutRecords = 512;
   bool const isOfType = now != nullptr && now->DynTypeId() == DynTypeId();
-  return kWithoutRecords + States().WeightBeside(isOfType ? &static_cast<kprC_Attribute const*>(now)->States() : nullptr);
+  auto const* const later = isOfType ? static_cast<kprC_Attribute const*>(now) : nullptr;
+  std::size_t weight = kWithoutRecords + States().WeightBeside(later == nullptr ? nullptr : &later->States());
+  for (cls_MemberRow const& row : MemberRows()) {
+    bool const isShared = row.name == "states" || (later != nullptr && row.ops->equal(row.In(static_cast<void const*>(this)),
+                                                                                      row.In(static_cast<void const*>(later))));
+    if (!isShared) { weight += cls_HeldBytes(row, *this); }
+  }
+  return weight;
 }
 
 void kprC_Attribute::Restored(cls_ReadVisitor const& in) {
@@ -433,28 +441,31 @@ void kprC_Attribute::RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable co
   // the repository, which calls later, has the name at hand, the visitor then has not
   std::string const member = Name().IsEmpty() ? "states" : std::string(Name().View()) + " / states";
   struct Stored {
-    cow_String step;
+    std::size_t at;  // in the sequence
     Status_ status;
     cow_Handle<kprC_State> state;
   };
   std::vector<Stored> stored;
-  bool fits = in.ReadsOwnRecordsOnly() || Steps().SameNames(steps);
+  stored.reserve(States().OwnCount());
+  bool const stands = Steps().Same(steps);
+  bool fits = in.ReadsOwnRecordsOnly() || stands || Steps().SameNames(steps);
   std::size_t next = 0;
   States().ForEachOwn([&](std::size_t index, kprC_History::Own const& own) {
-    std::size_t const at = steps.Find(Steps().Name(index).View());
+    std::size_t const at = stands ? index : steps.Find(Steps().Name(index).View());
     fits = fits && at != npos && at >= next;
     next = at + 1;
-    stored.push_back({Steps().Name(index), own.status, own.state});
+    stored.push_back({at, own.status, own.state});
   });
   if (!fits) { in.Refuse(member, "one record for each step of the sequence, in step order"); }
   States().Attach(steps);
   FormHistory();
   for (Stored const& own : stored) {
     if (in.IsBrief()) { break; }  // tells nothing that follows
-    std::size_t const index = steps.Find(own.step.View());
-    kprC_State const* const state = States().State(index);
-    if (States().Status(index) != own.status || state == nullptr || !state->Equals(*own.state)) {
-      in.Refuse(member, "in step \"" + std::string(own.step.View()) + "\" the status and the state that follow from the steps before");
+    kprC_State const* const state = States().State(own.at);
+    bool const same = state == own.state.ConstGet() || (state != nullptr && state->Equals(*own.state));
+    if (States().Status(own.at) != own.status || !same) {
+      in.Refuse(member,
+                "in step \"" + std::string(steps.Name(own.at).View()) + "\" the status and the state that follow from the steps before");
     }
   }
   if (in.ReadsOwnRecordsOnly() && States().OwnCount() != stored.size()) {

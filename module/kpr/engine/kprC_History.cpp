@@ -5,6 +5,7 @@
 #include <map>
 
 #include "module/kpr/engine/kprC_Propagator.h"
+#include "platform/BasicUtils/cls_Weight.h"
 
 // ---- a state made when it is asked for
 
@@ -257,23 +258,19 @@ kprC_History::Record kprC_History::Carried(Own const& own, std::size_t index) co
 
 std::size_t kprC_History::WeightBeside(kprC_History const* other) const {
   if (other != nullptr && body_ == other->body_) { return 0; }
-  auto const weigh = [](kprC_State const* state) {
-    constexpr std::size_t kOfTheHeap = 16;  // what every block takes beside its content
-    std::size_t bytes = sizeof(kprC_State);
-    if (state == nullptr) { return std::size_t{0}; }
-    for (cls_MemberRow const& row : state->MemberRows()) { bytes = std::max(bytes, static_cast<std::size_t>(row.offset) + row.ops->size); }
-    return bytes + kOfTheHeap;
-  };
   auto const theirs = other == nullptr ? std::span<Own const>() : other->OwnRecords();
   auto their = theirs.begin();
   std::size_t weight = body_->Room() * sizeof(Own);
   for (Own const& own : OwnRecords()) {
     while (their != theirs.end() && their->step < own.step) { ++their; }
     Own const* const same = their != theirs.end() && their->step == own.step ? &*their : nullptr;
-    for (kprC_State const* state : {own.state.ConstGet(), own.on.Present(), own.off.Present()}) {
-      bool const isShared =
-          same != nullptr && (state == same->state.ConstGet() || state == same->on.Present() || state == same->off.Present());
-      if (!isShared) { weight += weigh(state); }
+    kprC_State const* states[] = {own.state.ConstGet(), own.on.Present(), own.off.Present()};
+    std::vector<cls_Object const*> known;  // what may share the contents of their members
+    if (same != nullptr) { known = {same->state.ConstGet(), same->on.Present(), same->off.Present()}; }
+    for (kprC_State const* state : states) {
+      if (state == nullptr || std::ranges::find(known, state) != known.end()) { continue; }
+      weight += cls_OwnBytes(*state) + cls_HeldBytes(*state, known);
+      known.push_back(state);
     }
   }
   return weight;
@@ -445,6 +442,7 @@ void kprC_History::Read(cls_ReadVisitor const& in, std::string_view name) {
   kprC_StepSequence steps;
   std::vector<std::pair<std::size_t, Stored>> told;
   std::size_t const count = in.StartList(name);
+  told.reserve(count);
   for (std::size_t i = 0; i < count; ++i) {
     Stored record;
     if (in.IsBrief()) {
