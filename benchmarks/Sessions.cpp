@@ -210,7 +210,8 @@ void UndoMemory(benchmark::State& state, Kept kept) {
   // it is full when the last quarter of the edits has added little
   auto const isFull = [&] {
     constexpr std::size_t kLeast = 16;
-    return taken.size() > kLeast && taken.back() - taken[taken.size() * 3 / 4] < 0.12 * taken.back() && taken.back() > static_cast<double>(asked) / 8.0;
+    return taken.size() > kLeast && taken.back() - taken[taken.size() * 3 / 4] < 0.12 * taken.back() &&
+           taken.back() > static_cast<double>(asked) / 8.0;
   };
   std::size_t edits = 0;
   double const seconds = bench::Seconds([&] {
