@@ -1,6 +1,7 @@
 #include "module/kpr/engine/kprC_History.h"
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <map>
 
@@ -265,12 +266,12 @@ std::size_t kprC_History::WeightBeside(kprC_History const* other) const {
     while (their != theirs.end() && their->step < own.step) { ++their; }
     Own const* const same = their != theirs.end() && their->step == own.step ? &*their : nullptr;
     kprC_State const* states[] = {own.state.ConstGet(), own.on.Present(), own.off.Present()};
-    std::vector<cls_Object const*> known;  // what may share the contents of their members
+    std::array<cls_Object const*, 2 * std::size(states)> known = {};  // what may share the contents of their members
     if (same != nullptr) { known = {same->state.ConstGet(), same->on.Present(), same->off.Present()}; }
-    for (kprC_State const* state : states) {
-      if (state == nullptr || std::ranges::find(known, state) != known.end()) { continue; }
-      weight += cls_OwnBytes(*state) + cls_HeldBytes(*state, known);
-      known.push_back(state);
+    for (std::size_t i = 0; i < std::size(states); ++i) {
+      if (states[i] == nullptr || std::ranges::find(known, states[i]) != known.end()) { continue; }
+      weight += cls_OwnBytes(*states[i]) + cls_HeldBytes(*states[i], known);
+      known[std::size(states) + i] = states[i];
     }
   }
   return weight;
