@@ -72,8 +72,11 @@ void SetOwn(Call& call, kprC_StepDependent& item, Members const& members) {
 
 void SetState(Call& call, kprC_StepDependent& item, cow_String const& step, cls_Object const& state, Members const& members) {
   ExplainValues(call.subject, state, members.stateArguments, members.state, [&] {
+    kprC_StepContainer const& steps = kprC_Steps(call.model);
+    kprC_Arguments said = members.state;
+    item.Complete(said, steps.Table().Facts(steps.Index(step)));
     std::string unknown;
-    item.SetInStep(step, members.state, &unknown);
+    item.SetInStep(step, said, &unknown);
   });
 }
 
@@ -99,6 +102,12 @@ void AssertEditable(Call& call, AttributeTarget const& target, cow_String const&
   if (target.item.IsEditable(step)) { return; }
   call.subject.hint = NotEditableHint(target.item, step);
   kprC_EditRefusalCodes const& codes = target.repository.EditRefusals();
+  kprC_StepContainer const& steps = kprC_Steps(call.model);
+  std::size_t const index = steps.Index(step);
+  mdl_PropagationStatusEnm const status = target.item.StatusAt(index);
+  bool const isOn = status != mdl_PropagationStatusEnm::NotYetCreated && status != mdl_PropagationStatusEnm::InactiveAfterDeactivation;
+  bool const inPerturbation = kprC_perturbationProcedures.Contains(steps.Table().ProcedureType(index));
+  if (codes.droppedInStep && isOn && inPerturbation) { target.repository.Refuse(*codes.droppedInStep); }
   target.repository.Refuse(target.item.IsActiveIn(step) ? codes.readOnlyInStep : codes.notInStep);
 }
 
@@ -312,7 +321,7 @@ void SetAttributeValues(Call& call, AttributeTarget const& target) {
   ResolveReferences(call, target.repository, members);
   Edit(call, target, [&](kprC_StepDependent& item) {
     SetOwn(call, item, members);
-    if (members.state.empty()) { return item.AssertValid(); }
+    if (members.state.empty()) { return item.Resume(); }  // what carries it may have changed
     call.subject.step = item.CreateStepName().View();
     SetState(call, item, item.CreateStepName(), *state, members);
   });

@@ -225,6 +225,7 @@ public:
   /// Decides for every attribute that says something in the step, and deletes those that go with it.
   void Settle(kprC_StepFacts then) {
     std::size_t const index = kprC_Steps(call_.model).Index(step_);
+    if (maintains_) { Adapt(index, then); }
     ForEachRepository(call_.model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
       repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
         if (!kprC_StepAwareRepository::SaysSomething(item, index)) { return; }
@@ -233,13 +234,15 @@ public:
           kept_.push_back({extension, name});
           keptItems_.insert(&item);
         } else if (created) {
+          std::optional<int> const code = repository.EditRefusals().typeNotAdmitted;
           created_.push_back({extension, name});
+          if (maintains_ && code && !Deletes()) { repository.Refuse(*code); }
         } else if (!Substitutes()) {
           RefuseEdit(call_.subject, Told({extension, name}) + " says something in the step that " + Lost() + ".", kWaysOut);
         }
       });
     });
-    if (policy_ != PolicyEnm::DELETE && policy_ != PolicyEnm::SUBSTITUTE_DELETE) { return; }
+    if (!Deletes()) { return; }
     for (auto const& [extension, name] : created_) { call_.model.Get<kprC_StepAwareRepository>(extension).Remove(name); }
     created_.clear();
   }
@@ -271,6 +274,18 @@ private:
   };
   static constexpr char const* kWaysOut = R"("replacementPolicy": "SUBSTITUTE" lets go of it.)";
 
+  /// Has those that say something in the step make it fit the new procedure, as far as they know how.
+  void Adapt(std::size_t index, kprC_StepFacts then) {
+    ddr_Model const before = call_.model;
+    ForEachRepository(before, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+      repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
+        if (item.IsSuppressed() || !kprC_StepAwareRepository::SaysSomething(item, index)) { return; }
+        auto& own = call_.model.Get<kprC_StepAwareRepository>(extension);
+        if (own.Item(name)->Adapt(index, then)) { own.RecordModify(name); }
+      });
+    });
+  }
+  bool Deletes() const { return policy_ == PolicyEnm::DELETE || policy_ == PolicyEnm::SUBSTITUTE_DELETE; }
   bool Substitutes() const { return policy_ == PolicyEnm::SUBSTITUTE || policy_ == PolicyEnm::SUBSTITUTE_DELETE; }
   std::string Lost() const { return maintains_ ? "the new procedure does not take" : "would be lost"; }
   kprC_StepDependent const& Item(User const& user) const {

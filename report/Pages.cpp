@@ -80,6 +80,9 @@ std::string_view Named(cls_Reference reference) {
     case cls_Reference::TimePoint: return "time point";
     case cls_Reference::Interaction: return "interaction";
     case cls_Reference::ContactControls: return "contact controls";
+    case cls_Reference::Load: return "load";
+    case cls_Reference::Filter: return "filter";
+    case cls_Reference::IntegratedOutputSection: return "integrated output section";
   }
   return "";
 }

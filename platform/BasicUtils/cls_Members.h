@@ -30,6 +30,9 @@ enum class cls_Reference {
   TimePoint,
   Interaction,
   ContactControls,
+  Load,
+  Filter,
+  IntegratedOutputSection,
 };
 
 /// What a list says of a member beside its name. Written as {meaning, unit}; the rest, where there is any, by name:

@@ -7,14 +7,15 @@
 /// How a region was picked.
 enum rgnC_RegionType { rgnC_Set = 0, rgnC_Surface = 1 };
 /// What the part instances that a region lies on are made of.
-enum rgnC_InstanceKind { rgnC_Unknown = 0, rgnC_Solid = 1, rgnC_Shell = 2, rgnC_Wire = 3, rgnC_Mixed = 4 };
+enum rgnC_InstanceKind { rgnC_Unknown = 0, rgnC_Solid = 1, rgnC_Shell = 2, rgnC_Wire = 3, rgnC_Mixed = 4, rgnC_OrphanMesh = 5 };
 
 template <> struct omu_EnumTable<rgnC_RegionType> {
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"SET", rgnC_Set}, {"SURFACE", rgnC_Surface}, {nullptr, 0}};
 };
 template <> struct omu_EnumTable<rgnC_InstanceKind> {
-  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"UNKNOWN", rgnC_Unknown}, {"SOLID", rgnC_Solid}, {"SHELL", rgnC_Shell},
-                                                               {"WIRE", rgnC_Wire},       {"MIXED", rgnC_Mixed}, {nullptr, 0}};
+  static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {
+      {"UNKNOWN", rgnC_Unknown},        {"SOLID", rgnC_Solid}, {"SHELL", rgnC_Shell}, {"WIRE", rgnC_Wire}, {"MIXED", rgnC_Mixed},
+      {"ORPHAN_MESH", rgnC_OrphanMesh}, {nullptr, 0}};
 };
 
 /// A reference to a region of the model: a set or a surface. Regions are the same when their names are.

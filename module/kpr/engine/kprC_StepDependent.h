@@ -24,22 +24,23 @@ struct kprC_Operation;
 template <class Error> struct kprC_EditRefusals {
   using Code = std::optional<Error>;
 
-  Code noSuchAttribute = {};  ///< no attribute of that name, or none in that step
-  Code copyUnknown = {};      ///< the same of one that is to be copied
-  Code noSteps = {};          ///< the model has no steps
-  Code noAttributes = {};     ///< the model has no attribute of the family
-  Code nameInUse = {};        ///< an attribute of that name exists
-  Error unknownStep;          ///< no step of that name
-  Error suppressed;           ///< a suppressed attribute is edited
-  Code amplitudeName = {};    ///< an amplitude without a name, in a family where that does not mean the step's default
-  Error amplitudeUnknown;     ///< an amplitude that the model does not know, or no text at all
-  Code fieldUnknown = {};     ///< a field that the model does not know
-  Error notInStep;            ///< the attribute is not active in the step in which it is edited
-  Error readOnlyInStep;       ///< it is, but cannot be edited there
-  Code inInitialStep = {};    ///< one is created in the initial step, in a family that has none there
-  Code inPerturbation = {};   ///< one is created in a perturbation step, in a family that has none there
-  Code typeNotAdmitted = {};  ///< one is created in a step that does not admit its type, which the type itself does not refuse
-  Code propertyUnknown = {};  ///< an interaction property that the model does not know
+  Code noSuchAttribute = {};   ///< no attribute of that name, or none in that step
+  Code copyUnknown = {};       ///< the same of one that is to be copied
+  Code noSteps = {};           ///< the model has no steps
+  Code noAttributes = {};      ///< the model has no attribute of the family
+  Code nameInUse = {};         ///< an attribute of that name exists
+  Error unknownStep;           ///< no step of that name
+  Error suppressed;            ///< a suppressed attribute is edited
+  Code amplitudeName = {};     ///< an amplitude without a name, in a family where that does not mean the step's default
+  Code amplitudeUnknown = {};  ///< an amplitude that the model does not know, or no text at all
+  Code fieldUnknown = {};      ///< a field that the model does not know
+  Error notInStep;             ///< the attribute is not active in the step in which it is edited
+  Error readOnlyInStep;        ///< it is, but cannot be edited there
+  Code droppedInStep = {};     ///< one that exists is edited in a perturbation step, in a family that drops such a change
+  Code inInitialStep = {};     ///< one is created in the initial step, in a family that has none there
+  Code inPerturbation = {};    ///< one is created in a perturbation step, in a family that has none there
+  Code typeNotAdmitted = {};   ///< one is created in a step that does not admit its type, which the type itself does not refuse
+  Code propertyUnknown = {};   ///< an interaction property that the model does not know
   /// A load case names what is not there or not in force; taken from kLoadCase, none in a family that has nothing to do with them.
   Code notInLoadCase = {};
 };
@@ -122,6 +123,11 @@ public:
   /// Sets members of the state of \p step by name and forms the history anew. Names that the state does not have are
   /// looked for in the attribute. False when neither knows one; nothing has changed then.
   virtual bool SetInStep(cow_String const& step, kprC_Arguments const& members, std::string* unknown) = 0;
+  /// Turns what a command says of the state of such a step into what is stored of it; what the type cannot store is refused.
+  virtual void Complete(kprC_Arguments& /*members*/, kprC_StepFacts /*step*/) const {}
+  /// Makes what the attribute says of its own at \p index fit a step such as \p then, which is going to take the place of that step, as far
+  /// as the type knows how. Nothing is formed or checked before the steps change. False where nothing had to change.
+  virtual bool Adapt(std::size_t /*index*/, kprC_StepFacts /*then*/) { return false; }
   virtual bool Remove(cow_String const& step) = 0;
   /// Does what \p operation, one of the family's, says in \p step; \p toStep counts for a move only.
   virtual void Perform(kprC_Operation const& operation, cow_String const& step, cow_String const& toStep) = 0;
