@@ -305,7 +305,10 @@ bool ConstructAttribute(Call& call) {
         target.InsertItem(name, *item);
         AssertAdmitted(call, target, *item, step);
       },
-      [&](Refusal const&) { return AdmissionHint(*item, steps.Table(), step); });
+      [&](Refusal const& refused) {
+        std::string const hint = OutputHint(*item, members.state, steps.Table().Facts(steps.Index(step)), refused);
+        return hint.empty() ? AdmissionHint(*item, steps.Table(), step) : hint;
+      });
   AssertInModel(call, *target.ConstItem(name));
   return true;
 }
@@ -323,7 +326,11 @@ void SetAttributeValues(Call& call, AttributeTarget const& target) {
     SetOwn(call, item, members);
     if (members.state.empty()) { return item.Resume(); }  // what carries it may have changed
     call.subject.step = item.CreateStepName().View();
-    SetState(call, item, item.CreateStepName(), *state, members);
+    kprC_StepTable const& steps = item.Steps();
+    kprC_StepFacts const step = steps.Facts(steps.Find(item.CreateStepName().View()));
+    Hinting(
+        call, [&] { SetState(call, item, item.CreateStepName(), *state, members); },
+        [&](Refusal const& refused) { return OutputHint(target.item, members.state, step, refused); });
   });
 }
 
@@ -344,7 +351,11 @@ void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
           SetState(call, item, step, *state, members);
           if (anew) { AssertAdmitted(call, target.repository, item, step); }
         },
-        [&](Refusal const&) { return anew ? AdmissionHint(*anew, kprC_Steps(call.model).Table(), step) : std::string(); });
+        [&](Refusal const& refused) {
+          kprC_StepTable const& steps = kprC_Steps(call.model).Table();
+          std::string const hint = OutputHint(target.item, members.state, steps.Facts(steps.Find(step.View())), refused);
+          return hint.empty() && anew ? AdmissionHint(*anew, steps, step) : hint;
+        });
   });
 }
 
@@ -426,6 +437,7 @@ void RenameAttribute(Call& call, AttributeTarget const& target) {
   if (newName == target.name) { return; }
   call.model.Get<kprC_StepAwareRepository>(target.extension).RenameItem(target.name, newName);
   RenameInLoadCases(call, target.repository.ItemCmd(), target.name, newName);
+  RenameInReferences(call, target.repository.ItemCmd(), target.name, newName);
   call.touched.names.push_back(newName);
 }
 
@@ -449,6 +461,7 @@ void SayAgain(Call& call, cow_String const& from, cow_String const& to) {
 void DeleteAttribute(Call& call, AttributeTarget const& target) {
   call.arguments.AssertNoRest({});
   AssertInNoLoadCase(call, target.repository.ItemCmd(), target.name);
+  AssertInNoReference(call, target.repository.ItemCmd(), target.name);
   call.model.Get<kprC_StepAwareRepository>(target.extension).Remove(target.name);
 }
 

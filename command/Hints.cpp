@@ -7,6 +7,8 @@
 #include "command/Members.h"
 #include "command/Refusal.h"
 #include "command/Words.h"
+#include "module/kor/korC_OdbRequestTable.h"
+#include "module/kor/korC_Output.h"
 #include "module/kpr/kprC_assert.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "module/kpr/steps/kprC_StepParameters.h"
@@ -130,6 +132,58 @@ std::string AdmissionHint(kprC_StepDependent const& item, kprC_StepTable const& 
   constexpr std::size_t kShown = 3;
   return Quoted(step.View()) + " is a step of the procedure " + procedure + ", which does not take this type; " +
          (others.empty() ? "no step of the model does." : "steps that do: " + QuotedList(others, kShown) + ".");
+}
+
+std::string OutputHint(kprC_StepDependent const& item, kprC_Arguments const& said, kprC_StepFacts step, Refusal const& refused) {
+  auto const* const request = dynamic_cast<korC_Output const*>(&item);
+  if (request == nullptr || refused.module != korC_Output::kModule) { return {}; }
+  std::string const procedure = ProcedureText(step.procedureType);
+  korC_OdbRequestTable const& table = korC_OdbRequestTable::Instance();
+  auto const given = std::ranges::find(said, korC_OutputState::variablesCmd().View(), &kprC_Arguments::value_type::first);
+  std::vector<std::string> keys;
+  if (auto const* list = given == said.end() ? nullptr : given->second.As<cls_Value::List>()) {
+    for (cls_Value const& key : *list) {
+      if (auto const* text = key.As<std::string>()) { keys.push_back(*text); }
+    }
+  }
+  switch (static_cast<korC_ErrorEnm>(refused.code)) {
+    case korC_ErrorEnm::UnknownVariable:
+    case korC_ErrorEnm::UnknownComponent: {
+      auto const unknown = std::ranges::find_if(keys, [&table](std::string const& key) { return !table.IsKnown(key); });
+      if (unknown == keys.end()) { return {}; }
+      std::vector<std::string> known;
+      for (korC_OdbRequestSpec const& row : korC_OdbRequestTable::Rows()) {
+        known.emplace_back(row.name);
+        row.ForEachComponent([&known](std::string_view component) { known.emplace_back(component); });
+      }
+      std::string const nearest = Nearest(*unknown, known);
+      return "There is no variable " + Quoted(*unknown) + "." + (nearest.empty() ? "" : " Did you mean " + Quoted(nearest) + "?");
+    }
+    case korC_ErrorEnm::InvalidVariables:
+    case korC_ErrorEnm::CreateWithInvalidVariables: {
+      std::erase_if(keys, [&](std::string const& key) {
+        return table.Procedures(key, request->Channel(), request->DomainType()).Contains(step.procedureType);
+      });
+      if (keys.empty()) { return {}; }
+      std::string const channel = request->IsHistory() ? "history" : "field";
+      constexpr std::size_t kShown = 5;
+      return "A " + channel + " request about that in a step of the procedure " + procedure + " does not have " + QuotedList(keys, kShown) +
+             ".";
+    }
+    case korC_ErrorEnm::HistoryNotInStep: return "Ask for the modes in a field request.";
+    case korC_ErrorEnm::InvalidStep: {
+      std::unique_ptr<korC_OutputState> const state = request->NewStateFor(step.procedureType);
+      std::vector<std::string> ways;
+      for (auto const& row : omu_EnumTable<korC_TypeEnm>::rows) {
+        if (row.text != nullptr && state->ValidOutputType(static_cast<korC_TypeEnm>(row.value), step)) { ways.emplace_back(row.text); }
+      }
+      if (ways.empty()) { return "Steps of the procedure " + procedure + " write nothing."; }
+      bool const marks = kprC_TimeMarksIsAllowed(step.procedureType, request->IsHistory());
+      return "In a step of the procedure " + procedure + " a request says how often by " + QuotedList(ways, ways.size()) +
+             (marks ? "." : ", and has no time marks.");
+    }
+    default: return {};
+  }
 }
 
 std::string OperationHint(kprC_StepAwareRepository const& repository, kprC_StepDependent const& item, kprC_Operation const& operation,

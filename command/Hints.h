@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "command/Refusal.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/steps/kprC_Step.h"
 
@@ -19,6 +20,9 @@ std::string OperationHint(kprC_StepAwareRepository const& repository, kprC_StepD
                           cow_String const& step, cow_String const& toStep, int code);
 /// Of an attribute that is to stand in a step: where the type may be created instead. Empty where the step takes it.
 std::string AdmissionHint(kprC_StepDependent const& item, kprC_StepTable const& steps, cow_String const& step);
+/// Of what a command has \p said of an output request in such a step: the variable that is to blame, how often the step lets it write.
+/// Empty for any other attribute or refusal.
+std::string OutputHint(kprC_StepDependent const& item, kprC_Arguments const& said, kprC_StepFacts step, Refusal const& refused);
 /// Of a member that was given a word instead of a value.
 std::string WordHint(std::string_view word);
 /// Of a step whose parameters are refused with the step module's \p code, alone or among \p steps.

@@ -6,7 +6,11 @@
 #include "command/Command.h"
 #include "framework/ddr_ModelMembers.h"
 #include "module/kfd/kfdC_Field.h"
+#include "module/kin/kinC_Interaction.h"
 #include "module/kin/kinC_Properties.h"
+#include "module/klo/kloC_Load.h"
+#include "module/kor/korC_Filter.h"
+#include "module/kor/korC_IntegratedOutputSection.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/records/kprC_TimePoint.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
@@ -29,6 +33,9 @@ constexpr ReferenceKind kKinds[] = {
     {cls_Reference::Property, kinC_InteractionProperty::interactionPropertyCmd(), kinC_InteractionProperty::interactionPropertiesCmd(),
      "There are"},
     {cls_Reference::ContactControls, kinC_ContactControls::contactControlsCmd(), kinC_ContactControls::contactControlsCmd(), "There are"},
+    {cls_Reference::Filter, korC_Filter::filterCmd(), korC_Filter::repositoryCmd(), "There are"},
+    {cls_Reference::IntegratedOutputSection, korC_IntegratedOutputSection::integratedOutputSectionCmd(),
+     korC_IntegratedOutputSection::repositoryCmd(), "There are"},
     {cls_Reference::None, lcsC_LoadCase::loadCaseCmd(), lcsC_LoadCase::repositoryCmd(), "There are", &AssertLoadCase},
 };
 
@@ -67,6 +74,9 @@ constexpr Declaration kDeclarations[] = {
      "creates controls of contact pairs that are solved by equilibrium iterations", &Make<kinC_StdContactControls>},
     {kinC_ExpContactControls::constructorCmd(), kinC_ContactControls::contactControlsCmd(),
      "creates controls of contact pairs in explicit steps", &Make<kinC_ExpContactControls>},
+    {korC_Filter::constructorCmd(), korC_Filter::filterCmd(), "declares what smooths histories of output", &Make<korC_Filter>},
+    {korC_IntegratedOutputSection::constructorCmd(), korC_IntegratedOutputSection::integratedOutputSectionCmd(),
+     "creates a surface over which output sums up forces and moments", &Make<korC_IntegratedOutputSection>},
     {lcsC_LoadCase::constructorCmd(), lcsC_LoadCase::loadCaseCmd(), "declares a load case: attributes of a step that act together",
      &Make<lcsC_LoadCase>},
 };
@@ -85,21 +95,21 @@ struct User {
 };
 
 /// The attributes, then the steps, then of what is referred to by name itself that which names the object.
-std::vector<User> UsersOf(ddr_Model const& model, ReferenceKind const& kind, std::string_view name) {
+std::vector<User> UsersOf(ddr_Model const& model, cls_Reference reference, std::string_view name) {
   std::vector<User> users;
-  if (kind.reference == cls_Reference::None) { return users; }
+  if (reference == cls_Reference::None) { return users; }
   ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     repository.ForEach([&](cow_String const& user, kprC_StepDependent const& item) {
-      if (Names(item, kind.reference, name)) { users.push_back({extension, user}); }
+      if (Names(item, reference, name)) { users.push_back({extension, user}); }
     });
   });
   kprC_StepContainer const& steps = kprC_Steps(model);
   for (std::size_t i = 0; i < steps.Size(); ++i) {
-    if (Names(steps.Step(i), kind.reference, name)) { users.push_back({cow_String(), steps.Name(i)}); }
+    if (Names(steps.Step(i), reference, name)) { users.push_back({cow_String(), steps.Name(i)}); }
   }
   for (ReferenceKind const& other : kKinds) {
     for (cow_String const& user : other.In(model).Keys()) {
-      if (Names(*other.In(model).ConstObject(user), kind.reference, name)) { users.push_back({cow_String(other.extension), user}); }
+      if (Names(*other.In(model).ConstObject(user), reference, name)) { users.push_back({cow_String(other.extension), user}); }
     }
   }
   return users;
@@ -140,6 +150,24 @@ void Redirect(Call& call, std::vector<User> const& users, cls_Redirection const&
     AskOther(call, repository, user.name, [&] { repository.Item(user.name)->Redirect(to); });
     repository.RecordModify(user.name);
   }
+}
+
+/// Refuses to delete what others name.
+void AssertUnused(Call const& call, cls_Reference reference, std::string_view kind, cow_String const& name) {
+  std::vector<std::string> users;
+  for (User const& user : UsersOf(call.model, reference, name)) { users.push_back(TextOf(call.model, user)); }
+  if (users.empty()) { return; }
+  std::string text = "The " + ObjectText(kind, name) + " cannot be deleted: it is in use by ";
+  constexpr std::size_t kShown = 8;
+  for (std::size_t i = 0; i < std::min(users.size(), kShown); ++i) { text += (i == 0 ? "" : ", ") + users[i]; }
+  if (users.size() > kShown) { text += " and " + std::to_string(users.size() - kShown) + " more"; }
+  RefuseEdit(call.subject, text + ".");
+}
+
+/// As what attributes of that kind are named by others.
+cls_Reference ReferenceOf(std::string_view kind) {
+  if (kind == kloC_Load::itemCmd()) { return cls_Reference::Load; }
+  return kind == kinC_Interaction::itemCmd() ? cls_Reference::Interaction : cls_Reference::None;
 }
 
 cow_String FreeName(Call& call, std::string_view argument, ReferenceKind const& kind, cow_String const& own = {}) {
@@ -309,7 +337,7 @@ void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const&
   SetObjectMembers(call, nullptr, *object, call.arguments.Rest());
   if (kind.assertInModel != nullptr) { kind.assertInModel(call, *object); }
   kind.In(call.model).Put(name, *object);
-  std::vector<User> const users = UsersOf(call.model, kind, name);
+  std::vector<User> const users = UsersOf(call.model, kind.reference, name);
   if (kind.reference == cls_Reference::Region) { Redirect(call, users, {kind.reference, name, name, object.get()}); }
   for (User const& user : users) {
     auto const* repository = RepositoryOf(call.model, user);
@@ -322,7 +350,7 @@ void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& na
   cow_String const newName = FreeName(call, kNewName, kind, name);
   call.arguments.AssertNoRest({std::string(kNewName)});
   if (newName == name) { return; }
-  std::vector<User> const users = UsersOf(call.model, kind, name);
+  std::vector<User> const users = UsersOf(call.model, kind.reference, name);
   std::unique_ptr<cls_Object> const object = Referred(call, kind, name).Copy();
   mdl_NamedObjects& objects = kind.In(call.model);
   objects.Remove(name);
@@ -340,16 +368,15 @@ void CopyReference(Call& call, ReferenceKind const& kind, cow_String const& name
 
 void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
   call.arguments.AssertNoRest({});
-  std::vector<std::string> users;
-  for (User const& user : UsersOf(call.model, kind, name)) { users.push_back(TextOf(call.model, user)); }
-  if (!users.empty()) {
-    std::string text = "The " + ObjectText(kind.kind, name) + " cannot be deleted: it is in use by ";
-    constexpr std::size_t kShown = 8;
-    for (std::size_t i = 0; i < std::min(users.size(), kShown); ++i) { text += (i == 0 ? "" : ", ") + users[i]; }
-    if (users.size() > kShown) { text += " and " + std::to_string(users.size() - kShown) + " more"; }
-    RefuseEdit(call.subject, text + ".");
-  }
+  AssertUnused(call, kind.reference, kind.kind, name);
   kind.In(call.model).Remove(name);
 }
+
+void RenameInReferences(Call& call, std::string_view kind, cow_String const& name, cow_String const& newName) {
+  cls_Reference const reference = ReferenceOf(kind);
+  Redirect(call, UsersOf(call.model, reference, name), {reference, name, newName});
+}
+
+void AssertInNoReference(Call& call, std::string_view kind, cow_String const& name) { AssertUnused(call, ReferenceOf(kind), kind, name); }
 
 }  // namespace gattr

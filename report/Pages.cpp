@@ -7,7 +7,9 @@
 #include "command/Check.h"
 #include "command/Members.h"
 #include "command/Session.h"
+#include "command/Variables.h"
 #include "command/Words.h"
+#include "module/kor/korC_Output.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
@@ -342,6 +344,28 @@ std::string Statuses() {
   return text;
 }
 
+/// The variables that output requests may ask for, a table to each category. Rows with the same procedures share a number.
+std::string OutputVariables() {
+  std::string text, category;
+  Texts sets;
+  for (VariableInfo const& info : Variables({})) {
+    if (info.category != category) {
+      category = info.category;
+      text += (text.empty() ? "### " : "\n### ") + category + "\n\n" +
+              Head({"variable", "meaning", "components", "of", "where", "class", "in", "procedures"});
+    }
+    std::string const procedures = Joined(info.procedures);
+    auto const found = std::ranges::find(sets, procedures);
+    std::size_t const number = static_cast<std::size_t>(found - sets.begin()) + 1;
+    if (found == sets.end()) { sets.push_back(procedures); }
+    text += Row({Code(info.name), info.description, Joined(info.components, " "), info.parent, info.location, info.output,
+                 Joined(info.channels), std::to_string(number)});
+  }
+  text += "\n### Procedures\n\n" + Head({"number", "procedures"});
+  for (std::size_t i = 0; i < sets.size(); ++i) { text += Row({std::to_string(i + 1), sets[i]}); }
+  return text;
+}
+
 /// "boundary-conditions" of "boundaryConditions".
 std::string PageName(std::string_view member) {
   std::string name;
@@ -364,13 +388,16 @@ std::vector<PagePart> PageParts() {
       {"docs/steps.md", "table of followers", Followers()},
       {"docs/histories.md", "statuses", Statuses()},
       {"docs/check.md", "findings", Findings()},
+      {"docs/output.md", "variables", OutputVariables()},
   };
   for (auto const& [member, extension] : mdl_ExtensionSubject::Registered()) {
     auto const* family = mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet());
     if (family == nullptr) { continue; }
-    std::string const page = "docs/" + PageName(member) + ".md";
-    parts.push_back({page, "types", TypesOf(*family)});
-    parts.push_back({page, "procedures", AdmissionOf(*family)});
+    bool const isOutput = family->Module() == korC_FieldOutput::kModule;  // both kinds stand on one page
+    std::string const page = "docs/" + (isOutput ? "output" : PageName(member)) + ".md";
+    std::string const of = isOutput ? " of " + member : "";
+    parts.push_back({page, "types" + of, TypesOf(*family)});
+    parts.push_back({page, "procedures" + of, AdmissionOf(*family)});
   }
   return parts;
 }

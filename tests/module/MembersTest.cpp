@@ -15,6 +15,9 @@
 #include "module/kin/kinC_Interactions.h"
 #include "module/kin/kinC_Properties.h"
 #include "module/klo/kloC_Loads.h"
+#include "module/kor/korC_Filter.h"
+#include "module/kor/korC_IntegratedOutputSection.h"
+#include "module/kor/korC_Output.h"
 #include "module/kpr/model/kprC_StepContainer.h"
 #include "module/kpr/records/kprC_TimePoint.h"
 #include "module/kpr/steps/kprC_Steps.h"
@@ -75,9 +78,12 @@ TEST_F(Members, AreAllListedByTheirClass) {
                                        "kprC_PropagatingContainer<kbcC_BC>",
                                        "kprC_PropagatingContainer<kloC_Load>",
                                        "kprC_PropagatingContainer<kinC_Interaction>",
+                                       "kprC_PropagatingContainer<korC_FieldOutput>",
+                                       "kprC_PropagatingContainer<korC_HistoryOutput>",
                                        "kprC_PropagatingState<kbcC_BCState>",
                                        "kprC_PropagatingState<kloC_LoadState>",
-                                       "kprC_PropagatingState<kinC_InteractionState>"};
+                                       "kprC_PropagatingState<kinC_InteractionState>",
+                                       "kprC_PropagatingState<korC_OutputState>"};
 #define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
 #include "platform/CoreGeometry/Types.def"
 #define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
@@ -95,6 +101,9 @@ TEST_F(Members, AreAllListedByTheirClass) {
 #define DDB_INSTANCE(number, Class)
 #define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
 #include "module/kin/Types.def"
+#define DDB_INSTANCE(number, Class)
+#define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
+#include "module/kor/Types.def"
 }
 
 TEST_F(Members, AreRefusedWhenTwoHaveOneName) {

@@ -11,6 +11,7 @@
 #include "module/kbc/kbcC_assert.h"
 #include "module/kin/kinC_assert.h"
 #include "module/klo/kloC_assert.h"
+#include "module/kor/korC_assert.h"
 #include "module/kpr/kprC_assert.h"
 #include "platform/CaeUtils/omu_ValueErrorException.h"
 
@@ -28,6 +29,7 @@ Module const kModules[] = {
     {kbcC_Errors(), [](int code) { kbcC_Assert(false, static_cast<kbcC_ErrorEnm>(code)); }, 193, 199, "text "},
     {kloC_Errors(), [](int code) { kloC_Assert(false, static_cast<kloC_ErrorEnm>(code)); }, 277, 271, "value "},
     {kinC_Errors(), [](int code) { kinC_Assert(false, static_cast<kinC_ErrorEnm>(code)); }, 684, 678, "value "},
+    {korC_Errors(), [](int code) { korC_Assert(false, static_cast<korC_ErrorEnm>(code)); }, 291, 285, "value "},
     {kprC_Errors(), [](int code) { kprC_Assert(false, static_cast<kprC_ErrorEnm>(code)); }, -1, 20, "text "},
 };
 

@@ -1,8 +1,10 @@
 #include "tests/support/MadeUpFamily.h"
 
 #include "module/kin/kinC_module.h"
+#include "module/kor/korC_module.h"
 #include "tests/store/Models.h"
 #include "tests/support/InteractionRules.h"
+#include "tests/support/OutputRules.h"
 #include "tests/support/RandomContact.h"
 #include "tests/support/RandomEdits.h"
 
@@ -49,6 +51,12 @@ TEST_F(MadeUpFamily, ComesBackFromEveryStoreAfterAnyEdits) {
 // a family whose states do not list that they are switched off: it follows from the status
 TEST(Interactions, ComeBackFromEveryStoreAfterAnyEdits) {
   ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<kinC_Interaction>(kinC_Interaction::interactionRepositoryCmd(), 8, test::kInteractionRules));
+}
+
+// states that are made for a procedure, and values that are lists or words
+TEST(OutputRequests, ComeBackFromEveryStoreAfterAnyEdits) {
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<korC_FieldOutput>(korC_FieldOutput::repositoryCmd(), 40, test::kOutputRules));
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<korC_HistoryOutput>(korC_HistoryOutput::repositoryCmd(), 40, test::kOutputRules));
 }
 
 // lists of values that begin in any step

@@ -205,6 +205,7 @@ struct Rules {
       kprC_ProcedureType::ComplexFrequency};
   kprC_ProcedureSet modal = {};
   int carriedFromInitial = 2, changedFromInitial = 3;
+  int passedOver = 6;
   int perturbationCarried = 8;
   int perturbationChanged = 0;  ///< 0: a change in a perturbation step is dropped
   int perturbationOff = 8;
@@ -272,7 +273,7 @@ inline void Pass(std::vector<Record>& records, Rules const& rules, Admission con
     } else if (passedOver) {
       keepsMark = off && !perturbation;
       bool const kept = !perturbation && untouched && !baseOff && admission.keeps(record.step);
-      give(kept ? 14 : 6, baseOff ? switchedOff : on);
+      give(kept ? 14 : rules.passedOver, baseOff ? switchedOff : on);
     } else if (baseOff) {
       keepsMark = off;
       give(rules.afterOff, own ? on.With(*record.state, true) : switchedOff);

@@ -152,6 +152,11 @@ private:
       return fields;
     };
     auto const list = [&]() -> cls_Value { return cls_Value::List{one(), one()}; };
+    if (info.many && !info.permissible.empty()) {  // keys of variables, or a word for some
+      static char const* const keys[] = {"S", "U1", "MISES", "NT", "ALLEN", "PE"};
+      auto const key = [&]() -> cls_Value { return keys[UpTo(std::size(keys) - 1)]; };
+      return UpTo(1) == 0 ? cls_Value(info.permissible[UpTo(2)]) : cls_Value(cls_Value::List{key(), key()});
+    }
     if (info.table) { return cls_Value::List{list(), list()}; }
     return info.many ? list() : one();
   }

@@ -1,0 +1,306 @@
+#include "module/kor/korC_OdbRequestTable.h"
+
+#include <algorithm>
+#include <array>
+
+#include "module/kor/korC_OutputState.h"
+#include "module/kor/korC_assert.h"
+
+namespace {
+using Table = korC_OdbRequestTable;
+using Spec = korC_OdbRequestSpec;
+using PrintEnm = Spec::PrintEnm;
+using LabelEnm = Spec::LabelEnm;
+
+constexpr std::string_view kCategories[] = {"Stresses",
+                                            "Strains",
+                                            "Displacement/Velocity/Acceleration",
+                                            "Forces/Reactions",
+                                            "Contact",
+                                            "Connector",
+                                            "Energy",
+                                            "Failure/Fracture",
+                                            "Thermal",
+                                            "Electrical",
+                                            "Porous media/Fluids",
+                                            "Acoustics",
+                                            "Mass diffusion\\@korC_ODBREQUEST_SPEC_MASS_DIFFUSION",
+                                            "Volume/Thickness/Coordinates",
+                                            "Mass center kinematics",
+                                            "Error indicators",
+                                            "State/Field/User/Time"};
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+bool IsOneOf(PrintEnm print, std::initializer_list<PrintEnm> prints) { return std::ranges::find(prints, print) != prints.end(); }
+
+/// The classes of output that a symbol takes the variables of.
+std::vector<PrintEnm> PrintsOf(korC_VariablesTypeEnm symbol) {
+  using enum korC_VariablesTypeEnm;
+  switch (symbol) {
+    case CONTACT_PRESELECT:
+    case CONTACT_ALL: return {PrintEnm::Contact, PrintEnm::Surface, PrintEnm::ContactOrElement};
+    case ELEMENT_PRESELECT:
+    case ELEMENT_ALL: return {PrintEnm::Element, PrintEnm::ContactOrElement};
+    case ENERGY_PRESELECT:
+    case ENERGY_ALL: return {PrintEnm::Energy};
+    case INCREMENTATION_PRESELECT:
+    case INCREMENTATION_ALL: return {PrintEnm::Incrementation};
+    case NODE_PRESELECT:
+    case NODE_ALL: return {PrintEnm::Node};
+    case INTEGRATED_PRESELECT:
+    case INTEGRATED_ALL: return {PrintEnm::Integrated};
+    case MODAL_ALL: return {PrintEnm::Modal};
+    case RADIATION_ALL: return {PrintEnm::Radiation};
+    case NO_OUTPUT_VARIABLES:
+    case PRESELECT: return {};
+  }
+  return {};
+}
+}  // namespace
+
+std::span<std::string_view const> korC_OdbCategories() { return kCategories; }
+
+std::string_view korC_OdbRequestSpec::Description() const {
+  return thr_GlobalSingleton<korC_OdbDescriptions>::Instance().Text(descriptionIndex);
+}
+
+bool korC_OdbRequest::EqualFrequency(korC_OdbRequest const& other) const {
+  if (type != other.type) { return false; }
+  switch (type) {
+    case korC_TypeEnm::FREQUENCY: return frequency == other.frequency;
+    case korC_TypeEnm::NUMBER_INTERVALS: return numIntervals == other.numIntervals;
+    case korC_TypeEnm::TIME_INTERVAL: return timeInterval == other.timeInterval;
+    case korC_TypeEnm::MODES: return modes == other.modes;
+    case korC_TypeEnm::TIME_POINT: return timePoint == other.timePoint;
+    case korC_TypeEnm::INVALID: break;
+  }
+  return true;
+}
+
+korC_OdbRequestTable::korC_OdbRequestTable() {
+  std::span<Spec const> const rows = Rows();
+  names_.reserve(rows.size());
+  for (std::uint16_t i = 0; i < rows.size(); ++i) {
+    Spec const& row = rows[i];
+    names_[row.name].push_back(i);
+    row.ForEachComponent([&](std::string_view component) { components_[component].push_back(i); });
+    if (!row.parent.empty()) { children_[row.parent].push_back(i); }
+  }
+}
+
+std::span<std::uint16_t const> korC_OdbRequestTable::RowsOf(std::string_view key) const {
+  for (Index const* index : {&names_, &components_}) {
+    if (auto const found = index->find(key); found != index->end()) { return found->second; }
+  }
+  return {};
+}
+
+bool korC_OdbRequestTable::Fits(Spec const& row, DomainEnm domain) {
+  using enum korC_DomainTypeEnm;
+  switch (domain) {
+    case SET:
+    case WHOLE_MODEL:
+    case BOLT_LOAD: return row.print != PrintEnm::Integrated;
+    case CONNECTOR: return row.label == LabelEnm::Connector;
+    case INTERACTION:
+    case GENERAL_CONTACT_SURFACE: return IsOneOf(row.print, {PrintEnm::Contact, PrintEnm::Surface, PrintEnm::ContactOrElement});
+    case INTEGRATED_OUTPUT_SECTION: return row.print == PrintEnm::Integrated;
+    case COMPOSITE_LAYUP: return IsOneOf(row.print, {PrintEnm::Element, PrintEnm::ContactOrElement});
+  }
+  return false;
+}
+
+kprC_ProcedureSet korC_OdbRequestTable::Procedures(std::string_view key, ChannelEnm channel, DomainEnm domain) const {
+  kprC_ProcedureSet procedures;
+  for (std::uint16_t const number : RowsOf(key)) {
+    Spec const& row = Rows()[number];
+    if (row.IsIn(channel) && Fits(row, domain)) { procedures = procedures | row.procedures; }
+  }
+  return procedures;
+}
+
+korC_OdbRequestTable::Spec const* korC_OdbRequestTable::Find(std::string_view key, unsigned procedureType, ChannelEnm channel) const {
+  for (std::uint16_t const number : RowsOf(key)) {
+    Spec const& row = Rows()[number];
+    if (row.procedures.Contains(procedureType) && row.IsIn(channel)) { return &row; }
+  }
+  return nullptr;
+}
+
+template <class Keep>
+korC_OdbRequestTable::Identifiers korC_OdbRequestTable::Names(unsigned procedureType, ChannelEnm channel, DomainEnm domain,
+                                                              Keep&& keep) const {
+  Identifiers names;
+  std::string_view last;  // rows of one name that a step has more than one of stand side by side
+  for (Spec const& row : Rows()) {
+    if (!row.procedures.Contains(procedureType) || !row.IsIn(channel) || !Fits(row, domain) || row.name == last || !keep(row)) { continue; }
+    last = row.name;
+    names.Append(cow_String(row.name));
+  }
+  return names;
+}
+
+korC_OdbRequestTable::Identifiers korC_OdbRequestTable::All(unsigned procedureType, ChannelEnm channel, DomainEnm domain) const {
+  return Names(procedureType, channel, domain, [](Spec const&) { return true; });
+}
+
+korC_OdbRequestTable::Identifiers korC_OdbRequestTable::Requests(LabelEnm label, unsigned procedureType, ChannelEnm channel,
+                                                                 DomainEnm domain) const {
+  return Names(procedureType, channel, domain, [label](Spec const& row) { return row.label == label; });
+}
+
+korC_OdbRequestTable::Identifiers korC_OdbRequestTable::Filter(Identifiers const& list, unsigned procedureType, ChannelEnm channel,
+                                                               DomainEnm domain) const {
+  Identifiers valid;
+  for (cow_String const& key : list) {
+    if (Procedures(key.View(), channel, domain).Contains(procedureType)) { valid.Append(key); }
+  }
+  return valid;
+}
+
+std::vector<korC_OdbRequest> korC_OdbRequestTable::DefaultRequests(unsigned procedureType, ChannelEnm channel, DomainEnm domain) const {
+  std::vector<korC_OdbRequest> requests;
+  korC_OdbRequest const often = korC_DefaultFrequency(procedureType, channel);
+  for (cow_String const& name : Defaults(procedureType, channel, domain)) {
+    requests.push_back(often);
+    requests.back().name = name;
+  }
+  return requests;
+}
+
+std::vector<LabelEnm> korC_OdbRequestTable::Labels(ChannelEnm channel) const {
+  std::vector<LabelEnm> labels;
+  for (Spec const& row : Rows()) {
+    if (row.IsIn(channel) && std::ranges::find(labels, row.label) == labels.end()) { labels.push_back(row.label); }
+  }
+  return labels;
+}
+
+std::vector<LabelEnm> korC_OdbRequestTable::Labels(ChannelEnm channel, unsigned procedureType, DomainEnm domain) const {
+  std::vector<LabelEnm> labels;
+  Names(procedureType, channel, domain, [&labels](Spec const& row) {
+    if (std::ranges::find(labels, row.label) == labels.end()) { labels.push_back(row.label); }
+    return false;
+  });
+  return labels;
+}
+
+korC_OdbRequestTable::Spec const* korC_OdbRequestTable::Request(std::string_view name, unsigned procedureType) const {
+  auto const found = names_.find(name);
+  korC_Assert(found != names_.end(), korC_ErrorEnm::UnknownVariable);
+  auto const holds = [&](std::uint16_t number) { return Rows()[number].procedures.Contains(procedureType); };
+  auto const row = std::ranges::find_if(found->second, holds);
+  return row == found->second.end() ? nullptr : &Rows()[*row];
+}
+
+LabelEnm korC_OdbRequestTable::Label(std::string_view name, unsigned procedureType) const {
+  return FirstOf(Request(name, procedureType), names_.at(name)).label;
+}
+
+PrintEnm korC_OdbRequestTable::Print(std::string_view name, unsigned procedureType) const {
+  return FirstOf(Request(name, procedureType), names_.at(name)).print;
+}
+
+bool korC_OdbRequestTable::IsComponentRequest(std::string_view key) const { return !names_.contains(key) && components_.contains(key); }
+
+korC_OdbRequestTable::Spec const* korC_OdbRequestTable::RequestSpecFromComponent(std::string_view component, unsigned procedureType) const {
+  auto const found = components_.find(component);
+  korC_Assert(found != components_.end(), korC_ErrorEnm::UnknownComponent);
+  auto const holds = [&](std::uint16_t number) { return Rows()[number].procedures.Contains(procedureType); };
+  auto const row = std::ranges::find_if(found->second, holds);
+  return row == found->second.end() ? nullptr : &Rows()[*row];
+}
+
+cow_String korC_OdbRequestTable::RequestFromComponent(std::string_view component, unsigned procedureType) const {
+  Spec const* const row = RequestSpecFromComponent(component, procedureType);
+  return row == nullptr ? cow_String() : cow_String(row->name);
+}
+
+LabelEnm korC_OdbRequestTable::LabelFromComponent(std::string_view component, unsigned procedureType) const {
+  return FirstOf(RequestSpecFromComponent(component, procedureType), components_.at(component)).label;
+}
+
+PrintEnm korC_OdbRequestTable::PrintFromComponent(std::string_view component, unsigned procedureType) const {
+  return FirstOf(RequestSpecFromComponent(component, procedureType), components_.at(component)).print;
+}
+
+bool korC_OdbRequestTable::ComponentHasLabel(std::string_view component, LabelEnm label, unsigned procedureType) const {
+  Spec const* const row = RequestSpecFromComponent(component, procedureType);
+  return row != nullptr && row->label == label;
+}
+
+bool korC_OdbRequestTable::IsParentRequest(std::string_view name) const { return children_.contains(name); }
+
+korC_OdbRequestTable::Identifiers korC_OdbRequestTable::SpawnedIdentifiers(std::string_view name, unsigned procedureType) const {
+  Identifiers spawned;
+  auto const found = children_.find(name);
+  if (found == children_.end()) { return spawned; }
+  for (std::uint16_t const number : found->second) {
+    if (Rows()[number].procedures.Contains(procedureType)) { spawned.Append(cow_String(Rows()[number].name)); }
+  }
+  return spawned;
+}
+
+template <class Is>
+korC_OdbRequestTable::Identifiers korC_OdbRequestTable::Rejected(Identifiers const& list, unsigned procedureType, ChannelEnm channel,
+                                                                 DomainEnm domain, Is&& is) const {
+  Identifiers rejected;
+  for (cow_String const& key : list) {
+    auto const takes = [&](std::uint16_t number) {
+      Spec const& row = Rows()[number];
+      return row.procedures.Contains(procedureType) && row.IsIn(channel) && Fits(row, domain) && is(row);
+    };
+    if (std::ranges::none_of(RowsOf(key.View()), takes)) { rejected.Append(key); }
+  }
+  return rejected;
+}
+
+korC_OdbRequestTable::Identifiers korC_OdbRequestTable::GetInvalidIdentifiers(Identifiers const& list, unsigned procedureType,
+                                                                              ChannelEnm channel, DomainEnm domain) const {
+  return Rejected(list, procedureType, channel, domain, [](Spec const&) { return true; });
+}
+
+korC_OdbRequestTable::Identifiers korC_OdbRequestTable::GetInvalidLabelIdentifiers(Identifiers const& list, unsigned procedureType,
+                                                                                   LabelEnm label, ChannelEnm channel,
+                                                                                   DomainEnm domain) const {
+  return Rejected(list, procedureType, channel, domain, [label](Spec const& row) { return row.label == label; });
+}
+
+korC_OdbRequestTable::Identifiers korC_OdbRequestTable::GetInvalidPrintIdentifiers(Identifiers const& list, unsigned procedureType,
+                                                                                   PrintEnm print, ChannelEnm channel,
+                                                                                   DomainEnm domain) const {
+  return GetInvalidPrintIdentifiers(list, procedureType, print, print, channel, domain);
+}
+
+korC_OdbRequestTable::Identifiers korC_OdbRequestTable::GetInvalidPrintIdentifiers(Identifiers const& list, unsigned procedureType,
+                                                                                   PrintEnm one, PrintEnm other, ChannelEnm channel,
+                                                                                   DomainEnm domain) const {
+  return Rejected(list, procedureType, channel, domain, [=](Spec const& row) { return row.print == one || row.print == other; });
+}
+
+void korC_OdbRequestTable::AssertKnown(std::string_view key) const {
+  if (IsKnown(key)) { return; }
+  std::string_view stem = key;
+  while (!stem.empty() && IsDigit(stem.back())) { stem.remove_suffix(1); }
+  bool const isComponent = stem != key && IsKnown(stem);
+  korC_Assert(!isComponent, korC_ErrorEnm::UnknownComponent);
+  korC_Assert(false, korC_ErrorEnm::UnknownVariable);
+}
+
+cow_List<cow_String> korC_VariablesOf(korC_VariablesTypeEnm symbol, unsigned procedureType, korC_OdbChannel::TypeEnm channel,
+                                      korC_DomainTypeEnm domain) {
+  using enum korC_VariablesTypeEnm;
+  Table const& table = Table::Instance();
+  bool const all = symbol >= CONTACT_ALL;
+  Table::Identifiers const from = all ? table.All(procedureType, channel, domain) : table.Defaults(procedureType, channel, domain);
+  if (symbol == PRESELECT) { return from; }
+  std::vector<PrintEnm> const prints = PrintsOf(symbol);
+  Table::Identifiers keys;
+  for (cow_String const& key : from) {
+    Spec const& row = *table.Find(key.View(), procedureType, channel);
+    bool const ownOne = !all || row.parent.empty();  // what is worked out comes with what it is worked out from
+    if (ownOne && std::ranges::find(prints, row.print) != prints.end()) { keys.Append(key); }
+  }
+  return keys;
+}
