@@ -36,6 +36,7 @@ void AddDump(CLI::App& program, Action& action);
 void AddLoad(CLI::App& program, Action& action);
 void AddDescribe(CLI::App& program, Action& action);
 void AddCodes(CLI::App& program, Action& action);
+void AddVariables(CLI::App& program, Action& action);
 
 inline constexpr char const* kModelHelp = "model file: .gadb, or .gattr.json for the text form";
 

@@ -106,6 +106,7 @@ int RunProgram(int argc, char** argv) {
   AddLoad(program, action);
   AddDescribe(program, action);
   AddCodes(program, action);
+  AddVariables(program, action);
   Library const library;
   int const status = Parse(program, argc, argv, action);
   std::cout.flush();

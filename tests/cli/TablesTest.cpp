@@ -159,6 +159,25 @@ TEST_F(Tables, WhatDescribeListsCanBeDescribed) {
   }
 }
 
+TEST_F(Tables, VariablesAreThoseOfTheStepOrTheProcedure) {
+  auto const names = [this](std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"variables", "--format", "json"});
+    Ran const run = Gattr(arguments);
+    EXPECT_EQ(run.status, 0) << run.err;
+    std::vector<std::string> found;
+    for (Json const& variable : Json::parse(run.out)) { found.push_back(variable["name"]); }
+    return found;
+  };
+  EXPECT_EQ(names({}).size(), 395U);
+  std::vector<std::string> const diffusion = {"CONC", "NNC", "CONCFL", "ISOL"};
+  EXPECT_EQ(names({"--procedure", "MASS_DIFFUSION", "--channel", "field", "--category", "Mass diffusion"}), diffusion);
+  EXPECT_EQ(names({"--procedure", "MassDiffusionStep", "--channel", "field", "--category", "Mass diffusion"}), diffusion);
+  std::string const csv =
+      Gattr({"variables", "--procedure", "SOILS", "--channel", "history", "--category", "Energy", "--format", "csv"}).out;
+  EXPECT_THAT(csv, ::testing::HasSubstr("\nALLEN,Energy,history,WHOLE_MODEL,Energy output,ALLAE ALLCD ALLEE ALLFD ALLIE ALLJD ALLKE ALLPD "
+                                        "ALLSE ALLSD ALLVD ALLWK ETOTAL,,true,energies of the whole model,"));
+}
+
 TEST_F(Tables, TheVersionIsTold) {
   Ran const run = Gattr({"--version"});
   EXPECT_EQ(run.status, 0);
@@ -169,7 +188,7 @@ TEST_F(Tables, HelpTeachesWithAnExample) {
   Ran const whole = Gattr({"--help"});
   EXPECT_EQ(whole.status, 0);
   EXPECT_NE(whole.out.find("Exit status: 0 "), std::string::npos);
-  for (char const* name : {"replay", "history", "check", "steps", "dump", "load", "describe", "codes"}) {
+  for (char const* name : {"replay", "history", "check", "steps", "dump", "load", "describe", "codes", "variables"}) {
     EXPECT_NE(whole.out.find(name), std::string::npos);
     Ran const run = Gattr({name, "--help"});
     EXPECT_EQ(run.status, 0);
