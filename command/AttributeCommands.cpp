@@ -102,11 +102,12 @@ void AssertEditable(Call& call, AttributeTarget const& target, cow_String const&
   if (target.item.IsEditable(step)) { return; }
   call.subject.hint = NotEditableHint(target.item, step);
   kprC_EditRefusalCodes const& codes = target.repository.EditRefusals();
-  kprC_StepContainer const& steps = kprC_Steps(call.model);
-  std::size_t const index = steps.Index(step);
+  std::size_t const index = target.item.Steps().Find(step.View());
+  std::optional<int> const refused = target.item.RefusedIn(target.item.Steps().Facts(index));
+  if (refused && target.item.StateAt(index) != nullptr) { target.repository.Refuse(*refused); }
   mdl_PropagationStatusEnm const status = target.item.StatusAt(index);
   bool const isOn = status != mdl_PropagationStatusEnm::NotYetCreated && status != mdl_PropagationStatusEnm::InactiveAfterDeactivation;
-  bool const inPerturbation = kprC_perturbationProcedures.Contains(steps.Table().ProcedureType(index));
+  bool const inPerturbation = kprC_perturbationProcedures.Contains(target.item.Steps().ProcedureType(index));
   if (codes.droppedInStep && isOn && inPerturbation) { target.repository.Refuse(*codes.droppedInStep); }
   target.repository.Refuse(target.item.IsActiveIn(step) ? codes.readOnlyInStep : codes.notInStep);
 }

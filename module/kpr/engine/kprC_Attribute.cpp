@@ -255,6 +255,7 @@ void kprC_Attribute::MoveRecord(kprC_Operation const& operation, Asked& asked) {
 void kprC_Attribute::UpdateStates() {
   std::size_t const index = States().CreateStep();
   if (index != npos && Steps()[index].procedure && RefusedWhereNotAdmitted()) {
+    if (auto const refused = RefusedIn(Steps().Facts(index))) { Family().refuse(*refused); }
     Family().Assert(Admits(Steps().Facts(index), false), Family().createNotAdmitted);
   }
   Edit([this] { Sync(); });
@@ -303,15 +304,19 @@ void kprC_Attribute::AssertRecords(Span steps) const {
 
 void kprC_Attribute::AssertSteps(Span steps) const {
   if (!RefusedWhereNotAdmitted()) { return; }
-  bool anneal = false, refused = false;
+  bool anneal = false, admitted = true;
+  std::optional<int> refused;  // the lowest number of all steps
   States().ForEachOwn(steps, [&](std::size_t index, kprC_History::Own const& own) {
     if (!own.state || !Is(own.status, kprC_Editable)) { return; }
     kprC_StepFacts const step = Steps().Facts(index);
     anneal = anneal || step.procedureType == kprC_annealStepType;
-    refused = refused || !Admits(step, own.status != Status_::Created);
+    admitted = admitted && Admits(step, own.status != Status_::Created);
+    auto const here = RefusedIn(step);
+    if (here && (!refused || *here < *refused)) { refused = here; }
   });
   Family().Assert(!anneal, Family().anneal);
-  Family().Assert(!refused, Family().createNotAdmitted);
+  if (refused) { Family().refuse(*refused); }
+  Family().Assert(admitted, Family().createNotAdmitted);
 }
 
 // ---- members and what they name

@@ -133,6 +133,9 @@ public:
   virtual void Perform(kprC_Operation const& operation, cow_String const& step, cow_String const& toStep) = 0;
   /// Whether the attribute may stand in such a step: created or moved there, or \p carried into it.
   virtual bool Admits(kprC_StepFacts step, bool carried) const = 0;
+  /// By what number of the family the type refuses to be created or changed in such a step, where that is not the one of every type
+  /// that a step does not admit.
+  virtual std::optional<int> RefusedIn(kprC_StepFacts /*step*/) const { return {}; }
   /// Whether perturbation steps have what the last general step ended with as part of their base state, whatever the type: nobody is
   /// asked for admission there.
   virtual bool IsPartOfBaseState() const = 0;
