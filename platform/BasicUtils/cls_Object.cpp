@@ -29,6 +29,7 @@ void cls_Object::DBWrite(cls_WriteVisitor const& out) const {
   if (!out.StartWrite(DynTypeId(), uid_)) { return; }  // written already
   cls_Object const* const fresh = out.NewLike(*this);
   for (cls_MemberRow const& row : MemberRows()) {
+    if (row.again && out.IsBrief()) { continue; }  // told under its first name
     if (fresh != nullptr && row.ops->equal(row.In(BeginOf(*this)), row.In(BeginOf(*fresh)))) { continue; }
     row.Write(out, BeginOf(*this));
   }
