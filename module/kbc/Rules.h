@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "module/kbc/kbcC_BCState.h"
-#include "module/kpr/family/kprC_TypedAttribute.h"
+#include "module/kpr/family/kprC_Constraint.h"
 #include "platform/CaeUtils/omu_PrimEnumTraits.h"
 
 enum class kbcC_CategoryEnm { MECHANICAL = 0, THERMAL = 1, FLUID = 2, ELECTRICAL = 3, MASS_DIFFUSION = 4, ACOUSTIC = 5, OTHER_BC = 6 };
@@ -20,55 +20,13 @@ struct kbcC_TypeRow : kprC_LoadCaseTypeRow<kbcC_CategoryEnm> {
 /// The table of types, in the order of the lists that users see.
 DDB_API std::span<kbcC_TypeRow const> kbcC_Types();
 
-/// What sets boundary conditions apart from the other families: statuses, procedures and refusals, as tables.
-struct DDB_API kbcC_Rules : kprC_ProcedureRules {
+/// What sets boundary conditions apart from the other families: their types and refusals. All else is as with everything that constrains
+/// a region.
+struct DDB_API kbcC_Rules : kprC_ConstraintRules {
   using State = kbcC_BCState;
   using Error = kbcC_ErrorEnm;
-  using Status = mdl_PropagationStatusEnm;
   using TypeRow = kbcC_TypeRow;
   static std::span<TypeRow const> Types() { return kbcC_Types(); }
-
-  static constexpr unsigned kCarriedHere = kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated;
-  static constexpr unsigned kChangedHere = kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed;
-  /// How a status is classified; one that is not known is refused.
-  static constexpr kprC_StatusTable kStatuses = {
-      /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
-      /*  1 Created                   */ kChangedHere,
-      /*  2 Propagated                */ kCarriedHere,
-      /*  3 Modified                  */ kChangedHere | kprC_NoReset,
-      /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
-      /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
-      /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
-      /*  7 not carried here          */ kprC_Known | kprC_NoReset,
-      /*  8                           */ 0,
-      /*  9 PropagatedFromBaseState   */ kCarriedHere,
-      /* 10 ModifiedFromBaseState     */ kChangedHere | kprC_NoReset,
-      /* 11 off for this step only    */ kprC_Known | kprC_Changed,
-      /* 12 BuiltIn                   */ kprC_Known | kprC_BuiltIn,
-      /* 13                           */ kprC_NoReset,
-      /* 14                           */ 0,
-      /* 15                           */ 0,
-  };
-
-  /// What the propagator gives.
-  static constexpr kprC_PassTable kPass = {
-      .createdOff = Status::Deactivated,
-      .carried = Status::Propagated,
-      .carriedFromInitial = Status::PropagatedFromBaseState,
-      .changed = Status::Modified,
-      .changedFromInitial = Status::ModifiedFromBaseState,
-      .off = Status::Deactivated,
-      .afterOff = Status::InactiveAfterDeactivation,
-      .notAdmitted = Status::Inactive6,
-      .keptFromInitial = Status::Inactive6,
-      .perturbation = Status::PropagatedFromBaseState,
-      .perturbationChanged = Status::ModifiedFromBaseState,
-      .perturbationOff = Status::Inactive11,
-      .held = Status::BuiltIn,
-      .notCarried = Status::Inactive7,
-      .keepsPerturbationChange = true,
-      .asksAdmissionInPerturbation = true,
-  };
 
   static constexpr kprC_StepRefusals<Error> kRefusals = {
       .unknownStep = Error::UnknownStepType,
@@ -80,36 +38,26 @@ struct DDB_API kbcC_Rules : kprC_ProcedureRules {
   };
   static constexpr kprC_LoadCaseRefusals<Error> kLoadCase = {
       .notActive = Error::LoadCaseNotActive, .type = Error::LoadCaseType, .notYet = Error::LoadCaseNotSupported};
-  /// A refused operation leaves behind what it has done.
-  static constexpr bool kOnCopy = false;
-
-  // what each operation asks, in this order
-  static constexpr auto kDeactivate = std::to_array<kprC_Test>({
-      {kprC_Ask::UnknownStep, Error::UnknownStepType},
-      {kprC_Ask::NoState},
-      {kprC_Ask::SwitchedOff},
-      {kprC_Ask::Inactive, Error::NotActiveInStep},
-  });
-  static constexpr auto kReset = std::to_array<kprC_Test>({
-      {kprC_Ask::CreateStep, Error::ResetInCreateStep},
-      {kprC_Ask::UnknownStep, Error::UnknownStepType},
-      {kprC_Ask::NoReset, Error::ResetNotDeactivated},
-  });
-  /// A move asks destination and steps between as it meets them.
-  static constexpr auto kMove = std::to_array<kprC_Test>({
-      {kprC_Ask::SameStep},
-      {kprC_Ask::UnknownStep, Error::UnknownStepType},
-      {kprC_Ask::OfType},
-      {kprC_Ask::DestinationFirst, Error::MoveOntoChange},
-      {kprC_Ask::Between, Error::MoveAcrossChange},
-      {kprC_Ask::Destination, Error::MoveOntoChange},
-      {kprC_Ask::EmptyBetween},
-      {kprC_Ask::Inactive, Error::MoveInactive},
-      {kprC_Ask::Propagated, Error::MoveNothing},
-      {kprC_Ask::Perturbation, Error::MoveFromPerturbation},
-      {kprC_Ask::Target},
-      {kprC_Ask::NotAdmitted, Error::MoveToInvalidStep},
-  });
+  static constexpr kprC_ConstraintRefusals<Error> kConstraint = {
+      .stepOfOperation = Error::UnknownStepType,
+      .deactivateInactive = Error::NotActiveInStep,
+      .resetInCreateStep = Error::ResetInCreateStep,
+      .resetNotDeactivated = Error::ResetNotDeactivated,
+      .moveOntoChange = Error::MoveOntoChange,
+      .moveAcrossChange = Error::MoveAcrossChange,
+      .moveInactive = Error::MoveInactive,
+      .moveNothing = Error::MoveNothing,
+      .moveFromPerturbation = Error::MoveFromPerturbation,
+      .moveNotAdmitted = Error::MoveToInvalidStep,
+      .moveNonZeroToInitial = Error::MoveNonZeroToInitialStep,
+      .componentFreedInCreateStep = Error::CreateStepComponent,
+      .componentFreedOrUnset = Error::ComponentFreedOrUnset,
+      .componentUnset = Error::ComponentUnset,
+      .nonZeroInInitial = Error::NonZeroInInitialStep,
+  };
+  static constexpr auto kDeactivate = Deactivation(kConstraint);
+  static constexpr auto kReset = Reset(kConstraint);
+  static constexpr auto kMove = Move(kConstraint);
   static constexpr auto kOperations = Operations(kDeactivate, kReset, kMove);
   static constexpr auto kMoveTargets = MoveTargets<Error>({
       .perturbation = Error::MoveToPerturbation,
@@ -135,15 +83,6 @@ struct DDB_API kbcC_Rules : kprC_ProcedureRules {
       .inInitialStep = {},
   };
 
-  /// Modal-based procedures hold every condition by the modes of an earlier frequency step.
-  static constexpr kprC_ProcedureSet kModal = {kprC_ProcedureType::ModalDynamics,    kprC_ProcedureType::RandomResponse,
-                                               kprC_ProcedureType::ResponseSpectrum, kprC_ProcedureType::SteadyStateModal,
-                                               kprC_ProcedureType::SubspaceDynamics, kprC_ProcedureType::ComplexFrequency};
-
-  static constexpr kprC_StepKind Kind(unsigned procedureType) {
-    if (kModal.Contains(procedureType)) { return kprC_StepKind::Modal; }
-    return kprC_ProcedureRules::Kind(procedureType);
-  }
   static void Assert(bool condition, Error code) { kbcC_Assert(condition, code); }
 };
 

@@ -19,7 +19,7 @@ extern template class DDB_API kprC_StepAttribute<kbcC_Rules>;
 /// AssertValid refuses, in this order: 59 no field name with the distribution FIELD, 24 active in an anneal step, 45 active
 /// where the type is not admitted; what the type refuses; of each state what it refuses itself, 25 fixed and 6 anything but
 /// zero in the initial step.
-class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_TypedAttribute<kbcC_Rules>>, public kbcC_BCNames {
+class DDB_API kbcC_BC : public cls_Persistent<kbcC_BC, kprC_Constraint<kbcC_Rules>>, public kbcC_BCNames {
 public:
   using CategoryEnm = kbcC_CategoryEnm;
   using enum kbcC_CategoryEnm;
@@ -43,17 +43,8 @@ public:
   static constexpr omn_FixedString distributionTypeCmd() { return "distributionType"; }
   static constexpr omn_FixedString fieldNameCmd() { return "fieldName"; }
 
-  dtmC_DatumRef const& Csys() const { return *csys_; }
   DistribTypeEnum DistributionType() const { return distribution_; }
   bool UsesField() const { return distribution_ == FIELD; }
-
-  /// Refuses 20 where the create step frees a component, 21 where a step frees one in which the condition is not active.
-  /// Then as kprC_StepAttribute.
-  bool Insert(cow_String const& step, kbcC_BCState const& state) override;
-
-  rgnC_Region const& Region() const { return *region_; }
-  /// Motion is one quantity, whether it is given as displacement, velocity or acceleration; any other type is its own.
-  kprC_Prescription Prescribes(cls_Object const& state) const override;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit(suppressCmd(), &kbcC_BC::suppress_, cls_MemberText{"whether the condition is suppressed as a whole"}.NotSettable());
@@ -68,20 +59,12 @@ public:
 
 protected:
   void AssertMembers() const override;
-  void AssertMemberState(std::size_t index, std::string_view member, std::string_view word) const override;
+  bool IsUserDefined() const override { return distribution_ == USER_DEFINED; }
   void AssertState(kbcC_BCState const& state, std::size_t index) const override;
-  /// Refuses 26: anything but zero moved into the initial step.
-  void AssertOperation(kprC_Effect effect, std::size_t from, std::size_t to) const override;
   /// What is constrained stays so when it is carried.
   bool ValidByOwnRule(unsigned procedureType, bool carried) const override;
 
 private:
-  /// Refuses 20 for a component freed in the create step (\p index npos: being created); elsewhere 21 for one freed or
-  /// unset where the condition is not active, 22 for one unset where it is.
-  void AssertComponentState(std::size_t index, bool freed, bool unset) const;
-
-  cls_Shared<rgnC_Region> region_;
-  cls_Shared<dtmC_DatumRef> csys_;
   omu_PrimEnum<DistribTypeEnum, 1> distribution_;
   cow_String fieldName_;
 };

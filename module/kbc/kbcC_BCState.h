@@ -4,28 +4,15 @@
 #include "module/kbc/kbcC_Names.h"
 #include "module/kbc/kbcC_assert.h"
 #include "module/kpr/engine/kprC_StepDependent.h"
-#include "module/kpr/family/kprC_AmplitudeState.h"
+#include "module/kpr/family/kprC_ConstraintState.h"
 
 /// What a boundary condition sets in a step: base of the types' states.
-class DDB_API kbcC_BCState : public kprC_StateOf<kbcC_BCState, kprC_AmplitudeState<&kbcC_Assert>>, public kbcC_BCStateNames {
+class DDB_API kbcC_BCState : public kprC_StateOf<kbcC_BCState, kprC_ConstraintState<&kbcC_Assert>>, public kbcC_BCStateNames {
 public:
   kbcC_BCState() = default;
   explicit kbcC_BCState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
 
   static constexpr omn_FixedString fixedCmd() { return "fixed"; }
-
-  /// Whether the condition holds its region where the step begins, whatever that is. Always false of a type without "fixed".
-  virtual bool IsFixed() const { return false; }
-  /// Whether anything but zero is prescribed, by this step or an earlier one.
-  bool IsNonZero() const;
-  /// Whether the step itself prescribes anything but zero.
-  bool SetsNonZero() const;
-  /// The components that the type prescribes: a bit for the number of each.
-  virtual std::uint32_t Components() const;
-  /// Those that are in force, or held.
-  virtual std::uint32_t ComponentsInForce() const;
-  /// Names of the components in force whose bits (of the numbers 1 to 6) \p offers does not hold, separated by ", ".
-  std::string ComponentsBeyond(unsigned offers) const;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     visit(deactivateCmd(), &kbcC_BCState::switchedOff_, cls_MemberText{"whether the condition is switched off in the step"}.NotSettable());
@@ -41,7 +28,7 @@ inline constexpr int kbcC_oneValue = kprC_oneValue;
 
 /// The line of a list for a component, 1 to 6, or the one value that is prescribed; it refuses 36 what does not fit.
 constexpr cls_MemberText kbcC_Component(int number, std::string_view meaning, std::string_view unit) {
-  return cls_MemberText{meaning, unit}.Refused(kbcC_ErrorEnm::ComponentValue).Component(number);
+  return kprC_Component(kbcC_ErrorEnm::ComponentValue, number, meaning, unit);
 }
 /// The line of a list for another value, which refuses the same.
 constexpr cls_MemberText kbcC_Value(std::string_view meaning, std::string_view unit = "") {

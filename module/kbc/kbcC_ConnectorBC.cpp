@@ -13,7 +13,7 @@ void kbcC_ConnectorBC::AssertInModel(ddr_Model const& model) const {
     }
   }
   ForEachEditable([offers](kbcC_BCState const& state) {
-    std::string const missing = state.ComponentsBeyond(offers);
+    std::string const missing = kprC_ComponentsBeyond(state, offers);
     kbcC_AssertContent(missing.empty(), kbcC_ContentErrorEnm::UnavailableComponents, missing);
   });
 }
