@@ -6,6 +6,7 @@
 #include "cli/Console.h"
 #include "cli/ModelPath.h"
 #include "cli/Program.h"
+#include "cli/ResultsFiles.h"
 #include "command/Check.h"
 #include "report/TextTable.h"
 #include "text/Text.h"
@@ -16,7 +17,7 @@ namespace {
 struct CheckOptions {
   std::string model;
   Format format = Format::Text;
-  std::string color;
+  std::string color, results;
 };
 
 Json ToJson(Finding const& finding) {
@@ -50,6 +51,7 @@ std::string MessageText(Finding const& finding) {
 }
 
 int RunCheck(CheckOptions const& options) {
+  UseResults(options.results);
   std::vector<Finding> const findings = Check(ModelPath(options.model).Open());
   if (options.format == Format::Json) {
     Json list = Json::array();
@@ -80,6 +82,7 @@ void AddCheck(CLI::App& program, Action& action) {
   auto const options = std::make_shared<CheckOptions>();
   CLI::App& command = *program.add_subcommand("check", "Find what is wrong in a model");
   command.add_option("MODEL", options->model, kModelHelp)->required()->type_name("");
+  command.add_option("--results", options->results, kResultsHelp)->type_name("FOLDER");
   AddFormat(command, options->format, {"text", "json"});
   AddColor(command, options->color);
   command.footer(

@@ -13,6 +13,7 @@
 #include "cli/Console.h"
 #include "cli/ModelPath.h"
 #include "cli/Program.h"
+#include "cli/ResultsFiles.h"
 #include "command/Journal.h"
 #include "command/Session.h"
 #include "report/Display.h"
@@ -22,7 +23,7 @@ namespace gattr::cli {
 namespace {
 
 struct ReplayOptions {
-  std::string journal, on, output;
+  std::string journal, on, output, results;
   bool trace = false, keepGoing = false, force = false;
 };
 
@@ -151,6 +152,7 @@ private:
 std::string Counted(std::size_t count, std::string_view what) { return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s"); }
 
 int Run(ReplayOptions const& options) {
+  UseResults(options.results);
   std::optional<ModelPath> on, output;
   if (!options.on.empty()) { on.emplace(options.on); }
   if (!options.output.empty() && options.output != options.on) { output.emplace(options.output); }
@@ -203,6 +205,7 @@ void AddReplay(CLI::App& program, Action& action) {
   command.add_option("JOURNAL", options->journal, "one JSON command per line; - is standard input")->required()->type_name("");
   command.add_option("-o,--output", options->output, "write the model when everything was done (.gadb, .gattr.json)")->type_name("MODEL");
   command.add_option("--on", options->on, "begin with this model instead of an empty one")->type_name("MODEL");
+  command.add_option("--results", options->results, kResultsHelp)->type_name("FOLDER");
   command.add_flag("--trace", options->trace, "print a JSON object per line: the outcome, and the histories it made");
   command.add_flag("--keep-going", options->keepGoing, "go on after a command that is refused");
   command.add_flag("--force", options->force, "write the model also where somebody else has changed it since it was opened");

@@ -23,6 +23,7 @@ module/kpr/procedures: $kpr module/kpr/engine
 module/kpr/family: $kpr module/kpr/engine module/kpr/procedures
 module/kpr/records: $kpr module/kpr/engine
 module/kpr/steps: $kpr module/kpr/engine module/kpr/procedures module/kpr/records
+module/kpr/mesh: $kpr module/kpr/engine module/kpr/procedures module/kpr/family
 module/kpr/model: $kpr module/kpr/engine module/kpr/procedures module/kpr/records module/kpr/steps
 module/kbc: $library module/kpr
 module/klo: $library module/kpr

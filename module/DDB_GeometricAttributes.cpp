@@ -9,6 +9,7 @@
 #include "module/kin/kinC_module.h"
 #include "module/klo/kloC_module.h"
 #include "module/kor/korC_module.h"
+#include "module/kpf/kpfC_module.h"
 #include "module/kpr/kprC_module.h"
 #include "platform/BasicUtils/ZLKUTI_BasicUtils.h"
 #include "platform/CaeUtils/ZLKUTI_CaeUtils.h"

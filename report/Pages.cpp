@@ -10,7 +10,9 @@
 #include "command/Variables.h"
 #include "command/Words.h"
 #include "module/kor/korC_Output.h"
+#include "module/kpf/kpfC_Field.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
+#include "module/kpr/mesh/kprC_AdptMeshCons.h"
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "platform/BasicUtils/nex_ErrorTable.h"
@@ -366,8 +368,10 @@ std::string OutputVariables() {
   return text;
 }
 
-/// "boundary-conditions" of "boundaryConditions".
+/// "boundary-conditions" of "boundaryConditions"; shorter names where they say as much.
 std::string PageName(std::string_view member) {
+  if (member == kpfC_Field::predefinedFieldsCmd().View()) { return "fields"; }
+  if (member == kprC_AdptMeshCons::adptMeshConsRepositoryCmd().View()) { return "mesh-constraints"; }
   std::string name;
   for (char const c : member) {
     bool const begins = c >= 'A' && c <= 'Z';

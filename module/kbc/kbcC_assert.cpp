@@ -24,7 +24,7 @@ constexpr omu_RefusalTable kTable = {"kbc", "generated/module/kbc/com/impl/kbcC_
 void kbcC_Assert(bool condition, kbcC_ErrorEnm code) { omu_Assert(kTable, condition, static_cast<int>(code)); }
 
 void kbcC_AssertContent(bool condition, kbcC_ContentErrorEnm code, std::string_view text) {
-  omu_AssertContent(kTable, condition, static_cast<std::size_t>(code), text);
+  omu_AssertContent(kTable, condition, static_cast<std::size_t>(code), {text});
 }
 
 nex_Catalogue kbcC_Errors() { return omu_CatalogueOf(kTable); }

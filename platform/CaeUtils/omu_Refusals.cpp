@@ -13,8 +13,8 @@ void omu_Refuse(omu_RefusalTable const& table, int code) {
   nex_Exception::Throw(nex_TextException(text, origin), table.sourceName, table.textLine);
 }
 
-void omu_AssertContent(omu_RefusalTable const& table, bool condition, std::size_t row, std::string_view text) {
+void omu_AssertContent(omu_RefusalTable const& table, bool condition, std::size_t row, std::initializer_list<std::string_view> texts) {
   if (condition) { return; }
-  atr_String const message = atr_SubstituteFormat(atr_translate(table.contents[row].text), {text});
+  atr_String const message = atr_SubstituteFormat(atr_translate(table.contents[row].text), texts);
   nex_Exception::Throw(nex_TextException(message, {table.module, -1}), table.sourceName, table.textLine);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <initializer_list>
+#include <string_view>
+
 #include "platform/BasicUtils/nex_ErrorTable.h"
 
 /// A module's refusals and where its exceptions say that they come from.
@@ -21,7 +24,8 @@ struct omu_RefusalTable {
 inline void omu_Assert(omu_RefusalTable const& table, bool condition, int code) {
   if (!condition) { omu_Refuse(table, code); }
 }
-/// The same of a refusal whose message has \p text in its place; a nex_TextException without a code.
-DDB_API void omu_AssertContent(omu_RefusalTable const& table, bool condition, std::size_t row, std::string_view text);
+/// The same of a refusal whose message has \p texts in their places; a nex_TextException without a code.
+DDB_API void omu_AssertContent(omu_RefusalTable const& table, bool condition, std::size_t row,
+                               std::initializer_list<std::string_view> texts);
 
 constexpr nex_Catalogue omu_CatalogueOf(omu_RefusalTable const& table) { return {table.module, table.rows, table.contents}; }

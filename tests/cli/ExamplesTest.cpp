@@ -137,6 +137,18 @@ TEST_F(Examples, GiveTheHistoriesThatTheirPageTells) {
         "Gas": [0, 1, 3, 2, 4],
         "Glow": [0, 0, 1, 2, 2],
         "Water": [0, 0, 0, 1, 4]})"},
+      {"cast_bracket.jsonl", R"({
+        "Ground": [1, 9, 9, 9, 9, 9, 9],
+        "Mould": [0, 1, 2, 4, 5, 5, 5],
+        "Casting": [1, 2, 3, 2, 8, 15, 13],
+        "Insert": [1, 2, 3, 2, 8, 2, 3],
+        "Porosity": [1, 2, 2, 2, 8, 2, 2],
+        "Rolled": [1, 14, 14, 14, 8, 14, 14]})"},
+      {"extrusion.jsonl", R"({
+        "Inlet": [0, 1, 2, 3, 6, 2],
+        "Outlet": [1, 9, 10, 3, 6, 4],
+        "Die": [1, 9, 9, 9, 6, 9],
+        "Ram": [0, 1, 2, 2, 6, 2]})"},
   };
   for (auto const& [example, histories] : rows) {
     std::filesystem::remove(Path("m.gadb"));
@@ -147,6 +159,20 @@ TEST_F(Examples, GiveTheHistoriesThatTheirPageTells) {
 TEST_F(Examples, ReportGeneralContactAsItsPageShows) {
   Ran const run = Gattr({"replay", (Folder() / "crash_box.jsonl").string()});
   test::ExpectOnPage("docs/general-contact.md", "report", "```\n" + run.out + "```\n");
+}
+
+TEST_F(Examples, AreHeldAgainstTheResultsThatTheyRead) {
+  std::string const folder = Folder().string();
+  EXPECT_EQ(Gattr({"replay", folder + "/cast_bracket.jsonl", "--results", folder, "-o", "m.gadb"}).status, 0);
+  EXPECT_EQ(Gattr({"check", "m.gadb", "--results", folder}).out, "nothing found\n");
+  EXPECT_NE(Gattr({"check", "m.gadb", "--results", "."}).out.find("Missing odb file mould.odb"), std::string::npos);
+  Ran const run = Gattr({"replay", "--on", "m.gadb", "--results", folder, "-"},
+                        R"({"command": "setValuesInStep", "predefinedField": "Casting", "stepName": "Cool", "endStep": 3})"
+                        "\n");
+  EXPECT_NE(run.err.find("[kpf 84]"), std::string::npos) << run.err;
+  EXPECT_EQ(Gattr({"check", "m.gadb", "--results", "nowhere"}).status, 2);
+  std::ofstream(Path("mould.odb.json")) << "{}";
+  EXPECT_NE(Gattr({"check", "m.gadb", "--results", "."}).out.find("is not of the form"), std::string::npos);
 }
 
 TEST_F(Examples, RefuseComponentsThatTheCrankDoesNotOffer) {

@@ -35,6 +35,9 @@ std::vector<std::string> const kModel = {
     R"({"command": "BoltLoad", "name": "Stud", "createStepName": "Press", "region": "Washer", "magnitude": 9e4})",
     R"({"command": "Pressure", "name": "Idle", "createStepName": "Press", "magnitude": 2, "distType": "FIELD", "fieldName": "Bow"})",
     R"({"command": "suppress", "load": "Idle"})",
+    R"({"command": "Temperature", "name": "Warm", "createStepName": "Press", "region": "Die", "magnitudes": 20})",
+    R"({"command": "Hardening", "name": "Rolled", "createStepName": "Initial", "region": "Die", "equivPlasticStrain": 0.1})",
+    R"({"command": "DisplacementAdaptiveMeshConstraint", "name": "Still", "createStepName": "Initial", "region": "Die", "u1": 0})",
 };
 
 struct RefusedLine {
@@ -89,11 +92,49 @@ INSTANTIATE_TEST_SUITE_P(
         RefusedLine{R"({"command": "setModelSpace", "space": "THREE_DE"})", kValue, {"\"AXISYMMETRIC\"", "Did you mean \"THREE_D\"?"}},
         RefusedLine{R"({"command": "deactivate", "stepName": "Hold"})",
                     kKey,
-                    {"object is missing",
-                     "one of \"boundaryCondition\", \"fieldOutputRequest\", \"historyOutputRequest\", \"interaction\", \"load\"."}},
+                    {"object is missing", "one of \"adaptiveMeshConstraint\", \"boundaryCondition\", \"fieldOutputRequest\", "
+                                          "\"historyOutputRequest\", \"interaction\", \"load\"."}},
         RefusedLine{R"({"command": "rename", "step": "Hold", "region": "Die", "newName": "A"})", kKey, {"no argument \"region\""}},
         RefusedLine{R"({"command": "deactivate", "step": "Hold"})", kKey, {"\"deactivate\" is no command on a step"}},
         RefusedLine{R"({"command": "replace", "boundaryCondition": "Fix"})", kKey, {"no command on a boundaryCondition"}}));
+
+INSTANTIATE_TEST_SUITE_P(
+    OfFieldsAndMeshConstraints, Refusals,
+    ::testing::Values(
+        RefusedLine{
+            R"({"command": "deactivate", "predefinedField": "Warm", "stepName": "Hold"})", kKey, {"no command on a predefinedField"}},
+        RefusedLine{R"({"command": "resetToInitial", "predefinedField": "Cold", "stepName": "Hold"})", "kpf 2", {"\"Warm\""}},
+        RefusedLine{R"({"command": "resetToInitial", "predefinedField": "Rolled", "stepName": "Hold"})", "kpf 4", {"initial"}, false},
+        RefusedLine{R"({"command": "resetToInitial", "predefinedField": "Warm", "stepName": "Shake"})", "kpf 5", {"Shake"}, false},
+        RefusedLine{R"({"command": "resetToPropagated", "predefinedField": "Warm", "stepName": "Hold"})", "kpf 89", {"remove"}, false},
+        RefusedLine{R"({"command": "setValuesInStep", "predefinedField": "Warm", "stepName": "Shake", "magnitudes": 3})",
+                    "kpf 8",
+                    {"base state"},
+                    false},
+        RefusedLine{R"({"command": "setValues", "predefinedField": "Warm", "magnitude": 3, "temperature": 4})",
+                    kValue,
+                    {"two names of one member"}},
+        RefusedLine{R"({"command": "setValues", "predefinedField": "Warm", "distributionType": "FIELD", "fieldName": "Bend"})",
+                    "kpf 97",
+                    {"\"Bow\""}},
+        RefusedLine{R"({"command": "setValues", "predefinedField": "Warm", "amplitude": "Rump"})", "kpf 13", {"Did you mean \"Ramp\"?"}},
+        RefusedLine{R"({"command": "setValues", "predefinedField": "Warm", "beginStep": "SECOND_STEP"})", "kpf 91", {"\"FIRST_STEP\""}},
+        RefusedLine{R"({"command": "Temperature", "name": "T", "createStepName": "Initial", "region": 5})", "kpf 73", {"\"region\""}},
+        RefusedLine{R"({"command": "Velocity", "name": "V", "createStepName": "Hold", "region": "Die", "velocity1": 1})",
+                    "kpf 27",
+                    {"\"Hold\" is a step of the procedure STATIC_GENERAL", "\"Initial\""},
+                    false},
+        RefusedLine{R"({"command": "setValuesInStep", "adaptiveMeshConstraint": "Still", "stepName": "Shake", "u1": 1})",
+                    "kpr 185",
+                    {"passed over"},
+                    false},
+        RefusedLine{
+            R"({"command": "setValues", "adaptiveMeshConstraint": "Still", "u1": 1})", "kpr 190", {"\"Still\" in step \"Initial\""}, false},
+        RefusedLine{R"({"command": "setValues", "adaptiveMeshConstraint": "Still", "amplitude": ""})", "kpr 207", {"empty"}},
+        RefusedLine{R"({"command": "VelocityAdaptiveMeshConstraint", "name": "Still", "createStepName": "Press"})",
+                    "kpr 189",
+                    {"\"Still\""},
+                    false}));
 
 INSTANTIATE_TEST_SUITE_P(
     OfSteps, Refusals,

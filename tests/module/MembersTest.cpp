@@ -18,6 +18,8 @@
 #include "module/kor/korC_Filter.h"
 #include "module/kor/korC_IntegratedOutputSection.h"
 #include "module/kor/korC_Output.h"
+#include "module/kpf/kpfC_Fields.h"
+#include "module/kpr/mesh/kprC_AdptMeshCons.h"
 #include "module/kpr/model/kprC_StepContainer.h"
 #include "module/kpr/records/kprC_TimePoint.h"
 #include "module/kpr/steps/kprC_Steps.h"
@@ -104,6 +106,12 @@ TEST_F(Members, AreAllListedByTheirClass) {
 #define DDB_INSTANCE(number, Class)
 #define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
 #include "module/kor/Types.def"
+#define DDB_INSTANCE(number, Class)
+#define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
+#include "module/kpf/Types.def"
+#define DDB_INSTANCE(number, Class)
+#define DDB_CLASS(number, Class) ExpectEveryFieldListed<Class>(known);
+#include "module/kpr/mesh/Types.def"
 }
 
 TEST_F(Members, AreRefusedWhenTwoHaveOneName) {

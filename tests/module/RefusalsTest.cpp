@@ -12,6 +12,7 @@
 #include "module/kin/kinC_assert.h"
 #include "module/klo/kloC_assert.h"
 #include "module/kor/korC_assert.h"
+#include "module/kpf/kpfC_assert.h"
 #include "module/kpr/kprC_assert.h"
 #include "platform/CaeUtils/omu_ValueErrorException.h"
 
@@ -28,6 +29,7 @@ struct Module {
 Module const kModules[] = {
     {kbcC_Errors(), [](int code) { kbcC_Assert(false, static_cast<kbcC_ErrorEnm>(code)); }, 193, 199, "text "},
     {kloC_Errors(), [](int code) { kloC_Assert(false, static_cast<kloC_ErrorEnm>(code)); }, 277, 271, "value "},
+    {kpfC_Errors(), [](int code) { kpfC_Assert(false, static_cast<kpfC_ErrorEnm>(code)); }, 20, 20, "text "},
     {kinC_Errors(), [](int code) { kinC_Assert(false, static_cast<kinC_ErrorEnm>(code)); }, 684, 678, "value "},
     {korC_Errors(), [](int code) { korC_Assert(false, static_cast<korC_ErrorEnm>(code)); }, 291, 285, "value "},
     {kprC_Errors(), [](int code) { kprC_Assert(false, static_cast<kprC_ErrorEnm>(code)); }, -1, 20, "text "},
@@ -61,6 +63,8 @@ TEST(Refusals, AreRaisedAsTheirRowSays) {
     }
   }
   EXPECT_NO_THROW(kbcC_Assert(true, kbcC_ErrorEnm::Suppressed));
+  EXPECT_EQ(kpfC_i18n(kpfC_ErrorEnm::ZeroMagnitude).View(), nex_FindRow(kpfC_Errors().rows, 28)->text);
+  EXPECT_TRUE(kpfC_i18n(static_cast<kpfC_ErrorEnm>(98)).IsEmpty());
   EXPECT_NO_THROW(kbcC_AssertContent(true, kbcC_ContentErrorEnm::UnavailableComponents, "u1"));
 }
 
@@ -83,7 +87,7 @@ std::map<std::string, std::set<std::string>> Places(std::string const& module) {
       auto const each = [&](std::regex const& pattern, auto&& take) {
         for (std::sregex_iterator at(text.begin(), text.end(), pattern), end; at != end; ++at) { take(*at); }
       };
-      if (stem == "Rules" && path.parent_path().filename() == module) {
+      if (stem == "Rules" && path.string().find("/module/" + module + "/") != std::string::npos) {
         each(inRules, [&](std::smatch const& match) { places[match[2]].insert("Rules." + match[1].str()); });
         each(operation, [&](std::smatch const& tests) {
           std::string const list = tests[2];

@@ -21,6 +21,7 @@ TEST_P(Pages, ShowWhatTheLibrarySaysOfItself) {
 
 INSTANTIATE_TEST_SUITE_P(All, Pages,
                          testing::Values("docs/refusals.md", "docs/reference.md", "docs/steps.md", "docs/histories.md", "docs/check.md",
-                                         "docs/boundary-conditions.md", "docs/loads.md", "docs/interactions.md", "docs/output.md"));
+                                         "docs/boundary-conditions.md", "docs/loads.md", "docs/interactions.md", "docs/output.md",
+                                         "docs/fields.md", "docs/mesh-constraints.md"));
 
 }  // namespace

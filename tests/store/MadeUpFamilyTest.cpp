@@ -2,7 +2,11 @@
 
 #include "module/kin/kinC_module.h"
 #include "module/kor/korC_module.h"
+#include "module/kpf/kpfC_module.h"
+#include "module/kpr/mesh/kprC_AdptMeshCons.h"
 #include "tests/store/Models.h"
+#include "tests/support/ConstraintRules.h"
+#include "tests/support/FieldRules.h"
 #include "tests/support/InteractionRules.h"
 #include "tests/support/OutputRules.h"
 #include "tests/support/RandomContact.h"
@@ -57,6 +61,16 @@ TEST(Interactions, ComeBackFromEveryStoreAfterAnyEdits) {
 TEST(OutputRequests, ComeBackFromEveryStoreAfterAnyEdits) {
   ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<korC_FieldOutput>(korC_FieldOutput::repositoryCmd(), 40, test::kOutputRules));
   ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<korC_HistoryOutput>(korC_HistoryOutput::repositoryCmd(), 40, test::kOutputRules));
+}
+
+// reset to the initial value in place of switched off; members with several names
+TEST(Fields, ComeBackFromEveryStoreAfterAnyEdits) {
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<kpfC_Field>(kpfC_Field::predefinedFieldsCmd(), 8, test::kFieldRules));
+}
+
+TEST(MeshConstraints, ComeBackFromEveryStoreAfterAnyEdits) {
+  auto const extension = kprC_AdptMeshCons::adptMeshConsRepositoryCmd();
+  ASSERT_NO_FATAL_FAILURE(ExpectToComeBack<kprC_AdptMeshCons>(extension, 20, test::kConstraintRules));
 }
 
 // lists of values that begin in any step

@@ -213,7 +213,8 @@ struct Rules {
   bool staysWhenRefused = true;     ///< a refused edit leaves the attribute as it was
   int off = 4, afterOff = 5;
   bool moveEmptiesBetween = true;
-  int staysPut = -1;  ///< a record of that status is not moved
+  int staysPut = -1;          ///< a record of that status is not moved
+  bool zeroInInitial = true;  ///< values in the initial step are zero
 };
 
 /// What a type says of a step.

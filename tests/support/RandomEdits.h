@@ -132,8 +132,9 @@ private:
     script_.append(" ").append(NameOfProcedure(type)).append(std::to_string(step->Traits()));
     return {cow_String(name), std::move(step)};
   }
-  /// A value of the member's kind. Objects are given by their members, those that the model has by their name.
-  cls_Value Value(cls_MemberInfo const& info, bool zero) {
+  /// A value of the member's kind in the step \p at. Objects are given by their members, those that the model has by their name.
+  cls_Value Value(cls_MemberInfo const& info, std::size_t at) {
+    bool const zero = at == 0 && rules_.zeroInInitial;
     bool const byName = info.typeId == rgnC_Region::TypeId() || info.typeId == dtmC_DatumRef::TypeId();
     auto const one = [&]() -> cls_Value {
       auto const number = static_cast<int>(UpTo(20));
@@ -147,7 +148,7 @@ private:
       }
       cls_Value::Fields fields;
       for (cls_MemberInfo const& inner : cls_MetadataRegistrar::Registrar().Find(info.typeId)->members) {
-        fields.emplace_back(inner.name, Value(inner, zero));
+        fields.emplace_back(inner.name, Value(inner, at));
       }
       return fields;
     };
@@ -175,12 +176,13 @@ private:
     repository_.UpdateSteps(table);
     for (int tries = 0; tries < 20; ++tries) {
       fresh_ = type_.make();
-      if (cls_MetadataRegistrar::Registrar().Find(fresh_->DynTypeId())->Find("fieldName") != nullptr) {
-        fresh_->SetMember("fieldName", "Field");
+      for (char const* const named : {"fieldName", "region"}) {
+        if (cls_MetadataRegistrar::Registrar().Find(fresh_->DynTypeId())->Find(named) != nullptr) { fresh_->SetMember(named, "Named"); }
       }
       kprC_Arguments values;
+      std::size_t const often = UpTo(5);  // some types take many values together, some few
       for (cls_MemberInfo const* member : members_) {
-        if (UpTo(3) != 0) { values.emplace_back(member->name, Value(*member, at == 0)); }
+        if (UpTo(3) < std::min(often, std::size_t{3})) { values.emplace_back(member->name, Value(*member, at)); }
       }
       std::string unknown;
       ASSERT_TRUE(fresh_->SetInStep(table.Name(at), values, &unknown)) << script_ << unknown;
@@ -260,7 +262,7 @@ private:
     kprC_Arguments members;
     for (cls_MemberInfo const* member : members_) {
       if (free ? members.empty() && UpTo(1) == 0 : UpTo(2) == 0) {
-        members.emplace_back(member->name, free ? cls_Value("FREED") : Value(*member, at == 0));
+        members.emplace_back(member->name, free ? cls_Value("FREED") : Value(*member, at));
         script_ += " " + member->name;
       }
     }

@@ -166,6 +166,7 @@ protected:
 private:
   /// \p index npos: being created.
   void AssertComponentState(std::size_t index, bool freed, bool unset) const {
+    if (!freed && !unset) { return; }
     constexpr auto const& to = Rules::kConstraint;
     bool const creation = index == kprC_StepTable::npos || this->StatusAt(index) == mdl_PropagationStatusEnm::Created;
     if (creation) { return Rules::Assert(!freed, to.componentFreedInCreateStep); }

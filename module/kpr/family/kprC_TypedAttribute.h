@@ -14,12 +14,13 @@ template <class Error> struct kprC_LoadCaseRefusals {
   Error notYet;  ///< of a type that load cases do not yet support
 };
 
-/// An attribute of a family whose types stand in a table: Rules::Types() gives rows of Rules::TypeRow. Where they are
-/// kprC_LoadCaseTypeRow, Rules::kLoadCase has the refusals.
+/// An attribute of a family whose types stand in a table: Rules::Types() gives rows of Rules::TypeRow. Where they say something of
+/// load cases, Rules::kLoadCase has the refusals; where they have a category, users see it.
 template <class Rules> class kprC_TypedAttribute : public kprC_StepAttribute<Rules> {
 public:
   using TypeRow = typename Rules::TypeRow;
   static constexpr bool kInLoadCases = requires(TypeRow const& row) { row.loadCase; };
+  static constexpr bool kInCategories = requires(TypeRow const& row) { row.category; };
 
   /// The type's row. Linear in the family's types.
   TypeRow const& Type() const { return *kprC_FindType(Rules::Types(), this->DynTypeId()); }
@@ -40,9 +41,9 @@ public:
   }
   bool Admits(kprC_StepFacts step, bool carried) const override { return ValidInStepButRelaxCheckOnInitial(step.procedureType, carried); }
 
-  auto Category() const requires kInLoadCases { return Type().category; }
+  auto Category() const requires kInCategories { return Type().category; }
   std::string CategoryText() const override {
-    if constexpr (kInLoadCases) {
+    if constexpr (kInCategories) {
       return std::string(omu_PrimEnum<decltype(TypeRow::category), 1>(Type().category).View());
     } else {
       return {};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "module/kpr/Types.h"
+
+class ddr_Model;
+template <class T> class kprC_PropagatingContainer;
+template <class S> class kprC_PropagatingState;
+template <class Owner, class Member, int Dimension> class ddr_MemberShortcut;
+
+// the classes' names, then their identities
+#define DDB_CLASS(number, Class) class Class;
+#define DDB_INSTANCE(number, Class)
+#include "module/kpr/mesh/Types.def"
+
+/// The way to the adaptive mesh constraints of a model.
+using kprC_AdptMeshConsContainerShortcut = ddr_MemberShortcut<ddr_Model, kprC_PropagatingContainer<kprC_AdptMeshCons>, 1>;
+
+#define DDB_CLASS(number, Class) CLS_TYPE_ID(kprC_moduleNumber, number, Class)
+#include "module/kpr/mesh/Types.def"
