@@ -35,9 +35,10 @@ std::vector<std::string> const kModel = {
     R"({"command": "BoltLoad", "name": "Stud", "createStepName": "Press", "region": "Washer", "magnitude": 9e4})",
     R"({"command": "Pressure", "name": "Idle", "createStepName": "Press", "magnitude": 2, "distType": "FIELD", "fieldName": "Bow"})",
     R"({"command": "suppress", "load": "Idle"})",
-    R"({"command": "Temperature", "name": "Warm", "createStepName": "Press", "region": "Die", "magnitudes": 20})",
-    R"({"command": "Hardening", "name": "Rolled", "createStepName": "Initial", "region": "Die", "equivPlasticStrain": 0.1})",
-    R"({"command": "DisplacementAdaptiveMeshConstraint", "name": "Still", "createStepName": "Initial", "region": "Die", "u1": 0})",
+    R"({"command": "Set", "name": "Rod"})",
+    R"({"command": "Temperature", "name": "Warm", "createStepName": "Press", "region": "Rod", "magnitudes": 20})",
+    R"({"command": "Hardening", "name": "Rolled", "createStepName": "Initial", "region": "Rod", "equivPlasticStrain": 0.1})",
+    R"({"command": "DisplacementAdaptiveMeshConstraint", "name": "Still", "createStepName": "Initial", "region": "Rod", "u1": 0})",
 };
 
 struct RefusedLine {
@@ -106,7 +107,8 @@ INSTANTIATE_TEST_SUITE_P(
         RefusedLine{R"({"command": "resetToInitial", "predefinedField": "Cold", "stepName": "Hold"})", "kpf 2", {"\"Warm\""}},
         RefusedLine{R"({"command": "resetToInitial", "predefinedField": "Rolled", "stepName": "Hold"})", "kpf 4", {"initial"}, false},
         RefusedLine{R"({"command": "resetToInitial", "predefinedField": "Warm", "stepName": "Shake"})", "kpf 5", {"Shake"}, false},
-        RefusedLine{R"({"command": "resetToPropagated", "predefinedField": "Warm", "stepName": "Hold"})", "kpf 89", {"remove"}, false},
+        RefusedLine{
+            R"({"command": "resetToPropagated", "predefinedField": "Warm", "stepName": "Initial"})", "kpf 89", {"nothing to reset"}, false},
         RefusedLine{R"({"command": "setValuesInStep", "predefinedField": "Warm", "stepName": "Shake", "magnitudes": 3})",
                     "kpf 8",
                     {"base state"},
@@ -544,10 +546,10 @@ TEST_F(Editing, RenamesAttributesAndSteps) {
   EXPECT_EQ(renamed.history[0].first, "Drive");
   EXPECT_TRUE(session.Execute(Line(R"({"command": "rename", "load": "Pull", "newName": "Drive"})")).ok);
   Outcome const step = session.Execute(Line(R"({"command": "rename", "step": "Press", "newName": "Form"})"));
-  EXPECT_EQ(step.history.size(), 9U) << "a command on a step tells of every attribute";
+  EXPECT_EQ(step.history.size(), 12U) << "a command on a step tells of every attribute";
   std::set<std::string> names;
   for (auto const& [name, statuses] : step.history) { names.insert(name); }
-  EXPECT_EQ(names.size(), 9U);
+  EXPECT_EQ(names.size(), 12U);
   EXPECT_TRUE(names.contains(R"(load "Drive")") && names.contains(R"(boundaryCondition "Drive")")) << "told apart by their kind";
   EXPECT_EQ(BoundaryConditions(session).ConstItem("Drive")->CreateStepName(), "Form");
 }

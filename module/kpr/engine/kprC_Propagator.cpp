@@ -22,7 +22,8 @@ bool kprC_IsOffByItself(Status status, kprC_State const& state, bool ownRecordsO
     case Status::InactiveAfterDeactivation:
     case Status::Inactive6:
     case Status::Inactive7:
-    case Status::Reserved13: return ownRecordsOnly && !IsModified(state);
+    case Status::Reserved13:
+    case Status::Status14: return ownRecordsOnly && !IsModified(state);
     default: return false;
   }
 }

@@ -7,7 +7,7 @@ namespace {
 class FieldHistories : public test::WithLibrary {};
 
 TEST_F(FieldHistories, OfAllTypesAreThoseThatAWalkOverEveryRecordGives) {
-  test::ExpectPlainHistories(kpfC_Field::Constructors(), test::kFieldRules, 30);
+  test::ExpectPlainHistories(kpfC_Field::Constructors(), test::kFieldRules, 60);
 }
 
 }  // namespace

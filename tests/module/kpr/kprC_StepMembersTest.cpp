@@ -13,10 +13,11 @@ protected:
   StepMembers() { kprC_initialize(count_); }
   ~StepMembers() override { kprC_finalize(count_); }
 
-  /// Every class of the module that can be made.
+  /// Every class of the module that can be made, but for the mesh constraints: they are tried as all families are.
   template <class Fn> static void ForEachClass(Fn&& fn) {
     for (auto const& [type, info] : cls_MetadataRegistrar::Registrar().Classes()) {
-      if (type >> 16 == kprC_moduleNumber && info.make != nullptr) { fn(info); }
+      bool const isOfMesh = info.name.find("AdptMeshCons") != std::string::npos;
+      if (type >> 16 == kprC_moduleNumber && info.make != nullptr && !isOfMesh) { fn(info); }
     }
   }
 
