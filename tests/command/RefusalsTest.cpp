@@ -93,8 +93,9 @@ INSTANTIATE_TEST_SUITE_P(
         RefusedLine{R"({"command": "setModelSpace", "space": "THREE_DE"})", kValue, {"\"AXISYMMETRIC\"", "Did you mean \"THREE_D\"?"}},
         RefusedLine{R"({"command": "deactivate", "stepName": "Hold"})",
                     kKey,
-                    {"object is missing", "one of \"adaptiveMeshConstraint\", \"boundaryCondition\", \"fieldOutputRequest\", "
-                                          "\"historyOutputRequest\", \"interaction\", \"load\"."}},
+                    {"object is missing",
+                     "one of \"adaptiveMeshConstraint\", \"boundaryCondition\", \"fieldOutputRequest\", "
+                     "\"historyOutputRequest\", \"interaction\", \"load\"."}},
         RefusedLine{R"({"command": "rename", "step": "Hold", "region": "Die", "newName": "A"})", kKey, {"no argument \"region\""}},
         RefusedLine{R"({"command": "deactivate", "step": "Hold"})", kKey, {"\"deactivate\" is no command on a step"}},
         RefusedLine{R"({"command": "replace", "boundaryCondition": "Fix"})", kKey, {"no command on a boundaryCondition"}}));

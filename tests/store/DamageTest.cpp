@@ -75,7 +75,7 @@ TEST(DamagedText, IsRefusedWithThePlaceAndWhatWasExpected) {
        "{\"off\": \"Step-1\"", "boundaryConditions / Clamp / states[0]: expected values in the first record"},
       {"\"Set-1\"", "\"Set-9\"",
        "boundaryConditions / Fix / region: expected an object, or the name of one that the model declares, found \"Set-9\""},
-      {"\"procedures\":\n  \"steps\"", "\"procedures\": \"others\"", "boundaryConditions / procedures: expected a list, found \"others\""},
+      {"\"procedures\":\n  \"steps\"", "\"procedures\": \"others\"", "adaptiveMeshConstraints / procedures: expected a list, found \"others\""},
       {"{\"class\": \"kbcC_TypeBC\"", "{\"class\": \"kbcC_BC\"",
        "boundaryConditions / Clamp / class: expected a class that can be made, found \"kbcC_BC\""},
       {"{\"class\": \"kbcC_TypeBC\"", "{\"class\": \"rgnC_Region\"", "boundaryConditions / Clamp / suppress: no such member is known"},

@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "command/Journal.h"
+#include "command/Session.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "store/Database.h"
 #include "store/ModelFile.h"

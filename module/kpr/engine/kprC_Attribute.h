@@ -54,9 +54,9 @@ public:
   std::size_t WeightBeside(kprC_StepDependent const* now) const override;
 
   /// Nothing while suppressed. Refuses an attribute that is active in an anneal step, then by the lowest number what the type refuses
-  /// by numbers of its own (RefusedIn), then one whose type a step does not admit in which it is; then what the type refuses of itself and of its states. The family says for which statuses a
-  /// step is asked; what is carried rests where its type is not admitted and holds nothing that its source does not, so
-  /// that the own records are the ones to ask.
+  /// by numbers of its own (RefusedIn), then one whose type a step does not admit in which it is; then what the type refuses of itself and
+  /// of its states. The family says for which statuses a step is asked; what is carried rests where its type is not admitted and holds
+  /// nothing that its source does not, so that the own records are the ones to ask.
   void AssertValid() const final;
 
   /// Empties the record of a step whose procedure is being replaced: no state, no procedure, status 0. Refused for the
