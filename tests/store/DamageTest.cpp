@@ -58,7 +58,7 @@ TEST(DamagedText, IsRefusedWithThePlaceAndWhatWasExpected) {
       {"\"extensions\": {", "\"extensions\": {\"regions\": {},", "regions: stands twice"},
       {"0.1\n", "\"0.1\"\n", "boundaryConditions / Move / states[0] / u1: expected a finite number, found \"0.1\""},
       {"0.1\n", "1e999\n", "boundaryConditions / Move / states[0] / u1: expected a finite number"},
-      {"0.1\n", "NaN\n", "is no JSON at line 91, column 7: invalid literal"},
+      {"0.1\n", "NaN\n", "is no JSON at line 97, column 7: invalid literal"},
       {"0.1\n", "0.1, \"u1\": 0.2\n", "boundaryConditions / Move / states[0] / u1: stands twice"},
       {"0.1\n", "0.1, \"u9\": 0.2\n", "boundaryConditions / Move / states[0] / u9: no such member is known"},
       {"\"FREED\"", "\"GONE\"",
