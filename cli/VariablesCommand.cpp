@@ -31,10 +31,10 @@ void AssertOne(std::string const& what, std::string const& name, std::vector<std
   if (std::ranges::find(known, name) == known.end()) { throw BadInput("a " + what + " goes by its name: " + name + " is a pattern"); }
 }
 
-/// A procedure by its label, or by the command that makes its steps.
+/// A procedure by its label, or by the command that makes its steps, with or without "Step".
 unsigned ProcedureCalled(std::string const& text) {
   for (kprC_ProcedureRow const& row : kprC_procedures) {
-    if (row.label.Size() != 0 && row.command == text) { return row.type; }
+    if (row.label.Size() != 0 && (row.command == text || row.command == text + "Step")) { return row.type; }
   }
   AssertOne("procedure", text, ProcedureLabels());
   return thr_GlobalSingleton<kprC_ProcedureTypeLabelMap>::Instance().Type(text);

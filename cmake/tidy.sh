@@ -15,6 +15,6 @@ tidy_one() {
 }
 export -f tidy_one
 
-files=$(sed -n 's/^ *"file": "\(.*\)"$/\1/p' "$build/compile_commands.json" | grep -vE "^$PWD/(tests|benchmarks|examples)/|verify_interface" | LC_ALL=C sort -u)
+files=$(sed -n 's/^ *"file": "\(.*\)"$/\1/p' "$build/compile_commands.json" | grep -vE "^$PWD/(tests|benchmarks|examples)/|/tests/CMakeFiles/|verify_interface" | LC_ALL=C sort -u)
 echo "$files" | xargs -P "${JOBS:-2}" -I{} bash -c 'tidy_one {}'
 echo "lint: $(echo "$files" | wc -l) units clean"

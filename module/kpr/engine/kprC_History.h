@@ -202,6 +202,7 @@ private:
     /// Takes the records from \p from to \p to away.
     void Erase(Own const* from, Own const* to);
 
+    // its operator new, below, takes the number of records  NOLINTNEXTLINE(misc-new-delete-overloads)
     static void operator delete(void* memory) { ::operator delete(memory); }
 
     kprC_Family const* family;
