@@ -81,8 +81,9 @@ bool korC_OdbRequest::EqualFrequency(korC_OdbRequest const& other) const {
 korC_OdbRequestTable::korC_OdbRequestTable() {
   std::span<Spec const> const rows = Rows();
   names_.reserve(rows.size());
-  for (std::uint16_t i = 0; i < rows.size(); ++i) {
-    Spec const& row = rows[i];
+  for (std::size_t at = 0; at < rows.size(); ++at) {
+    Spec const& row = rows[at];
+    auto const i = static_cast<std::uint16_t>(at);
     names_[row.name].push_back(i);
     row.ForEachComponent([&](std::string_view component) { components_[component].push_back(i); });
     if (!row.parent.empty()) { children_[row.parent].push_back(i); }
@@ -293,7 +294,7 @@ cow_List<cow_String> korC_VariablesOf(korC_VariablesTypeEnm symbol, unsigned pro
   using enum korC_VariablesTypeEnm;
   Table const& table = Table::Instance();
   bool const all = symbol >= CONTACT_ALL;
-  Table::Identifiers const from = all ? table.All(procedureType, channel, domain) : table.Defaults(procedureType, channel, domain);
+  Table::Identifiers from = all ? table.All(procedureType, channel, domain) : table.Defaults(procedureType, channel, domain);
   if (symbol == PRESELECT) { return from; }
   std::vector<PrintEnm> const prints = PrintsOf(symbol);
   Table::Identifiers keys;
