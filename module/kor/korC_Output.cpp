@@ -23,19 +23,28 @@ constexpr std::string_view kContacts[] = {"SurfaceToSurfaceContactStd", "Surface
 
 bool IsElement(Spec const& row) { return row.print == PrintEnm::Element || row.print == PrintEnm::ContactOrElement; }
 bool IsNode(Spec const& row) { return row.print == PrintEnm::Node; }
-bool IsNodeOrElement(Spec const& row) { return IsNode(row) || row.print == PrintEnm::Element; }
+bool IsNodeOrElement(Spec const& row) {
+  return IsNode(row) || (row.print == PrintEnm::Element && row.location != Spec::LocationEnm::WHOLE_MODEL);
+}
 bool IsConnector(Spec const& row) { return row.label == LabelEnm::Connector; }
 bool IsContact(Spec const& row) { return row.label == LabelEnm::Contact; }
+bool AsksForContact(korC_OutputState const& state) {
+  korC_Variables const& asked = state.variables.ConstGet();
+  return !asked.IsList() && asked.Symbol() == korC_VariablesTypeEnm::CONTACT_PRESELECT;
+}
 bool IsIntegrated(Spec const& row) { return row.print == PrintEnm::Integrated; }
 
-/// Whether \p is says so of every variable, or of any, that the state lists.
+/// Whether \p is says so of every variable, or of any, that the state asks for. What PRESELECT stands for fits by itself; the contact
+/// variables are contact variables.
 bool AreAll(korC_OutputState const& state, bool (*is)(Spec const&)) {
-  return std::ranges::all_of(state.variables.ConstGet().Keys(),
-                             [is](cow_String const& key) { return is(korC_OdbRequestTable::Instance().First(key.View())); });
+  return !AsksForContact(state) && std::ranges::all_of(state.variables.ConstGet().Keys(), [is](cow_String const& key) {
+    return is(korC_OdbRequestTable::Instance().First(key.View()));
+  });
 }
 bool IsAny(korC_OutputState const& state, bool (*is)(Spec const&)) {
-  return std::ranges::any_of(state.variables.ConstGet().Keys(),
-                             [is](cow_String const& key) { return is(korC_OdbRequestTable::Instance().First(key.View())); });
+  return (is == &IsContact && AsksForContact(state)) || std::ranges::any_of(state.variables.ConstGet().Keys(), [is](cow_String const& key) {
+           return is(korC_OdbRequestTable::Instance().First(key.View()));
+         });
 }
 
 /// The attribute of another family, or null.
@@ -259,5 +268,6 @@ void korC_Output::Complete(kprC_Arguments& members, kprC_StepFacts step) const {
     way = type;
     ++ways;
   }
+  korC_Assert(ways <= 1, korC_ErrorEnm::FrequencyType);  // which of them holds, the command has to say
   if (ways == 1) { members.emplace_back(korC_OutputState::typeCmd().View(), way); }
 }

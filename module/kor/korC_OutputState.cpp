@@ -159,7 +159,8 @@ bool korC_OutputState::ReconstructVariables(unsigned procedureType, DomainEnm do
   Identifiers const listed = variables.ConstGet().Keys();
   if (GetInvalidVariables(listed, procedureType, domain).Size() == 0) { return false; }
   Identifiers valid = korC_OdbRequestTable::Instance().Filter(listed, procedureType, Channel(), domain);
-  variables = valid.Size() == 0 ? korC_Variables(korC_VariablesTypeEnm::PRESELECT) : korC_Variables(std::move(valid));
+  if (valid.Size() == 0) { return false; }
+  variables = korC_Variables(std::move(valid));
   return true;
 }
 

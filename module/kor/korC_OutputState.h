@@ -82,7 +82,7 @@ public:
   bool ChangeProcedureType(kprC_Procedure const& step, bool inSet) {
     return ChangeProcedureType(kprC_StepFacts(&step), inSet ? DomainEnm::SET : DomainEnm::WHOLE_MODEL);
   }
-  /// Leaves the variables that a step of \p procedureType has, and asks for PRESELECT where it has none of them.
+  /// Leaves the variables that a step of \p procedureType has; where it has none of them the list stays as it is.
   bool ReconstructVariables(unsigned procedureType, DomainEnm domain = DomainEnm::WHOLE_MODEL);
 
   template <class V> static constexpr void VisitMembers(V&& visit) {

@@ -93,6 +93,7 @@ constexpr Preselect kPreselects[] = {
     {Set{HeatTransfer}, korC_OdbChannel::FIELD, "NT HFL RFL"},
     {Set{CoupledThermalElectric}, korC_OdbChannel::FIELD, "NT HFL RFL EPOT EPG ECD"},
     {Set{MassDiffusion}, korC_OdbChannel::FIELD, "CONC NNC"},
+    {Set{ExplicitDynamics, TempDisplacementDynamics}, korC_OdbChannel::HISTORY, "ALLEN SOF SOM"},  // the latter of a section
     {kQuasiStatic | kDynamic | kSteadyState | ModalDynamics, korC_OdbChannel::HISTORY, "ALLEN"},
 };
 

@@ -62,6 +62,12 @@ TEST_F(OutputRequests, IsRefusedByNumberWhatTheModelOrTheStepDoesNotHave) {
       {history, R"(, "integratedOutputSection": "Cut")", "[kor 75]"},
       {field, R"(, "region": "Mesh", "variables": ["CSTRESS"])", "[kor 78]"},
       {field, R"(, "region": "Mesh", "variables": ["S"])", ""},
+      {field, R"(, "region": "Mesh", "variables": "CONTACT_PRESELECT")", "[kor 78]"},
+      {history, R"(, "connectors": ["Hinge"], "variables": "CONTACT_PRESELECT")", "[kor 65]"},
+      {history, R"(, "variables": ["MASS"])", ""},
+      {history, R"(, "variables": ["U"])", "[kor 17]"},
+      {field, R"(, "frequency": 3, "timeInterval": 0.5)", "[kor 11]"},
+      {field, R"(, "frequency": 3, "timeInterval": 0.5, "type": "TIME_INTERVAL")", ""},
       {field, R"(, "outputAtPlyTop": true)", "[kor 79]"},
       {field, R"(, "layupLocationMethod": "TOP")", "[kor 80]"},
       {field, R"(, "variables": ["S", "Misses"])", "[kor 12]"},
@@ -123,15 +129,17 @@ TEST_F(OutputRequests, IsMadeToFitTheProcedureThatItsStepGets) {
   RunJournal(
       session,
       {R"({"command": "FieldOutputRequest", "name": "Heat", "createStepName": "S2", "variables": ["NT", "RFL"], "timeInterval": 0.5})",
-       R"({"command": "delete", "step": "S1"})"});
+       R"({"command": "FieldOutputRequest", "name": "Usual", "createStepName": "S2"})", R"({"command": "delete", "step": "S1"})"});
   std::string const replace = R"({"command": "replace", "step": "S2", "maintainAttributes": true, "procedure": )";
   Session other = session;
   RunJournal(session, {replace + R"("StaticStep", "initialInc": 0.1})"});
   auto const* item = session.Model().ConstGet<kprC_StepAwareRepository>("fieldOutputs").ConstItem("Heat");
   EXPECT_EQ(item->StateAt(1)->Member("variables"), cls_Value(cls_Value::List{"NT"}));
   EXPECT_EQ(item->StateAt(1)->Member("type"), cls_Value("TIME_INTERVAL"));
-  RunJournal(other, {replace + R"("FrequencyStep", "numEigen": 5})"});
-  item = other.Model().ConstGet<kprC_StepAwareRepository>("fieldOutputs").ConstItem("Heat");
+  std::string const intoModes = replace + R"("FrequencyStep", "numEigen": 5})";
+  EXPECT_EQ(other.Execute(Line(intoModes)).refused.code, 47) << "of its variables none is left";
+  RunJournal(other, {R"({"command": "delete", "fieldOutputRequest": "Heat"})", intoModes});
+  item = other.Model().ConstGet<kprC_StepAwareRepository>("fieldOutputs").ConstItem("Usual");
   EXPECT_EQ(item->StateAt(1)->Member("variables"), cls_Value("PRESELECT"));
   EXPECT_EQ(item->StateAt(1)->Member("type"), cls_Value("MODES"));
 
