@@ -185,7 +185,9 @@ cow_String FreeName(Call& call, std::string_view argument, kprC_StepAwareReposit
 kprC_Arguments SaidBy(cls_Object const& state) {
   kprC_Arguments said;
   for (cls_MemberRow const& row : state.MemberRows()) {
-    if (row.ops->isModified != nullptr && row.ops->isModified(row.In(&state))) { said.emplace_back(row.name, row.ToValue(&state)); }
+    if (!row.again && row.ops->isModified != nullptr && row.ops->isModified(row.In(&state))) {
+      said.emplace_back(row.name, row.ToValue(&state));
+    }
   }
   return said;
 }
@@ -446,7 +448,9 @@ void CopyAttribute(Call& call, AttributeTarget const& target) {
   std::string_view const argument = CopyNameArgument(call, target.repository.ItemCmd(), target.repository.CopyCmd());
   cow_String const newName = FreeName(call, argument, target.repository, cow_String());
   call.arguments.AssertNoRest({std::string(argument)});
-  call.model.Get<kprC_StepAwareRepository>(target.extension).InsertItem(newName, target.item);
+  auto& repository = call.model.Get<kprC_StepAwareRepository>(target.extension);
+  repository.InsertItem(newName, target.item);
+  AssertInModel(call, *repository.ConstItem(newName));
   call.touched.names.push_back(newName);
 }
 

@@ -30,7 +30,7 @@ bool Shows(std::vector<std::string> const& names, std::string_view name) {
 std::string ValuesOf(cls_Object const& state) {
   std::string values;
   for (cls_MemberRow const& row : state.MemberRows()) {
-    if (row.ops->isModified == nullptr || !row.ops->isModified(row.In(&state))) { continue; }
+    if (row.again || row.ops->isModified == nullptr || !row.ops->isModified(row.In(&state))) { continue; }
     Json const value = ToJson(row.ToValue(&state));
     values += (values.empty() ? "" : ", ") + std::string(row.name) + " " + (value.is_string() ? value.get<std::string>() : value.dump());
   }

@@ -16,8 +16,12 @@ struct kpfC_TypeRow : kprC_TypeRow {
 };
 /// The table of types, in the order of the lists that users see.
 DDB_API std::span<kpfC_TypeRow const> kpfC_Types();
-/// The label of the type of that identity; empty where it has none.
-DDB_API std::string_view kpfC_TypeText(unsigned typeId);
+/// The labels of the types. The process has one table: thr_GlobalSingleton<kpfC_FieldTypeLabelMap>::Instance().
+class DDB_API kpfC_FieldTypeLabelMap {
+public:
+  /// The label of the type of that identity; empty for what is no type.
+  std::string_view Label(unsigned typeId) const;
+};
 
 /// What sets predefined fields apart from the other families: statuses, procedures and refusals, as tables. They are never switched off:
 /// the state's flag says that they are back at their initial value.

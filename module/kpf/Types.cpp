@@ -45,7 +45,7 @@ std::span<kpfC_TypeRow const> kpfC_Types() { return kTypes; }
 
 std::span<kprC_Constructor<kpfC_Field> const> kpfC_Field::Constructors() { return kConstructors; }
 
-std::string_view kpfC_TypeText(unsigned typeId) {
+std::string_view kpfC_FieldTypeLabelMap::Label(unsigned typeId) const {
   auto const* row = kprC_FindType(kpfC_Types(), typeId);
   return row == nullptr ? std::string_view() : row->label;
 }

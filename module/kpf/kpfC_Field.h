@@ -68,6 +68,10 @@ protected:
   void AssertState(kpfC_FieldState const& state, std::size_t index) const override;
   /// Whether the type has no use for a region with \p state.
   virtual bool IgnoresRegion(kpfC_FieldState const& state) const { return kpfC_RegionIgnored(state.Distribution()); }
+  /// Refuses 13: an amplitude is not carried by a word, but by saying nothing of it.
+  void AssertMemberState(std::size_t /*index*/, std::string_view member, std::string_view word) const override {
+    kpfC_Assert(member != kpfC_FieldState::amplitudeCmd().View() || word != "PROPAGATED", kpfC_ErrorEnm::AmplitudeName);
+  }
   bool IsCreateStep(std::size_t index) const { return index == States().CreateStep(); }
   [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override;
 

@@ -37,6 +37,7 @@ std::vector<std::string> const kModel = {
     R"({"command": "suppress", "load": "Idle"})",
     R"({"command": "Set", "name": "Rod"})",
     R"({"command": "Temperature", "name": "Warm", "createStepName": "Press", "region": "Rod", "magnitudes": 20})",
+    R"({"command": "InitialState", "name": "Former", "createStepName": "Initial", "fileName": "cool.odb", "instances": ["Rod-1"]})",
     R"({"command": "Hardening", "name": "Rolled", "createStepName": "Initial", "region": "Rod", "equivPlasticStrain": 0.1})",
     R"({"command": "DisplacementAdaptiveMeshConstraint", "name": "Still", "createStepName": "Initial", "region": "Rod", "u1": 0})",
 };
@@ -121,6 +122,11 @@ INSTANTIATE_TEST_SUITE_P(
                     "kpf 97",
                     {"\"Bow\""}},
         RefusedLine{R"({"command": "setValues", "predefinedField": "Warm", "amplitude": "Rump"})", "kpf 13", {"Did you mean \"Ramp\"?"}},
+        RefusedLine{R"({"command": "setValuesInStep", "predefinedField": "Warm", "stepName": "Hold", "amplitude": "PROPAGATED"})",
+                    "kpf 13",
+                    {"\"amplitude\""},
+                    false},
+        RefusedLine{R"({"command": "copy", "predefinedField": "Former", "newName": "Warped"})", "kpf 85", {"\"Former\""}, false},
         RefusedLine{R"({"command": "setValues", "predefinedField": "Warm", "beginStep": "SECOND_STEP"})", "kpf 91", {"\"FIRST_STEP\""}},
         RefusedLine{R"({"command": "Temperature", "name": "T", "createStepName": "Initial", "region": 5})", "kpf 73", {"\"region\""}},
         RefusedLine{R"({"command": "Velocity", "name": "V", "createStepName": "Hold", "region": "Die", "velocity1": 1})",
@@ -547,10 +553,10 @@ TEST_F(Editing, RenamesAttributesAndSteps) {
   EXPECT_EQ(renamed.history[0].first, "Drive");
   EXPECT_TRUE(session.Execute(Line(R"({"command": "rename", "load": "Pull", "newName": "Drive"})")).ok);
   Outcome const step = session.Execute(Line(R"({"command": "rename", "step": "Press", "newName": "Form"})"));
-  EXPECT_EQ(step.history.size(), 12U) << "a command on a step tells of every attribute";
+  EXPECT_EQ(step.history.size(), 13U) << "a command on a step tells of every attribute";
   std::set<std::string> names;
   for (auto const& [name, statuses] : step.history) { names.insert(name); }
-  EXPECT_EQ(names.size(), 12U);
+  EXPECT_EQ(names.size(), 13U);
   EXPECT_TRUE(names.contains(R"(load "Drive")") && names.contains(R"(boundaryCondition "Drive")")) << "told apart by their kind";
   EXPECT_EQ(BoundaryConditions(session).ConstItem("Drive")->CreateStepName(), "Form");
 }
