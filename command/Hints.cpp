@@ -123,14 +123,20 @@ std::string NotEditableHint(kprC_StepDependent const& item, cow_String const& st
 
 std::string AdmissionHint(kprC_StepDependent const& item, kprC_StepTable const& steps, cow_String const& step) {
   std::size_t const index = steps.Find(step.View());
-  if (index == npos || item.Admits(steps.Facts(index), false)) { return {}; }
+  // a new one says what the type admits, whatever values this one has
+  auto const made = cls_MetadataRegistrar::Registrar().Find(item.DynTypeId())->make();
+  auto const* const type = dynamic_cast<kprC_StepDependent const*>(made.get());
+  auto const admits = [&](kprC_StepFacts at) { return (type == nullptr ? item : *type).Admits(at, false); };
+  if (index == npos || admits(steps.Facts(index))) { return {}; }
   std::vector<std::string> others;
   for (std::size_t at = 0; at < steps.Size(); ++at) {
-    if (item.Admits(steps.Facts(at), false)) { others.emplace_back(steps.Name(at).View()); }
+    if (admits(steps.Facts(at))) { others.emplace_back(steps.Name(at).View()); }
   }
-  std::string const procedure = ProcedureText(steps.ProcedureType(index));
+  unsigned const procedure = steps.ProcedureType(index);
+  bool const isAdiabatic = steps.Facts(index).Has(kprC_StepFacts::Adiabatic) && admits(procedure);
+  std::string const why = isAdiabatic ? " is adiabatic and" : " is a step of the procedure " + ProcedureText(procedure) + ", which";
   constexpr std::size_t kShown = 3;
-  return Quoted(step.View()) + " is a step of the procedure " + procedure + ", which does not take this type; " +
+  return Quoted(step.View()) + why + " does not take this type; " +
          (others.empty() ? "no step of the model does." : "steps that do: " + QuotedList(others, kShown) + ".");
 }
 
@@ -167,11 +173,13 @@ std::string OutputHint(kprC_StepDependent const& item, kprC_Arguments const& sai
       if (keys.empty()) { return {}; }
       std::string const channel = request->IsHistory() ? "history" : "field";
       constexpr std::size_t kShown = 5;
-      return "A " + channel + " request about that in a step of the procedure " + procedure + " does not have " + QuotedList(keys, kShown) +
-             ".";
+      return "A " + channel + " request of this kind in a step of the procedure " + procedure + " does not have " +
+             QuotedList(keys, kShown) + ".";
     }
     case korC_ErrorEnm::HistoryNotInStep: return "Ask for the modes in a field request.";
     case korC_ErrorEnm::InvalidStep: {
+      bool const isOfSurface = request->DomainType() == korC_DomainTypeEnm::GENERAL_CONTACT_SURFACE;
+      if (isOfSurface && !kprC_IsExplicit(step.procedureType)) { return "Output on a surface is for explicit steps."; }
       std::unique_ptr<korC_OutputState> const state = request->NewStateFor(step.procedureType);
       std::vector<std::string> ways;
       for (auto const& row : omu_EnumTable<korC_TypeEnm>::rows) {
