@@ -29,7 +29,6 @@ std::string_view kpfC_FromFileState::Extension() const {
 }
 
 void kpfC_FromFileState::AssertValid() const {
-  kpfC_FieldState::AssertValid();
   std::string_view const name = fileName.ConstGet().View();
   auto const fits = [](auto const& place) { return !place.HasValue() || place.ConstGet().IsValid(); };
   kpfC_Assert(CharactersOf(name) <= kLongestName, kpfC_ErrorEnm::FileNameLength);

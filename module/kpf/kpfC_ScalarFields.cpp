@@ -1,7 +1,6 @@
 #include "module/kpf/kpfC_ScalarFields.h"
 
 void kpfC_1DLinearDistrib::AssertValid() const {
-  kpfC_FieldState::AssertValid();
   bool const linear = Distribution() == DistribTypeEnum::LINEAR;
   kpfC_Assert(linear || !HasMagnitudes(), kpfC_ErrorEnm::LinearMagnitudeSuperfluous);
   kpfC_Assert(linear || !HasCoords(), kpfC_ErrorEnm::LinearCoordSuperfluous);

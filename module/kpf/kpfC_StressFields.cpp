@@ -23,7 +23,6 @@ std::size_t kpfC_StressComponents(kpfC_SectionTypeEnm section, ddr_Model::SpaceE
 }
 
 void kpfC_StressState::AssertValid() const {
-  kpfC_FieldState::AssertValid();
   bool const geostatic = Distribution() == DistribTypeEnum::GEOSTATIC;
   kpfC_Assert(geostatic || !HasMagnitudes(), kpfC_ErrorEnm::GeostaticMagnitudeSuperfluous);
   kpfC_Assert(geostatic || !HasCoords(), kpfC_ErrorEnm::GeostaticCoordSuperfluous);
@@ -36,7 +35,6 @@ void kpfC_StressState::AssertValid() const {
 }
 
 void kpfC_StressTensorState::AssertValid() const {
-  kpfC_FieldState::AssertValid();
   AssertNoTensor(kpfC_ErrorEnm::TensorSuperfluous);
   AssertTensor();
 }

@@ -6,7 +6,6 @@ std::size_t Coordinates(mdl_PropAttr<kpfC_VelocityState::Point> const& point) { 
 }  // namespace
 
 void kpfC_VelocityState::AssertValid() const {
-  kpfC_FieldState::AssertValid();
   auto const isPoint = [](auto const& point) { return !point.HasValue() || (Coordinates(point) >= 1 && Coordinates(point) <= 3); };
   kpfC_Assert(isPoint(axisBegin) && isPoint(axisEnd), kpfC_ErrorEnm::Dimensionality);
   bool const rotates = IsNonZero(omega);
