@@ -1,7 +1,6 @@
 #pragma once
 
 #include <span>
-#include <string_view>
 
 #include "module/kbc/kbcC_BCState.h"
 #include "module/kpr/family/kprC_Constraint.h"

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "platform/BasicUtils/cls_Persistent.h"
-
-class ddr_Model;
-template <class T> class kprC_PropagatingContainer;
-template <class S> class kprC_PropagatingState;
-template <class Owner, class Member, int Dimension> class ddr_MemberShortcut;
+#include "module/kpr/engine/kprC_Declarations.h"
 
 inline constexpr unsigned kbcC_moduleNumber = 0x298;  ///< 664
 

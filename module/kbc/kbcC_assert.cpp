@@ -5,11 +5,10 @@
 namespace {
 constexpr bool Value = true, Text = false;
 constexpr nex_ErrorRow kRows[] = {
-#define DDB_ERROR(code, name, exception, text, raisedBy) {code, exception, text, #name, raisedBy},
+#define DDB_ERROR OMU_REFUSAL_ROW
 #include "module/kbc/Errors.def"
 #undef DDB_ERROR
 };
-static_assert(nex_CodesAreDense(kRows) && std::size(kRows) == 61, "Errors.def: in code order, none missing, none empty");
 
 constexpr nex_ErrorRow kContents[] = {
 #define DDB_ERROR(code, name, exception, text, raisedBy)
@@ -17,14 +16,10 @@ constexpr nex_ErrorRow kContents[] = {
 #include "module/kbc/Errors.def"
 #undef DDB_ERROR
 };
-
-constexpr omu_RefusalTable kTable = {"kbc", "generated/module/kbc/com/impl/kbcC_assert", 193, 199, kRows, kContents};
 }  // namespace
 
-void kbcC_Assert(bool condition, kbcC_ErrorEnm code) { omu_Assert(kTable, condition, static_cast<int>(code)); }
+OMU_REFUSALS(kbc, 61, .valueErrorLine = 193, .textLine = 199, .contents = kContents)
 
 void kbcC_AssertContent(bool condition, kbcC_ContentErrorEnm code, std::string_view text) {
   omu_AssertContent(kTable, condition, static_cast<std::size_t>(code), {text});
 }
-
-nex_Catalogue kbcC_Errors() { return omu_CatalogueOf(kTable); }

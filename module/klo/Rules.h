@@ -28,44 +28,10 @@ struct DDB_API kloC_Rules : kprC_ProcedureRules {
   static constexpr bool kOnCopy = true;
 
   /// How a status is classified; one that is not known is refused.
-  static constexpr kprC_StatusTable kStatuses = {
-      /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
-      /*  1 Created                   */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed,
-      /*  2 Propagated                */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
-      /*  3 Modified                  */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
-      /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
-      /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
-      /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
-      /*  7 not carried here          */ kprC_Known | kprC_NoReset,
-      /*  8 part of the base state    */ kprC_Known | kprC_Active | kprC_BuiltIn,
-      /*  9                           */ 0,
-      /* 10                           */ kprC_NoReset,
-      /* 11                           */ 0,
-      /* 12                           */ 0,
-      /* 13                           */ kprC_NoReset,
-      /* 14                           */ 0,
-      /* 15                           */ 0,
-  };
+  static constexpr kprC_StatusTable kStatuses = kprC_StatusesWith({{Status::Status8, kprC_Known | kprC_Active | kprC_BuiltIn}});
 
   /// What the propagator gives. Nothing is created in the initial step, and no step is modal-based.
-  static constexpr kprC_PassTable kPass = {
-      .createdOff = Status::Deactivated,
-      .carried = Status::Propagated,
-      .carriedFromInitial = Status::Propagated,
-      .changed = Status::Modified,
-      .changedFromInitial = Status::Modified,
-      .off = Status::Deactivated,
-      .afterOff = Status::InactiveAfterDeactivation,
-      .notAdmitted = Status::Inactive6,
-      .keptFromInitial = Status::Inactive6,
-      .perturbation = Status::Status8,
-      .perturbationChanged = Status::Status8,
-      .perturbationOff = Status::Status8,
-      .held = Status::Inactive7,
-      .notCarried = Status::Inactive7,
-      .keepsPerturbationChange = false,
-      .asksAdmissionInPerturbation = false,
-  };
+  static constexpr kprC_PassTable kPass = {};
 
   static constexpr kprC_StepRefusals<Error> kRefusals = {
       .unknownStep = Error::StepUnknown,

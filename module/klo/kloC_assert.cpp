@@ -5,15 +5,10 @@
 namespace {
 constexpr bool Value = true, Text = false;
 constexpr nex_ErrorRow kRows[] = {
-#define DDB_ERROR(code, name, exception, text, raisedBy) {code, exception, text, #name, raisedBy},
+#define DDB_ERROR OMU_REFUSAL_ROW
 #include "module/klo/Errors.def"
 #undef DDB_ERROR
 };
-static_assert(nex_CodesAreDense(kRows) && std::size(kRows) == 73, "Errors.def: in code order, none missing, none empty");
-
-constexpr omu_RefusalTable kTable = {"klo", "generated/module/klo/com/impl/kloC_assert", 277, 271, kRows, {}, true};
 }  // namespace
 
-void kloC_Assert(bool condition, kloC_ErrorEnm code) { omu_Assert(kTable, condition, static_cast<int>(code)); }
-
-nex_Catalogue kloC_Errors() { return omu_CatalogueOf(kTable); }
+OMU_REFUSALS(klo, 73, .valueErrorLine = 277, .textLine = 271, .otherIsValueError = true)

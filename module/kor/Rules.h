@@ -20,42 +20,15 @@ struct DDB_API korC_Rules : kprC_ProcedureRules {
   static constexpr bool kOnCopy = true;
 
   /// How a status is classified; one that is not known is refused. There is no base state: nothing is built in.
-  static constexpr kprC_StatusTable kStatuses = {
-      /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
-      /*  1 Created                   */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed,
-      /*  2 Propagated                */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
-      /*  3 Modified                  */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
-      /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
-      /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
-      /*  6                           */ kprC_NoReset,
-      /*  7 not valid or carried here */ kprC_Known | kprC_NoReset,
-      /*  8                           */ 0,
-      /*  9                           */ 0,
-      /* 10                           */ kprC_NoReset,
-      /* 11                           */ 0,
-      /* 12                           */ 0,
-      /* 13                           */ kprC_NoReset,
-      /* 14                           */ 0,
-      /* 15                           */ 0,
-  };
+  static constexpr kprC_StatusTable kStatuses = kprC_StatusesWith({{Status::Inactive6, kprC_NoReset}});
 
   /// What the propagator gives. A perturbation step writes what is created in it and nothing else; no step is modal-based.
   static constexpr kprC_PassTable kPass = {
-      .createdOff = Status::Deactivated,
-      .carried = Status::Propagated,
-      .carriedFromInitial = Status::Propagated,
-      .changed = Status::Modified,
-      .changedFromInitial = Status::Modified,
-      .off = Status::Deactivated,
-      .afterOff = Status::InactiveAfterDeactivation,
       .notAdmitted = Status::Inactive7,
       .keptFromInitial = Status::Inactive7,
       .perturbation = Status::Inactive7,
       .perturbationChanged = Status::Inactive7,
       .perturbationOff = Status::Inactive7,
-      .held = Status::Inactive7,
-      .notCarried = Status::Inactive7,
-      .keepsPerturbationChange = false,
       .asksAdmissionInPerturbation = true,
   };
 

@@ -1,16 +1,10 @@
 #pragma once
 
-#include "platform/BasicUtils/cls_Persistent.h"
+#include "module/kpr/engine/kprC_Declarations.h"
 
-class ddr_Model;
 class korC_Variables;
 enum class korC_TypeEnm;
 template <class E, int Dimension> class omu_PrimEnum;
-template <class T> class mdl_PropAttr;
-template <class T> class kprC_PropagatingContainer;
-template <class T> class mdl_MapString2ObjCow;
-template <class S> class kprC_PropagatingState;
-template <class Owner, class Member, int Dimension> class ddr_MemberShortcut;
 
 inline constexpr unsigned korC_moduleNumber = 0x240;  ///< 576
 

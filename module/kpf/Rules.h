@@ -36,43 +36,20 @@ struct DDB_API kpfC_Rules : kprC_ProcedureRules {
   static constexpr bool kOnCopy = true;
 
   /// How a status is classified; one that is not known is refused.
-  static constexpr kprC_StatusTable kStatuses = {
-      /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
-      /*  1 Created                   */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed,
-      /*  2 Propagated                */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
-      /*  3 Modified                  */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
-      /*  4                           */ 0,
-      /*  5                           */ kprC_Known | kprC_NoReset,
-      /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
-      /*  7 not carried here          */ kprC_Known | kprC_NoReset,
-      /*  8 part of the base state    */ kprC_Known | kprC_Active | kprC_BuiltIn,
-      /*  9                           */ 0,
-      /* 10                           */ kprC_NoReset,
-      /* 11                           */ 0,
-      /* 12                           */ 0,
-      /* 13 initial since a reset     */ kprC_Known | kprC_NoReset,
-      /* 14 initial condition in force */ kprC_Known | kprC_Active | kprC_Propagated,
-      /* 15 reset to initial here     */ kprC_Known | kprC_IllegalMove | kprC_Changed,
-  };
+  static constexpr kprC_StatusTable kStatuses = kprC_StatusesWith({
+      {Status::Deactivated, 0},
+      {Status::Status8, kprC_Known | kprC_Active | kprC_BuiltIn},
+      {Status::Reserved13, kprC_Known | kprC_NoReset},                   // initial since a reset
+      {Status::Status14, kprC_Known | kprC_Active | kprC_Propagated},    // initial condition in force
+      {Status::Status15, kprC_Known | kprC_IllegalMove | kprC_Changed},  // reset to initial here
+  });
 
   /// What the propagator gives. No step is modal-based.
   static constexpr kprC_PassTable kPass = {
       .createdOff = Status::Status15,
-      .carried = Status::Propagated,
-      .carriedFromInitial = Status::Propagated,
-      .changed = Status::Modified,
-      .changedFromInitial = Status::Modified,
       .off = Status::Status15,
       .afterOff = Status::Reserved13,
-      .notAdmitted = Status::Inactive6,
       .keptFromInitial = Status::Status14,
-      .perturbation = Status::Status8,
-      .perturbationChanged = Status::Status8,
-      .perturbationOff = Status::Status8,
-      .held = Status::Inactive7,
-      .notCarried = Status::Inactive7,
-      .keepsPerturbationChange = false,
-      .asksAdmissionInPerturbation = false,
   };
 
   static constexpr kprC_StepRefusals<Error> kRefusals = {

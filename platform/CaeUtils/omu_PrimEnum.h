@@ -99,7 +99,7 @@ template <class E> inline constexpr std::string_view omu_wordOf = omu_EnumTable<
 /// The text of an enumerator.
 template <class E> atr_String atr(E value) { return omu_EnumText(omu_EnumTable<E>::rows, static_cast<unsigned>(value)); }
 
-/// The message \p format in the user's language with \p value, as its text, in the place of the first placeholder and
+/// The message \p format in the user's language with \p value, as its text, in the place of the first conversion and
 /// \p text in that of the second.
 template <class E, class Text> atr_String atr(char const* format, E value, Text text) {
   return atr_SubstituteFormat(atr_translate(format), {atr(value).View(), std::string_view(text)});

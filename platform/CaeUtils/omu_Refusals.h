@@ -9,8 +9,8 @@
 struct omu_RefusalTable {
   char const* module;  ///< its prefix, "kbc"
   char const* sourceName;
-  int valueErrorLine, textLine;
   std::span<nex_ErrorRow const> rows;
+  int valueErrorLine, textLine;
   std::span<nex_ErrorRow const> contents = {};  ///< without codes: texts that name what is refused
   bool otherIsValueError = false;               ///< whether a number outside the rows throws as their value errors do
 };
@@ -29,3 +29,14 @@ DDB_API void omu_AssertContent(omu_RefusalTable const& table, bool condition, st
                                std::initializer_list<std::string_view> texts);
 
 constexpr nex_Catalogue omu_CatalogueOf(omu_RefusalTable const& table) { return {table.module, table.rows, table.contents}; }
+
+/// Defines what a module exports of its refusals, the assert function and the catalogue: over kRows, the \p count rows of its Errors.def,
+/// and what else its table says, in designators. The table is kTable.
+#define OMU_REFUSALS(prefix, count, ...)                                                                                         \
+  static_assert(nex_CodesAreDense(kRows) && std::size(kRows) == (count), "Errors.def: in code order, none missing");             \
+  static constexpr omu_RefusalTable kTable = {                                                                                   \
+      .module = #prefix, .sourceName = "generated/module/" #prefix "/com/impl/" #prefix "C_assert", .rows = kRows, __VA_ARGS__}; \
+  void prefix##C_Assert(bool condition, prefix##C_ErrorEnm code) { omu_Assert(kTable, condition, static_cast<int>(code)); }      \
+  nex_Catalogue prefix##C_Errors() { return omu_CatalogueOf(kTable); }
+/// What a row of an Errors.def is in kRows: a DDB_ERROR.
+#define OMU_REFUSAL_ROW(code, name, exception, text, raisedBy) {code, exception, text, #name, raisedBy},

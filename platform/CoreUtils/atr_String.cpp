@@ -12,13 +12,13 @@ constexpr bool IsConversion(char c) { return c == 's' || c == 'd'; }
 constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// What a "%" begins: how many characters it takes, and the number of the argument that a positional one asks for.
-struct Placeholder {
-  std::size_t size = 0;                 ///< 0: no placeholder
+struct Conversion {
+  std::size_t size = 0;                 ///< 0: no conversion
   std::optional<std::size_t> position;  ///< counted from 1
 };
 
 /// \p text begins with "%".
-Placeholder ParsePlaceholder(std::string_view text) {
+Conversion ParseConversion(std::string_view text) {
   if (text.size() >= 2 && IsConversion(text[1])) { return {.size = 2, .position = std::nullopt}; }
   std::size_t at = 1;
   std::size_t position = 0;
@@ -28,7 +28,7 @@ Placeholder ParsePlaceholder(std::string_view text) {
     ++at;
   }
   bool const isPositional = at > 1 && at + 1 < text.size() && text[at] == '$' && IsConversion(text[at + 1]);
-  return isPositional ? Placeholder{.size = at + 2, .position = position} : Placeholder{};
+  return isPositional ? Conversion{.size = at + 2, .position = position} : Conversion{};
 }
 
 }  // namespace
@@ -50,7 +50,7 @@ atr_String atr_SubstituteFormat(atr_String const& format, std::initializer_list<
       rest.remove_prefix(2);
       continue;
     }
-    Placeholder const found = ParsePlaceholder(rest);
+    Conversion const found = ParseConversion(rest);
     std::size_t const taken = found.size != 0 ? found.size : 1;
     // Position 0 does not exist: it wraps around to a number that no argument has.
     std::size_t const index = found.position ? *found.position - 1 : inTurn;

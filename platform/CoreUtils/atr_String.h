@@ -34,7 +34,7 @@ private:
 /// message that is to be shown passes here all the same, which keeps one door for a translation.
 DDB_API atr_String atr_translate(char const* text);
 
-/// Puts \p arguments in the place of the placeholders of \p format: "%1$s" takes the argument of that number, "%s" and
-/// "%d" take the next one in turn (the numbered ones do not count), "%%" gives "%". A placeholder without an argument
+/// Puts \p arguments in the place of the conversions of \p format: "%1$s" takes the argument of that number, "%s" and
+/// "%d" take the next one in turn (the numbered ones do not count), "%%" gives "%". A conversion without an argument
 /// and a "%" before anything else stay as they are written. Arguments are inserted as they are, never searched.
 DDB_API atr_String atr_SubstituteFormat(atr_String const& format, std::initializer_list<std::string_view> arguments);

@@ -50,7 +50,7 @@ inline void tstC_Assert(bool condition, tstC_ErrorEnm code) {
     for (int i = 0; i < 24; ++i) { made[static_cast<std::size_t>(i)] = {i, false, "Refused.", "Refused"}; }
     return made;
   }();
-  static constexpr omu_RefusalTable table = {"tst", "tst", 1, 1, rows};
+  static constexpr omu_RefusalTable table = {.module = "tst", .sourceName = "tst", .rows = rows, .valueErrorLine = 1, .textLine = 1};
   omu_Assert(table, condition, static_cast<int>(code));
 }
 
@@ -104,41 +104,18 @@ template <class ErrorEnm, auto Refuse> struct tstC_RulesOf : kprC_ProcedureRules
   using TypeRow = kprC_TypeRow;
   static std::span<TypeRow const> Types();
 
-  static constexpr unsigned kHere = kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed;
-  static constexpr kprC_StatusTable kStatuses = {
-      kprC_Known | kprC_NoReset,
-      kHere,
-      kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
-      kHere | kprC_NoReset,
-      0,
-      kprC_Known | kprC_NoReset,
-      kprC_Known | kprC_NoReset,
-      kprC_Known | kprC_NoReset,
-      kprC_Known | kprC_Active | kprC_BuiltIn,
-      0,
-      kprC_NoReset,
-      0,
-      0,
-      kprC_Known | kprC_NoReset,
-      kprC_Known | kprC_Active,
-      kprC_Known | kprC_IllegalMove | kprC_Changed,
-  };
+  static constexpr kprC_StatusTable kStatuses = kprC_StatusesWith({
+      {Status::Deactivated, 0},
+      {Status::Status8, kprC_Known | kprC_Active | kprC_BuiltIn},
+      {Status::Reserved13, kprC_Known | kprC_NoReset},
+      {Status::Status14, kprC_Known | kprC_Active},
+      {Status::Status15, kprC_Known | kprC_IllegalMove | kprC_Changed},
+  });
   static constexpr kprC_PassTable kPass = {
       .createdOff = Status::Status15,
-      .carried = Status::Propagated,
-      .carriedFromInitial = Status::Propagated,
-      .changed = Status::Modified,
-      .changedFromInitial = Status::Modified,
       .off = Status::Status15,
       .afterOff = Status::Reserved13,
-      .notAdmitted = Status::Inactive6,
       .keptFromInitial = Status::Status14,
-      .perturbation = Status::Status8,
-      .perturbationChanged = Status::Status8,
-      .perturbationOff = Status::Status8,
-      .held = Status::Inactive7,
-      .notCarried = Status::Inactive7,
-      .keepsPerturbationChange = false,
       .asksAdmissionInPerturbation = true,
   };
   static constexpr kprC_StepRefusals<Error> kRefusals = {.unknownStep = tstC_Code<Error>(0),

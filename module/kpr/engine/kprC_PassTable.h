@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
 
@@ -18,6 +20,38 @@ enum kprC_StatusTrait : std::uint8_t {
 };
 using kprC_StatusTable = std::array<std::uint8_t, 16>;
 
+/// A status and how it is classified.
+struct kprC_StatusRow {
+  mdl_PropagationStatusEnm status;
+  unsigned traits;
+};
+/// The statuses of attributes that are created, changed, switched off and passed over; a family adds what it says of others, or
+/// otherwise.
+constexpr kprC_StatusTable kprC_StatusesWith(std::initializer_list<kprC_StatusRow> rows) {
+  kprC_StatusTable statuses = {
+      /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
+      /*  1 Created                   */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed,
+      /*  2 Propagated                */ kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated,
+      /*  3 Modified                  */ kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset,
+      /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
+      /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
+      /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
+      /*  7 not carried here          */ kprC_Known | kprC_NoReset,
+      /*  8                           */ 0,
+      /*  9                           */ 0,
+      /* 10                           */ kprC_NoReset,
+      /* 11                           */ 0,
+      /* 12                           */ 0,
+      /* 13                           */ kprC_NoReset,
+      /* 14                           */ 0,
+      /* 15                           */ 0,
+  };
+  for (kprC_StatusRow const& row : rows) {
+    statuses[static_cast<std::size_t>(row.status)] = static_cast<kprC_StatusTable::value_type>(row.traits);
+  }
+  return statuses;
+}
+
 /// How the propagator takes a step.
 enum class kprC_StepKind : std::uint8_t {
   General,
@@ -25,26 +59,28 @@ enum class kprC_StepKind : std::uint8_t {
   Modal,         ///< works on the modes of an earlier frequency step: nothing can be edited
 };
 
-/// What a family's records become. Statuses are the family's own; what it does not know it never gives.
+/// What a family's records become, where it says nothing else as those of an attribute that rests in the base state of a perturbation
+/// step. Statuses are the family's own; what it does not know it never gives.
 struct kprC_PassTable {
   using Status = mdl_PropagationStatusEnm;
 
-  Status createdOff;                 ///< first own record, switched off
-  Status carried;                    ///< general step, carried
-  Status carriedFromInitial;         ///< the same while the base state is the untouched creation of the initial step
-  Status changed;                    ///< general step, own change
-  Status changedFromInitial;         ///< the same, the first change of what the initial step created
-  Status off;                        ///< general step, switched off
-  Status afterOff;                   ///< off since an earlier step
-  Status notAdmitted;                ///< passed over
-  Status keptFromInitial;            ///< the same of the untouched creation of the initial step, where it stays in force (kprC_Carrying)
-  Status perturbation;               ///< perturbation step, carried
-  Status perturbationChanged;        ///< perturbation step, own change
-  Status perturbationOff;            ///< switched off for one perturbation step
-  Status held;                       ///< modal-based step
-  Status notCarried;                 ///< made in a perturbation or modal-based step, later steps
-  bool keepsPerturbationChange;      ///< false: an own change in a perturbation step is dropped, admitted or not
-  bool asksAdmissionInPerturbation;  ///< false: a perturbation step carries what it does not admit
+  Status createdOff = Status::Deactivated;              ///< first own record, switched off
+  Status carried = Status::Propagated;                  ///< general step, carried
+  Status carriedFromInitial = Status::Propagated;       ///< the same while the base state is the untouched creation of the initial step
+  Status changed = Status::Modified;                    ///< general step, own change
+  Status changedFromInitial = Status::Modified;         ///< the same, the first change of what the initial step created
+  Status off = Status::Deactivated;                     ///< general step, switched off
+  Status afterOff = Status::InactiveAfterDeactivation;  ///< off since an earlier step
+  Status notAdmitted = Status::Inactive6;               ///< passed over
+  Status keptFromInitial =
+      Status::Inactive6;  ///< the same of the untouched creation of the initial step, where it stays in force (kprC_Carrying)
+  Status perturbation = Status::Status8;         ///< perturbation step, carried
+  Status perturbationChanged = Status::Status8;  ///< perturbation step, own change
+  Status perturbationOff = Status::Status8;      ///< switched off for one perturbation step
+  Status held = Status::Inactive7;               ///< modal-based step
+  Status notCarried = Status::Inactive7;         ///< made in a perturbation or modal-based step, later steps
+  bool keepsPerturbationChange = false;          ///< false: an own change in a perturbation step is dropped, admitted or not
+  bool asksAdmissionInPerturbation = false;      ///< false: a perturbation step carries what it does not admit
 };
 
 /// The same for a type that is in force in its own step alone: what would be carried or passed over is not carried.

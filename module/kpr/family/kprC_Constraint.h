@@ -27,44 +27,22 @@ struct kprC_ConstraintRules : kprC_ProcedureRules {
 
   static constexpr bool kOnCopy = false;
 
-  static constexpr unsigned kCarriedHere = kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated;
-  static constexpr unsigned kChangedHere = kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed;
   /// How a status is classified; one that is not known is refused.
-  static constexpr kprC_StatusTable kStatuses = {
-      /*  0 NotYetCreated             */ kprC_Known | kprC_NoReset,
-      /*  1 Created                   */ kChangedHere,
-      /*  2 Propagated                */ kCarriedHere,
-      /*  3 Modified                  */ kChangedHere | kprC_NoReset,
-      /*  4 Deactivated               */ kprC_Known | kprC_IllegalMove | kprC_Changed,
-      /*  5 InactiveAfterDeactivation */ kprC_Known | kprC_NoReset,
-      /*  6 not admitted here         */ kprC_Known | kprC_NoReset,
-      /*  7 not carried here          */ kprC_Known | kprC_NoReset,
-      /*  8                           */ 0,
-      /*  9 PropagatedFromBaseState   */ kCarriedHere,
-      /* 10 ModifiedFromBaseState     */ kChangedHere | kprC_NoReset,
-      /* 11 off for this step only    */ kprC_Known | kprC_Changed,
-      /* 12 BuiltIn                   */ kprC_Known | kprC_BuiltIn,
-      /* 13                           */ kprC_NoReset,
-      /* 14                           */ 0,
-      /* 15                           */ 0,
-  };
+  static constexpr kprC_StatusTable kStatuses = kprC_StatusesWith({
+      {Status::PropagatedFromBaseState, kprC_Known | kprC_Editable | kprC_Active | kprC_Propagated},
+      {Status::ModifiedFromBaseState, kprC_Known | kprC_Editable | kprC_Active | kprC_IllegalMove | kprC_Changed | kprC_NoReset},
+      {Status::Inactive11, kprC_Known | kprC_Changed},  // off for this step only
+      {Status::BuiltIn, kprC_Known | kprC_BuiltIn},
+  });
 
   /// What the propagator gives.
   static constexpr kprC_PassTable kPass = {
-      .createdOff = Status::Deactivated,
-      .carried = Status::Propagated,
       .carriedFromInitial = Status::PropagatedFromBaseState,
-      .changed = Status::Modified,
       .changedFromInitial = Status::ModifiedFromBaseState,
-      .off = Status::Deactivated,
-      .afterOff = Status::InactiveAfterDeactivation,
-      .notAdmitted = Status::Inactive6,
-      .keptFromInitial = Status::Inactive6,
       .perturbation = Status::PropagatedFromBaseState,
       .perturbationChanged = Status::ModifiedFromBaseState,
       .perturbationOff = Status::Inactive11,
       .held = Status::BuiltIn,
-      .notCarried = Status::Inactive7,
       .keepsPerturbationChange = true,
       .asksAdmissionInPerturbation = true,
   };
@@ -171,7 +149,7 @@ private:
     bool const creation = index == kprC_StepTable::npos || this->StatusAt(index) == mdl_PropagationStatusEnm::Created;
     if (creation) { return Rules::Assert(!freed, to.componentFreedInCreateStep); }
     bool const active = this->IsActive(this->StatusAt(index));
-    Rules::Assert(active || !(freed || unset), to.componentFreedOrUnset);
+    Rules::Assert(active, to.componentFreedOrUnset);
     Rules::Assert(!unset, to.componentUnset);
   }
 };

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <span>
-#include <string_view>
 
 #include "module/kpr/family/kprC_Constraint.h"
 #include "module/kpr/mesh/kprC_AdptMeshConsState.h"

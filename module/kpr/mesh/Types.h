@@ -1,11 +1,7 @@
 #pragma once
 
 #include "module/kpr/Types.h"
-
-class ddr_Model;
-template <class T> class kprC_PropagatingContainer;
-template <class S> class kprC_PropagatingState;
-template <class Owner, class Member, int Dimension> class ddr_MemberShortcut;
+#include "module/kpr/engine/kprC_Declarations.h"
 
 // the classes' names, then their identities
 #define DDB_CLASS(number, Class) class Class;
