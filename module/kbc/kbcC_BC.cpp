@@ -1,8 +1,5 @@
 #include "module/kbc/kbcC_BC.h"
 
-#include "module/kpr/procedures/kprC_Procedures.h"
-#include "module/kpr/steps/kprC_Step.h"
-
 template class kprC_StepAttribute<kbcC_Rules>;
 template class kprC_PropagatingContainer<kbcC_BC>;
 

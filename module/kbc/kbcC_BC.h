@@ -7,9 +7,6 @@
 #include "module/kpr/engine/kprC_Propagator.h"
 #include "module/kpr/engine/kprC_StepAttribute.h"
 #include "module/kpr/family/kprC_Prescribed.h"
-#include "platform/CoreGeometry/dtmC_DatumRef.h"
-
-class kprC_Step;
 
 extern template class DDB_API kprC_StepAttribute<kbcC_Rules>;
 

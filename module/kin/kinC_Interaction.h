@@ -20,6 +20,7 @@ extern template class DDB_API kprC_StepAttribute<kinC_Rules>;
 class DDB_API kinC_Interaction : public cls_Persistent<kinC_Interaction, kprC_TypedAttribute<kinC_Rules>>, public kinC_InteractionNames {
 public:
   static constexpr char const* kModule = "kin";
+  static constexpr cls_Reference kReference = cls_Reference::Interaction;  ///< as what others name them
   /// The construction commands of the family.
   static std::span<kprC_Constructor<kinC_Interaction> const> Constructors();
   /// Those of lists.
@@ -30,8 +31,6 @@ public:
   static constexpr omn_FixedString interactionRepositoryCmd() { return "interactions"; }
   static constexpr omn_FixedString fieldNameCmd() { return "fieldName"; }
 
-  /// Whether the interaction has a record of \p step, with a state or without.
-  bool HasStep(cow_String const& step) const { return IsMember(step); }
   /// False for a step that the interaction does not know.
   bool IsEditable(cow_String const& step) const override { return IsMember(step) && kprC_StepAttribute::IsEditable(step); }
   mdl_PropagationStatusEnm GetPropStatus(cow_String const& step) const { return Status(step); }

@@ -17,7 +17,7 @@ void kloC_BoltLoad::AssertWhole() const {
 
 void kloC_BoltLoad::AssertState(kloC_LoadState const& state, std::size_t index) const {
   bool const fixed = dynamic_cast<kloC_BoltLoadState const&>(state).boltMethod == kloC_BoltMethodEnm::FIXED;
-  kloC_Assert(!IsCreateStep(index) || !fixed, kloC_ErrorEnm::BoltCreatedFixed);
+  kloC_Assert(!States().IsCreateStep(index) || !fixed, kloC_ErrorEnm::BoltCreatedFixed);
   kloC_Load::AssertState(state, index);
 }
 

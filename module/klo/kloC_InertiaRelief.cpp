@@ -31,5 +31,5 @@ void kloC_InertiaReliefState::AssertInSpace(SpaceEnm space) const {
 void kloC_InertiaRelief::AssertState(kloC_LoadState const& state, std::size_t index) const {
   kloC_Load::AssertState(state, index);
   bool const fixed = dynamic_cast<kloC_InertiaReliefState const&>(state).fixed == true;
-  kloC_Assert(!IsCreateStep(index) || !fixed, kloC_ErrorEnm::FixedInCreateStep);
+  kloC_Assert(!States().IsCreateStep(index) || !fixed, kloC_ErrorEnm::FixedInCreateStep);
 }

@@ -19,6 +19,7 @@ public:
   using enum kloC_CategoryEnm;
 
   static constexpr char const* kModule = "klo";
+  static constexpr cls_Reference kReference = cls_Reference::Load;  ///< as what others name them
   /// The construction commands of the family.
   static std::span<kprC_Constructor<kloC_Load> const> Constructors();
 
@@ -30,12 +31,8 @@ public:
   static constexpr omn_FixedString suppressCmd() { return "suppress"; }
   static constexpr omn_FixedString fieldNameCmd() { return "fieldName"; }
 
-  /// Whether the load has a record of \p step, with a state or without.
-  bool HasStep(cow_String const& step) const { return IsMember(step); }
   /// False for a step that the load does not know.
   bool IsEditable(cow_String const& step) const override { return IsMember(step) && kprC_StepAttribute::IsEditable(step); }
-  /// Refuses 32 unless the load is in force in \p step: there, active and not suppressed.
-  void CheckStep(cow_String const& step) const;
 
   /// Refuses, in this order: 18 in force in an anneal step, 34 in a step that does not admit the type; what the type
   /// refuses as a whole; of each state 41 no magnitude in the create step, what the state refuses itself, 70 no field
@@ -61,7 +58,6 @@ protected:
   void AssertState(kloC_LoadState const& state, std::size_t index) const override;
   /// Refuses 17 an amplitude that a later step leaves unsaid in so many words: what it takes back is FREED.
   void AssertMemberState(std::size_t index, std::string_view member, std::string_view word) const override;
-  bool IsCreateStep(std::size_t index) const { return index == States().CreateStep(); }
 
 private:
   cls_Shared<rgnC_Region> region_;

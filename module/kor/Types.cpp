@@ -6,7 +6,7 @@
 #include "module/kor/korC_module.h"
 
 namespace {
-constexpr kprC_ProcedureSet kField = kprC_timedOutput | kprC_countedOutput | kprC_modalOutput | kprC_explicitOutput;
+constexpr kprC_ProcedureSet kField = kprC_anyOutput;
 constexpr kprC_ProcedureSet kHistory = kField - kprC_noHistoryOutput;
 
 constexpr kprC_TypeRow kTypes[] = {

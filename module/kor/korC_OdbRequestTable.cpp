@@ -1,16 +1,15 @@
 #include "module/kor/korC_OdbRequestTable.h"
 
 #include <algorithm>
-#include <array>
 
 #include "module/kor/korC_OutputState.h"
 #include "module/kor/korC_assert.h"
 
 namespace {
 using Table = korC_OdbRequestTable;
-using Spec = korC_OdbRequestSpec;
-using PrintEnm = Spec::PrintEnm;
-using LabelEnm = Spec::LabelEnm;
+using Row = korC_OdbRequestSpec;
+using PrintEnm = Row::PrintEnm;
+using LabelEnm = Row::LabelEnm;
 
 constexpr std::string_view kCategories[] = {"Stresses",
                                             "Strains",
@@ -32,30 +31,38 @@ constexpr std::string_view kCategories[] = {"Stresses",
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-bool IsOneOf(PrintEnm print, std::initializer_list<PrintEnm> prints) { return std::ranges::find(prints, print) != prints.end(); }
+constexpr unsigned Bit(PrintEnm print) { return 1U << static_cast<unsigned>(print); }
+constexpr unsigned kOfContact = Bit(PrintEnm::Contact) | Bit(PrintEnm::Surface) | Bit(PrintEnm::ContactOrElement);
+constexpr unsigned kOfElements = Bit(PrintEnm::Element) | Bit(PrintEnm::ContactOrElement);
+/// The classes of output that each symbol takes the variables of, in the order of the symbols.
+constexpr unsigned kPrints[] = {
+    /* NO_OUTPUT_VARIABLES      */ 0,
+    /* PRESELECT                */ 0,
+    /* CONTACT_PRESELECT        */ kOfContact,
+    /* ELEMENT_PRESELECT        */ kOfElements,
+    /* ENERGY_PRESELECT         */ Bit(PrintEnm::Energy),
+    /* INCREMENTATION_PRESELECT */ Bit(PrintEnm::Incrementation),
+    /* NODE_PRESELECT           */ Bit(PrintEnm::Node),
+    /* INTEGRATED_PRESELECT     */ Bit(PrintEnm::Integrated),
+    /* CONTACT_ALL              */ kOfContact,
+    /* ELEMENT_ALL              */ kOfElements,
+    /* ENERGY_ALL               */ Bit(PrintEnm::Energy),
+    /* INCREMENTATION_ALL       */ Bit(PrintEnm::Incrementation),
+    /* NODE_ALL                 */ Bit(PrintEnm::Node),
+    /* MODAL_ALL                */ Bit(PrintEnm::Modal),
+    /* RADIATION_ALL            */ Bit(PrintEnm::Radiation),
+    /* INTEGRATED_ALL           */ Bit(PrintEnm::Integrated),
+};
 
-/// The classes of output that a symbol takes the variables of.
-std::vector<PrintEnm> PrintsOf(korC_VariablesTypeEnm symbol) {
-  using enum korC_VariablesTypeEnm;
-  switch (symbol) {
-    case CONTACT_PRESELECT:
-    case CONTACT_ALL: return {PrintEnm::Contact, PrintEnm::Surface, PrintEnm::ContactOrElement};
-    case ELEMENT_PRESELECT:
-    case ELEMENT_ALL: return {PrintEnm::Element, PrintEnm::ContactOrElement};
-    case ENERGY_PRESELECT:
-    case ENERGY_ALL: return {PrintEnm::Energy};
-    case INCREMENTATION_PRESELECT:
-    case INCREMENTATION_ALL: return {PrintEnm::Incrementation};
-    case NODE_PRESELECT:
-    case NODE_ALL: return {PrintEnm::Node};
-    case INTEGRATED_PRESELECT:
-    case INTEGRATED_ALL: return {PrintEnm::Integrated};
-    case MODAL_ALL: return {PrintEnm::Modal};
-    case RADIATION_ALL: return {PrintEnm::Radiation};
-    case NO_OUTPUT_VARIABLES:
-    case PRESELECT: return {};
+/// The first row under the key that has the procedure type; null where none does. Refuses with \p unknown a key that \p index does not
+/// have.
+template <class Index> Row const* RowIn(Index const& index, std::string_view key, unsigned procedureType, korC_ErrorEnm unknown) {
+  auto const found = index.find(key);
+  korC_Assert(found != index.end(), unknown);
+  for (std::uint16_t const number : found->second) {
+    if (Table::Rows()[number].procedures.Contains(procedureType)) { return &Table::Rows()[number]; }
   }
-  return {};
+  return nullptr;
 }
 }  // namespace
 
@@ -79,10 +86,10 @@ bool korC_OdbRequest::EqualFrequency(korC_OdbRequest const& other) const {
 }
 
 korC_OdbRequestTable::korC_OdbRequestTable() {
-  std::span<Spec const> const rows = Rows();
+  std::span<Row const> const rows = Rows();
   names_.reserve(rows.size());
   for (std::size_t at = 0; at < rows.size(); ++at) {
-    Spec const& row = rows[at];
+    Row const& row = rows[at];
     auto const i = static_cast<std::uint16_t>(at);
     names_[row.name].push_back(i);
     row.ForEachComponent([&](std::string_view component) { components_[component].push_back(i); });
@@ -97,7 +104,7 @@ std::span<std::uint16_t const> korC_OdbRequestTable::RowsOf(std::string_view key
   return {};
 }
 
-bool korC_OdbRequestTable::Fits(Spec const& row, DomainEnm domain) {
+bool korC_OdbRequestTable::Fits(Row const& row, DomainEnm domain) {
   using enum korC_DomainTypeEnm;
   switch (domain) {
     case SET:
@@ -105,9 +112,9 @@ bool korC_OdbRequestTable::Fits(Spec const& row, DomainEnm domain) {
     case BOLT_LOAD: return row.print != PrintEnm::Integrated;
     case CONNECTOR: return row.label == LabelEnm::Connector;
     case INTERACTION:
-    case GENERAL_CONTACT_SURFACE: return IsOneOf(row.print, {PrintEnm::Contact, PrintEnm::Surface, PrintEnm::ContactOrElement});
+    case GENERAL_CONTACT_SURFACE: return (kOfContact & Bit(row.print)) != 0;
     case INTEGRATED_OUTPUT_SECTION: return row.print == PrintEnm::Integrated;
-    case COMPOSITE_LAYUP: return IsOneOf(row.print, {PrintEnm::Element, PrintEnm::ContactOrElement});
+    case COMPOSITE_LAYUP: return (kOfElements & Bit(row.print)) != 0;
   }
   return false;
 }
@@ -115,15 +122,15 @@ bool korC_OdbRequestTable::Fits(Spec const& row, DomainEnm domain) {
 kprC_ProcedureSet korC_OdbRequestTable::Procedures(std::string_view key, ChannelEnm channel, DomainEnm domain) const {
   kprC_ProcedureSet procedures;
   for (std::uint16_t const number : RowsOf(key)) {
-    Spec const& row = Rows()[number];
+    Row const& row = Rows()[number];
     if (row.IsIn(channel) && Fits(row, domain)) { procedures = procedures | row.procedures; }
   }
   return procedures;
 }
 
-korC_OdbRequestTable::Spec const* korC_OdbRequestTable::Find(std::string_view key, unsigned procedureType, ChannelEnm channel) const {
+korC_OdbRequestTable::Row const* korC_OdbRequestTable::Find(std::string_view key, unsigned procedureType, ChannelEnm channel) const {
   for (std::uint16_t const number : RowsOf(key)) {
-    Spec const& row = Rows()[number];
+    Row const& row = Rows()[number];
     if (row.procedures.Contains(procedureType) && row.IsIn(channel)) { return &row; }
   }
   return nullptr;
@@ -134,7 +141,7 @@ korC_OdbRequestTable::Identifiers korC_OdbRequestTable::Names(unsigned procedure
                                                               Keep&& keep) const {
   Identifiers names;
   std::string_view last;  // rows of one name that a step has more than one of stand side by side
-  for (Spec const& row : Rows()) {
+  for (Row const& row : Rows()) {
     if (!row.procedures.Contains(procedureType) || !row.IsIn(channel) || !Fits(row, domain) || row.name == last || !keep(row)) { continue; }
     last = row.name;
     names.Append(cow_String(row.name));
@@ -143,12 +150,12 @@ korC_OdbRequestTable::Identifiers korC_OdbRequestTable::Names(unsigned procedure
 }
 
 korC_OdbRequestTable::Identifiers korC_OdbRequestTable::All(unsigned procedureType, ChannelEnm channel, DomainEnm domain) const {
-  return Names(procedureType, channel, domain, [](Spec const&) { return true; });
+  return Names(procedureType, channel, domain, [](Row const&) { return true; });
 }
 
 korC_OdbRequestTable::Identifiers korC_OdbRequestTable::Requests(LabelEnm label, unsigned procedureType, ChannelEnm channel,
                                                                  DomainEnm domain) const {
-  return Names(procedureType, channel, domain, [label](Spec const& row) { return row.label == label; });
+  return Names(procedureType, channel, domain, [label](Row const& row) { return row.label == label; });
 }
 
 korC_OdbRequestTable::Identifiers korC_OdbRequestTable::Filter(Identifiers const& list, unsigned procedureType, ChannelEnm channel,
@@ -172,7 +179,7 @@ std::vector<korC_OdbRequest> korC_OdbRequestTable::DefaultRequests(unsigned proc
 
 std::vector<LabelEnm> korC_OdbRequestTable::Labels(ChannelEnm channel) const {
   std::vector<LabelEnm> labels;
-  for (Spec const& row : Rows()) {
+  for (Row const& row : Rows()) {
     if (row.IsIn(channel) && std::ranges::find(labels, row.label) == labels.end()) { labels.push_back(row.label); }
   }
   return labels;
@@ -180,19 +187,15 @@ std::vector<LabelEnm> korC_OdbRequestTable::Labels(ChannelEnm channel) const {
 
 std::vector<LabelEnm> korC_OdbRequestTable::Labels(ChannelEnm channel, unsigned procedureType, DomainEnm domain) const {
   std::vector<LabelEnm> labels;
-  Names(procedureType, channel, domain, [&labels](Spec const& row) {
+  Names(procedureType, channel, domain, [&labels](Row const& row) {
     if (std::ranges::find(labels, row.label) == labels.end()) { labels.push_back(row.label); }
     return false;
   });
   return labels;
 }
 
-korC_OdbRequestTable::Spec const* korC_OdbRequestTable::Request(std::string_view name, unsigned procedureType) const {
-  auto const found = names_.find(name);
-  korC_Assert(found != names_.end(), korC_ErrorEnm::UnknownVariable);
-  auto const holds = [&](std::uint16_t number) { return Rows()[number].procedures.Contains(procedureType); };
-  auto const row = std::ranges::find_if(found->second, holds);
-  return row == found->second.end() ? nullptr : &Rows()[*row];
+korC_OdbRequestTable::Row const* korC_OdbRequestTable::Request(std::string_view name, unsigned procedureType) const {
+  return RowIn(names_, name, procedureType, korC_ErrorEnm::UnknownVariable);
 }
 
 LabelEnm korC_OdbRequestTable::Label(std::string_view name, unsigned procedureType) const {
@@ -205,16 +208,12 @@ PrintEnm korC_OdbRequestTable::Print(std::string_view name, unsigned procedureTy
 
 bool korC_OdbRequestTable::IsComponentRequest(std::string_view key) const { return !names_.contains(key) && components_.contains(key); }
 
-korC_OdbRequestTable::Spec const* korC_OdbRequestTable::RequestSpecFromComponent(std::string_view component, unsigned procedureType) const {
-  auto const found = components_.find(component);
-  korC_Assert(found != components_.end(), korC_ErrorEnm::UnknownComponent);
-  auto const holds = [&](std::uint16_t number) { return Rows()[number].procedures.Contains(procedureType); };
-  auto const row = std::ranges::find_if(found->second, holds);
-  return row == found->second.end() ? nullptr : &Rows()[*row];
+korC_OdbRequestTable::Row const* korC_OdbRequestTable::RequestSpecFromComponent(std::string_view component, unsigned procedureType) const {
+  return RowIn(components_, component, procedureType, korC_ErrorEnm::UnknownComponent);
 }
 
 cow_String korC_OdbRequestTable::RequestFromComponent(std::string_view component, unsigned procedureType) const {
-  Spec const* const row = RequestSpecFromComponent(component, procedureType);
+  Row const* const row = RequestSpecFromComponent(component, procedureType);
   return row == nullptr ? cow_String() : cow_String(row->name);
 }
 
@@ -227,7 +226,7 @@ PrintEnm korC_OdbRequestTable::PrintFromComponent(std::string_view component, un
 }
 
 bool korC_OdbRequestTable::ComponentHasLabel(std::string_view component, LabelEnm label, unsigned procedureType) const {
-  Spec const* const row = RequestSpecFromComponent(component, procedureType);
+  Row const* const row = RequestSpecFromComponent(component, procedureType);
   return row != nullptr && row->label == label;
 }
 
@@ -249,7 +248,7 @@ korC_OdbRequestTable::Identifiers korC_OdbRequestTable::Rejected(Identifiers con
   Identifiers rejected;
   for (cow_String const& key : list) {
     auto const takes = [&](std::uint16_t number) {
-      Spec const& row = Rows()[number];
+      Row const& row = Rows()[number];
       return row.procedures.Contains(procedureType) && row.IsIn(channel) && Fits(row, domain) && is(row);
     };
     if (std::ranges::none_of(RowsOf(key.View()), takes)) { rejected.Append(key); }
@@ -259,13 +258,13 @@ korC_OdbRequestTable::Identifiers korC_OdbRequestTable::Rejected(Identifiers con
 
 korC_OdbRequestTable::Identifiers korC_OdbRequestTable::GetInvalidIdentifiers(Identifiers const& list, unsigned procedureType,
                                                                               ChannelEnm channel, DomainEnm domain) const {
-  return Rejected(list, procedureType, channel, domain, [](Spec const&) { return true; });
+  return Rejected(list, procedureType, channel, domain, [](Row const&) { return true; });
 }
 
 korC_OdbRequestTable::Identifiers korC_OdbRequestTable::GetInvalidLabelIdentifiers(Identifiers const& list, unsigned procedureType,
                                                                                    LabelEnm label, ChannelEnm channel,
                                                                                    DomainEnm domain) const {
-  return Rejected(list, procedureType, channel, domain, [label](Spec const& row) { return row.label == label; });
+  return Rejected(list, procedureType, channel, domain, [label](Row const& row) { return row.label == label; });
 }
 
 korC_OdbRequestTable::Identifiers korC_OdbRequestTable::GetInvalidPrintIdentifiers(Identifiers const& list, unsigned procedureType,
@@ -277,7 +276,7 @@ korC_OdbRequestTable::Identifiers korC_OdbRequestTable::GetInvalidPrintIdentifie
 korC_OdbRequestTable::Identifiers korC_OdbRequestTable::GetInvalidPrintIdentifiers(Identifiers const& list, unsigned procedureType,
                                                                                    PrintEnm one, PrintEnm other, ChannelEnm channel,
                                                                                    DomainEnm domain) const {
-  return Rejected(list, procedureType, channel, domain, [=](Spec const& row) { return row.print == one || row.print == other; });
+  return Rejected(list, procedureType, channel, domain, [=](Row const& row) { return row.print == one || row.print == other; });
 }
 
 void korC_OdbRequestTable::AssertKnown(std::string_view key) const {
@@ -296,12 +295,12 @@ cow_List<cow_String> korC_VariablesOf(korC_VariablesTypeEnm symbol, unsigned pro
   bool const all = symbol >= CONTACT_ALL;
   Table::Identifiers from = all ? table.All(procedureType, channel, domain) : table.Defaults(procedureType, channel, domain);
   if (symbol == PRESELECT) { return from; }
-  std::vector<PrintEnm> const prints = PrintsOf(symbol);
+  unsigned const prints = kPrints[static_cast<std::size_t>(symbol)];
   Table::Identifiers keys;
   for (cow_String const& key : from) {
-    Spec const& row = *table.Find(key.View(), procedureType, channel);
+    Row const& row = *table.Find(key.View(), procedureType, channel);
     bool const ownOne = !all || row.parent.empty();  // what is worked out comes with what it is worked out from
-    if (ownOne && std::ranges::find(prints, row.print) != prints.end()) { keys.Append(key); }
+    if (ownOne && (prints & Bit(row.print)) != 0) { keys.Append(key); }
   }
   return keys;
 }

@@ -5,20 +5,19 @@
 #include <vector>
 
 #include "module/kor/korC_OdbRequestSpec.h"
-#include "platform/CoreUtils/atr_String.h"
 #include "platform/CoreUtils/thr_Singleton.h"
 
 /// The variables that output requests may ask for: the rows of Variables.def and their indices. One per thread, made when it is first
 /// asked: thr_ThreadSingleton<korC_OdbRequestTable>::Instance(). The rows themselves are constants that cost nothing.
 ///
 /// Several rows may have one name, as far as their procedures differ or a channel has components of its own: who asks says the procedure
-/// type. A key that no row has may be a component of one ("S11"), for which the first row that lists it answers. A look-up
+/// type. A key that no row has may be a component of one ("S11"), for which the rows that list it answer. A look-up
 /// costs one hash of the key, a question about a list one for each of its keys.
 class DDB_API korC_OdbRequestTable {
 public:
-  using Spec = korC_OdbRequestSpec;
-  using LabelEnm = Spec::LabelEnm;
-  using PrintEnm = Spec::PrintEnm;
+  using Row = korC_OdbRequestSpec;
+  using LabelEnm = Row::LabelEnm;
+  using PrintEnm = Row::PrintEnm;
   using ChannelEnm = korC_OdbChannel::TypeEnm;
   using DomainEnm = korC_DomainTypeEnm;
   using Identifiers = cow_List<cow_String>;
@@ -27,7 +26,7 @@ public:
   static korC_OdbRequestTable& Instance() { return thr_ThreadSingleton<korC_OdbRequestTable>::Instance(); }
 
   /// All rows, in the order of the table.
-  static std::span<Spec const> Rows();
+  static std::span<Row const> Rows();
 
   // The names of the variables that may be requested in a step of \p procedureType, each once, in row order.
 
@@ -45,7 +44,7 @@ public:
   std::vector<LabelEnm> Labels(ChannelEnm channel, unsigned procedureType, DomainEnm domain) const;
 
   /// The row of that name that holds the procedure type; null where none does. Refuses 12 a name that no row has.
-  Spec const* Request(std::string_view name, unsigned procedureType) const;
+  Row const* Request(std::string_view name, unsigned procedureType) const;
   /// Of the row that holds the procedure type, else of the first one of that name.
   LabelEnm Label(std::string_view name, unsigned procedureType) const;
   PrintEnm Print(std::string_view name, unsigned procedureType) const;
@@ -53,7 +52,7 @@ public:
   /// Whether the key is a component of a row, and the name of none.
   bool IsComponentRequest(std::string_view key) const;
   /// The first row that lists the component and holds the procedure type; null where none does. Refuses 13 a key that no row lists.
-  Spec const* RequestSpecFromComponent(std::string_view component, unsigned procedureType) const;
+  Row const* RequestSpecFromComponent(std::string_view component, unsigned procedureType) const;
   /// Its name; empty where there is none.
   cow_String RequestFromComponent(std::string_view component, unsigned procedureType) const;
   LabelEnm LabelFromComponent(std::string_view component, unsigned procedureType) const;
@@ -87,14 +86,14 @@ public:
   /// Refuses a key that is not known: 13 where it is a variable's with a number behind it, else 12.
   void AssertKnown(std::string_view key) const;
   /// The first row of a key that is known, whatever the step.
-  Spec const& First(std::string_view key) const { return Rows()[RowsOf(key).front()]; }
+  Row const& First(std::string_view key) const { return Rows()[RowsOf(key).front()]; }
   /// The first row that answers for the key, a name or a component, in a step of \p procedureType and in that channel; null where none
   /// does.
-  Spec const* Find(std::string_view key, unsigned procedureType, ChannelEnm channel) const;
+  Row const* Find(std::string_view key, unsigned procedureType, ChannelEnm channel) const;
   /// The procedures in whose steps such a request may have the key.
   kprC_ProcedureSet Procedures(std::string_view key, ChannelEnm channel, DomainEnm domain) const;
   /// Whether a request about that domain may have a variable of that row.
-  static bool Fits(Spec const& row, DomainEnm domain);
+  static bool Fits(Row const& row, DomainEnm domain);
 
 private:
   using Numbers = std::vector<std::uint16_t>;
@@ -105,7 +104,7 @@ private:
   template <class Keep> Identifiers Names(unsigned procedureType, ChannelEnm channel, DomainEnm domain, Keep&& keep) const;
   template <class Is>
   Identifiers Rejected(Identifiers const& list, unsigned procedureType, ChannelEnm channel, DomainEnm domain, Is&& is) const;
-  static Spec const& FirstOf(Spec const* row, std::span<std::uint16_t const> rows) { return row != nullptr ? *row : Rows()[rows.front()]; }
+  static Row const& FirstOf(Row const* row, std::span<std::uint16_t const> rows) { return row != nullptr ? *row : Rows()[rows.front()]; }
 
   Index names_, components_, children_;
 };

@@ -1,7 +1,6 @@
 #include "module/kor/korC_Output.h"
 
 #include <algorithm>
-#include <array>
 
 #include "framework/ddr_Model.h"
 #include "module/kor/korC_OdbRequestTable.h"
@@ -12,36 +11,36 @@ template class kprC_PropagatingContainer<korC_FieldOutput>;
 template class kprC_PropagatingContainer<korC_HistoryOutput>;
 
 namespace {
-using Spec = korC_OdbRequestSpec;
-using PrintEnm = Spec::PrintEnm;
-using LabelEnm = Spec::LabelEnm;
+using Row = korC_OdbRequestSpec;
+using PrintEnm = Row::PrintEnm;
+using LabelEnm = Row::LabelEnm;
 constexpr std::size_t npos = kprC_StepTable::npos;
 
 // names of loads and interactions, which other families make
 constexpr std::string_view kLoads = "loads", kInteractions = "interactions", kBoltLoad = "BoltLoad";
 constexpr std::string_view kContacts[] = {"SurfaceToSurfaceContactStd", "SurfaceToSurfaceContactXpl", "SelfContactStd", "SelfContactXpl"};
 
-bool IsElement(Spec const& row) { return row.print == PrintEnm::Element || row.print == PrintEnm::ContactOrElement; }
-bool IsNode(Spec const& row) { return row.print == PrintEnm::Node; }
-bool IsNodeOrElement(Spec const& row) {
-  return IsNode(row) || (row.print == PrintEnm::Element && row.location != Spec::LocationEnm::WHOLE_MODEL);
+bool IsElement(Row const& row) { return row.print == PrintEnm::Element || row.print == PrintEnm::ContactOrElement; }
+bool IsNode(Row const& row) { return row.print == PrintEnm::Node; }
+bool IsNodeOrElement(Row const& row) {
+  return IsNode(row) || (row.print == PrintEnm::Element && row.location != Row::LocationEnm::WHOLE_MODEL);
 }
-bool IsConnector(Spec const& row) { return row.label == LabelEnm::Connector; }
-bool IsContact(Spec const& row) { return row.label == LabelEnm::Contact; }
+bool IsConnector(Row const& row) { return row.label == LabelEnm::Connector; }
+bool IsContact(Row const& row) { return row.label == LabelEnm::Contact; }
 bool AsksForContact(korC_OutputState const& state) {
   korC_Variables const& asked = state.variables.ConstGet();
   return !asked.IsList() && asked.Symbol() == korC_VariablesTypeEnm::CONTACT_PRESELECT;
 }
-bool IsIntegrated(Spec const& row) { return row.print == PrintEnm::Integrated; }
+bool IsIntegrated(Row const& row) { return row.print == PrintEnm::Integrated; }
 
 /// Whether \p is says so of every variable, or of any, that the state asks for. What PRESELECT stands for fits by itself; the contact
 /// variables are contact variables.
-bool AreAll(korC_OutputState const& state, bool (*is)(Spec const&)) {
+bool AreAll(korC_OutputState const& state, bool (*is)(Row const&)) {
   return !AsksForContact(state) && std::ranges::all_of(state.variables.ConstGet().Keys(), [is](cow_String const& key) {
     return is(korC_OdbRequestTable::Instance().First(key.View()));
   });
 }
-bool IsAny(korC_OutputState const& state, bool (*is)(Spec const&)) {
+bool IsAny(korC_OutputState const& state, bool (*is)(Row const&)) {
   return (is == &IsContact && AsksForContact(state)) || std::ranges::any_of(state.variables.ConstGet().Keys(), [is](cow_String const& key) {
            return is(korC_OdbRequestTable::Instance().First(key.View()));
          });
@@ -61,11 +60,6 @@ constexpr std::pair<omn_FixedString, char const*> kWays[] = {{korC_OutputState::
                                                              {korC_OutputState::timePointCmd(), "TIME_POINT"}};
 }  // namespace
 
-void korC_Output::RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const {
-  if (text.refusal >= 0) { korC_Assert(false, static_cast<korC_ErrorEnm>(text.refusal)); }
-  kprC_TypedAttribute::RefuseValue(name, text, expected);
-}
-
 korC_Output::DomainEnm korC_Output::DomainType() const {
   using enum korC_DomainTypeEnm;
   if (!boltLoad_.IsEmpty()) { return BOLT_LOAD; }
@@ -80,10 +74,6 @@ korC_Output::DomainEnm korC_HistoryOutput::DomainType() const {
   return integratedOutputSection_.IsEmpty() ? korC_Output::DomainType() : DomainEnm::INTEGRATED_OUTPUT_SECTION;
 }
 
-void korC_Output::CheckStep(cow_String const& step) const {
-  korC_Assert(!suppress_ && IsMember(step) && IsActive(Status(step)), korC_ErrorEnm::NotInStepOrInactive);
-}
-
 korC_OutputState const* korC_Output::ConstGetState(cow_String const& step) const {
   Status(step);
   return static_cast<korC_OutputState const*>(StateAt(Steps().Find(step.View())));
@@ -96,15 +86,10 @@ korC_OutputState const* korC_Output::CreateState() const {
   return create == npos ? nullptr : static_cast<korC_OutputState const*>(States().State(create));
 }
 
-bool korC_Output::IsWritable(korC_OutputState const& state, kprC_StepFacts step) const {
-  bool const explicitOnly = DomainType() == DomainEnm::GENERAL_CONTACT_SURFACE;
-  return (!explicitOnly || kprC_IsExplicit(step.procedureType)) && state.ValidFrequency(step);
-}
-
 bool korC_Output::Admits(kprC_StepFacts step, bool /*carried*/) const {
   korC_OutputState const* const state = CreateState();
   if (state == nullptr) { return Type().procedures.Contains(step.procedureType); }
-  return IsWritable(*state, step) && state->ValidProcedures(DomainType()).Contains(step.procedureType);
+  return state->ValidInAnalysisProcedure(step, DomainType());
 }
 
 cow_Handle<kprC_Carrying> korC_Output::Carrying() const {
@@ -113,7 +98,7 @@ cow_Handle<kprC_Carrying> korC_Output::Carrying() const {
   kprC_ProcedureSet const procedures = state == nullptr ? Type().procedures : state->ValidProcedures(DomainType());
   carrying.Get().pass = &Pass();
   carrying.Get().admitted = kprC_StepSet::Where(
-      [&](kprC_StepFacts step) { return procedures.Contains(step.procedureType) && (state == nullptr || IsWritable(*state, step)); });
+      [&](kprC_StepFacts step) { return procedures.Contains(step.procedureType) && (state == nullptr || state->ValidFrequency(step)); });
   return carrying;
 }
 
@@ -194,18 +179,17 @@ void korC_Output::AssertValid(korC_OutputState const& state) const {
 void korC_Output::AssertState(korC_OutputState const& state, std::size_t index) const {
   AssertValid(state);
   kprC_StepFacts const step = Steps().Facts(index);
-  bool const isCreation = index == States().CreateStep();
+  bool const isCreation = States().IsCreateStep(index);
   korC_Assert(state.GetInvalidVariables(step.procedureType, DomainType()).Size() == 0,
               isCreation ? korC_ErrorEnm::CreateWithInvalidVariables : korC_ErrorEnm::InvalidVariables);
-  korC_Assert(IsWritable(state, step), korC_ErrorEnm::InvalidStep);
+  korC_Assert(state.ValidInAnalysisProcedure(step, DomainType()), korC_ErrorEnm::InvalidStep);
 }
 
 void korC_Output::AssertOperation(kprC_Effect effect, std::size_t index, std::size_t to) const {
   if (effect != kprC_Effect::Move) { return; }
   kprC_StepFacts const step = Steps().Facts(to);
   auto const& state = static_cast<korC_OutputState const&>(*States().State(index));
-  bool const fits = IsWritable(state, step) && state.ValidProcedures(DomainType()).Contains(step.procedureType);
-  korC_Assert(fits, korC_ErrorEnm::MoveToInvalidStep);
+  korC_Assert(state.ValidInAnalysisProcedure(step, DomainType()), korC_ErrorEnm::MoveToInvalidStep);
 }
 
 void korC_Output::AssertInModel(ddr_Model const& model) const {

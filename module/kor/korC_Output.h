@@ -44,12 +44,8 @@ public:
   virtual DomainEnm DomainType() const;
   rgnC_Region const& Region() const { return *region_; }
 
-  /// Whether the request has a record of \p step, with a state or without.
-  bool HasStep(cow_String const& step) const { return IsMember(step); }
   /// False for a step that the request does not know.
   bool IsEditable(cow_String const& step) const override { return IsMember(step) && kprC_StepAttribute::IsEditable(step); }
-  /// Refuses 41 unless the request is in force in \p step: there, active and not suppressed.
-  void CheckStep(cow_String const& step) const;
   /// The state in force in \p step; null before the creation.
   korC_OutputState const* ConstGetState(cow_String const& step) const;
 
@@ -120,12 +116,9 @@ protected:
   void AssertWhole() const override;
   void AssertState(korC_OutputState const& state, std::size_t index) const override;
   void AssertOperation(kprC_Effect effect, std::size_t index, std::size_t to) const override;
-  [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override;
 
 private:
   korC_OutputState const* CreateState() const;
-  /// Whether all but the variables may stand in such a step.
-  bool IsWritable(korC_OutputState const& state, kprC_StepFacts step) const;
 
   cls_Shared<rgnC_Region> region_;
   cow_String boltLoad_, filter_;

@@ -21,11 +21,6 @@ korC_OdbRequest korC_DefaultFrequency(unsigned procedureType, korC_OdbChannel::T
   return often;
 }
 
-void korC_OutputState::RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const {
-  if (text.refusal >= 0) { korC_Assert(false, static_cast<korC_ErrorEnm>(text.refusal)); }
-  kprC_State::RefuseValue(name, text, expected);
-}
-
 void korC_OutputState::Begin(unsigned procedureType, ChannelEnm channel) {
   variables = korC_Variables(korC_VariablesTypeEnm::PRESELECT);
   TakeFrequency(korC_DefaultFrequency(procedureType, channel));
@@ -93,7 +88,7 @@ bool korC_OutputState::ValidInAnalysisProcedure(kprC_StepFacts step, DomainEnm d
 }
 
 kprC_ProcedureSet korC_OutputState::ValidProcedures(DomainEnm domain) const {
-  kprC_ProcedureSet procedures = kprC_timedOutput | kprC_countedOutput | kprC_modalOutput | kprC_explicitOutput;
+  kprC_ProcedureSet procedures = domain == DomainEnm::GENERAL_CONTACT_SURFACE ? kprC_explicitOutput : kprC_anyOutput;
   korC_Variables const& asked = variables.ConstGet();
   if (!asked.IsList()) { return procedures; }
   korC_OdbRequestTable const& table = korC_OdbRequestTable::Instance();
@@ -157,9 +152,8 @@ bool korC_OutputState::ChangeFrequencyType(kprC_StepFacts step) {
 
 bool korC_OutputState::ReconstructVariables(unsigned procedureType, DomainEnm domain) {
   Identifiers const listed = variables.ConstGet().Keys();
-  if (GetInvalidVariables(listed, procedureType, domain).Size() == 0) { return false; }
   Identifiers valid = korC_OdbRequestTable::Instance().Filter(listed, procedureType, Channel(), domain);
-  if (valid.Size() == 0) { return false; }
+  if (valid.Size() == 0 || valid.Size() == listed.Size()) { return false; }
   variables = korC_Variables(std::move(valid));
   return true;
 }

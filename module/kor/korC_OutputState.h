@@ -3,7 +3,7 @@
 #include "module/kor/korC_OdbRequestSpec.h"
 #include "module/kor/korC_Variables.h"
 #include "module/kor/korC_assert.h"
-#include "module/kpr/engine/kprC_State.h"
+#include "module/kpr/family/kprC_RefusingState.h"
 #include "module/kpr/procedures/kprC_OutputFrequency.h"
 #include "platform/BasicUtils/cls_xoList.h"
 #include "platform/CaeUtils/omu_PrimEnumTraits.h"
@@ -15,7 +15,7 @@ DDB_API korC_OdbRequest korC_DefaultFrequency(unsigned procedureType, korC_OdbCh
 
 /// What an output request asks for in a step: base of the states of the two kinds. Which of the values says how often it writes is
 /// "type"; the others have no effect.
-class DDB_API korC_OutputState : public kprC_StateOf<korC_OutputState, kprC_State> {
+class DDB_API korC_OutputState : public kprC_StateOf<korC_OutputState, kprC_RefusingState<&korC_Assert>> {
 public:
   using Identifiers = cow_List<cow_String>;
   using ChannelEnm = korC_OdbChannel::TypeEnm;
@@ -105,7 +105,6 @@ public:
   }
 
 protected:
-  [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override;
   /// What a new request asks for.
   void Begin(unsigned procedureType, ChannelEnm channel);
   void TakeFrequency(korC_OdbRequest const& often);

@@ -5,10 +5,6 @@
 template class kprC_StepAttribute<kpfC_Rules>;
 template class kprC_PropagatingContainer<kpfC_Field>;
 
-void kpfC_Field::CheckStep(cow_String const& step) const {
-  kpfC_Assert(!suppress_ && IsMember(step) && IsActive(Status(step)), kpfC_ErrorEnm::NotInStepOrInactive);
-}
-
 bool kpfC_Field::StaysFromInitial(kprC_StepFacts /*step*/) const { return Type().procedures == kprC_ProcedureType::Initial; }
 
 void kpfC_Field::AssertState(kpfC_FieldState const& state, std::size_t index) const {
@@ -18,7 +14,7 @@ void kpfC_Field::AssertState(kpfC_FieldState const& state, std::size_t index) co
   bool const hasRegion = *region_ && !region_->IsEmpty();
   kpfC_Assert(hasRegion || IgnoresRegion(state), kpfC_ErrorEnm::RegionMissing);
   std::optional<double> const magnitude = state.IsUniform() ? state.Magnitude() : std::nullopt;
-  kpfC_Assert(!IsCreateStep(index) || !magnitude || *magnitude != 0.0, kpfC_ErrorEnm::ZeroMagnitude);
+  kpfC_Assert(!States().IsCreateStep(index) || !magnitude || *magnitude != 0.0, kpfC_ErrorEnm::ZeroMagnitude);
 }
 
 void kpfC_Field::AssertInModel(ddr_Model const& model) const {
@@ -33,9 +29,4 @@ kprC_ActsOn kpfC_Field::ActsOn() const {
   bool needsRegion = false;
   ForEachEditable([&](kpfC_FieldState const& state) { needsRegion = needsRegion || !IgnoresRegion(state); });
   return needsRegion ? Type().actsOn : kprC_ActsOn::Anything;
-}
-
-void kpfC_Field::RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const {
-  kpfC_Assert(text.refusal < 0, static_cast<kpfC_ErrorEnm>(text.refusal));
-  kprC_StepAttribute::RefuseValue(name, text, expected);
 }

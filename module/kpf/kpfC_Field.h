@@ -37,12 +37,8 @@ public:
   static constexpr omn_FixedString resetToInitialCmd() { return "resetToInitial"; }
   static constexpr omn_FixedString resetToPropagatedCmd() { return "resetToPropagated"; }
 
-  /// Whether the field has a record of \p step, with a state or without.
-  bool HasStep(cow_String const& step) const { return IsMember(step); }
   /// False for a step that the field does not know.
   bool IsEditable(cow_String const& step) const override { return IsMember(step) && kprC_StepAttribute::IsEditable(step); }
-  /// Refuses 25 unless the field is in force in \p step: there, active and not suppressed.
-  void CheckStep(cow_String const& step) const;
   /// Takes the field back to its initial value from \p step on; Reset takes that back.
   void ResetToInitial(cow_String const& step) { kprC_StepAttribute::Deactivate(step); }
 
@@ -72,8 +68,6 @@ protected:
   void AssertMemberState(std::size_t /*index*/, std::string_view member, std::string_view word) const override {
     kpfC_Assert(member != kpfC_FieldState::amplitudeCmd().View() || word != "PROPAGATED", kpfC_ErrorEnm::AmplitudeName);
   }
-  bool IsCreateStep(std::size_t index) const { return index == States().CreateStep(); }
-  [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override;
 
 private:
   using kprC_StepAttribute::Deactivate;  // a field is never switched off

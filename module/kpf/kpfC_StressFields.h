@@ -46,11 +46,12 @@ public:
   }
 
 protected:
-  /// Refuses, with a uniform distribution, 58 no tensor and 59 no section; with any other one, \p superfluous a tensor and 54 a section.
+  /// Refuses, unless uniform, \p superfluous a tensor and 54 a section.
   void AssertNoTensor(kpfC_ErrorEnm superfluous) const {
     kpfC_Assert(this->IsUniform() || !stressTensor.HasValue(), superfluous);
     kpfC_Assert(this->IsUniform() || !sectionType.HasValue(), kpfC_ErrorEnm::SectionTypeSuperfluous);
   }
+  /// Refuses, where uniform, 58 no tensor and 59 no section.
   void AssertTensor() const {
     kpfC_Assert(!this->IsUniform() || stressTensor.HasValue(), kpfC_ErrorEnm::StressTensorMissing);
     kpfC_Assert(!this->IsUniform() || sectionType.HasValue(), kpfC_ErrorEnm::SectionTypeMissing);

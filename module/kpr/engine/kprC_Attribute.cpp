@@ -424,13 +424,8 @@ std::size_t kprC_Attribute::WeightBeside(kprC_StepDependent const* now) const {
   constexpr std::size_t kWithoutRecords = 512;
   bool const isOfType = now != nullptr && now->DynTypeId() == DynTypeId();
   auto const* const later = isOfType ? static_cast<kprC_Attribute const*>(now) : nullptr;
-  std::size_t weight = kWithoutRecords + States().WeightBeside(later == nullptr ? nullptr : &later->States());
-  for (cls_MemberRow const& row : MemberRows()) {
-    bool const isShared = row.name == "states" || (later != nullptr && row.ops->equal(row.In(static_cast<void const*>(this)),
-                                                                                      row.In(static_cast<void const*>(later))));
-    if (!isShared) { weight += cls_HeldBytes(row, *this); }
-  }
-  return weight;
+  cls_Object const* const others[] = {later};
+  return kWithoutRecords + States().WeightBeside(later == nullptr ? nullptr : &later->States()) + cls_HeldBytes(*this, others, "states");
 }
 
 void kprC_Attribute::Restored(cls_ReadVisitor const& in) {

@@ -174,6 +174,13 @@ public:
       return {};
     }
   }
+  cls_Reference Reference() const override {
+    if constexpr (requires { T::kReference; }) {
+      return T::kReference;
+    } else {
+      return cls_Reference::None;
+    }
+  }
   std::string Module() const override { return T::kModule; }
   kprC_EditRefusalCodes const& EditRefusals() const override {
     static constexpr kprC_EditRefusalCodes codes = T::EditRefusals();

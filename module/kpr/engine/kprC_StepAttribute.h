@@ -60,6 +60,7 @@ public:
                                    .inPerturbation = any(edit.inPerturbation),
                                    .typeNotAdmitted = any(edit.typeNotAdmitted),
                                    .propertyUnknown = any(edit.propertyUnknown)};
+    codes.replaceCreateStep = number(Rules::kRefusals.replaceCreateStep);
     if constexpr (requires { Rules::kLoadCase; }) { codes.notInLoadCase = number(Rules::kLoadCase.notActive); }
     return codes;
   }

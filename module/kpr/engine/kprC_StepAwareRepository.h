@@ -50,6 +50,8 @@ public:
   virtual std::string_view ItemCmd() const = 0;
   /// The command that copies one, "BoundaryCondition"; empty in a family without.
   virtual std::string_view CopyCmd() const { return {}; }
+  /// As what members of others name its attributes; None where none does.
+  virtual cls_Reference Reference() const { return cls_Reference::None; }
   /// The module's prefix: "kbc".
   virtual std::string Module() const = 0;
   /// What the editing layers refuse, by the family's numbers.

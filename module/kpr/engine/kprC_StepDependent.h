@@ -43,6 +43,7 @@ template <class Error> struct kprC_EditRefusals {
   Code propertyUnknown = {};   ///< an interaction property that the model does not know
   /// A load case names what is not there or not in force; taken from kLoadCase, none in a family that has nothing to do with them.
   Code notInLoadCase = {};
+  Code replaceCreateStep = {};  ///< its create step gets another procedure; taken from kRefusals
 };
 /// The refusals of a family as the editing layers see them: by their numbers.
 using kprC_EditRefusalCodes = kprC_EditRefusals<int>;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "module/kpr/engine/kprC_State.h"
+#include "module/kpr/family/kprC_RefusingState.h"
 #include "module/kpr/procedures/kprC_Procedures.h"
 
 // procedures in whose steps an amplitude, a complex value or a magnitude means nothing or something
@@ -11,7 +11,7 @@ inline constexpr kprC_ProcedureSet kprC_complex = {kprC_ProcedureType::SteadySta
 inline constexpr kprC_ProcedureSet kprC_noMagnitude = {kprC_ProcedureType::Frequency, kprC_ProcedureType::ComplexFrequency};
 
 /// Base of the states of families whose values an amplitude may scale over a step. \p Assert raises the family's refusals.
-template <auto Assert> class kprC_AmplitudeState : public kprC_State {
+template <auto Assert> class kprC_AmplitudeState : public kprC_RefusingState<Assert> {
 public:
   static constexpr omn_FixedString amplitudeCmd() { return "amplitude"; }
   static constexpr omn_FixedString deactivateCmd() { return "deactivate"; }
@@ -28,13 +28,4 @@ public:
   virtual void ChangeProcedureType(unsigned procedureType) {
     if (!UseAmplitude(procedureType)) { amplitude = mdl_PropAttributeStateEnm::Unset; }
   }
-
-protected:
-  [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override {
-    if (text.refusal >= 0) { Raise(Assert, text.refusal); }
-    kprC_State::RefuseValue(name, text, expected);
-  }
-
-private:
-  template <class Error> static void Raise(void (*refuse)(bool, Error), int code) { refuse(false, static_cast<Error>(code)); }
 };

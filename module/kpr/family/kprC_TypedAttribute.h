@@ -27,6 +27,13 @@ public:
   std::string ConstructionName() const override { return std::string(Type().command); }
   std::string Label() const override { return std::string(Type().label); }
 
+  /// Whether the attribute has a record of \p step, with a state or without.
+  bool HasStep(cow_String const& step) const { return this->IsMember(step); }
+  /// Refuses (kEdit.notInStep) unless the attribute is in force in \p step: there, active and not suppressed.
+  void CheckStep(cow_String const& step) const {
+    Rules::Assert(!this->suppress_ && this->IsMember(step) && this->IsActive(this->Status(step)), Rules::kEdit.notInStep);
+  }
+
   /// Whether the type may stand in a step of \p procedureType (0: the initial step): its row grants it, or the type's own rule,
   /// which is told with \p carried whether the attribute is carried into the step.
   bool ValidInStep(unsigned procedureType, bool carried, bool initialRelaxed, bool explicitOnly) const {
@@ -77,6 +84,11 @@ public:
   }
 
 protected:
+  /// By the number that the member's list gives it, if any.
+  [[noreturn]] void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const override {
+    if (text.refusal >= 0) { this->Refuse(text.refusal); }
+    kprC_StepAttribute<Rules>::RefuseValue(name, text, expected);
+  }
   /// The type's own rule for steps that its row does not grant.
   virtual bool ValidByOwnRule(unsigned /*procedureType*/, bool /*carried*/) const { return false; }
   kprC_PassTable const& Pass() const override {

@@ -1,9 +1,5 @@
 #include "module/kpr/mesh/kprC_AdptMeshCons.h"
 
-#include <algorithm>
-
-#include "platform/CoreUtils/thr_Singleton.h"
-
 template class kprC_StepAttribute<kprC_AdptMeshConsRules>;
 template class kprC_PropagatingContainer<kprC_AdptMeshCons>;
 
@@ -17,12 +13,14 @@ template <class Class, class State> constexpr kprC_AdptMeshConsTypeRow Row(std::
   return {row, kprC_AdptMeshConsCategoryEnm::MECHANICAL};
 }
 constexpr kprC_AdptMeshConsTypeRow kTypes[] = {
-    Row<kprC_DispAdptMeshCons, kprC_DispAdptMeshConsState>("DisplacementAdaptiveMeshConstraint", "Displacement/Rotation"),
-    Row<kprC_VelAdptMeshCons, kprC_VelAdptMeshConsState>("VelocityAdaptiveMeshConstraint", "Velocity/Angular velocity"),
+#define DDB_CLASS(number, Class)
+#define DDB_TYPE(number, Class, stateNumber, State, command, label) Row<Class, State>(command, label),
+#include "module/kpr/mesh/Types.def"
 };
 constexpr kprC_Constructor<kprC_AdptMeshCons> kConstructors[] = {
-    {kTypes[0].command, kTypes[0].label, &cls_Make<kprC_DispAdptMeshCons>},
-    {kTypes[1].command, kTypes[1].label, &cls_Make<kprC_VelAdptMeshCons>},
+#define DDB_CLASS(number, Class)
+#define DDB_TYPE(number, Class, stateNumber, State, command, label) {command, label, &cls_Make<Class>},
+#include "module/kpr/mesh/Types.def"
 };
 
 cow_List<atr_String> TypesOf(kprC_AdptMeshConsCategoryEnm category, int procedureType) {
@@ -60,9 +58,6 @@ cow_List<atr_String> kprC_getOtherAdptMeshConsTypesforStep(int procedureType) {
 }
 
 bool kprC_isValidAdptMeshConsTypeforStep(int constraintType, int procedureType) {
-  auto const label = thr_GlobalSingleton<kprC_AdptMeshConsTypeLabelMap>::Instance().Label(static_cast<unsigned>(constraintType));
-  auto const lists = [label](cow_List<atr_String> const& labels) {
-    return std::ranges::any_of(labels, [label](atr_String const& listed) { return listed.View() == label; });
-  };
-  return lists(kprC_getMechanicalAdptMeshConsTypesforStep(procedureType)) || lists(kprC_getOtherAdptMeshConsTypesforStep(procedureType));
+  auto const* row = kprC_FindType(kprC_AdptMeshConsTypes(), static_cast<unsigned>(constraintType));
+  return row != nullptr && row->procedures.Contains(static_cast<unsigned>(procedureType));
 }

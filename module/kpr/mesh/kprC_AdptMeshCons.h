@@ -144,5 +144,5 @@ public:
 // The labels of the types of a category that a step of \p procedureType admits; none of the initial step (0).
 DDB_API cow_List<atr_String> kprC_getMechanicalAdptMeshConsTypesforStep(int procedureType);
 DDB_API cow_List<atr_String> kprC_getOtherAdptMeshConsTypesforStep(int procedureType);
-/// Whether the label of the type of that identity is in one of both lists.
+/// Whether a step of that procedure type admits the type of that identity.
 DDB_API bool kprC_isValidAdptMeshConsTypeforStep(int constraintType, int procedureType);

@@ -22,6 +22,8 @@ inline constexpr kprC_ProcedureSet kprC_modalOutput = {kprC_ProcedureType::Frequ
 /// Those in small explicit increments; an anneal step writes nothing.
 inline constexpr kprC_ProcedureSet kprC_explicitOutput = {kprC_ProcedureType::ExplicitDynamics,
                                                           kprC_ProcedureType::TempDisplacementDynamics};
+/// All that write anything.
+inline constexpr kprC_ProcedureSet kprC_anyOutput = kprC_timedOutput | kprC_countedOutput | kprC_modalOutput | kprC_explicitOutput;
 /// Those whose modes have no history.
 inline constexpr kprC_ProcedureSet kprC_noHistoryOutput = {kprC_ProcedureType::Frequency, kprC_ProcedureType::Buckle};
 

@@ -16,13 +16,6 @@ TEST_F(MeshConstraints, HaveTheHistoriesThatAWalkOverEveryRecordGives) {
   test::ExpectPlainHistories(kprC_AdptMeshCons::Constructors(), test::kConstraintRules, 60);
 }
 
-TEST_F(MeshConstraints, RestWhereTheMeshDoesNotAdapt) {
-  ASSERT_EQ(Make("IGFGX", "Initial", {{"u1", 0.0}}), -1);
-  EXPECT_EQ(History(), "1 9 6 9 9");
-  EXPECT_EQ(Deactivate("S3"), -1);
-  EXPECT_EQ(History(), "1 9 6 4 5");
-}
-
 TEST_F(MeshConstraints, RefuseWithTheNumbersOfSteps) {
   struct {
     char const* steps;
