@@ -86,11 +86,15 @@ int Run(VariablesOptions const& options) {
     PrintCsv(variables);
     return kDone;
   }
+  if (options.format == Format::Json) {
+    Json list = Json::array();
+    for (VariableInfo const& info : variables) { list.push_back(JsonOf(info, query.procedureType.has_value())); }
+    std::cout << JsonPage(list) << '\n';
+    return kDone;
+  }
   TextTable table({"category", "variable", "in", "of", "preselected", "meaning and components"});
-  Json list = Json::array();
   std::string category;
   for (VariableInfo const& info : variables) {
-    list.push_back(JsonOf(info, query.procedureType.has_value()));
     std::string const components = info.components.empty() ? "" : fmt::format(": {}", fmt::join(info.components, " "));
     table.Add({{info.category == category ? "" : info.category, Style::Faint},
                {info.name, Style::Strong},
@@ -100,9 +104,7 @@ int Run(VariablesOptions const& options) {
                info.description + components});
     category = info.category;
   }
-  if (options.format == Format::Json) {
-    std::cout << JsonPage(list) << '\n';
-  } else if (table.IsEmpty()) {
+  if (table.IsEmpty()) {
     std::cout << "No variables.\n";
   } else {
     table.Print(std::cout, TerminalWidth(), UseColor(options.color));

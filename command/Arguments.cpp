@@ -79,8 +79,7 @@ void Arguments::AssertTexts(std::string_view name, Json const& value) const {
 }
 
 cls_Value Arguments::AsValue(std::string_view name, Json const& value) const {
-  if (value.is_string()) { return AsText(name, value); }
-  if (value.is_structured()) { AssertTexts(name, value); }
+  AssertTexts(name, value);
   return ToValue(value);
 }
 

@@ -57,7 +57,7 @@ private:
   Json const* Take(std::string_view name);
   bool IsTaken(Json const& value) const;
   std::string const& AsText(std::string_view name, Json const& value) const;
-  /// Refuses a text that is not UTF-8 in a value of several.
+  /// Refuses a text that is not UTF-8, in a value of several too.
   void AssertTexts(std::string_view name, Json const& value) const;
   cls_Value AsValue(std::string_view name, Json const& value) const;
 

@@ -440,7 +440,7 @@ void RenameAttribute(Call& call, AttributeTarget const& target) {
   if (newName == target.name) { return; }
   call.model.Get<kprC_StepAwareRepository>(target.extension).RenameItem(target.name, newName);
   RenameInLoadCases(call, target.repository.ItemCmd(), target.name, newName);
-  RenameInReferences(call, target.repository.ItemCmd(), target.name, newName);
+  RenameInReferences(call, target.repository, target.name, newName);
   call.touched.names.push_back(newName);
 }
 
@@ -466,7 +466,7 @@ void SayAgain(Call& call, cow_String const& from, cow_String const& to) {
 void DeleteAttribute(Call& call, AttributeTarget const& target) {
   call.arguments.AssertNoRest({});
   AssertInNoLoadCase(call, target.repository.ItemCmd(), target.name);
-  AssertInNoReference(call, target.repository.ItemCmd(), target.name);
+  AssertInNoReference(call, target.repository, target.name);
   call.model.Get<kprC_StepAwareRepository>(target.extension).Remove(target.name);
 }
 

@@ -140,10 +140,10 @@ void RenameInLoadCases(Call& call, std::string_view kind, cow_String const& name
 void AssertInNoLoadCase(Call& call, std::string_view kind, cow_String const& name);
 
 void CopyReference(Call& call, ReferenceKind const& kind, cow_String const& name);
-/// Has those follow that name an attribute of that kind ("load").
-void RenameInReferences(Call& call, std::string_view kind, cow_String const& name, cow_String const& newName);
+/// Has those follow that name an attribute of the repository.
+void RenameInReferences(Call& call, kprC_StepAwareRepository const& repository, cow_String const& name, cow_String const& newName);
 /// Refuses to delete an attribute that others name.
-void AssertInNoReference(Call& call, std::string_view kind, cow_String const& name);
+void AssertInNoReference(Call& call, kprC_StepAwareRepository const& repository, cow_String const& name);
 
 /// Completes the values of members that name something of the model, in lists and nested objects too, and refuses what the
 /// model does not have: by the number of \p repository's family where that has one.

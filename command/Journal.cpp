@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
-#include <cstring>
-#include <istream>
+#include <sstream>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -64,104 +63,6 @@ private:
   std::string name_, repeated_;
 };
 
-constexpr unsigned char kLargeSize = 0xFF;  // in the place of a size that a byte does not hold
-
-/// Appends values: each is the byte of its type and what tells it, texts and lists behind their sizes.
-class Packer {
-public:
-  explicit Packer(std::string& to) : to_(to) {}
-
-  void Pack(Json const& value) {
-    to_ += static_cast<char>(value.type());
-    switch (value.type()) {
-      case Json::value_t::boolean: return Put(value.get<bool>());
-      case Json::value_t::number_integer: return Put(value.get<long long>());
-      case Json::value_t::number_unsigned: return Put(value.get<unsigned long long>());
-      case Json::value_t::number_float: return Put(value.get<double>());
-      case Json::value_t::string: return PutText(value.get_ref<std::string const&>());
-      case Json::value_t::array:
-        PutSize(value.size());
-        for (Json const& element : value) { Pack(element); }
-        return;
-      case Json::value_t::object:
-        PutSize(value.size());
-        for (auto const& [name, member] : value.get_ref<Json::object_t const&>()) {
-          PutText(name);
-          Pack(member);
-        }
-        return;
-      default: return;  // commands have no other values
-    }
-  }
-
-private:
-  void PutSize(std::size_t size) {
-    if (size < kLargeSize) { return Put(static_cast<unsigned char>(size)); }
-    Put(kLargeSize);
-    Put(size);
-  }
-  template <class T> void Put(T value) { to_.append(reinterpret_cast<char const*>(&value), sizeof value); }
-  void PutText(std::string_view text) {
-    PutSize(text.size());
-    to_.append(text);
-  }
-
-  std::string& to_;
-};
-
-/// Reads what a Packer has put.
-class Unpacker {
-public:
-  explicit Unpacker(std::string_view from) : left_(from) {}
-
-  bool IsAtEnd() const { return left_.empty(); }
-  Json Unpack() {
-    switch (static_cast<Json::value_t>(Take<char>())) {
-      case Json::value_t::boolean: return Take<bool>();
-      case Json::value_t::number_integer: return Take<long long>();
-      case Json::value_t::number_unsigned: return Take<unsigned long long>();
-      case Json::value_t::number_float: return Take<double>();
-      case Json::value_t::string: return TakeText();
-      case Json::value_t::array: {
-        Json list = Json::array();
-        for (std::size_t size = TakeSize(); size > 0; --size) { list.push_back(Unpack()); }
-        return list;
-      }
-      case Json::value_t::object: {
-        JsonMembers members;
-        for (std::size_t size = TakeSize(); size > 0; --size) {
-          std::string name = TakeText();
-          members.emplace_back(std::move(name), Unpack());
-        }
-        Json object = Json::object();
-        static_cast<JsonMembers&>(object.get_ref<Json::object_t&>()) = std::move(members);
-        return object;
-      }
-      default: return nullptr;
-    }
-  }
-
-private:
-  std::size_t TakeSize() {
-    auto const size = Take<unsigned char>();
-    return size < kLargeSize ? size : Take<std::size_t>();
-  }
-  template <class T> T Take() {
-    T value;
-    std::memcpy(&value, left_.data(), sizeof value);
-    left_.remove_prefix(sizeof value);
-    return value;
-  }
-  std::string TakeText() {
-    std::size_t const size = TakeSize();
-    std::string text(left_.substr(0, size));
-    left_.remove_prefix(size);
-    return text;
-  }
-
-  std::string_view left_;
-};
-
 }  // namespace
 
 JournalError::JournalError(std::string const& journal, std::size_t line, std::size_t column, std::string const& text)
@@ -218,7 +119,7 @@ void PackedJournal::Append(Json const& command) {
   std::string& block = blocks_.back();
   std::size_t const begin = block.size();
   try {
-    Packer(block).Pack(command);
+    Json::to_cbor(command, block);
   } catch (...) {
     block.resize(begin);
     throw;
@@ -228,7 +129,8 @@ void PackedJournal::Append(Json const& command) {
 std::vector<Json> PackedJournal::Commands() const {
   std::vector<Json> commands;
   for (std::string const& block : blocks_) {
-    for (Unpacker unpacker(block); !unpacker.IsAtEnd();) { commands.push_back(unpacker.Unpack()); }
+    std::istringstream in(block);
+    while (in.peek() != std::istringstream::traits_type::eof()) { commands.push_back(Json::from_cbor(in, false)); }
   }
   return commands;
 }

@@ -50,8 +50,8 @@ private:
   std::size_t line_ = 0;
 };
 
-/// The commands of a session one behind the other, packed: a tenth of the memory that they take as they come. To pack one costs less
-/// than its line would, as numbers stay what they are.
+/// The commands of a session one behind the other, packed as CBOR, in which numbers stay what they are: a fraction of the memory that
+/// they take as they come.
 class PackedJournal {
 public:
   void Append(Json const& command);

@@ -164,12 +164,6 @@ void AssertUnused(Call const& call, cls_Reference reference, std::string_view ki
   RefuseEdit(call.subject, text + ".");
 }
 
-/// As what attributes of that kind are named by others.
-cls_Reference ReferenceOf(std::string_view kind) {
-  if (kind == kloC_Load::itemCmd()) { return cls_Reference::Load; }
-  return kind == kinC_Interaction::itemCmd() ? cls_Reference::Interaction : cls_Reference::None;
-}
-
 cow_String FreeName(Call& call, std::string_view argument, ReferenceKind const& kind, cow_String const& own = {}) {
   cow_String name = call.arguments.Name(argument);
   if (name != own && kind.In(std::as_const(call.model)).ConstObject(name) != nullptr) {
@@ -372,11 +366,13 @@ void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& na
   kind.In(call.model).Remove(name);
 }
 
-void RenameInReferences(Call& call, std::string_view kind, cow_String const& name, cow_String const& newName) {
-  cls_Reference const reference = ReferenceOf(kind);
+void RenameInReferences(Call& call, kprC_StepAwareRepository const& repository, cow_String const& name, cow_String const& newName) {
+  cls_Reference const reference = repository.Reference();
   Redirect(call, UsersOf(call.model, reference, name), {reference, name, newName});
 }
 
-void AssertInNoReference(Call& call, std::string_view kind, cow_String const& name) { AssertUnused(call, ReferenceOf(kind), kind, name); }
+void AssertInNoReference(Call& call, kprC_StepAwareRepository const& repository, cow_String const& name) {
+  AssertUnused(call, repository.Reference(), repository.ItemCmd(), name);
+}
 
 }  // namespace gattr

@@ -6,7 +6,6 @@
 #include "command/Hints.h"
 #include "command/Members.h"
 #include "module/kpr/kprC_assert.h"
-#include "module/kpr/mesh/Rules.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "module/kpr/steps/kprC_AnalysisStep.h"
@@ -340,9 +339,11 @@ void ReplaceStep(Call& call, cow_String const& name) {
         [&] { return WhyNot(call.model, name, true, step->ProcedureType()); });
   };
   Hinting(call, explained, [&](Refusal const& refused) {
-    // mesh constraints refuse by the numbers of steps
-    bool const ofSteps = refused.module == kModule && refused.code != static_cast<int>(kprC_AdptMeshConsRules::kRefusals.replaceCreateStep);
-    return ofSteps ? "" : replacement.Hint();
+    bool ofAttribute = refused.module != kModule;
+    ForEachRepository(call.model, [&](auto const&, kprC_StepAwareRepository const& repository) {
+      ofAttribute = ofAttribute || (repository.Module() == refused.module && repository.EditRefusals().replaceCreateStep == refused.code);
+    });
+    return ofAttribute ? replacement.Hint() : std::string();
   });
 }
 

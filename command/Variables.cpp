@@ -1,6 +1,7 @@
 #include "command/Variables.h"
 
-#include <algorithm>
+#include <functional>
+#include <set>
 
 #include "command/Words.h"
 #include "module/kor/korC_Output.h"
@@ -20,19 +21,25 @@ bool Writes(unsigned procedureType, ChannelEnm channel) {
   return kprC_FindType(korC_Types(), kind)->procedures.Contains(procedureType);
 }
 
-bool IsPreselected(std::string_view name, VariableQuery const& query) {
-  if (!query.procedureType) { return false; }
+/// What PRESELECT stands for in the procedure and the channels that are asked for.
+std::set<std::string, std::less<>> Preselected(VariableQuery const& query) {
+  std::set<std::string, std::less<>> names;
+  if (!query.procedureType) { return names; }
+  korC_OdbRequestTable const& table = korC_OdbRequestTable::Instance();
   for (ChannelEnm const channel : {korC_OdbChannel::FIELD, korC_OdbChannel::HISTORY}) {
     if (query.channel && *query.channel != channel) { continue; }
-    auto const keys = korC_OdbRequestTable::Instance().Defaults(*query.procedureType, channel, korC_DomainTypeEnm::WHOLE_MODEL);
-    if (std::ranges::find(keys, name, &cow_String::View) != keys.end()) { return true; }
+    for (cow_String const& key : table.Defaults(*query.procedureType, channel, korC_DomainTypeEnm::WHOLE_MODEL)) {
+      names.emplace(key.View());
+    }
   }
-  return false;
+  return names;
 }
 }  // namespace
 
 std::vector<VariableInfo> Variables(VariableQuery const& query) {
   std::vector<VariableInfo> variables;
+  std::vector<std::string> const categories = VariableCategories();
+  auto const preselected = Preselected(query);
   for (korC_OdbRequestSpec const& row : korC_OdbRequestTable::Rows()) {
     if (query.procedureType && !row.procedures.Contains(*query.procedureType)) { continue; }
     if (query.category && row.label != *query.category) { continue; }
@@ -45,7 +52,7 @@ std::vector<VariableInfo> Variables(VariableQuery const& query) {
     VariableInfo info;
     info.name = row.name;
     info.description = row.Description();
-    info.category = VariableCategories()[static_cast<std::size_t>(row.label)];
+    info.category = categories[static_cast<std::size_t>(row.label)];
     info.location = TextOf(row.location);
     info.output = TextOf(row.print);
     row.ForEachComponent([&info](std::string_view component) { info.components.emplace_back(component); });
@@ -55,7 +62,7 @@ std::vector<VariableInfo> Variables(VariableQuery const& query) {
     for (auto const& entry : thr_GlobalSingleton<kprC_ProcedureTypeLabelMap>::Instance().Entries()) {
       if (row.procedures.Contains(entry.type)) { info.procedures.emplace_back(entry.label.View()); }
     }
-    info.preselected = IsPreselected(row.name, query);
+    info.preselected = preselected.contains(row.name);
     variables.push_back(std::move(info));
   }
   return variables;

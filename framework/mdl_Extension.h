@@ -33,6 +33,7 @@ public:
 /// every extension of the model, again and again: it says what a dynamic cast does, by numbers.
 template <class T> T const* mdl_ExtensionAs(mdl_Extension const* extension) {
   if (extension == nullptr) { return nullptr; }
+  static_assert(std::is_final_v<T> || std::is_abstract_v<T>, "a class that is neither would inherit the interface's number");
   bool is = false;
   if constexpr (std::is_final_v<T>) {
     is = extension->DynTypeId() == T::TypeId();

@@ -368,10 +368,20 @@ std::string OutputVariables() {
   return text;
 }
 
-/// "boundary-conditions" of "boundaryConditions"; shorter names where they say as much.
+/// A family whose page is not called after its repository; one that shares the page tells its parts apart.
+struct FamilyPage {
+  std::string_view member, page;
+  bool isShared;
+};
+constexpr FamilyPage kFamilyPages[] = {
+    {kpfC_Field::predefinedFieldsCmd(), "fields", false},
+    {kprC_AdptMeshCons::adptMeshConsRepositoryCmd(), "mesh-constraints", false},
+    {korC_FieldOutput::repositoryCmd(), "output", true},
+    {korC_HistoryOutput::repositoryCmd(), "output", true},
+};
+
+/// "boundary-conditions" of "boundaryConditions".
 std::string PageName(std::string_view member) {
-  if (member == kpfC_Field::predefinedFieldsCmd().View()) { return "fields"; }
-  if (member == kprC_AdptMeshCons::adptMeshConsRepositoryCmd().View()) { return "mesh-constraints"; }
   std::string name;
   for (char const c : member) {
     bool const begins = c >= 'A' && c <= 'Z';
@@ -397,9 +407,10 @@ std::vector<PagePart> PageParts() {
   for (auto const& [member, extension] : mdl_ExtensionSubject::Registered()) {
     auto const* family = mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet());
     if (family == nullptr) { continue; }
-    bool const isOutput = family->Module() == korC_FieldOutput::kModule;  // both kinds stand on one page
-    std::string const page = "docs/" + (isOutput ? "output" : PageName(member)) + ".md";
-    std::string const of = isOutput ? " of " + member : "";
+    auto const* const own = std::ranges::find(kFamilyPages, std::string_view(member), &FamilyPage::member);
+    bool const isNamed = own != std::end(kFamilyPages);
+    std::string const page = "docs/" + (isNamed ? std::string(own->page) : PageName(member)) + ".md";
+    std::string const of = isNamed && own->isShared ? " of " + member : "";
     parts.push_back({page, "types" + of, TypesOf(*family)});
     parts.push_back({page, "procedures" + of, AdmissionOf(*family)});
   }

@@ -86,14 +86,15 @@ std::size_t cls_HeldBytes(cls_MemberRow const& row, cls_Object const& object) {
   return weigher.Bytes();
 }
 
-std::size_t cls_HeldBytes(cls_Object const& object, std::span<cls_Object const* const> others) {
+std::size_t cls_HeldBytes(cls_Object const& object, std::span<cls_Object const* const> others, std::string_view but) {
   std::size_t bytes = 0;
   for (cls_MemberRow const& row : object.MemberRows()) {
+    if (row.again || row.name == but) { continue; }
     bool const isShared = std::ranges::any_of(others, [&](cls_Object const* other) {
       return other != nullptr && other->DynTypeId() == object.DynTypeId() &&
              row.ops->equal(row.In(static_cast<void const*>(&object)), row.In(static_cast<void const*>(other)));
     });
-    if (!isShared && !row.again) { bytes += cls_HeldBytes(row, object); }
+    if (!isShared) { bytes += cls_HeldBytes(row, object); }
   }
   return bytes;
 }

@@ -168,7 +168,7 @@ TEST_F(Tables, VariablesAreThoseOfTheStepOrTheProcedure) {
     for (Json const& variable : Json::parse(run.out)) { found.push_back(variable["name"]); }
     return found;
   };
-  EXPECT_EQ(names({}).size(), 395U);
+  EXPECT_GT(names({}).size(), names({"--procedure", "SOILS"}).size());
   std::vector<std::string> const diffusion = {"CONC", "NNC", "CONCFL", "ISOL"};
   EXPECT_EQ(names({"--procedure", "MASS_DIFFUSION", "--channel", "field", "--category", "Mass diffusion"}), diffusion);
   EXPECT_EQ(names({"--procedure", "MassDiffusionStep", "--channel", "field", "--category", "Mass diffusion"}), diffusion);

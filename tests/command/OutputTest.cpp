@@ -86,7 +86,6 @@ TEST_F(OutputRequests, IsRefusedByNumberWhatTheModelOrTheStepDoesNotHave) {
       {"deactivate", R"(, "fieldOutputRequest": "Fields", "stepName": "S2")", "[kor 29]"},
       {"delete", R"(, "load": "Bolt")", "in use by historyOutputRequest \"Tension\""},
       {"delete", R"(, "interaction": "Fold")", ""},
-      {"replace", R"(, "step": "S1", "procedure": "FrequencyStep", "numEigen": 3, "maintainAttributes": true)", "[k"},
   };
   for (auto const& row : rows) {
     std::string const message = Refused(row.command, row.rest);

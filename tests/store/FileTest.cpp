@@ -1,6 +1,4 @@
 #include <csignal>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <mutex>
 #include <set>
