@@ -14,6 +14,7 @@
 #include "command/Session.h"
 #include "store/ModelFile.h"
 #include "store/TextStore.h"
+#include "text/JsonText.h"
 
 namespace {
 
@@ -31,56 +32,59 @@ struct Size {
   std::size_t steps, attributes;
 };
 
+using Command = cls_Value::Fields;
+
 /// The commands of a workload.
 struct Commands {
   explicit Commands(Size const& of) : size(of), plan(bench::Steps(size.steps, bench::Mix::Uniform), bench::Mix::Uniform) {}
 
-  static gattr::Json Valued(gattr::Json command, double value) {
-    for (char const* component : {"u1", "u2", "u3", "ur1", "ur2", "ur3"}) { command[component] = value; }
-    command["amplitude"] = bench::Amplitude().c_str();
+  static Command Valued(Command command, double value) {
+    for (char const* component : {"u1", "u2", "u3", "ur1", "ur2", "ur3"}) { command.emplace_back(component, value); }
+    command.emplace_back("amplitude", bench::Amplitude().c_str());
     return command;
   }
   static std::string Name(std::size_t attribute) { return "A-" + std::to_string(attribute); }
-  static gattr::Json Edit(std::size_t attribute, cow_String const& step, double value) {
-    return Valued({{"command", "setValuesInStep"}, {"boundaryCondition", Name(attribute)}, {"stepName", step.c_str()}}, value);
+  static Command Edit(std::size_t attribute, cow_String const& step, double value) {
+    return Valued(Command{{"command", "setValuesInStep"}, {"boundaryCondition", Name(attribute)}, {"stepName", step.c_str()}}, value);
   }
   /// What every session begins with beside the steps.
-  static std::vector<gattr::Json> References() {
-    return {{{"command", "Amplitude"}, {"name", bench::Amplitude().c_str()}}, {{"command", "Set"}, {"name", "Region"}}};
+  static std::vector<Command> References() {
+    return {Command{{"command", "Amplitude"}, {"name", bench::Amplitude().c_str()}}, Command{{"command", "Set"}, {"name", "Region"}}};
   }
-  static gattr::Json Insert(std::string const& previous, std::string const& name) {
-    return {{"command", "StaticStep"}, {"name", name}, {"previous", previous}, {"initialInc", 0.1}, {"minInc", 1e-5}, {"maxInc", 1.0}};
+  static Command Insert(std::string const& previous, std::string const& name) {
+    return Command{{"command", "StaticStep"}, {"name", name},   {"previous", previous},
+                   {"initialInc", 0.1},       {"minInc", 1e-5}, {"maxInc", 1.0}};
   }
 
-  std::vector<gattr::Json> Build() const {
-    std::vector<gattr::Json> commands;
+  std::vector<Command> Build() const {
+    std::vector<Command> commands;
     for (std::size_t a = 0; a < size.attributes; ++a) {
       double value = 1.0;
-      commands.push_back(
-          Valued({{"command", "DisplacementBC"}, {"name", Name(a)}, {"createStepName", plan.create.c_str()}, {"region", "Region"}}, value));
+      commands.push_back(Valued(
+          Command{{"command", "DisplacementBC"}, {"name", Name(a)}, {"createStepName", plan.create.c_str()}, {"region", "Region"}}, value));
       for (cow_String const& step : plan.changes) { commands.push_back(Edit(a, step, value += 1.0)); }
-      commands.push_back({{"command", "deactivate"}, {"boundaryCondition", Name(a)}, {"stepName", plan.off.c_str()}});
+      commands.push_back(Command{{"command", "deactivate"}, {"boundaryCondition", Name(a)}, {"stepName", plan.off.c_str()}});
     }
     return commands;
   }
   /// An edit of each attribute.
-  std::vector<gattr::Json> Edits() const {
-    std::vector<gattr::Json> commands;
+  std::vector<Command> Edits() const {
+    std::vector<Command> commands;
     for (std::size_t a = 0; a < size.attributes; ++a) { commands.push_back(Edit(a, plan.edit, 10.0)); }
     return commands;
   }
-  gattr::Json Insert() const { return Insert(plan.middle.c_str(), "Inserted"); }
+  Command Insert() const { return Insert(plan.middle.c_str(), "Inserted"); }
 
   Size size;
   bench::Plan plan;
 };
 
-void Run(benchmark::State& state, gattr::Session& session, gattr::Json const& command) {
+void Run(benchmark::State& state, gattr::Session& session, cls_Value const& command) {
   gattr::Outcome const outcome = session.Execute(command);
   if (!outcome.ok) { state.SkipWithError(outcome.message.c_str()); }
 }
-void RunAll(benchmark::State& state, gattr::Session& session, std::vector<gattr::Json> const& commands) {
-  for (gattr::Json const& command : commands) { Run(state, session, command); }
+void RunAll(benchmark::State& state, gattr::Session& session, std::vector<Command> const& commands) {
+  for (Command const& command : commands) { Run(state, session, command); }
 }
 /// A session that knows what the commands refer to.
 gattr::Session SessionOf(benchmark::State& state, ddr_Model const& model) {
@@ -91,7 +95,7 @@ gattr::Session SessionOf(benchmark::State& state, ddr_Model const& model) {
 
 void BuildByCommands(benchmark::State& state) {
   Size const size(state);
-  std::vector<gattr::Json> const commands = Commands(size).Build();
+  std::vector<Command> const commands = Commands(size).Build();
   ddr_Model const empty = bench::ModelOf(size.steps, 0, bench::Mix::Uniform);
   std::optional<gattr::Session> session;
   double const seconds = bench::Fastest([&] { session.emplace(SessionOf(state, empty)); }, [&] { RunAll(state, *session, commands); });
@@ -101,7 +105,7 @@ void BuildByCommands(benchmark::State& state) {
 void EditByCommand(benchmark::State& state, double bench::OneByOne::*part) {
   Size const size(state);
   ddr_Model const model = size.Model();
-  std::vector<gattr::Json> const commands = Commands(size).Edits();
+  std::vector<Command> const commands = Commands(size).Edits();
   std::optional<gattr::Session> session;
   bool const undone = part == &bench::OneByOne::undo;
   bench::OneByOne const seconds = bench::FastestPasses(
@@ -115,7 +119,7 @@ void EditByCommand(benchmark::State& state, double bench::OneByOne::*part) {
 void InsertStepByCommand(benchmark::State& state) {
   Size const size(state);
   gattr::Session session = SessionOf(state, size.Model());
-  gattr::Json const command = Commands(size).Insert();
+  Command const command = Commands(size).Insert();
   double const before = bench::HeapBytes();
   Run(state, session, command);
   double const heap = bench::HeapBytes() - before;
@@ -126,7 +130,7 @@ void InsertStepByCommand(benchmark::State& state) {
 void UndoInsertByCommand(benchmark::State& state) {
   Size const size(state);
   gattr::Session session = SessionOf(state, size.Model());
-  gattr::Json const command = Commands(size).Insert();
+  Command const command = Commands(size).Insert();
   double const seconds = bench::Fastest([&] { Run(state, session, command); }, [&] { session.Undo(); });
   bench::Report(state, seconds, size.Limit().UndoInsert());
 }
@@ -137,7 +141,7 @@ void AppendSteps(benchmark::State& state) {
   constexpr double kEnough = 8.0;
   Size const size(state);
   gattr::Session session = SessionOf(state, size.Model());
-  std::vector<gattr::Json> commands;
+  std::vector<Command> commands;
   std::string last = Commands(size).plan.last.c_str();
   for (std::size_t i = 0; i < kSteps; ++i) {
     std::string const name = "Appended-" + std::to_string(i);
@@ -165,8 +169,8 @@ void Replay(benchmark::State& state) {
   Size const size(state);
   std::string journal;
   std::size_t count = 0;
-  for (gattr::Json const& command : Commands(size).Build()) {
-    journal += gattr::JournalLine(command) + '\n';
+  for (Command const& command : Commands(size).Build()) {
+    journal += gattr::JsonText(command) + '\n';
     ++count;
   }
   ddr_Model const empty = bench::ModelOf(size.steps, 0, bench::Mix::Uniform);
@@ -196,13 +200,13 @@ void UndoMemory(benchmark::State& state, Kept kept) {
   gattr::Session session = SessionOf(state, size.Model());
   session.SetUndoMemory(asked);
   Commands const commands(size);
-  Run(state, session, {{"command", "FilmConditionProp"}, {"name", "Film"}, {"temperatureDependency", true}});
-  auto const edit = [&](std::size_t i) -> gattr::Json {
+  Run(state, session, Command{{"command", "FilmConditionProp"}, {"name", "Film"}, {"temperatureDependency", true}});
+  auto const edit = [&](std::size_t i) -> Command {
     if (kept == Kept::Values) { return Commands::Edit(i % size.attributes, commands.plan.edit, 10.0 + static_cast<double>(i)); }
     if (kept == Kept::Steps) { return Commands::Insert(commands.plan.middle.c_str(), "Inserted-" + std::to_string(i)); }
-    gattr::Json rows = gattr::Json::array();
-    for (int row = 0; row < 1000; ++row) { rows.push_back({1.0 + static_cast<double>(i), static_cast<double>(row)}); }
-    return {{"command", "setValues"}, {"interactionProperty", "Film"}, {"table", rows}};
+    cls_Value::List rows;
+    for (int row = 0; row < 1000; ++row) { rows.push_back(cls_Value::List{1.0 + static_cast<double>(i), static_cast<double>(row)}); }
+    return Command{{"command", "setValues"}, {"interactionProperty", "Film"}, {"table", rows}};
   };
   malloc_trim(0);
   double const before = bench::ResidentBytes();

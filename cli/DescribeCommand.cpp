@@ -7,6 +7,7 @@
 #include "cli/Description.h"
 #include "cli/Program.h"
 #include "report/TextTable.h"
+#include "text/JsonText.h"
 
 namespace gattr::cli {
 namespace {
@@ -29,10 +30,10 @@ Json ToJson(Description const& description) {
   Json entries = Json::array();
   for (auto const& entry : description.entries) {
     entries.push_back({{"name", entry.name},
-                       {"type", entry.type},
+                       {"type", entry.Type()},
                        {"required", entry.required},
                        {"perStep", entry.perStep},
-                       {"default", entry.preset},
+                       {"default", gattr::ToJson(entry.preset)},
                        {"unit", entry.unit},
                        {"permissible", entry.permissible},
                        {"meaning", entry.meaning}});
@@ -51,9 +52,9 @@ Json ToJson(Description const& description) {
 
 std::string PresetText(ArgumentInfo const& entry) {
   if (entry.required) { return "required"; }
-  if (entry.preset.is_null()) { return "-"; }
-  auto const* text = entry.preset.get_ptr<std::string const*>();
-  return text == nullptr || text->empty() ? entry.preset.dump() : *text;
+  if (entry.preset.IsNull()) { return "-"; }
+  auto const* text = entry.preset.As<std::string>();
+  return text == nullptr || text->empty() ? JsonText(entry.preset) : *text;
 }
 
 /// \p text broken to the terminal's width, its further lines under the first.
@@ -81,7 +82,7 @@ void Print(Description const& description, bool color) {
   std::cout << '\n';
   TextTable table({description.name == description.className ? "member" : "argument", "type", "default", "unit", "meaning"});
   for (auto const& entry : description.entries) {
-    std::string const type = entry.perStep ? entry.type + ", per step" : entry.type;
+    std::string const type = entry.perStep ? entry.Type() + ", per step" : entry.Type();
     std::string const meaning = entry.permissible.empty() ? entry.meaning : entry.meaning + ": " + Joined(entry.permissible);
     table.Add({{entry.name, Style::Strong},
                {type, Style::Held},

@@ -59,7 +59,7 @@ Description OfCommand(CommandInfo const& command) {
   description.name = command.name;
   description.isCommand = true;
   description.meaning = command.meaning;
-  description.entries = command.arguments;
+  description.entries = command.Listed();
   if (auto const made = Made(command.name)) {
     cls_ClassMetadata const* metadata = Registrar().Find(made->DynTypeId());
     if (metadata != nullptr) { description.className = metadata->name; }

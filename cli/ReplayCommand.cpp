@@ -86,7 +86,7 @@ public:
 
   /// Runs the next command; nothing at the end of the journal.
   std::optional<Outcome> Next() {
-    std::optional<Json> command;
+    std::optional<cls_Value> command;
     try {
       command = reader_.Next();
     } catch (JournalError const& error) {
@@ -99,8 +99,8 @@ public:
     if (!command) { return std::nullopt; }
     Outcome outcome = session_.Execute(*command);
     ++(outcome.ok ? done_ : refused_);
-    auto const name = command->find("command");
-    Trace(reader_.Line(), name == command->end() ? Json() : *name, outcome);
+    cls_Value const* const name = command->Find("command");
+    Trace(reader_.Line(), name == nullptr ? Json() : gattr::ToJson(*name), outcome);
     if (!outcome.message.empty()) {
       progress_.Clear();
       std::cout.flush();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/JsonText.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -12,15 +13,10 @@ constexpr char const* kSource = "command/Session";
 constexpr std::string_view kCommand = "command", kDryRun = "dryRun";
 
 /// What a value of another type than wanted is called.
-std::string Described(Json const& value) {
-  switch (value.type()) {
-    case Json::value_t::null: return "null";
-    case Json::value_t::boolean: return value.get<bool>() ? "true" : "false";
-    case Json::value_t::string: return Quoted(value.get_ref<std::string const&>());
-    case Json::value_t::array: return "a list";
-    case Json::value_t::object: return "an object";
-    default: return value.dump();
-  }
+std::string Described(cls_Value const& value) {
+  if (auto const* const text = value.As<std::string>()) { return Quoted(*text); }
+  if (value.As<cls_Value::List>() != nullptr) { return "a list"; }
+  return value.As<cls_Value::Fields>() != nullptr ? "an object" : JsonText(value);
 }
 
 }  // namespace
@@ -42,8 +38,8 @@ void RefuseEdit(Subject& subject, std::string const& text, std::string hint) {
   nex_Exception::Throw(nex_TextException(text), kSource, __LINE__);
 }
 
-Arguments::Arguments(Json const& command, Subject& subject) : command_(command), subject_(subject) {
-  if (!command.is_object()) {
+Arguments::Arguments(cls_Value const& command, Subject& subject) : command_(command), subject_(subject) {
+  if (command.As<cls_Value::Fields>() == nullptr) {
     RefuseValue(subject, "A command is an object with named members, not " + Described(command) + ".",
                 R"(For example {"command": "undo"}.)");
   }
@@ -53,45 +49,40 @@ Arguments::Arguments(Json const& command, Subject& subject) : command_(command),
 }
 
 bool Arguments::Flag(std::string_view name) {
-  Json const* const flag = Take(name);
-  if (flag == nullptr) { return false; }
-  if (!flag->is_boolean()) { RefuseValue(subject_, Quoted(name) + " is true or false, not " + Described(*flag) + "."); }
-  return flag->get<bool>();
+  cls_Value const* const value = Take(name);
+  if (value == nullptr) { return false; }
+  bool const* const flag = value->As<bool>();
+  if (flag == nullptr) { RefuseValue(subject_, Quoted(name) + " is true or false, not " + Described(*value) + "."); }
+  return *flag;
 }
 
-Json const* Arguments::Find(std::string_view name) const {
-  auto const found = command_.find(name);
-  return found == command_.end() ? nullptr : &*found;
-}
-
-Json const* Arguments::Take(std::string_view name) {
-  Json const* const value = Find(name);
+cls_Value const* Arguments::Take(std::string_view name) {
+  cls_Value const* const value = command_.Find(name);
   if (value != nullptr) { taken_.push_back(value); }
   return value;
 }
 
-bool Arguments::IsTaken(Json const& value) const { return std::ranges::find(taken_, &value) != taken_.end(); }
+bool Arguments::IsTaken(cls_Value const& value) const { return std::ranges::find(taken_, &value) != taken_.end(); }
 
-void Arguments::AssertTexts(std::string_view name, Json const& value) const {
-  if (value.is_string()) { AsText(name, value); }
-  if (!value.is_structured()) { return; }
-  for (Json const& element : value) { AssertTexts(name, element); }
+void Arguments::AssertTexts(std::string_view name, cls_Value const& value) const {
+  if (value.As<std::string>() != nullptr) {
+    AsText(name, value);
+  } else if (auto const* const list = value.As<cls_Value::List>()) {
+    for (cls_Value const& element : *list) { AssertTexts(name, element); }
+  } else if (auto const* const fields = value.As<cls_Value::Fields>()) {
+    for (auto const& [field, element] : *fields) { AssertTexts(name, element); }
+  }
 }
 
-cls_Value Arguments::AsValue(std::string_view name, Json const& value) const {
-  AssertTexts(name, value);
-  return ToValue(value);
-}
-
-std::string const& Arguments::AsText(std::string_view name, Json const& value) const {
-  if (!value.is_string()) { RefuseValue(subject_, Quoted(name) + " is a text, not " + Described(value) + "."); }
-  auto const& text = value.get_ref<std::string const&>();
-  if (!IsUtf8(text)) { RefuseValue(subject_, Quoted(name) + " is not UTF-8: " + Quoted(text) + "."); }
-  return text;
+std::string const& Arguments::AsText(std::string_view name, cls_Value const& value) const {
+  auto const* const text = value.As<std::string>();
+  if (text == nullptr) { RefuseValue(subject_, Quoted(name) + " is a text, not " + Described(value) + "."); }
+  if (!IsUtf8(*text)) { RefuseValue(subject_, Quoted(name) + " is not UTF-8: " + Quoted(*text) + "."); }
+  return *text;
 }
 
 std::string const* Arguments::OptionalText(std::string_view name) {
-  Json const* const value = Take(name);
+  cls_Value const* const value = Take(name);
   return value == nullptr ? nullptr : &AsText(name, *value);
 }
 
@@ -112,8 +103,8 @@ cow_String Arguments::Name(std::string_view name) {
 
 kprC_Arguments Arguments::Rest() const {
   kprC_Arguments rest;
-  rest.reserve(command_.size());
-  ForEachRest([&rest](std::string const& name, cls_Value value) { rest.emplace_back(name, std::move(value)); });
+  rest.reserve(command_.As<cls_Value::Fields>()->size());
+  ForEachRest([&rest](std::string const& name, cls_Value const& value) { rest.emplace_back(name, value); });
   return rest;
 }
 

@@ -7,9 +7,9 @@
 
 #include "command/Session.h"
 #include "module/kpr/engine/kprC_StepDependent.h"
+#include "platform/BasicUtils/cls_Value.h"
 #include "platform/CaeUtils/omu_KeyErrorException.h"
 #include "platform/CaeUtils/omu_ValueErrorException.h"
-#include "text/Json.h"
 
 namespace gattr {
 
@@ -26,12 +26,12 @@ struct Subject : Label {
 class Arguments {
 public:
   /// Refuses what is no object, has no "command" or says something other than true or false for "dryRun".
-  Arguments(Json const& command, Subject& subject);
+  Arguments(cls_Value const& command, Subject& subject);
 
   std::string const& Command() const { return subject_.command; }
   bool DryRun() const { return dryRun_; }
 
-  bool Has(std::string_view name) const { return Find(name) != nullptr; }
+  bool Has(std::string_view name) const { return command_.Find(name) != nullptr; }
   /// A text argument; must be given. Good while the command is.
   std::string const& Text(std::string_view name);
   /// Null where it is left out.
@@ -41,10 +41,12 @@ public:
   /// A text argument that is a name: not empty, UTF-8.
   cow_String Name(std::string_view name);
 
-  /// Calls \p fn(name, value) for the arguments that nobody has taken, in the order written; the value is its own.
+  /// Calls \p fn(name, value) for the arguments that nobody has taken, in the order written; in which all texts are UTF-8.
   template <class Fn> void ForEachRest(Fn&& fn) const {
-    for (auto const& [name, value] : command_.get_ref<Json::object_t const&>()) {
-      if (!IsTaken(value)) { fn(name, AsValue(name, value)); }
+    for (auto const& [name, value] : *command_.As<cls_Value::Fields>()) {
+      if (IsTaken(value)) { continue; }
+      AssertTexts(name, value);
+      fn(name, value);
     }
   }
   kprC_Arguments Rest() const;
@@ -52,18 +54,16 @@ public:
   void AssertNoRest(std::vector<std::string> const& known) const;
 
 private:
-  Json const* Find(std::string_view name) const;
-  /// The same, and nobody else asks for it.
-  Json const* Take(std::string_view name);
-  bool IsTaken(Json const& value) const;
-  std::string const& AsText(std::string_view name, Json const& value) const;
+  /// The argument of that name, and nobody else asks for it; null where it is left out.
+  cls_Value const* Take(std::string_view name);
+  bool IsTaken(cls_Value const& value) const;
+  std::string const& AsText(std::string_view name, cls_Value const& value) const;
   /// Refuses a text that is not UTF-8, in a value of several too.
-  void AssertTexts(std::string_view name, Json const& value) const;
-  cls_Value AsValue(std::string_view name, Json const& value) const;
+  void AssertTexts(std::string_view name, cls_Value const& value) const;
 
-  Json const& command_;
+  cls_Value const& command_;
   Subject& subject_;
-  std::vector<Json const*> taken_;  // of command_
+  std::vector<cls_Value const*> taken_;  // of command_
   bool dryRun_ = false;
 };
 

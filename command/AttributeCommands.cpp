@@ -261,12 +261,12 @@ std::vector<CommandInfo> AttributeConstructions() {
       item->Begin(cow_String(kprC_Step::initialCmd().View()), kprC_ProcedureType::Initial);
       std::string_view const label = construction.label.empty() ? construction.command : construction.label;
       CommandInfo info{std::string(construction.command), InWords(extension), "creates: " + std::string(label), {}};
+      info.makes = repository.ItemCmd();
+      info.className = ClassOf(*item).name;
       info.arguments.push_back(Required(kName, "the new object's name"));
-      info.arguments.push_back(Required(kCreateStep, "the step in which it is created"));
-      for (MemberArgument const& own : MemberArguments(*item)) { info.arguments.push_back(Describe(own, *item)); }
-      for (MemberArgument const& member : MemberArguments(*CreateState(*item))) {
-        info.arguments.push_back(Describe(member, *CreateState(*item)));
-      }
+      info.arguments.push_back(Naming(kprC_Step::stepCmd(), Required(kCreateStep, "the step in which it is created")));
+      Describe(info.arguments, *item);
+      Describe(info.arguments, *CreateState(*item), ArgumentOf::State);
       infos.push_back(std::move(info));
     }
     if (!repository.CopyCmd().empty()) {

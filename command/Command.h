@@ -54,9 +54,11 @@ struct ObjectCommand {
   std::string_view name;
   std::string_view meaning;
   std::vector<ArgumentInfo> arguments;
+  ObjectMembers members = ObjectMembers::None;  ///< which of the object's are arguments too
   void (*onAttribute)(Call& call, AttributeTarget const& target) = nullptr;
   void (*onStep)(Call& call, cow_String const& name) = nullptr;
   void (*onReference)(Call& call, ReferenceKind const& kind, cow_String const& name) = nullptr;
+  unsigned onlyType = 0;  ///< number of the type of attribute that alone knows it; 0 where any does
 };
 
 /// An argument that is none of an object's members.
@@ -71,6 +73,13 @@ inline ArgumentInfo Required(std::string_view name, std::string_view meaning) {
   info.required = true;
   return info;
 }
+/// One that names an object of that kind.
+inline ArgumentInfo Naming(std::string_view kind, ArgumentInfo info) {
+  info.refers = kind;
+  return info;
+}
+/// What help tells of the members of \p object that commands may set.
+void Describe(std::vector<ArgumentInfo>& arguments, cls_Object const& object, ArgumentOf of = ArgumentOf::Object);
 
 // Each file of commands offers what it constructs: the descriptions, and to run one; false when the command is none of its.
 std::vector<CommandInfo> StepConstructions();

@@ -12,6 +12,7 @@
 #include "module/kpr/kprC_assert.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "module/kpr/steps/kprC_StepParameters.h"
+#include "text/JsonText.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -88,7 +89,7 @@ std::string ElementHint(kprC_Step const& step, int code) {
       std::size_t const middle = taken + (refused - taken) / 2;
       (isRefused(middle) ? refused : taken) = middle;
     }
-    return "Number " + std::to_string(refused) + " of " + Quoted(info.name) + " is " + ToJson(list[refused - 1]).dump() + ".";
+    return "Number " + std::to_string(refused) + " of " + Quoted(info.name) + " is " + JsonText(list[refused - 1]) + ".";
   }
   return {};
 }

@@ -1,14 +1,12 @@
 #include "command/Journal.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <cmath>
-#include <sstream>
+#include <istream>
 #include <system_error>
 #include <utility>
 #include <vector>
 
-#include "text/JsonParser.h"
+#include "text/JsonText.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -19,49 +17,6 @@ std::string Place(std::string const& journal, std::size_t line, std::size_t colu
   std::string place = OneLine(journal) + ", line " + std::to_string(line);
   return column == 0 ? place : place + ", column " + std::to_string(column);
 }
-
-using JsonMembers = std::vector<Json::object_t::value_type>;  // what an object is made of: to append asks for no name that is there
-
-/// Makes a command of what the parser finds.
-class CommandMaker final : public JsonHandler {
-public:
-  void Null() override { Add(nullptr); }
-  void Bool(bool value) override { Add(value); }
-  void Integer(long long value) override { Add(value); }
-  void Real(double value, std::string_view number) override {
-    if (!std::isfinite(value)) { throw std::out_of_range("the value of " + Quoted(name_) + " is too large: " + std::string(number) + "."); }
-    Add(value);
-  }
-  void String(std::string_view value) override { Add(std::string(value)); }
-  void Open(bool isObject) override { open_.push_back(&Add(isObject ? Json::object() : Json::array())); }
-  void Name(std::string_view name) override { name_ = name; }
-  void Close() override {
-    if (open_.back()->is_object() && repeated_.empty()) { FindRepeated(open_.back()->get_ref<Json::object_t&>()); }
-    open_.pop_back();
-  }
-
-  Json& Command() { return command_; }
-  /// The first name that stands twice in its object.
-  std::string const& Repeated() const { return repeated_; }
-
-private:
-  Json& Add(Json value) {
-    if (open_.empty()) { return command_ = std::move(value); }
-    if (open_.back()->is_array()) { return open_.back()->emplace_back(std::move(value)); }
-    return static_cast<JsonMembers&>(open_.back()->get_ref<Json::object_t&>()).emplace_back(name_, std::move(value)).second;
-  }
-  void FindRepeated(JsonMembers const& members) {
-    std::vector<std::string_view> names;
-    names.reserve(members.size());
-    for (auto const& [name, value] : members) { names.push_back(name); }
-    std::ranges::sort(names);
-    if (auto const twice = std::ranges::adjacent_find(names); twice != names.end()) { repeated_ = *twice; }
-  }
-
-  Json command_;
-  std::vector<Json*> open_;  // what is open takes no further value before it is closed, so that it stays where it is
-  std::string name_, repeated_;
-};
 
 }  // namespace
 
@@ -94,47 +49,48 @@ bool JournalReader::ReadLine() {
   return true;
 }
 
-Json JournalReader::Parsed() const {
-  CommandMaker maker;
+cls_Value JournalReader::Parsed() const {
+  cls_Value command;
   try {
-    ParseJson(text_, maker);
+    command = ParseJson(text_);
   } catch (JsonError const& error) {
+    if (error.At() == JsonError::kNowhere) { Refuse(0, std::string(error.what()) + "."); }
     Refuse(error.At() + 1, std::string("this is no JSON: ") + error.what() + ".");
-  } catch (std::out_of_range const& error) { Refuse(0, error.what()); }
-  if (!maker.Command().is_object()) { Refuse(1, R"(expected a command, such as {"command": "undo"}.)"); }
-  if (!maker.Repeated().empty()) { Refuse(0, "the member " + Quoted(maker.Repeated()) + " is given twice."); }
-  return std::move(maker.Command());
+  }
+  if (command.As<cls_Value::Fields>() == nullptr) { Refuse(1, R"(expected a command, such as {"command": "undo"}.)"); }
+  return command;
 }
 
-std::optional<Json> JournalReader::Next() {
+std::optional<cls_Value> JournalReader::Next() {
   while (ReadLine()) {
     if (text_.find_first_not_of(" \t\r") != std::string::npos) { return Parsed(); }
   }
   return std::nullopt;
 }
 
-void PackedJournal::Append(Json const& command) {
+void KeptJournal::Append(cls_Value const& command) {
   constexpr std::size_t kBlock = 1 << 16;  // none grows so long that copying it would be felt
   if (blocks_.empty() || blocks_.back().size() > kBlock) { blocks_.emplace_back(); }
   std::string& block = blocks_.back();
   std::size_t const begin = block.size();
   try {
-    Json::to_cbor(command, block);
+    AppendJson(block, command);
+    block += '\n';
   } catch (...) {
     block.resize(begin);
     throw;
   }
 }
 
-std::vector<Json> PackedJournal::Commands() const {
-  std::vector<Json> commands;
-  for (std::string const& block : blocks_) {
-    std::istringstream in(block);
-    while (in.peek() != std::istringstream::traits_type::eof()) { commands.push_back(Json::from_cbor(in, false)); }
+std::vector<cls_Value> KeptJournal::Commands() const {
+  std::vector<cls_Value> commands;
+  for (std::string_view rest : blocks_) {
+    for (std::size_t end; !rest.empty(); rest.remove_prefix(end + 1)) {
+      end = rest.find('\n');
+      commands.push_back(ParseJson(rest.substr(0, end)));
+    }
   }
   return commands;
 }
-
-std::string JournalLine(Json const& command) { return command.dump(); }
 
 }  // namespace gattr

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "text/Json.h"
+#include "platform/BasicUtils/cls_Value.h"
 
 /// Journals: one command per line, each a JSON object. Empty lines are passed over; there are no comments.
 namespace gattr {
@@ -35,13 +35,13 @@ public:
 
   /// The next command; nothing at the end. Raises JournalError for a line that is too long, is no JSON object, repeats a
   /// member or holds a number too large for a real; reading may go on with the line behind it.
-  std::optional<Json> Next();
+  std::optional<cls_Value> Next();
   /// The line of the last command, from 1.
   std::size_t Line() const { return line_; }
 
 private:
   bool ReadLine();
-  Json Parsed() const;
+  cls_Value Parsed() const;
   [[noreturn]] void Refuse(std::size_t column, std::string const& text) const;
 
   std::istream& in_;
@@ -50,20 +50,16 @@ private:
   std::size_t line_ = 0;
 };
 
-/// The commands of a session one behind the other, packed as CBOR, in which numbers stay what they are: a fraction of the memory that
-/// they take as they come.
-class PackedJournal {
+/// The commands of a session one behind the other, as lines: a fraction of the memory that they take as they come.
+class KeptJournal {
 public:
-  void Append(Json const& command);
+  void Append(cls_Value const& command);
   void Clear() { blocks_.clear(); }
   /// The commands, made anew.
-  std::vector<Json> Commands() const;
+  std::vector<cls_Value> Commands() const;
 
 private:
-  std::deque<std::string> blocks_;  // of whole commands
+  std::deque<std::string> blocks_;  // of whole lines
 };
-
-/// A command as a line of a journal, without the line break. Texts stay UTF-8.
-std::string JournalLine(Json const& command);
 
 }  // namespace gattr

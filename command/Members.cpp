@@ -1,9 +1,12 @@
 #include "command/Members.h"
 
 #include <algorithm>
+#include <cmath>
 
+#include "command/Command.h"
 #include "command/Hints.h"
 #include "platform/CoreGeometry/rgnC_Region.h"
+#include "text/JsonText.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -12,11 +15,9 @@ namespace {
 
 std::string ShownValue(cls_Value const& value) {
   if (auto const* text = value.As<std::string>()) { return Quoted(*text); }
-  if (auto const* flag = value.As<bool>()) { return *flag ? "true" : "false"; }
-  if (auto const* number = value.As<long long>()) { return std::to_string(*number); }
-  if (auto const* real = value.As<double>()) { return Json(*real).dump() == "null" ? "not a finite number" : Json(*real).dump(); }
+  if (auto const* real = value.As<double>()) { return std::isfinite(*real) ? JsonText(value) : "not a finite number"; }
   if (value.As<cls_Value::List>() != nullptr) { return "a list"; }
-  return value.IsNull() ? "null" : "an object";
+  return value.As<cls_Value::Fields>() != nullptr ? "an object" : JsonText(value);
 }
 
 /// Whether the member is an object, or a list of objects, that are given as named members: none that goes by a name.
@@ -80,23 +81,20 @@ std::vector<std::string> ArgumentNames(std::vector<MemberArgument> const& argume
   return names;
 }
 
-std::string TypeText(cls_MemberInfo const& info) {
-  std::string type;
-  switch (info.kind) {
-    case cls_MemberKind::Integer: type = "integer"; break;
-    case cls_MemberKind::Real: type = "number"; break;
-    case cls_MemberKind::String: type = "text"; break;
-    case cls_MemberKind::Boolean: type = "boolean"; break;
-    case cls_MemberKind::Enumerated: type = "choice"; break;
-    case cls_MemberKind::Object: {
-      cls_ClassMetadata const* held = info.typeId == 0 ? nullptr : cls_MetadataRegistrar::Registrar().Find(info.typeId);
-      type = held == nullptr ? "object" : held->name;
-    }
-  }
-  return info.table ? "table of " + type : info.many ? "list of " + type : type;
-}
-
 namespace {
+
+/// The kind of what the member names; empty where it names nothing that models keep under a kind.
+std::string KindReferred(cls_Reference refers) {
+  if (refers == cls_Reference::None) { return {}; }
+  if (ReferenceKind const* const kind = FindReferenceKind(refers)) { return std::string(kind->kind); }
+  std::string family;
+  FindRepository(ddr_Model(), [&](auto const&, kprC_StepAwareRepository const& repository) {
+    bool const isMeant = repository.Reference() == refers;
+    if (isMeant) { family = repository.ItemCmd(); }
+    return isMeant;
+  });
+  return family;
+}
 
 /// \p presets may be null.
 ArgumentInfo Described(cls_MemberInfo const& info, cls_Object const* presets) {
@@ -105,14 +103,40 @@ ArgumentInfo Described(cls_MemberInfo const& info, cls_Object const* presets) {
   described.meaning = info.meaning;
   described.unit = info.unit;
   described.permissible = info.permissible;
-  described.type = TypeText(info);
+  described.kind = info.kind;
+  described.depth = info.table ? 2 : info.many ? 1 : 0;
+  described.refers = KindReferred(info.refers);
   described.perStep = info.propagating;
+  described.again = info.again;
+  described.of = ArgumentOf::Object;
+  cls_ClassMetadata const* const held = info.typeId == 0 ? nullptr : cls_MetadataRegistrar::Registrar().Find(info.typeId);
+  if (held != nullptr) { described.className = held->name; }
   bool const plain = presets != nullptr && !info.many && info.kind != cls_MemberKind::Object;
-  if (plain) { described.preset = ToJson(presets->Member(info.name)); }
+  if (plain) { described.preset = presets->Member(info.name); }
   return described;
 }
 
 }  // namespace
+
+std::string ArgumentInfo::Type() const {
+  std::string type;
+  switch (kind) {
+    case ValueKind::Integer: type = "integer"; break;
+    case ValueKind::Real: type = "number"; break;
+    case ValueKind::String: type = "text"; break;
+    case ValueKind::Boolean: type = "boolean"; break;
+    case ValueKind::Enumerated: type = "choice"; break;
+    case ValueKind::Object: type = className.empty() ? "object" : className;
+  }
+  return depth == 2 ? "table of " + type : depth == 1 ? "list of " + type : type;
+}
+
+void Describe(std::vector<ArgumentInfo>& arguments, cls_Object const& object, ArgumentOf of) {
+  for (MemberArgument const& member : MemberArguments(object)) {
+    arguments.push_back(Describe(member, object));
+    arguments.back().of = of;
+  }
+}
 
 ArgumentInfo Describe(MemberArgument const& argument, cls_Object const& object, bool required) {
   ArgumentInfo described = Described(*argument.info, &object);

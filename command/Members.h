@@ -27,9 +27,6 @@ std::vector<std::string> ArgumentNames(std::vector<MemberArgument> const& argume
 ArgumentInfo Describe(MemberArgument const& argument, cls_Object const& object, bool required = false);
 /// All members of a class under their own names.
 std::vector<ArgumentInfo> MembersOf(cls_ClassMetadata const& metadata);
-/// "number", "list of text", a class's name.
-std::string TypeText(cls_MemberInfo const& info);
-
 /// Whether a propagating member takes the text for its state: "UNSET", "FREED", "PROPAGATED".
 bool IsStateWord(std::string_view text);
 

@@ -9,21 +9,21 @@ namespace gattr {
 
 namespace {
 
-ArgumentInfo StepName(char const* meaning = "the step") { return Required("stepName", meaning); }
+ArgumentInfo Step(std::string_view name, char const* meaning) { return Naming(kprC_Step::stepCmd(), Required(name, meaning)); }
+ArgumentInfo StepName() { return Step("stepName", "the step"); }
 ArgumentInfo Maintains(char const* meaning) {
   ArgumentInfo maintains = Optional(kprC_Step::maintainAttributesCmd(), meaning);
-  maintains.type = "boolean";
+  maintains.kind = ValueKind::Boolean;
   maintains.preset = false;
   return maintains;
 }
 ArgumentInfo Policy(char const* meaning) {
   ArgumentInfo policy = Optional(kprC_Step::replacementPolicyCmd(), meaning);
-  policy.type = "choice";
+  policy.kind = ValueKind::Enumerated;
   policy.permissible = ReplacementPolicies();
   policy.preset = "SUBSTITUTE";
   return policy;
 }
-ArgumentInfo AnyMember(char const* meaning) { return Optional("<member>", meaning); }
 
 /// Takes the object's name and sets the subject.
 std::string const& Named(Call& call, std::string_view kind) {
@@ -103,26 +103,33 @@ std::vector<ObjectCommand> const& CommonCommands() {
   static std::vector<ObjectCommand> const commands = {
       {"setValues",
        "sets members of an object; of an attribute, its own and those of its create step",
-       {AnyMember("a member of the object, as its construction takes it")},
+       {},
+       ObjectMembers::All,
        &SetAttributeValues,
        &SetStepValues,
        &SetReferenceValues},
-      {"setValuesInStep",
-       "sets members of an attribute from a step on",
-       {StepName(), AnyMember(R"(a member of the attribute's state: a value, "UNSET" or "FREED")")},
-       &SetAttributeValuesInStep},
-      {"remove", "takes back what an attribute sets in a step", {StepName()}, &RemoveAttributeState},
-      {"suppress", "takes an attribute out of the analysis as a whole; its history stays", {}, &SuppressAttribute},
-      {"resume", "takes a suppressed attribute back into the analysis", {}, &ResumeAttribute},
-      {"rename", "gives an object another name", {Required("newName", "the new name")}, &RenameAttribute, &RenameStep, &RenameReference},
+      {"setValuesInStep", "sets members of an attribute from a step on", {StepName()}, ObjectMembers::OfState, &SetAttributeValuesInStep},
+      {"remove", "takes back what an attribute sets in a step", {StepName()}, {}, &RemoveAttributeState},
+      {"suppress", "takes an attribute out of the analysis as a whole; its history stays", {}, {}, &SuppressAttribute},
+      {"resume", "takes a suppressed attribute back into the analysis", {}, {}, &ResumeAttribute},
+      {"rename",
+       "gives an object another name",
+       {Required("newName", "the new name")},
+       {},
+       &RenameAttribute,
+       &RenameStep,
+       &RenameReference},
       {kCopy,
        "gives an object a second one beside it; with a step goes what attributes say in it",
-       {Required("newName", "the copy's name"), Optional("previous", "of a step: behind which one the copy comes; itself when left out")},
+       {Required("newName", "the copy's name"),
+        Naming(kprC_Step::stepCmd(), Optional("previous", "of a step: behind which one the copy comes; itself when left out"))},
+       {},
        &CopyAttribute,
        &CopyStep,
        &CopyReference},
       {"delete",
        "deletes an object; with a step go the attributes that were created in it",
+       {},
        {},
        &DeleteAttribute,
        &DeleteStep,
@@ -131,28 +138,29 @@ std::vector<ObjectCommand> const& CommonCommands() {
        "gives a step another procedure; parameters that both have keep their values",
        {Required("procedure", "construction command of the new procedure"),
         Maintains("whether attributes keep what they say in the step where the new procedure takes it"),
-        Policy("what becomes of what they do not keep"), AnyMember("a member of the new procedure")},
+        Policy("what becomes of what they do not keep")},
+       ObjectMembers::OfProcedure,
        nullptr,
        &ReplaceStep},
-      {"report", "tells what an attribute says over all steps; changes nothing", {}, &ReportAttribute},
+      {"report", "tells what an attribute says over all steps; changes nothing", {}, {}, &ReportAttribute},
   };
   return commands;
 }
 
 /// A command that is an operation of the family of the attribute that it names.
 ObjectCommand const& OperationCommand() {
-  static ObjectCommand const command{"", "", {}, &PerformOnAttribute};
+  static ObjectCommand const command{"", "", {}, {}, &PerformOnAttribute};
   return command;
 }
 /// A command that only the type of the attribute knows.
 ObjectCommand const& TypeEditCommand() {
-  static ObjectCommand const command{"", "", {}, &EditByType};
+  static ObjectCommand const command{"", "", {}, {}, &EditByType};
   return command;
 }
 
 /// The construction commands of copies: "Load", "Step".
 ObjectCommand const& CopyCommand() {
-  static ObjectCommand const command{"", "", {}, &CopyAttribute, &CopyStep};
+  static ObjectCommand const command{"", "", {}, {}, &CopyAttribute, &CopyStep};
   return command;
 }
 
@@ -181,7 +189,8 @@ CommandInfo CopyConstruction(std::string_view construction, std::string group, s
   return {std::string(construction),
           std::move(group),
           "copies a " + std::string(kind) + ", of any type",
-          {Required(kName, "the copy's name"), Required(kind, "what is copied")}};
+          {Required(kName, "the copy's name"), Naming(kind, Required(kind, "what is copied"))},
+          std::string(kind)};
 }
 
 std::string ObjectText(std::string_view kind, std::string_view name) { return std::string(kind) + " " + Quoted(name); }
@@ -206,9 +215,9 @@ std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model) {
       ObjectCommand& command = *commands.insert(behindEdits(), OperationCommand());
       command.name = operation.command;
       command.meaning = operation.meaning;
-      command.arguments = operation.effect == kprC_Effect::Move ? std::vector{Required("fromStepName", "the step that sets it"),
-                                                                              Required("toStepName", "the step that is to set it")}
-                                                                : std::vector{StepName()};
+      command.arguments = operation.effect == kprC_Effect::Move
+                              ? std::vector{Step("fromStepName", "the step that sets it"), Step("toStepName", "the step that is to set it")}
+                              : std::vector{StepName()};
     }
     for (kprC_TypeEdit const& edit : repository.TypeEdits()) {
       ObjectCommand& command = *commands.insert(behindEdits(), TypeEditCommand());
@@ -216,7 +225,8 @@ std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model) {
       command.meaning = edit.meaning;
       if (edit.inStep) { command.arguments.push_back(StepName()); }
       std::unique_ptr<cls_Object> const arguments = edit.arguments();
-      for (MemberArgument const& argument : MemberArguments(*arguments)) { command.arguments.push_back(Describe(argument, *arguments)); }
+      Describe(command.arguments, *arguments, ArgumentOf::Command);
+      command.onlyType = edit.typeId;
     }
   });
   return commands;

@@ -307,7 +307,9 @@ std::vector<CommandInfo> ReferenceConstructions() {
     CommandInfo info{std::string(declaration.command), kGroup, std::string(declaration.meaning), {}};
     info.arguments.push_back(Required(kName, "the new object's name"));
     std::unique_ptr<cls_Object> const object = declaration.make();
-    for (MemberArgument const& member : MemberArguments(*object)) { info.arguments.push_back(Describe(member, *object)); }
+    info.makes = declaration.kind;
+    info.className = ClassOf(*object).name;
+    Describe(info.arguments, *object);
     infos.push_back(std::move(info));
   }
   return infos;

@@ -1,6 +1,7 @@
 #include "command/Session.h"
 
 #include <algorithm>
+#include <functional>
 #include <new>
 
 #include "command/Command.h"
@@ -136,7 +137,7 @@ Session::Session(ddr_Model model) : model_(std::move(model)) {
   });
 }
 
-Outcome Session::Execute(Json const& command) {
+Outcome Session::Execute(cls_Value const& command) {
   ddr_Model const before = model_;
   std::size_t const changes = changes_.Size();
   Subject subject;
@@ -211,7 +212,7 @@ bool Session::Differs(ddr_Model const& before) const {
   return false;
 }
 
-Outcome Session::UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject) {
+Outcome Session::UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject) {
   arguments.AssertNoRest({});
   bool const undo = arguments.Command() == kUndo;
   std::deque<Edit> const& edits = undo ? undo_ : redo_;
@@ -229,7 +230,7 @@ Outcome Session::UndoOrRedo(Json const& command, Arguments const& arguments, Sub
   return outcome;
 }
 
-std::vector<Json> Session::Journal() const { return journal_.Commands(); }
+std::vector<cls_Value> Session::Journal() const { return journal_.Commands(); }
 
 void Session::ForgetPast() {
   keepsPast_ = false;
@@ -240,8 +241,8 @@ void Session::ForgetPast() {
   changes_.TruncateTo(0);
 }
 
-bool Session::Undo() { return Execute({{"command", kUndo}}).ok; }
-bool Session::Redo() { return Execute({{"command", kRedo}}).ok; }
+bool Session::Undo() { return Execute(cls_Value::Fields{{"command", kUndo}}).ok; }
+bool Session::Redo() { return Execute(cls_Value::Fields{{"command", kRedo}}).ok; }
 
 std::string Session::UndoLabel() const { return undo_.empty() ? "" : undo_.back().label.Text(); }
 std::string Session::RedoLabel() const { return redo_.empty() ? "" : redo_.back().label.Text(); }
@@ -332,10 +333,10 @@ std::vector<CommandInfo> Session::Commands() {
   std::vector<CommandInfo> infos = StepConstructions();
   for (auto const& more : {AttributeConstructions(), ReferenceConstructions()}) { infos.insert(infos.end(), more.begin(), more.end()); }
   for (ObjectCommand const& command : ObjectCommands(ddr_Model())) {
-    std::string kinds;
-    for (std::string const& kind : ObjectKinds(ddr_Model(), command, command.name)) { kinds += (kinds.empty() ? "" : " | ") + kind; }
     CommandInfo info{std::string(command.name), "objects", std::string(command.meaning), command.arguments};
-    info.arguments.insert(info.arguments.begin(), Required(kinds, "name of the object, under its kind"));
+    info.kinds = ObjectKinds(ddr_Model(), command, command.name);
+    info.members = command.members;
+    if (command.onlyType != 0) { info.onlyClass = cls_MetadataRegistrar::Registrar().Find(command.onlyType)->name; }
     infos.push_back(std::move(info));
   }
   infos.push_back({std::string(kSetModel), "session", "gives the model a name", {Required("name", "the model's name")}});
@@ -345,6 +346,39 @@ std::vector<CommandInfo> Session::Commands() {
   infos.push_back({std::string(kUndo), "session", "puts back the model before the last command", {}});
   infos.push_back({std::string(kRedo), "session", "does again what undo took back", {}});
   return infos;
+}
+
+std::vector<ClassInfo> Session::ValueClasses() {
+  std::vector<ClassInfo> classes;
+  std::function<void(std::vector<ArgumentInfo> const&)> const collect = [&](std::vector<ArgumentInfo> const& arguments) {
+    for (ArgumentInfo const& argument : arguments) {
+      if (argument.className.empty() || !argument.refers.empty()) { continue; }
+      if (std::ranges::find(classes, argument.className, &ClassInfo::name) != classes.end()) { continue; }
+      std::vector<ArgumentInfo> members;
+      Describe(members, *cls_MetadataRegistrar::Registrar().Find(argument.className)->make());
+      classes.push_back({argument.className, members});
+      collect(members);
+    }
+  };
+  for (CommandInfo const& command : Commands()) { collect(command.arguments); }
+  return classes;
+}
+
+std::vector<ArgumentInfo> CommandInfo::Listed() const {
+  std::vector<ArgumentInfo> listed = arguments;
+  if (!kinds.empty()) {
+    std::string names;
+    for (std::string const& one : kinds) { names += (names.empty() ? "" : " | ") + one; }
+    listed.insert(listed.begin(), Required(names, "name of the object, under its kind"));
+  }
+  constexpr std::string_view kMeanings[] = {"", "a member of the object, as its construction takes it",
+                                            R"(a member of the attribute's state: a value, "UNSET" or "FREED")",
+                                            "a member of the new procedure"};
+  if (members == ObjectMembers::None) { return listed; }
+  listed.push_back(Optional("<member>", kMeanings[static_cast<std::size_t>(members)]));
+  listed.back().kind = ValueKind::Object;
+  listed.back().className = "any";
+  return listed;
 }
 
 }  // namespace gattr

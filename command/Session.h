@@ -10,6 +10,8 @@
 #include "command/Journal.h"
 #include "command/Refusal.h"
 #include "framework/ddr_Model.h"
+#include "platform/BasicUtils/cls_Members.h"
+#include "platform/BasicUtils/cls_Value.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
 
 namespace gattr {
@@ -30,24 +32,64 @@ struct Outcome {
   std::string report = {};            ///< of a command that only tells something, which is neither journaled nor undone
 };
 
-/// One argument of a command.
+/// What a value is, whether alone or in a list.
+using ValueKind = cls_MemberKind;
+
+/// Whose an argument is.
+enum class ArgumentOf {
+  Command,  ///< the command's own
+  Object,   ///< a member of the object, the same in all steps
+  State,    ///< a member of what the object says in a step
+};
+
+/// One argument of a command, or a member of a class.
 struct ArgumentInfo {
   std::string name;
   std::string meaning;
   std::string unit;                      ///< "" where there is none
-  std::vector<std::string> permissible;  ///< texts that it takes; empty when any value of its type does
+  std::vector<std::string> permissible;  ///< texts that it takes; of a choice all that it takes, of another kind words beside its values
   bool required = false;
-  std::string type;      ///< "number", "choice", "list of text", a class's name; empty where it is not of a member
-  bool perStep = false;  ///< has a value of its own in every step
-  Json preset;           ///< the default; null where there is none, or none that can be written as one value
+  ValueKind kind = ValueKind::String;
+  int depth = 0;          ///< 0: one value, 1: a list, 2: a table, which is a list of rows of one length
+  std::string className;  ///< of an object: its class (ValueClasses)
+  std::string refers;     ///< what a text names, or an object is named by: "region", "step", "load"; empty where no name is meant
+  bool perStep = false;   ///< carried from step to step: takes "UNSET" and "FREED" beside its values
+  bool again = false;     ///< another name of the argument before it
+  ArgumentOf of = ArgumentOf::Command;
+  cls_Value preset;  ///< the default; null where there is none, or none that can be written as one value
+
+  /// "number", "list of text", "table of choice", a class's name.
+  std::string Type() const;
 };
 
-/// One command, for help.
+/// A class of objects that are given as named members.
+struct ClassInfo {
+  std::string name;
+  std::vector<ArgumentInfo> members;  ///< those that can be set
+};
+
+/// Which members of the object that a command names are arguments too.
+enum class ObjectMembers {
+  None,
+  All,          ///< those that its construction takes
+  OfState,      ///< of those the ones of a state
+  OfProcedure,  ///< those that the construction takes which the argument "procedure" names
+};
+
+/// One command, for help and for whoever makes an interface of the list.
 struct CommandInfo {
   std::string name;
   std::string group;    ///< "steps", "boundary conditions" and other families, "references", "objects", "session"
   std::string meaning;  ///< one line
   std::vector<ArgumentInfo> arguments;
+  std::string makes = {};               ///< of a construction: the kind of what it makes, "boundaryCondition"
+  std::string className = {};           ///< and its class; of a copy, which may be of any class of the kind, empty
+  std::vector<std::string> kinds = {};  ///< of a command on an object: it is named under its kind
+  std::string onlyClass = {};           ///< the class of object that alone knows it; empty where each of these kinds does
+  ObjectMembers members = ObjectMembers::None;
+
+  /// The arguments as help lists them: first the object under its kinds, last a line that stands for its members.
+  std::vector<ArgumentInfo> Listed() const;
 };
 
 class Arguments;
@@ -87,8 +129,9 @@ public:
   explicit Session(ddr_Model model);
 
   /// Runs one command: {"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Step-2"}. Refusals come back in
-  /// the outcome; only running out of memory throws. With "dryRun": true the outcome is the same and nothing changes.
-  Outcome Execute(Json const& command);
+  /// the outcome; only running out of memory throws. ParseJson (text/JsonText.h) makes a command of its text. With "dryRun": true the
+  /// outcome is the same and nothing changes.
+  Outcome Execute(cls_Value const& command);
 
   ddr_Model const& Model() const { return model_; }
 
@@ -102,8 +145,8 @@ public:
   bool Redo();
 
   /// The commands that succeeded, undo and redo among them; running them on the model that the session began with gives
-  /// the present one. Made anew, as they are kept packed.
-  std::vector<Json> Journal() const;
+  /// the present one. Made anew, as they are kept as lines.
+  std::vector<cls_Value> Journal() const;
   /// What the commands recorded: one tuple for each change in a repository.
   omu_ChangeHistory const& Changes() const { return changes_; }
 
@@ -121,6 +164,8 @@ public:
 
   /// All commands with their arguments, grouped.
   static std::vector<CommandInfo> Commands();
+  /// The classes of values that arguments, and members of these, are given by, each once.
+  static std::vector<ClassInfo> ValueClasses();
 
 private:
   /// One undoable edit: the model on its other side, and what it added to the change history.
@@ -141,7 +186,7 @@ private:
   /// Looks at what the command has touched. Where that is an attribute, it costs what differs of that.
   Effect EffectSince(ddr_Model const& before, Touched const& touched) const;
   bool Differs(ddr_Model const& before) const;
-  Outcome UndoOrRedo(Json const& command, Arguments const& arguments, Subject& subject);
+  Outcome UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject);
   void Keep(Edit edit);
   /// What keeping \p before costs beside the present model. Costs what differs between both.
   std::size_t Weight(ddr_Model const& before) const;
@@ -153,7 +198,7 @@ private:
   omu_ChangeHistory changes_;
   std::deque<Edit> undo_, redo_;  // the next one last
   std::size_t undoWeight_ = 0, undoMemory_ = std::size_t{512} << 20;
-  PackedJournal journal_;
+  KeptJournal journal_;
   bool trace_ = false, keepsPast_ = true;
 };
 

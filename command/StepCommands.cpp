@@ -139,13 +139,16 @@ std::vector<CommandInfo> StepConstructions() {
     kprC_StepHandle const step = kprC_ConstructStep(command);
     std::string const label(kprC_FindProcedure(step->ProcedureType())->label.View());
     CommandInfo info{command, kSteps, "inserts a step of the procedure " + label, {}};
-    info.arguments.push_back(Required("name", "the new step's name"));
-    info.arguments.push_back(Optional("previous", "the step behind which it is inserted; the last one when left out"));
-    for (MemberArgument const& member : MemberArguments(*step)) { info.arguments.push_back(Describe(member, *step)); }
+    info.makes = kprC_Step::stepCmd().View();
+    info.className = ClassOf(*step).name;
+    info.arguments.push_back(Required(kName, "the new step's name"));
+    info.arguments.push_back(Naming(info.makes, Optional("previous", "the step behind which it is inserted; the last one when left out")));
+    Describe(info.arguments, *step);
     infos.push_back(std::move(info));
   }
   infos.push_back(CopyConstruction(kprC_Step::copyCmd().View(), kSteps, kprC_Step::stepCmd()));
-  infos.back().arguments.push_back(Optional("previous", "the step behind which the copy comes; the copied one when left out"));
+  infos.back().arguments.push_back(
+      Naming(kprC_Step::stepCmd(), Optional("previous", "the step behind which the copy comes; the copied one when left out")));
   return infos;
 }
 

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "command/Session.h"
+#include "text/Json.h"
 
 /// Texts as they are shown. Names hold whatever Unicode a user gave them; none of it may steer a terminal, turn the direction
 /// of a line, become markup or a formula.

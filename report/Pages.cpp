@@ -17,6 +17,7 @@
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "platform/BasicUtils/nex_ErrorTable.h"
 #include "platform/CoreUtils/thr_Singleton.h"
+#include "text/JsonText.h"
 
 namespace gattr {
 
@@ -93,7 +94,7 @@ std::string_view Named(cls_Reference reference) {
 
 /// The kind of a member or argument: its type, what it names, the texts that it takes.
 std::string Kind(ArgumentInfo const& info, std::string_view named = "") {
-  std::string kind = info.type;
+  std::string kind = info.Type();
   if (!named.empty()) { kind += " (" + std::string(named) + ")"; }
   if (info.perStep) { kind += ", per step"; }
   if (!info.permissible.empty()) {
@@ -104,16 +105,17 @@ std::string Kind(ArgumentInfo const& info, std::string_view named = "") {
   return kind;
 }
 
-std::string Default(ArgumentInfo const& info) { return info.preset.is_null() ? "" : Code(info.preset.dump()); }
+std::string Default(ArgumentInfo const& info) { return info.preset.IsNull() ? "" : Code(JsonText(info.preset)); }
 
 std::string Commands() {
   std::string text, group;
   for (CommandInfo const& command : Session::Commands()) {
     if (command.group != group) { text += "## Commands: " + (group = command.group) + "\n\n"; }
     text += "### " + command.name + "\n\n" + command.meaning + "\n\n";
-    if (command.arguments.empty()) { continue; }
+    std::vector<ArgumentInfo> const arguments = command.Listed();
+    if (arguments.empty()) { continue; }
     text += Head({"argument", "kind", "default", "unit", "meaning"});
-    for (ArgumentInfo const& argument : command.arguments) {
+    for (ArgumentInfo const& argument : arguments) {
       text += Row({Code(argument.name) + (argument.required ? " (required)" : ""), Kind(argument), Default(argument), argument.unit,
                    argument.meaning});
     }

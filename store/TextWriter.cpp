@@ -7,6 +7,7 @@
 
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 #include "store/StoreError.h"
+#include "text/JsonText.h"
 
 namespace gattr {
 
@@ -93,7 +94,7 @@ void TextWriter::PutReal(std::string_view member, double value) const {
 
 void TextWriter::PutText(std::string_view member, std::string_view value) const {
   Put(member, {});
-  Quote(value);
+  AppendJsonQuoted(buffer_, value);
 }
 
 void TextWriter::OpenObject(std::string_view member, std::string_view className) const {
@@ -155,7 +156,7 @@ void TextWriter::BeginMember(std::string_view member, bool spread) const {
     buffer_ += isFirst ? ' ' : ',';
   }
   if (owner.kind == Kind::List) { return; }
-  Quote(member);
+  AppendJsonQuoted(buffer_, member);
   buffer_ += ':';
 }
 
@@ -169,31 +170,6 @@ void TextWriter::NewLine(std::size_t indentation) const {
   buffer_.append(apart_ ? 2 : 1, '\n');
   buffer_.append(indentation, ' ');
   apart_ = false;
-}
-
-void TextWriter::Quote(std::string_view text) const {
-  constexpr char kHex[] = "0123456789abcdef";
-  buffer_ += '"';
-  std::size_t plain = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    auto const byte = static_cast<unsigned char>(text[i]);
-    if (byte >= 0x20 && byte != '"' && byte != '\\' && byte != 0x7F) { continue; }
-    buffer_.append(text, plain, i - plain);
-    plain = i + 1;
-    switch (byte) {
-      case '"': buffer_ += "\\\""; break;
-      case '\\': buffer_ += "\\\\"; break;
-      case '\n': buffer_ += "\\n"; break;
-      case '\t': buffer_ += "\\t"; break;
-      case '\r': buffer_ += "\\r"; break;
-      default:
-        buffer_ += "\\u00";
-        buffer_ += kHex[byte >> 4];
-        buffer_ += kHex[byte & 0xF];
-    }
-  }
-  buffer_.append(text, plain, text.size() - plain);
-  buffer_ += '"';
 }
 
 void TextWriter::Flush() const {

@@ -63,7 +63,6 @@ private:
   void ToValue(Opened const& owner, bool spread) const;
   /// Keeps what comes next apart from a value of \p owner.
   void Settle(Opened const& owner) const { apart_ = owner.layout == Layout::Spread && owner.kind != Kind::List; }
-  void Quote(std::string_view text) const;
   void NewLine(std::size_t indentation) const;
   void Flush() const;
 

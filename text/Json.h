@@ -6,12 +6,10 @@
 
 namespace gattr {
 
-/// Commands and their outcomes keep the order in which they were written.
+/// What is written keeps the order in which it was put together.
 using Json = nlohmann::ordered_json;
 
-/// A JSON value as members take it. Whole numbers that a member cannot hold become real ones.
-cls_Value ToValue(Json const& json);
-/// A member's value as JSON; nothing is null.
+/// A value as JSON; nothing is null.
 Json ToJson(cls_Value const& value);
 
 }  // namespace gattr

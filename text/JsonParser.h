@@ -1,21 +1,11 @@
 #pragma once
 
 #include <cstddef>
-#include <stdexcept>
-#include <string>
 #include <string_view>
 
+#include "text/JsonError.h"
+
 namespace gattr {
-
-/// A text that is no JSON, or nested too deep; what() says what was expected.
-class JsonError final : public std::runtime_error {
-public:
-  JsonError(std::size_t at, std::string const& expected) : std::runtime_error(expected), at_(at) {}
-  std::size_t At() const { return at_; }  ///< in bytes from the beginning
-
-private:
-  std::size_t at_;
-};
 
 /// Takes what stands in a JSON text, in order. What it throws passes. Texts are without their escapes, and good during the call.
 class JsonHandler {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -16,12 +17,22 @@ struct cls_Value {
   cls_Value(long long value) : data(value) {}
   cls_Value(double value) : data(value) {}
   cls_Value(std::string value) : data(std::move(value)) {}
+  cls_Value(std::string_view value) : data(std::string(value)) {}
   cls_Value(char const* value) : data(std::string(value)) {}
   cls_Value(List value) : data(std::move(value)) {}
   cls_Value(Fields value) : data(std::move(value)) {}
 
   bool IsNull() const { return std::holds_alternative<std::monostate>(data); }
   template <class T> T const* As() const { return std::get_if<T>(&data); }
+  /// The first of the named values that bears the name; null where there is none.
+  cls_Value const* Find(std::string_view name) const {
+    if (auto const* const fields = As<Fields>()) {
+      for (auto const& [known, value] : *fields) {
+        if (known == name) { return &value; }
+      }
+    }
+    return nullptr;
+  }
 
   friend bool operator==(cls_Value const&, cls_Value const&) = default;
 

@@ -10,13 +10,17 @@
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "tests/support/Library.h"
 #include "tests/support/StepLetters.h"
+#include "text/Json.h"
+#include "text/JsonText.h"
 
 namespace gattr {
 
 using CommandTest = test::WithLibrary;
 
 /// A command as it is written in a journal.
-inline Json Line(std::string_view text) { return Json::parse(text); }
+inline cls_Value Line(std::string_view text) { return ParseJson(text); }
+/// A command that was put together.
+inline cls_Value CommandOf(Json const& command) { return Line(command.dump()); }
 
 /// Runs a journal, each line of which must succeed.
 inline void RunJournal(Session& session, std::vector<std::string> const& lines) {

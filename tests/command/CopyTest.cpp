@@ -48,7 +48,7 @@ protected:
     auto const* item = session_.Model().ConstGet<kprC_StepAwareRepository>("loads").ConstItem(name);
     return item == nullptr ? "none"
                            : std::string(item->CreateStepName().View()) + " " +
-                                 ToJson(item->StateAt(item->Steps().Find(item->CreateStepName()))->Member("cf1")).dump();
+                                 JsonText(item->StateAt(item->Steps().Find(item->CreateStepName()))->Member("cf1"));
   }
   Session session_;
 };
@@ -125,7 +125,7 @@ TEST_F(LoadCases, RefuseWhatTheyCannotHoldAndAreCheckedForIt) {
                         R"({"command": "ConnectorForce", "name": "Hinge", "createStepName": "S3", "f1": 1})"});
   auto const with = [&](std::string_view kind, std::string_view name, std::string_view step = "S3") {
     Json const command = {{"command", "LoadCase"}, {"name", "X"}, {"stepName", step}, {"attributes", {{{"kind", kind}, {"name", name}}}}};
-    return session_.Execute(command).message;
+    return session_.Execute(CommandOf(command)).message;
   };
   using ::testing::HasSubstr;
   EXPECT_THAT(with("boundaryCondition", "Base"), HasSubstr("[kbc 48]"));

@@ -11,7 +11,7 @@ protected:
                           R"({"command": "ContactExp", "name": "GC", "createStepName": "S1", "useAllstar": true})"});
   }
   /// The line of a command on the contact, with \p rest behind its name.
-  static Json On(std::string const& command, std::string const& rest) {
+  static cls_Value On(std::string const& command, std::string const& rest) {
     return Line(R"({"command": ")" + command + R"(", "interaction": "GC")" + (rest.empty() ? "" : ", " + rest) + "}");
   }
   std::string Report() { return session_.Execute(On("report", "")).report; }
@@ -40,7 +40,7 @@ TEST_F(GeneralContact, IsEditedListByListAndTakenBackLineByLine) {
   }
   EXPECT_NE(reports.back().find("\tSTEP: S3\n\t\t[A : (SPECIFIED , 0.5)]\tSET\n SURF FEATURE"), std::string::npos) << reports.back();
   Session again;
-  for (Json const& line : session_.Journal()) { EXPECT_TRUE(again.Execute(line).ok) << line; }
+  for (cls_Value const& line : session_.Journal()) { EXPECT_TRUE(again.Execute(line).ok) << JsonText(line); }
   EXPECT_TRUE(again.Model().Equals(session_.Model())) << "a report is no line of the journal";
   for (; reports.size() > 1; reports.pop_back()) {
     EXPECT_EQ(Report(), reports.back());
@@ -79,7 +79,7 @@ TEST_F(GeneralContact, RefusesWhatItsListsDoNotHave) {
     EXPECT_NE(outcome.message.find(row.message), std::string::npos) << outcome.message;
     EXPECT_EQ(Report(), report);
   }
-  RunJournal(session_, {On("suppress", "").dump()});
+  RunJournal(session_, {JsonText(On("suppress", ""))});
   EXPECT_EQ(session_.Execute(On("deleteAssignments", R"("surfaceOffsetAssignment": [0])")).refused.code, 117);
   EXPECT_EQ(Report().find("STEP"), std::string::npos);
 }

@@ -25,7 +25,7 @@ TEST_F(Interactions, AreNotMadeWhereTheirStepDoesNotTakeThem) {
     AppendSteps(session, row.steps);
     Json command = {{"command", row.type}, {"name", "A"}, {"createStepName", row.step}};
     if (command["command"] == "ElasticFoundation") { command["stiffness"] = 1.0; }
-    Outcome const outcome = session.Execute(command);
+    Outcome const outcome = session.Execute(CommandOf(command));
     EXPECT_EQ(outcome.ok ? -1 : outcome.refused.code, row.code) << row.steps << " " << row.type << " " << outcome.message;
   }
 }

@@ -150,7 +150,7 @@ TEST_F(Properties, AreWhatAPlainMapHoldsAfterAnyEdits) {
         command = {{"command", "setValuesInStep"}, {"interaction", "Self"}, {"stepName", step}, {"interactionProperty", name}};
         plain.uses[step] = name;
     }
-    Outcome const outcome = session_.Execute(command);
+    Outcome const outcome = session_.Execute(CommandOf(command));
     ASSERT_EQ(outcome.ok, can) << command << outcome.message;
     can ? ++done[kind] : ++refused;
     bool const undone = can && upTo(3) == 0;

@@ -421,7 +421,7 @@ TEST_F(Editing, RefusesNumbersThatAreNone) {
   Session session;
   RunJournal(session, kModel);
   for (double const value : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
-    Outcome const outcome = session.Execute({{"command", "setValues"}, {"boundaryCondition", "Fix"}, {"u1", value}});
+    Outcome const outcome = session.Execute(cls_Value::Fields{{"command", "setValues"}, {"boundaryCondition", "Fix"}, {"u1", value}});
     EXPECT_EQ(outcome.refused.code, 36) << value;
     EXPECT_THAT(outcome.message, HasSubstr("\"u1\""));
   }
@@ -434,8 +434,8 @@ TEST_F(Editing, TakesAnyTextAsAName) {
                        R"({"command": "deactivate", "boundaryCondition": "\u001b[31m\n\"рука\"", "stepName": "Größe <b>1</b>"})"});
   EXPECT_EQ(HistoryOf(session, "\x1b[31m\n\"рука\""), "0 4");
   EXPECT_EQ(session.UndoLabel(), "deactivate boundaryCondition \"\\u001b[31m\\n\"рука\"\"") << "a label cannot steer a terminal";
-  for (Json const& value : {Json("\xC3\x28"), Json({{"in", {1, "\xC3\x28"}}})}) {
-    Outcome const outcome = session.Execute({{"command", "StaticStep"}, {"name", "B"}, {"description", value}});
+  for (cls_Value const& value : {cls_Value("\xC3\x28"), cls_Value(cls_Value::Fields{{"in", cls_Value::List{1, "\xC3\x28"}}})}) {
+    Outcome const outcome = session.Execute(cls_Value::Fields{{"command", "StaticStep"}, {"name", "B"}, {"description", value}});
     EXPECT_THAT(outcome.message, HasSubstr("\"description\" is not UTF-8"));
   }
 }

@@ -24,7 +24,7 @@ protected:
   Outcome Replace(char const* arguments, char const* step = "S2", char const* procedure = "GeostaticStep") {
     Json command = {{"command", "replace"}, {"step", step}, {"procedure", procedure}};
     command.update(Json::parse(arguments));
-    return session_.Execute(command);
+    return session_.Execute(CommandOf(command));
   }
 
   Session session_;

@@ -85,11 +85,11 @@ TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
     std::size_t const changes = session.Changes().Size();
     Json trial = command;
     trial["dryRun"] = true;
-    Outcome const dry = session.Execute(trial);
+    Outcome const dry = session.Execute(CommandOf(trial));
     ASSERT_TRUE(session.Model().Equals(before)) << "a dry run changes nothing: " << command;
     ASSERT_EQ(session.Changes().Size(), changes);
     session.SetTrace(true);
-    Outcome const outcome = session.Execute(command);
+    Outcome const outcome = session.Execute(CommandOf(command));
     ASSERT_EQ(dry.ok, outcome.ok) << command;
     ASSERT_EQ(dry.message, outcome.message) << command;
     ASSERT_EQ(dry.history, outcome.history) << command;
@@ -111,7 +111,7 @@ TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
   EXPECT_GT(succeeded, 30) << "the script is worth its while";
 
   ddr_Model const final = session.Model();
-  std::vector<Json> const journal = session.Journal();
+  std::vector<cls_Value> const journal = session.Journal();
   std::size_t const changes = session.Changes().Size();
   while (session.Undo()) {}
   EXPECT_TRUE(session.Model().Equals(initial));
@@ -121,7 +121,7 @@ TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
   EXPECT_EQ(session.Changes().Size(), changes);
 
   Session replayed;
-  for (Json const& command : journal) { ASSERT_TRUE(replayed.Execute(command).ok) << command; }
+  for (cls_Value const& command : journal) { ASSERT_TRUE(replayed.Execute(command).ok) << JsonText(command); }
   EXPECT_TRUE(replayed.Model().Equals(final)) << "the journal gives the model again";
   EXPECT_EQ(replayed.Changes().Size(), changes);
 }
@@ -179,7 +179,7 @@ TEST_F(Undo, ForgetsTheOldestEditsWhenTheyFillTheMemory) {
   Session session;
   session.SetUndoMemory(1 << 20);
   constexpr int kSteps = 300;
-  for (int i = 1; i <= kSteps; ++i) { session.Execute({{"command", "StaticStep"}, {"name", std::to_string(i)}, {"initialInc", 0.1}}); }
+  for (int i = 1; i <= kSteps; ++i) { RunJournal(session, {NewStep('G', std::to_string(i)).dump()}); }
   int undone = 0;
   while (session.Undo()) { ++undone; }
   EXPECT_LT(undone, kSteps);
@@ -245,16 +245,18 @@ TEST_F(Undo, TakesTheMemoryThatItMayWhateverAnEditKeeps) {
     RunJournal(session, {R"({"command": "Set", "name": "R"})", R"({"command": "Surface", "name": "S"})",
                          R"({"command": "FilmConditionProp", "name": "P", "temperatureDependency": true})",
                          R"({"command": "ContactExp", "name": "G", "createStepName": "S1"})"});
-    for (int i = 0; i < 100; ++i) { session.Execute({{"command", "Surface"}, {"name", "S" + std::to_string(i)}}); }
+    for (int i = 0; i < 100; ++i) { session.Execute(CommandOf({{"command", "Surface"}, {"name", "S" + std::to_string(i)}})); }
     for (std::string const name : {"A0", "A1", "A2", "A3", "A4", "A5", "A6", "A7", "A8", "A9"}) {
       ASSERT_TRUE(
-          session.Execute({{"command", "DisplacementBC"}, {"name", name}, {"createStepName", "S1"}, {"region", "R"}, {"u1", 1.0}}).ok);
+          session
+              .Execute(CommandOf({{"command", "DisplacementBC"}, {"name", name}, {"createStepName", "S1"}, {"region", "R"}, {"u1", 1.0}}))
+              .ok);
       for (int step = 2; step <= row.own; ++step) {
         ASSERT_TRUE(session
-                        .Execute({{"command", "setValuesInStep"},
-                                  {"boundaryCondition", name},
-                                  {"stepName", "S" + std::to_string(step)},
-                                  {"u2", static_cast<double>(step)}})
+                        .Execute(CommandOf({{"command", "setValuesInStep"},
+                                            {"boundaryCondition", name},
+                                            {"stepName", "S" + std::to_string(step)},
+                                            {"u2", static_cast<double>(step)}}))
                         .ok);
       }
     }
@@ -262,11 +264,11 @@ TEST_F(Undo, TakesTheMemoryThatItMayWhateverAnEditKeeps) {
     session.SetUndoMemory(kMemory);
     std::size_t const before = HeapBytes();
     for (int i = 0; i < row.edits; ++i) {
-      Outcome const outcome = session.Execute(row.edit(i));
+      Outcome const outcome = session.Execute(CommandOf(row.edit(i)));
       ASSERT_TRUE(outcome.ok) << row.what << ": " << outcome.message;
     }
     std::size_t taken = HeapBytes() - before, journal = 0;  // of which nothing is forgotten
-    for (Json const& line : session.Journal()) { journal += line.dump().size(); }
+    for (cls_Value const& line : session.Journal()) { journal += JsonText(line).size(); }
     taken -= journal;
     EXPECT_LT(taken, kMemory + kMemory / 2) << row.what;  // the changes are kept too
     EXPECT_GT(taken, kMemory / 4) << row.what << ": it has room for more";

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "tests/support/Library.h"
+#include "text/JsonText.h"
 
 namespace gattr {
 namespace {
@@ -140,7 +141,7 @@ TEST_F(Histories, OfAModelAreThoseThatItsCommandsTell) {
         R"({"command": "Set", "name": "S"})", R"({"command": "EncastreBC", "name": "Fix", "createStepName": "Initial", "region": "S"})",
         R"({"command": "DisplacementBC", "name": "Push", "createStepName": "A", "region": "S", "u1": 1.0})",
         R"({"command": "suppress", "boundaryCondition": "Push"})", R"({"command": "StaticStep", "name": "C", "initialInc": 0.1})"}) {
-    last = session.Execute(Json::parse(command));
+    last = session.Execute(ParseJson(command));
     ASSERT_TRUE(last.ok) << last.message;
   }
   HistoryTable const table = HistoriesOf(session.Model());
