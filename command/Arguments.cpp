@@ -86,13 +86,26 @@ std::string const* Arguments::OptionalText(std::string_view name) {
   return value == nullptr ? nullptr : &AsText(name, *value);
 }
 
-std::string const& Arguments::Text(std::string_view name) {
-  if (auto const* const text = OptionalText(name)) { return *text; }
+void Arguments::RefuseMissing(std::string_view name) const {
   std::vector<std::string> given;
   for (auto const& [other, value] : Rest()) { given.push_back(other); }
   std::string const nearest = Nearest(name, given);
   RefuseUnknown(subject_, "The argument " + Quoted(name) + " is missing.",
                 nearest.empty() ? "" : "Is " + Quoted(nearest) + " meant to be it?");
+}
+
+std::string const& Arguments::Text(std::string_view name) {
+  auto const* const text = OptionalText(name);
+  if (text == nullptr) { RefuseMissing(name); }
+  return *text;
+}
+
+cls_Value::List const& Arguments::List(std::string_view name) {
+  cls_Value const* const value = Take(name);
+  if (value == nullptr) { RefuseMissing(name); }
+  auto const* const list = value->As<cls_Value::List>();
+  if (list == nullptr) { RefuseValue(subject_, Quoted(name) + " is a list, not " + Described(*value) + "."); }
+  return *list;
 }
 
 cow_String Arguments::Name(std::string_view name) {

@@ -38,6 +38,8 @@ public:
   std::string const* OptionalText(std::string_view name);
   /// True or false; false when left out.
   bool Flag(std::string_view name);
+  /// A list argument; must be given. Good while the command is.
+  cls_Value::List const& List(std::string_view name);
   /// A text argument that is a name: not empty, UTF-8.
   cow_String Name(std::string_view name);
 
@@ -57,6 +59,7 @@ private:
   /// The argument of that name, and nobody else asks for it; null where it is left out.
   cls_Value const* Take(std::string_view name);
   bool IsTaken(cls_Value const& value) const;
+  [[noreturn]] void RefuseMissing(std::string_view name) const;
   std::string const& AsText(std::string_view name, cls_Value const& value) const;
   /// Refuses a text that is not UTF-8, in a value of several too.
   void AssertTexts(std::string_view name, cls_Value const& value) const;

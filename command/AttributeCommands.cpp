@@ -442,6 +442,7 @@ void RenameAttribute(Call& call, AttributeTarget const& target) {
   RenameInLoadCases(call, target.repository.ItemCmd(), target.name, newName);
   RenameInReferences(call, target.repository, target.name, newName);
   call.touched.names.push_back(newName);
+  call.touched.renames = {{std::string(target.repository.ItemCmd()), std::string(target.name.View()), std::string(newName.View())}};
 }
 
 void CopyAttribute(Call& call, AttributeTarget const& target) {

@@ -351,6 +351,7 @@ void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& na
   mdl_NamedObjects& objects = kind.In(call.model);
   objects.Remove(name);
   objects.Put(newName, *object);
+  call.touched.renames = {{std::string(kind.kind), std::string(name.View()), std::string(newName.View())}};
   Redirect(call, users, {kind.reference, name, newName, kind.In(std::as_const(call.model)).ConstObject(newName)});
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <new>
+#include <stdexcept>
 
 #include "command/Command.h"
 #include "command/Hints.h"
@@ -18,7 +19,7 @@ namespace gattr {
 namespace {
 
 constexpr std::string_view kUndo = "undo", kRedo = "redo", kSetModel = "setModel", kSetModelSpace = "setModelSpace",
-                           kReleaseRegions = "releaseDanglingRegions";
+                           kReleaseRegions = "releaseDanglingRegions", kTransaction = "transaction", kCommands = "commands";
 
 // Bytes, roughly: the edit itself, its place in the journal, the way to an object through the maps; and a version of the steps.
 constexpr std::size_t kEditWeight = 1 << 11, kObjectWeight = 512, kRestingWeight = 192, kStepsWeight = 1 << 13;
@@ -84,11 +85,44 @@ std::vector<std::string> CommandNames() {
   return names;
 }
 
+bool RunTransaction(Call& call);
+
 void Run(Call& call) {
   if (RunOnObject(call) || ConstructStep(call) || ConstructAttribute(call) || ConstructReference(call)) { return; }
-  if (SetModel(call) || SetModelSpace(call) || ReleaseRegions(call)) { return; }
+  if (SetModel(call) || SetModelSpace(call) || ReleaseRegions(call) || RunTransaction(call)) { return; }
   std::string const& command = call.arguments.Command();
   RefuseUnknown(call.subject, "There is no command " + Quoted(command) + ".", Suggestion(command, CommandNames(), "Commands"));
+}
+
+/// Several commands as one.
+bool RunTransaction(Call& call) {
+  if (call.arguments.Command() != kTransaction) { return false; }
+  cls_Value::List const& commands = call.arguments.List(kCommands);
+  call.arguments.AssertNoRest({std::string(kCommands)});
+  for (std::size_t i = 0; i < commands.size(); ++i) {
+    Subject subject;
+    Touched touched;
+    try {
+      Arguments arguments(commands[i], subject);
+      if (arguments.DryRun()) { RefuseValue(subject, R"("dryRun" is of the transaction as a whole.)"); }
+      Call one{call.model, arguments, subject, touched, call.report};
+      Run(one);
+      if (!call.report.empty()) { RefuseEdit(subject, "What only tells something is no part of a transaction."); }
+    } catch (std::exception const&) {
+      std::string const place = call.subject.command + ", command " + std::to_string(i + 1);
+      call.subject = subject;
+      call.subject.command = subject.command.empty() ? place : place + ", " + subject.command;
+      throw;
+    }
+    i == 0 ? void(call.touched = std::move(touched)) : call.touched.Add(touched);
+  }
+  return true;
+}
+
+std::vector<Rename> Reversed(std::vector<Rename> renames) {
+  std::ranges::reverse(renames);
+  for (Rename& rename : renames) { std::swap(rename.from, rename.to); }
+  return renames;
 }
 
 /// One line: command, object, step and member, what is told of them with its number, and what would have fitted.
@@ -124,6 +158,19 @@ Outcome Refused(Subject const& subject, std::exception const& error) {
 std::string Label::Object() const { return !kind.empty() ? ObjectText(kind, name) : name.empty() ? name : Quoted(name); }
 std::string Label::Text() const { return kind.empty() && name.empty() ? command : command + " " + Object(); }
 
+void Touched::Add(Touched const& other) {
+  renames.insert(renames.end(), other.renames.begin(), other.renames.end());
+  if (all || other.all || extension != other.extension || extension.IsEmpty()) {
+    all = true;
+    extension = {};
+    names.clear();
+    return;
+  }
+  for (cow_String const& name : other.names) {
+    if (std::ranges::find(names, name) == names.end()) { names.push_back(name); }
+  }
+}
+
 Session::Session() : Session(ddr_Model()) {}
 
 // The repositories of a new model are empty and do not know its steps yet; that they learn them is no change.
@@ -141,41 +188,18 @@ Outcome Session::Execute(cls_Value const& command) {
   ddr_Model const before = model_;
   std::size_t const changes = changes_.Size();
   Subject subject;
+  Outcome outcome;
+  std::optional<Told> told;
   auto const putBack = [&] {
     model_ = before;
     changes_.TruncateTo(changes);
   };
   try {
     Arguments arguments(command, subject);
-    if (arguments.Command() == kUndo || arguments.Command() == kRedo) { return UndoOrRedo(command, arguments, subject); }
-    Touched touched;
-    Outcome outcome;
-    {
-      CurrentHistory const current(changes_);
-      Call call{model_, arguments, subject, touched, outcome.report};
-      Run(call);
-    }
+    bool const again = arguments.Command() == kUndo || arguments.Command() == kRedo;
+    told = again ? UndoOrRedo(command, arguments, subject, outcome) : Do(command, arguments, subject, outcome);
     outcome.ok = true;
-    Effect const effect = outcome.report.empty() ? EffectSince(before, touched) : Effect{true, 0};
-    if (!effect.changed) {
-      if (!touched.extension.IsEmpty()) {
-        auto const& repository = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
-        subject.hint = StatusHint(*repository.ConstItem(touched.names.front()), cow_String(subject.step));
-      }
-      Tell(outcome, subject, {"", -1, "", "Nothing has changed."});
-    }
-    if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
-    if (!outcome.report.empty()) { return outcome; }
-    if (arguments.DryRun()) {
-      putBack();
-    } else if (!keepsPast_) {
-      changes_.TruncateTo(0);
-    } else {
-      redo_.clear();
-      journal_.Append(command);
-      Keep({before, static_cast<Label const&>(subject), std::move(touched), effect.weight, changes, {}});
-    }
-    return outcome;
+    if (arguments.DryRun() && !again) { putBack(); }
   } catch (std::bad_alloc const&) {
     putBack();
     throw;
@@ -183,6 +207,76 @@ Outcome Session::Execute(cls_Value const& command) {
     putBack();
     return Refused(subject, error);
   }
+  if (told) { Tell(*told, before); }
+  return outcome;
+}
+
+std::optional<Session::Told> Session::Do(cls_Value const& command, Arguments& arguments, Subject& subject, Outcome& outcome) {
+  ddr_Model const before = model_;
+  std::size_t const changes = changes_.Size();
+  Touched touched;
+  {
+    CurrentHistory const current(changes_);
+    Call call{model_, arguments, subject, touched, outcome.report};
+    Run(call);
+  }
+  Effect const effect = outcome.report.empty() ? EffectSince(before, touched) : Effect{true, 0};
+  if (!effect.changed) {
+    kprC_StepDependent const* const item =
+        touched.extension.IsEmpty() ? nullptr
+                                    : model_.ConstGet<kprC_StepAwareRepository>(touched.extension).ConstItem(touched.names.front());
+    if (item != nullptr) { subject.hint = StatusHint(*item, cow_String(subject.step)); }
+    gattr::Tell(outcome, subject, {"", -1, "", "Nothing has changed."});
+  }
+  if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
+  if (!outcome.report.empty() || arguments.DryRun()) { return {}; }
+  std::optional<Told> told;
+  if (effect.changed) { told = Told{ChangeEvent::Cause::Command, subject.Text(), touched.renames}; }
+  if (open_ != nullptr) {
+    open_->commands.empty() ? void(open_->touched = std::move(touched)) : open_->touched.Add(touched);
+    open_->commands.push_back(command);
+  } else {
+    Keep(command, {before, static_cast<Label const&>(subject), std::move(touched), effect.weight, changes, {}});
+  }
+  return told;
+}
+
+void Session::Begin() {
+  if (open_ != nullptr) { throw std::logic_error("a transaction has begun already"); }
+  open_ = std::make_unique<Open>(Open{model_, changes_.Size(), {}, {}});
+}
+
+std::unique_ptr<Session::Open> Session::End() {
+  if (open_ == nullptr) { throw std::logic_error("no transaction has begun"); }
+  return std::move(open_);
+}
+
+void Session::Commit() {
+  std::unique_ptr<Open> const open = End();
+  if (open->commands.empty()) { return; }
+  Effect const effect = EffectSince(open->before, open->touched);
+  Told const told{ChangeEvent::Cause::Command, std::string(kTransaction), open->touched.renames};
+  cls_Value const command = cls_Value::Fields{{"command", kTransaction}, {std::string(kCommands), std::move(open->commands)}};
+  Keep(command, {open->before, {told.label}, std::move(open->touched), effect.weight, open->changes, {}});
+  if (effect.changed) { TellListeners(told, open->before); }  // names have followed command by command
+}
+
+void Session::Rollback() {
+  std::unique_ptr<Open> const open = End();
+  model_ = open->before;
+  changes_.TruncateTo(open->changes);
+  for (Rename const& rename : Reversed(open->touched.renames)) { names_.Renamed(rename); }
+}
+
+void Session::Tell(Told const& told, ddr_Model const& before) {
+  for (Rename const& rename : told.renames) { names_.Renamed(rename); }
+  if (open_ == nullptr) { TellListeners(told, before); }
+}
+
+void Session::TellListeners(Told const& told, ddr_Model const& before) {
+  if (listeners_.IsEmpty()) { return; }
+  std::vector<ObjectChange> changes = ChangesBetween(before, model_, told.renames);
+  if (!changes.empty()) { listeners_.Tell({told.cause, told.label, std::move(changes)}); }  // what changed nothing can be undone too
 }
 
 Session::Effect Session::EffectSince(ddr_Model const& before, Touched const& touched) const {
@@ -212,22 +306,24 @@ bool Session::Differs(ddr_Model const& before) const {
   return false;
 }
 
-Outcome Session::UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject) {
+std::optional<Session::Told> Session::UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject, Outcome& outcome) {
   arguments.AssertNoRest({});
   bool const undo = arguments.Command() == kUndo;
+  if (open_ != nullptr) { RefuseEdit(subject, "A transaction has begun: commit it or roll it back first."); }
   std::deque<Edit> const& edits = undo ? undo_ : redo_;
   if (edits.empty()) { RefuseEdit(subject, undo ? "There is nothing to undo." : "There is nothing to redo."); }
-  Touched const touched = edits.back().touched;
+  Edit const& edit = edits.back();
+  Touched const touched = edit.touched;
+  Told told{undo ? ChangeEvent::Cause::Undo : ChangeEvent::Cause::Redo, edit.label.Text(),
+            undo ? Reversed(touched.renames) : touched.renames};
   undo ? UndoEdit() : RedoEdit();
-  Outcome outcome;
-  outcome.ok = true;
   if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
   if (arguments.DryRun()) {
     undo ? RedoEdit() : UndoEdit();
-  } else {
-    journal_.Append(command);
+    return {};
   }
-  return outcome;
+  journal_.Append(command);
+  return told;
 }
 
 std::vector<cls_Value> Session::Journal() const { return journal_.Commands(); }
@@ -247,7 +343,10 @@ bool Session::Redo() { return Execute(cls_Value::Fields{{"command", kRedo}}).ok;
 std::string Session::UndoLabel() const { return undo_.empty() ? "" : undo_.back().label.Text(); }
 std::string Session::RedoLabel() const { return redo_.empty() ? "" : redo_.back().label.Text(); }
 
-void Session::Keep(Edit edit) {
+void Session::Keep(cls_Value const& command, Edit edit) {
+  if (!keepsPast_) { return changes_.TruncateTo(0); }
+  redo_.clear();
+  journal_.Append(command);
   undoWeight_ += edit.weight;
   undo_.push_back(std::move(edit));
   for (; undoWeight_ > undoMemory_ && undo_.size() > 1; undo_.pop_front()) { undoWeight_ -= undo_.front().weight; }
@@ -343,6 +442,11 @@ std::vector<CommandInfo> Session::Commands() {
   infos.push_back(
       {std::string(kSetModelSpace), "session", "says which space the model lives in", {Describe(SpaceArgument(), ddr_Model(), true)}});
   infos.push_back({std::string(kReleaseRegions), "session", "lets go of the regions that deleted steps have left without an owner", {}});
+  ArgumentInfo commands = Required(kCommands, "the commands, in their order");
+  commands.kind = ValueKind::Object;
+  commands.depth = 1;
+  commands.className = "command";
+  infos.push_back({std::string(kTransaction), "session", "runs several commands as one: all or none, to be undone together", {commands}});
   infos.push_back({std::string(kUndo), "session", "puts back the model before the last command", {}});
   infos.push_back({std::string(kRedo), "session", "does again what undo took back", {}});
   return infos;
@@ -354,8 +458,10 @@ std::vector<ClassInfo> Session::ValueClasses() {
     for (ArgumentInfo const& argument : arguments) {
       if (argument.className.empty() || !argument.refers.empty()) { continue; }
       if (std::ranges::find(classes, argument.className, &ClassInfo::name) != classes.end()) { continue; }
+      cls_ClassMetadata const* const type = cls_MetadataRegistrar::Registrar().Find(argument.className);
+      if (type == nullptr) { continue; }  // commands
       std::vector<ArgumentInfo> members;
-      Describe(members, *cls_MetadataRegistrar::Registrar().Find(argument.className)->make());
+      Describe(members, *type->make());
       classes.push_back({argument.className, members});
       collect(members);
     }

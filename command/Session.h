@@ -2,11 +2,14 @@
 
 #include <cstddef>
 #include <deque>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "command/Changes.h"
 #include "command/Journal.h"
 #include "command/Refusal.h"
 #include "framework/ddr_Model.h"
@@ -109,9 +112,13 @@ struct Label {
 
 /// Whose histories a command touches.
 struct Touched {
-  bool all = false;               ///< a command on a step: every attribute
-  cow_String extension;           ///< member name of the attribute's repository; empty when no attribute is named
-  std::vector<cow_String> names;  ///< of the attribute, before and after
+  bool all = false;                    ///< a command on a step: every attribute
+  cow_String extension = {};           ///< member name of the attribute's repository; empty when no attribute is named
+  std::vector<cow_String> names = {};  ///< of the attribute, before and after
+  std::vector<Rename> renames = {};    ///< of any object, in their order
+
+  /// Adds what a further command has touched.
+  void Add(Touched const& other);
 };
 
 /// A model under edit. Commands are the only way to change it: each either succeeds whole or leaves the model, its change
@@ -121,7 +128,8 @@ struct Touched {
 /// Snapshots are handle copies, so a command costs what its edit costs, and undoing it no more, whatever the model weighs.
 /// Undo reaches back to the first command, unless thousands of edits of a long step sequence, each of which makes the whole
 /// sequence anew, would fill the memory: then the oldest are forgotten (SetUndoMemory).
-/// Not for use by two threads at once; several sessions may live in one thread.
+/// Not for use by two threads at once; several sessions may live in one thread. A session is moved and not copied: Session(other.Model())
+/// begins another one with the model as it is.
 class Session {
 public:
   /// Begins with an empty model.
@@ -143,6 +151,25 @@ public:
   /// Puts back the model before the last command; false when there is none. Also a command, "undo".
   bool Undo();
   bool Redo();
+
+  /// From here to Commit or Rollback commands are one: they are taken back together, stand in the journal as one command
+  /// ({"command": "transaction", "commands": [...]}, which is a command of its own too) and are told as one change. One that is refused
+  /// leaves those before it. Undo and redo are refused meanwhile, and so is a second Begin, which raises a std::logic_error.
+  void Begin();
+  /// Keeps what was done since Begin. Raises a std::logic_error where nothing has begun, as Rollback does.
+  void Commit();
+  /// Puts back the model as it was at Begin.
+  void Rollback();
+  bool IsInTransaction() const { return open_ != nullptr; }
+
+  /// Has \p listener told of every whole edit from here on, as long as the subscription is kept: after a command that has changed
+  /// something, after undo, redo and Commit; of a refusal and of a dry run nothing. It may read the session and run commands, which are
+  /// told behind what is being told, and end subscriptions. What it throws passes to the caller of the edit, which stays done. While
+  /// anybody listens, an edit costs a comparison (ChangesBetween) more.
+  [[nodiscard]] Subscription Subscribe(Listener listener) { return listeners_.Add(std::move(listener)); }
+
+  /// A name that follows the object's renames and their undo, whether or not there is such an object now.
+  std::shared_ptr<ObjectName const> Follow(std::string_view kind, std::string_view name) { return names_.Follow(kind, name); }
 
   /// The commands that succeeded, undo and redo among them; running them on the model that the session began with gives
   /// the present one. Made anew, as they are kept as lines.
@@ -186,8 +213,19 @@ private:
   /// Looks at what the command has touched. Where that is an attribute, it costs what differs of that.
   Effect EffectSince(ddr_Model const& before, Touched const& touched) const;
   bool Differs(ddr_Model const& before) const;
-  Outcome UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject);
-  void Keep(Edit edit);
+  /// What there is to tell of an edit.
+  struct Told {
+    ChangeEvent::Cause cause;
+    std::string label;
+    std::vector<Rename> renames;
+  };
+  /// Runs a command and keeps it; nothing is to be told where the model is as it was.
+  std::optional<Told> Do(cls_Value const& command, Arguments& arguments, Subject& subject, Outcome& outcome);
+  std::optional<Told> UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject, Outcome& outcome);
+  /// Has names follow, and listeners told, what has led from \p before to the present model.
+  void Tell(Told const& told, ddr_Model const& before);
+  void TellListeners(Told const& told, ddr_Model const& before);
+  void Keep(cls_Value const& command, Edit edit);
   /// What keeping \p before costs beside the present model. Costs what differs between both.
   std::size_t Weight(ddr_Model const& before) const;
   void UndoEdit();
@@ -199,6 +237,17 @@ private:
   std::deque<Edit> undo_, redo_;  // the next one last
   std::size_t undoWeight_ = 0, undoMemory_ = std::size_t{512} << 20;
   KeptJournal journal_;
+  /// What was done since Begin.
+  struct Open {
+    ddr_Model before;
+    std::size_t changes;
+    Touched touched;
+    cls_Value::List commands;
+  };
+  std::unique_ptr<Open> End();
+  std::unique_ptr<Open> open_;
+  Listeners listeners_;
+  ObjectNames names_;
   bool trace_ = false, keepsPast_ = true;
 };
 

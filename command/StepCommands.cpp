@@ -194,6 +194,7 @@ void RenameStep(Call& call, cow_String const& name) {
   call.arguments.AssertNoRest({"newName"});
   kprC_RenameStep(call.model, name, newName);
   RenameInLoadCases(call, kprC_Step::stepCmd(), name, newName);
+  call.touched.renames = {{std::string(kprC_Step::stepCmd().View()), std::string(name.View()), std::string(newName.View())}};
 }
 
 void DeleteStep(Call& call, cow_String const& name) {

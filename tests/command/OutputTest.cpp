@@ -130,7 +130,7 @@ TEST_F(OutputRequests, IsMadeToFitTheProcedureThatItsStepGets) {
       {R"({"command": "FieldOutputRequest", "name": "Heat", "createStepName": "S2", "variables": ["NT", "RFL"], "timeInterval": 0.5})",
        R"({"command": "FieldOutputRequest", "name": "Usual", "createStepName": "S2"})", R"({"command": "delete", "step": "S1"})"});
   std::string const replace = R"({"command": "replace", "step": "S2", "maintainAttributes": true, "procedure": )";
-  Session other = session;
+  Session other(session.Model());
   RunJournal(session, {replace + R"("StaticStep", "initialInc": 0.1})"});
   auto const* item = session.Model().ConstGet<kprC_StepAwareRepository>("fieldOutputs").ConstItem("Heat");
   EXPECT_EQ(item->StateAt(1)->Member("variables"), cls_Value(cls_Value::List{"NT"}));

@@ -55,6 +55,44 @@ private:
   std::mt19937 random_;
 };
 
+/// The names of a model's steps and boundary conditions as a listener knows them who is told of every edit.
+class Follower {
+public:
+  explicit Follower(Session& session) : subscription_(session.Subscribe([this](ChangeEvent const& event) { Take(event); })) {}
+
+  void AssertKnows(Session const& session) const {
+    std::set<std::string> names;
+    kprC_StepTable const& steps = BoundaryConditions(session).Steps();
+    for (std::size_t i = 1; i < steps.Size(); ++i) { names.insert("step " + std::string(steps.Name(i).View())); }
+    BoundaryConditions(session).ForEach(
+        [&names](cow_String const& name, auto const&) { names.insert("boundaryCondition " + std::string(name.View())); });
+    ASSERT_EQ(names_, names);
+  }
+
+private:
+  void Take(ChangeEvent const& event) {
+    EXPECT_FALSE(event.objects.empty()) << event.label;
+    std::set<std::string> come;  // behind what goes: names may have been exchanged
+    for (ObjectChange const& change : event.objects) {
+      if (change.kind != "step" && change.kind != "boundaryCondition") { continue; }
+      std::string const now = change.kind + " " + change.name;
+      switch (change.change) {
+        case ChangeKind::Created: come.insert(now); break;
+        case ChangeKind::Changed: EXPECT_TRUE(names_.contains(now)) << now; break;
+        case ChangeKind::Renamed:
+          EXPECT_EQ(names_.erase(change.kind + " " + change.before), 1U);
+          come.insert(now);
+          break;
+        case ChangeKind::Deleted: EXPECT_EQ(names_.erase(now), 1U) << now;
+      }
+    }
+    names_.merge(come);
+  }
+
+  std::set<std::string> names_;
+  Subscription subscription_;
+};
+
 /// What holds of every model: one creation to a history, statuses of the family, and a further pass changes nothing.
 void AssertSound(Session const& session) {
   std::set<int> const known = {0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11, 12};
@@ -77,6 +115,7 @@ TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
   Script script(GetParam());
   Session session;
   ddr_Model const initial = session.Model();
+  Follower const follower(session);
   RunJournal(session, {R"({"command": "Set", "name": "Set-1"})", R"({"command": "StaticStep", "name": "S1", "initialInc": 0.1})"});
   int succeeded = 2;
   for (int i = 0; i < 150; ++i) {
@@ -100,6 +139,7 @@ TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
       ASSERT_EQ(session.Changes().Size(), changes) << command;
     }
     AssertSound(session);
+    follower.AssertKnows(session);
     if (::testing::Test::HasFailure()) { FAIL() << "after " << command; }
     while (script.Below(8) == 0 && session.CanUndo()) {  // wander, and come back
       ddr_Model const here = session.Model();
@@ -113,7 +153,7 @@ TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
   ddr_Model const final = session.Model();
   std::vector<cls_Value> const journal = session.Journal();
   std::size_t const changes = session.Changes().Size();
-  while (session.Undo()) {}
+  while (session.Undo()) { follower.AssertKnows(session); }
   EXPECT_TRUE(session.Model().Equals(initial));
   EXPECT_EQ(session.Changes().Size(), 0U);
   while (session.Redo()) {}

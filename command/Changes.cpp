@@ -1,0 +1,243 @@
+#include "command/Changes.h"
+
+#include <algorithm>
+#include <exception>
+#include <optional>
+#include <utility>
+
+#include "command/Command.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+
+namespace gattr {
+
+namespace {
+
+/// Finds what has changed, kind by kind.
+class Comparison {
+public:
+  Comparison(ddr_Model const& before, ddr_Model const& now, std::span<Rename const> renames)
+      : before_(before), now_(now), renames_(renames) {}
+
+  std::vector<ObjectChange> Run() {
+    if (before_.Name() != now_.Name() || before_.Space() != now_.Space()) { Add(ChangeKind::Changed, "model", now_.Name()); }
+    CompareSteps();
+    for (auto const& [member, extension] : now_.Extensions()) {
+      mdl_Extension const *const was = before_.ConstExtension(member), *const is = extension.ConstGet();
+      if (was == is || was == nullptr) { continue; }
+      if (auto const* const repository = mdl_ExtensionAs<kprC_StepAwareRepository>(is)) {
+        CompareAttributes(*mdl_ExtensionAs<kprC_StepAwareRepository>(was), *repository);
+      } else if (auto const* const named = mdl_ExtensionAs<mdl_NamedObjects>(is)) {
+        CompareNamed(member, *mdl_ExtensionAs<mdl_NamedObjects>(was), *named);
+      }
+    }
+    return std::move(changes_);
+  }
+
+private:
+  ObjectChange& Add(ChangeKind change, std::string_view kind, cow_String const& name) {
+    return changes_.emplace_back(ObjectChange{change, std::string(kind), std::string(name.View())});
+  }
+  /// What an object of today was called before.
+  std::string NameBefore(std::string_view kind, std::string_view name) const {
+    std::string before(name);
+    for (auto rename = renames_.rbegin(); rename != renames_.rend(); ++rename) {
+      if (rename->kind == kind && rename->to == before) { before = rename->from; }
+    }
+    return before;
+  }
+  std::string NameNow(std::string_view kind, std::string_view name) const {
+    std::string now(name);
+    for (Rename const& rename : renames_) {
+      if (rename.kind == kind && rename.from == now) { now = rename.to; }
+    }
+    return now;
+  }
+
+  void CompareSteps() {
+    std::string_view const kind = kprC_Step::stepCmd();
+    kprC_StepContainer const &was = kprC_Steps(before_), &is = kprC_Steps(now_);
+    if (was.Table().Same(is.Table())) { return; }
+    for (std::size_t i = 0; i < is.Size(); ++i) {
+      std::string const before = NameBefore(kind, is.Name(i).View());
+      kprC_Step const* const step = was.Find(before);
+      if (step == nullptr) {
+        Add(ChangeKind::Created, kind, is.Name(i));
+      } else {
+        AddCompared(kind, before, is.Name(i), step == &is.Step(i) || step->Equals(is.Step(i)));
+      }
+    }
+    for (std::size_t i = 0; i < was.Size(); ++i) {
+      if (!is.IsMember(NameNow(kind, was.Name(i).View()))) { Add(ChangeKind::Deleted, kind, was.Name(i)); }
+    }
+  }
+
+  /// Of an object that was there and is. Null where there is nothing to tell.
+  ObjectChange* AddCompared(std::string_view kind, std::string const& before, cow_String const& name, bool isSame) {
+    if (before != name.View()) {
+      ObjectChange& change = Add(ChangeKind::Renamed, kind, name);
+      change.before = before;
+      return &change;
+    }
+    return isSame ? nullptr : &Add(ChangeKind::Changed, kind, name);
+  }
+
+  /// Calls \p compare(name before, was, name, is) for the pairs of objects that are not the very same, and tells of the others.
+  template <class Find, class Compare>
+  void ForEachPair(std::string_view kind, mdl_Extension const& was, mdl_Extension const& is, Find&& find, Compare&& compare) {
+    is.ForEachChange(was, [&](cow_String const& name, cls_Object const* object) {
+      if (object == nullptr) {
+        if (find(is, NameNow(kind, name.View())) == nullptr) { Add(ChangeKind::Deleted, kind, name); }
+        return;
+      }
+      std::string const before = NameBefore(kind, name.View());
+      auto const* const old = find(was, before);
+      old == nullptr ? void(Add(ChangeKind::Created, kind, name)) : compare(before, *old, name, *find(is, name.View()));
+    });
+  }
+
+  void CompareNamed(cow_String const& member, mdl_NamedObjects const& was, mdl_NamedObjects const& is) {
+    auto const kind = std::ranges::find(ReferenceKinds(), member.View(), &ReferenceKind::extension);
+    if (kind == ReferenceKinds().end()) { return; }
+    ForEachPair(
+        kind->kind, was, is,
+        [](mdl_Extension const& in, std::string_view name) { return static_cast<mdl_NamedObjects const&>(in).ConstObject(name); },
+        [&](std::string const& before, cls_Object const& old, cow_String const& name, cls_Object const& object) {
+          AddCompared(kind->kind, before, name, old.Equals(object));
+        });
+  }
+
+  void CompareAttributes(kprC_StepAwareRepository const& was, kprC_StepAwareRepository const& is) {
+    std::string_view const kind = is.ItemCmd();
+    ForEachPair(
+        kind, was, is,
+        [](mdl_Extension const& in, std::string_view name) { return static_cast<kprC_StepAwareRepository const&>(in).ConstItem(name); },
+        [&](std::string const& before, kprC_StepDependent const& old, cow_String const& name, kprC_StepDependent const& item) {
+          std::vector<std::string> steps = Differing(SaidBy(old), SaidBy(item));
+          bool const isSame = old.Steps().Same(item.Steps()) ? old.Equals(item) : steps.empty() && OwnEqual(old, item);
+          if (ObjectChange* const change = AddCompared(kind, before, name, isSame)) { change->steps = std::move(steps); }
+        });
+  }
+
+  /// Whether what is not of a step is the same.
+  static bool OwnEqual(kprC_StepDependent const& a, kprC_StepDependent const& b) {
+    if (a.IsSuppressed() != b.IsSuppressed() || a.DynTypeId() != b.DynTypeId()) { return false; }
+    return std::ranges::all_of(a.MemberRows(),
+                               [&](cls_MemberRow const& row) { return !row.text.settable || row.ops->equal(row.In(&a), row.In(&b)); });
+  }
+
+  /// What an attribute says of its own in a step.
+  struct Said {
+    cow_String step;
+    mdl_PropagationStatusEnm status;
+    cls_Object const* state;
+  };
+  static std::vector<Said> SaidBy(kprC_StepDependent const& item) {
+    std::vector<Said> said;
+    item.ForEachRun([&](std::size_t begin, std::size_t /*end*/, mdl_PropagationStatusEnm status, cls_Object const* state) {
+      if (kprC_StepAwareRepository::SaysSomething(item, begin)) { said.push_back({item.Steps().Name(begin), status, state}); }
+    });
+    return said;
+  }
+  std::vector<std::string> Differing(std::vector<Said> const& was, std::vector<Said> const& is) const {
+    std::string_view const kind = kprC_Step::stepCmd();
+    std::vector<std::string> steps;
+    auto const find = [](std::vector<Said> const& in, std::string_view step) {
+      return std::ranges::find(in, step, [](Said const& said) { return said.step.View(); });
+    };
+    for (Said const& said : is) {
+      auto const old = find(was, NameBefore(kind, said.step.View()));
+      bool const same = old != was.end() && old->status == said.status &&
+                        (old->state == said.state || (old->state != nullptr && said.state != nullptr && old->state->Equals(*said.state)));
+      if (!same) { steps.emplace_back(said.step.View()); }
+    }
+    for (Said const& said : was) {
+      std::string now = NameNow(kind, said.step.View());
+      if (find(is, now) == is.end()) { steps.push_back(std::move(now)); }
+    }
+    return steps;
+  }
+
+  ddr_Model const &before_, &now_;
+  std::span<Rename const> renames_;
+  std::vector<ObjectChange> changes_;
+};
+
+}  // namespace
+
+std::vector<ObjectChange> ChangesBetween(ddr_Model const& before, ddr_Model const& now, std::span<Rename const> renames) {
+  return Comparison(before, now, renames).Run();
+}
+
+Subscription Listeners::Add(Listener listener) {
+  std::erase_if(listeners_, [](auto const& one) { return one.expired(); });
+  auto const kept = std::make_shared<Listener const>(std::move(listener));
+  listeners_.emplace_back(kept);
+  return Subscription(kept);
+}
+
+bool Listeners::IsEmpty() const {
+  return std::ranges::all_of(listeners_, [](auto const& one) { return one.expired(); });
+}
+
+void Listeners::Tell(ChangeEvent event) {
+  waiting_.push_back(std::move(event));
+  if (std::exchange(telling_, true)) { return; }
+  std::exception_ptr thrown;
+  for (std::size_t next = 0; next < waiting_.size(); ++next) {
+    ChangeEvent const told = waiting_[next];  // its own: what listeners do may bring more
+    for (std::size_t i = 0; i < listeners_.size(); ++i) {
+      std::shared_ptr<Listener const> const listener = listeners_[i].lock();
+      if (listener == nullptr) { continue; }
+      try {
+        (*listener)(told);
+      } catch (...) {
+        if (!thrown) { thrown = std::current_exception(); }
+      }
+    }
+  }
+  waiting_.clear();
+  telling_ = false;
+  if (thrown) { std::rethrow_exception(thrown); }
+}
+
+ObjectNames& ObjectNames::operator=(ObjectNames&& other) noexcept {
+  Lose();
+  names_ = std::move(other.names_);
+  return *this;
+}
+
+void ObjectNames::Lose() {
+  for (auto const& [key, one] : names_) {
+    if (auto const name = one.lock()) { name->lost = true; }
+  }
+  names_.clear();
+}
+
+std::string ObjectNames::KeyOf(std::string_view kind, std::string_view name) { return std::string(kind).append(1, '\0').append(name); }
+
+std::shared_ptr<ObjectName const> ObjectNames::Follow(std::string_view kind, std::string_view name) {
+  std::string key = KeyOf(kind, name);
+  auto const [begin, end] = names_.equal_range(key);
+  for (auto one = begin; one != end; ++one) {
+    if (auto const held = one->second.lock()) { return held; }
+  }
+  names_.erase(begin, end);
+  auto const made = std::make_shared<ObjectName>(ObjectName{std::string(kind), std::string(name)});
+  names_.emplace(std::move(key), made);
+  return made;
+}
+
+void ObjectNames::Renamed(Rename const& rename) {
+  auto const [begin, end] = names_.equal_range(KeyOf(rename.kind, rename.from));
+  std::vector<std::shared_ptr<ObjectName>> follow;
+  for (auto one = begin; one != end; ++one) {
+    if (auto held = one->second.lock()) { follow.push_back(std::move(held)); }
+  }
+  names_.erase(begin, end);
+  for (auto const& name : follow) {
+    name->name = rename.to;
+    names_.emplace(KeyOf(rename.kind, rename.to), name);
+  }
+}
+
+}  // namespace gattr

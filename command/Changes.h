@@ -1,0 +1,105 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "framework/ddr_Model.h"
+#include "platform/CoreUtils/ddb_Export.h"
+
+/// What commands change, told to whoever listens.
+namespace gattr {
+
+/// An object that a command gave another name.
+struct Rename {
+  std::string kind, from, to;
+};
+
+enum class ChangeKind : std::uint8_t { Created, Changed, Renamed, Deleted };
+
+/// What has become of one object.
+struct ObjectChange {
+  ChangeKind change;
+  std::string kind;                     ///< "boundaryCondition", "step", "region"; "model" for the model's own name and space
+  std::string name;                     ///< what it is called now; of one that is deleted, what it was called
+  std::string before = {};              ///< of one that is renamed, what it was called; it may have changed besides
+  std::vector<std::string> steps = {};  ///< of an attribute, in which it says other things than before, by their present names
+
+  friend bool operator==(ObjectChange const&, ObjectChange const&) = default;
+};
+
+/// What one whole edit has changed.
+struct ChangeEvent {
+  enum class Cause : std::uint8_t { Command, Undo, Redo };
+  Cause cause;
+  std::string label;                  ///< of the command: 'deactivate boundaryCondition "Fix"'
+  std::vector<ObjectChange> objects;  ///< the model, the steps in order, then attributes and other objects by kind and name
+};
+
+/// What \p now says that \p before did not, which has come from it, or it from that, by edits with those renames. What merely follows
+/// from others is not told: statuses and carried values where a step has come or gone. Costs what differs; where the steps differ, a
+/// look at what each attribute says of its own.
+std::vector<ObjectChange> ChangesBetween(ddr_Model const& before, ddr_Model const& now, std::span<Rename const> renames);
+
+using Listener = std::function<void(ChangeEvent const&)>;
+
+/// Keeps a listener; when it ends, nothing is told any more. May outlive the session.
+class DDB_API Subscription {
+public:
+  Subscription() = default;
+  explicit Subscription(std::shared_ptr<Listener const> listener) : listener_(std::move(listener)) {}
+  void End() { listener_.reset(); }
+
+private:
+  std::shared_ptr<Listener const> listener_;
+};
+
+/// The listeners of a session.
+class Listeners {
+public:
+  Subscription Add(Listener listener);
+  bool IsEmpty() const;
+  /// Tells all, in the order in which they came. What is to be told while this runs comes behind it. Of what they throw the first
+  /// passes, when all are told.
+  void Tell(ChangeEvent event);
+
+private:
+  std::vector<std::weak_ptr<Listener const>> listeners_;
+  std::vector<ChangeEvent> waiting_;
+  bool telling_ = false;
+};
+
+/// An object by its name, which follows when the object is renamed, and when that is undone.
+struct ObjectName {
+  std::string kind, name;
+  bool lost = false;  ///< the session is no more
+};
+
+/// The names that somebody outside a session holds.
+class ObjectNames {
+public:
+  ObjectNames() = default;
+  ObjectNames(ObjectNames&&) noexcept = default;
+  ObjectNames& operator=(ObjectNames&& other) noexcept;
+  ~ObjectNames() { Lose(); }
+
+  /// The one name that all share who hold it of that object.
+  std::shared_ptr<ObjectName const> Follow(std::string_view kind, std::string_view name);
+  void Renamed(Rename const& rename);
+
+private:
+  static std::string KeyOf(std::string_view kind, std::string_view name);
+  void Lose();
+
+  // several of one key where a name that is held was free when another object was given it
+  std::unordered_multimap<std::string, std::weak_ptr<ObjectName>> names_;
+};
+
+}  // namespace gattr
