@@ -4,8 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "command/Refusal.h"
+#include "framework/Refusal.h"
 #include "framework/ddr_Model.h"
+#include "platform/CoreUtils/ddb_Export.h"
 
 namespace gattr {
 
@@ -15,7 +16,7 @@ enum class Severity {
   Warning,  ///< is allowed, and hardly what was meant
   Note,     ///< worth knowing
 };
-std::string_view SeverityText(Severity severity);
+DDB_API std::string_view SeverityText(Severity severity);
 
 /// What may be found, by name.
 enum class FindingKind {
@@ -29,7 +30,7 @@ struct FindingRow {
   std::string_view meaning;
 };
 /// The table, in the order of FindingKind.
-std::vector<FindingRow> const& FindingRows();
+DDB_API std::vector<FindingRow> const& FindingRows();
 
 /// Something that a person should know of a model.
 struct Finding {
@@ -52,6 +53,6 @@ struct Finding {
 /// and hardly meant. Steps first, in order, then what is referred to by name, then family by family the attributes in the order of
 /// their names, what they do to each other, and the regions that deleted steps have left without an owner. The model is not changed.
 /// Linear in the records.
-std::vector<Finding> Check(ddr_Model const& model);
+DDB_API std::vector<Finding> Check(ddr_Model const& model);
 
 }  // namespace gattr

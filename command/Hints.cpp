@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "command/Members.h"
-#include "command/Refusal.h"
 #include "command/Words.h"
+#include "framework/Refusal.h"
 #include "module/kor/korC_OdbRequestTable.h"
 #include "module/kor/korC_Output.h"
 #include "module/kpr/kprC_assert.h"

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "command/Refusal.h"
+#include "framework/Refusal.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/steps/kprC_Step.h"
 

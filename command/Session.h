@@ -11,7 +11,7 @@
 
 #include "command/Changes.h"
 #include "command/Journal.h"
-#include "command/Refusal.h"
+#include "framework/Refusal.h"
 #include "framework/ddr_Model.h"
 #include "platform/BasicUtils/cls_Members.h"
 #include "platform/BasicUtils/cls_Value.h"

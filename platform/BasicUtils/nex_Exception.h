@@ -2,7 +2,6 @@
 
 #include <exception>
 #include <string_view>
-#include <utility>
 
 #include "platform/BasicUtils/cow_String.h"
 #include "platform/CoreUtils/ddb_Export.h"
@@ -24,8 +23,9 @@ struct nex_Exception {
   }
 };
 
-/// What an exception carries. Each class of exception has a base of its own, so that no handler catches two of them.
-template <class E> class DDB_API nex_Refusal : public std::exception {
+/// What every refusal of the library is, whatever its class: the one to catch by who makes no difference between them. The classes
+/// that are thrown are final, so that no handler of one catches another.
+class DDB_API nex_Refusal : public std::exception {
 public:
   char const* what() const noexcept override { return text_.c_str(); }
   cow_String const& Text() const noexcept { return text_; }
@@ -36,11 +36,16 @@ public:
   char const* Module() const noexcept { return origin_.module; }
   /// Its code there, -1 when it has none.
   int Code() const noexcept { return origin_.code; }
+  /// The class that was thrown: "nex_TextException".
+  virtual char const* ClassName() const noexcept = 0;
+
+protected:
+  explicit nex_Refusal(std::string_view text, nex_Origin origin) : text_(text), origin_(origin) {}
+  nex_Refusal(nex_Refusal const&) = default;
+  nex_Refusal& operator=(nex_Refusal const&) = default;
 
 private:
-  friend E;
   friend struct nex_Exception;
-  explicit nex_Refusal(std::string_view text, nex_Origin origin) : text_(text), origin_(origin) {}
 
   cow_String text_;  // copying an exception must not throw
   nex_Origin origin_;
@@ -49,7 +54,8 @@ private:
 };
 
 /// An edit that the model's state does not allow, or an inconsistency inside the library.
-class DDB_API nex_TextException final : public nex_Refusal<nex_TextException> {
+class DDB_API nex_TextException final : public nex_Refusal {
 public:
   explicit nex_TextException(std::string_view text, nex_Origin origin = {}) : nex_Refusal(text, origin) {}
+  char const* ClassName() const noexcept override { return "nex_TextException"; }
 };

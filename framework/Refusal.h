@@ -5,18 +5,21 @@
 #include <optional>
 #include <string>
 
+#include "platform/CoreUtils/ddb_Export.h"
+
 namespace gattr {
 
-/// A refusal of the library or of the editing layer.
+/// A refusal as a value.
 struct Refusal {
-  std::string module;     ///< prefix of the module whose table lists it; empty when none does
-  int code = -1;          ///< its number there; -1 when it has none
-  std::string exception;  ///< "nex_TextException", "omu_ValueErrorException", "omu_KeyErrorException"
-  std::string message;    ///< the exact text of the table
+  std::string module;  ///< prefix of the module whose table lists it; empty when none does
+  int code = -1;       ///< its number there; -1 when it has none
+  std::string
+      exception;        ///< its class: "nex_TextException", "omu_ValueErrorException", "omu_KeyErrorException"; empty of what is no refusal
+  std::string message;  ///< the exact text of the table
 };
 
 /// What an exception says. One that is no refusal gives its text alone.
-Refusal RefusalOf(std::exception const& error);
+DDB_API Refusal RefusalOf(std::exception const& error);
 
 /// What \p run refuses; nothing when it does not.
 template <class Run> std::optional<Refusal> RefusalBy(Run&& run) {
