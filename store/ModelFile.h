@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "framework/ddr_Model.h"
+#include "platform/CoreUtils/ddb_Export.h"
 #include "store/Changed.h"
 
 namespace gattr {
@@ -15,7 +16,7 @@ namespace gattr {
 /// file is open only during a call.
 ///
 /// Both calls raise a StoreError. The library must have been started (DDB_GeometricAttributes_initialize).
-class ModelFile {
+class DDB_API ModelFile {
 public:
   explicit ModelFile(std::filesystem::path path);
   ModelFile(ModelFile&&) noexcept;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "framework/ddr_Model.h"
+#include "platform/CoreUtils/ddb_Export.h"
 #include "store/Changed.h"
 #include "store/Checksum.h"
 
@@ -19,13 +20,13 @@ namespace gattr {
 /// The library must have been started (DDB_GeometricAttributes_initialize).
 
 /// Refuses a number that is not finite and a text that is not UTF-8; \p out then holds a part.
-void WriteText(ddr_Model const& model, std::ostream& out);
+DDB_API void WriteText(ddr_Model const& model, std::ostream& out);
 /// \p fileName stands in the messages.
-ddr_Model ReadText(std::istream& in, std::string_view fileName);
+DDB_API ddr_Model ReadText(std::istream& in, std::string_view fileName);
 
 /// A file of the text form. The object stands for one path and remembers by its checksum what it last opened or saved there, so that
 /// what somebody else has written meanwhile is not lost.
-class TextFile {
+class DDB_API TextFile {
 public:
   explicit TextFile(std::filesystem::path path) : path_(std::move(path)) {}
 
