@@ -8,7 +8,7 @@ FUZZ ?= 60
 BUILD := build/release
 
 .DEFAULT_GOAL := help
-.PHONY: help setup build program test asan edits attack demo bench pages docs format format-check lint install clean
+.PHONY: help setup build program libraries test asan edits attack demo bench pages docs format format-check lint abi abi-baseline install clean
 
 help: ## this list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / {printf "make %-13s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
@@ -19,6 +19,10 @@ setup: ## install the Debian packages that are missing
 program: setup ## the library and the program gattr, in build/release
 	@cmake --preset release >/dev/null
 	@cmake --build --preset release -j $(JOBS) --target gattr
+
+libraries: setup
+	@cmake --preset release >/dev/null
+	@cmake --build --preset release -j $(JOBS) --target gattr_session
 
 build: setup ## library, tools, tests and benchmarks, in build/release
 	@cmake --preset release >/dev/null
@@ -82,7 +86,15 @@ lint: setup ## clang-tidy, include directions, headers that compile alone
 	@cmake --build --preset release -j $(JOBS) --target all_verify_interface_header_sets
 	@JOBS=$(JOBS) cmake/tidy.sh $(BUILD)
 
-install: program ## install under PREFIX (/usr/local)
+abi: libraries ## compare what the libraries export with the baseline in cmake/abi (docs/versions.md)
+	@cmake/setup.sh abi
+	@cmake/abi.sh check $(BUILD)
+
+abi-baseline: libraries ## write that baseline
+	@cmake/setup.sh abi
+	@cmake/abi.sh write $(BUILD)
+
+install: program libraries ## install under PREFIX (/usr/local)
 	@cmake --install $(BUILD) --prefix $(PREFIX)
 
 clean: ## remove build/

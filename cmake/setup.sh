@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build and its tests need, with "checks" those of format, lint, documentation and the
-# second compiler, with "fuzz" the fuzz targets' runtime. Silent where nothing is missing.
+# second compiler, with "fuzz" the fuzz targets' runtime, with "abi" what reads the layout of types. Silent where nothing is missing.
 set -eu
 case "${1:-build}" in
   build) packages=(g++ cmake ninja-build pkg-config git ccache
@@ -8,7 +8,8 @@ case "${1:-build}" in
     libsqlite3-dev nlohmann-json3-dev libcli11-dev libfmt-dev) ;;
   checks) packages=(clang clang-format clang-tidy doxygen) ;;
   fuzz) packages=(clang libclang-rt-dev) ;;
-  *) echo "setup: build, checks or fuzz, not $1" >&2; exit 2 ;;
+  abi) packages=(abigail-tools) ;;
+  *) echo "setup: build, checks, fuzz or abi, not $1" >&2; exit 2 ;;
 esac
 
 if ! command -v dpkg-query >/dev/null; then

@@ -46,7 +46,7 @@ struct ChangeEvent {
 /// What \p now says that \p before did not, which has come from it, or it from that, by edits with those renames. What merely follows
 /// from others is not told: statuses and carried values where a step has come or gone. Costs what differs; where the steps differ, a
 /// look at what each attribute says of its own.
-std::vector<ObjectChange> ChangesBetween(ddr_Model const& before, ddr_Model const& now, std::span<Rename const> renames);
+DDB_API std::vector<ObjectChange> ChangesBetween(ddr_Model const& before, ddr_Model const& now, std::span<Rename const> renames);
 
 using Listener = std::function<void(ChangeEvent const&)>;
 
@@ -62,13 +62,13 @@ private:
 };
 
 /// The listeners of a session.
-class Listeners {
+class DDB_API Listeners {
 public:
   Subscription Add(Listener listener);
-  bool IsEmpty() const;
+  DDB_LOCAL bool IsEmpty() const;
   /// Tells all, in the order in which they came. What is to be told while this runs comes behind it. Of what they throw the first
   /// passes, when all are told.
-  void Tell(ChangeEvent event);
+  DDB_LOCAL void Tell(ChangeEvent event);
 
 private:
   std::vector<std::weak_ptr<Listener const>> listeners_;
@@ -83,7 +83,7 @@ struct ObjectName {
 };
 
 /// The names that somebody outside a session holds.
-class ObjectNames {
+class DDB_API ObjectNames {
 public:
   ObjectNames() = default;
   ObjectNames(ObjectNames&&) noexcept = default;
@@ -92,10 +92,10 @@ public:
 
   /// The one name that all share who hold it of that object.
   std::shared_ptr<ObjectName const> Follow(std::string_view kind, std::string_view name);
-  void Renamed(Rename const& rename);
+  DDB_LOCAL void Renamed(Rename const& rename);
 
 private:
-  static std::string KeyOf(std::string_view kind, std::string_view name);
+  DDB_LOCAL static std::string KeyOf(std::string_view kind, std::string_view name);
   void Lose();
 
   // several of one key where a name that is held was free when another object was given it

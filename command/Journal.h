@@ -9,12 +9,13 @@
 #include <vector>
 
 #include "platform/BasicUtils/cls_Value.h"
+#include "platform/CoreUtils/ddb_Export.h"
 
 /// Journals: one command per line, each a JSON object. Empty lines are passed over; there are no comments.
 namespace gattr {
 
 /// A line that cannot be read. The text names journal, line and column, and what was expected.
-class JournalError : public std::runtime_error {
+class DDB_API JournalError : public std::runtime_error {
 public:
   JournalError(std::string const& journal, std::size_t line, std::size_t column, std::string const& text);
 
@@ -26,7 +27,7 @@ private:
 };
 
 /// Reads a journal command by command. Whatever its length, no more than one line is held in memory.
-class JournalReader {
+class DDB_API JournalReader {
 public:
   static constexpr std::size_t kLongestLine = 16 << 20;  ///< bytes; a longer line is refused
 
@@ -40,9 +41,9 @@ public:
   std::size_t Line() const { return line_; }
 
 private:
-  bool ReadLine();
-  cls_Value Parsed() const;
-  [[noreturn]] void Refuse(std::size_t column, std::string const& text) const;
+  DDB_LOCAL bool ReadLine();
+  DDB_LOCAL cls_Value Parsed() const;
+  [[noreturn]] DDB_LOCAL void Refuse(std::size_t column, std::string const& text) const;
 
   std::istream& in_;
   std::string name_;

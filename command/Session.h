@@ -16,6 +16,7 @@
 #include "platform/BasicUtils/cls_Members.h"
 #include "platform/BasicUtils/cls_Value.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
+#include "platform/CoreUtils/ddb_Export.h"
 
 namespace gattr {
 
@@ -62,7 +63,7 @@ struct ArgumentInfo {
   cls_Value preset;  ///< the default; null where there is none, or none that can be written as one value
 
   /// "number", "list of text", "table of choice", a class's name.
-  std::string Type() const;
+  DDB_API std::string Type() const;
 };
 
 /// A class of objects that are given as named members.
@@ -92,7 +93,7 @@ struct CommandInfo {
   ObjectMembers members = ObjectMembers::None;
 
   /// The arguments as help lists them: first the object under its kinds, last a line that stands for its members.
-  std::vector<ArgumentInfo> Listed() const;
+  DDB_API std::vector<ArgumentInfo> Listed() const;
 };
 
 class Arguments;
@@ -130,7 +131,7 @@ struct Touched {
 /// sequence anew, would fill the memory: then the oldest are forgotten (SetUndoMemory).
 /// Not for use by two threads at once; several sessions may live in one thread. A session is moved and not copied: Session(other.Model())
 /// begins another one with the model as it is.
-class Session {
+class DDB_API Session {
 public:
   /// Begins with an empty model.
   Session();
@@ -211,8 +212,8 @@ private:
     std::size_t weight;
   };
   /// Looks at what the command has touched. Where that is an attribute, it costs what differs of that.
-  Effect EffectSince(ddr_Model const& before, Touched const& touched) const;
-  bool Differs(ddr_Model const& before) const;
+  DDB_LOCAL Effect EffectSince(ddr_Model const& before, Touched const& touched) const;
+  DDB_LOCAL bool Differs(ddr_Model const& before) const;
   /// What there is to tell of an edit.
   struct Told {
     ChangeEvent::Cause cause;
@@ -220,17 +221,17 @@ private:
     std::vector<Rename> renames;
   };
   /// Runs a command and keeps it; nothing is to be told where the model is as it was.
-  std::optional<Told> Do(cls_Value const& command, Arguments& arguments, Subject& subject, Outcome& outcome);
-  std::optional<Told> UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject, Outcome& outcome);
+  DDB_LOCAL std::optional<Told> Do(cls_Value const& command, Arguments& arguments, Subject& subject, Outcome& outcome);
+  DDB_LOCAL std::optional<Told> UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject, Outcome& outcome);
   /// Has names follow, and listeners told, what has led from \p before to the present model.
-  void Tell(Told const& told, ddr_Model const& before);
-  void TellListeners(Told const& told, ddr_Model const& before);
-  void Keep(cls_Value const& command, Edit edit);
+  DDB_LOCAL void Tell(Told const& told, ddr_Model const& before);
+  DDB_LOCAL void TellListeners(Told const& told, ddr_Model const& before);
+  DDB_LOCAL void Keep(cls_Value const& command, Edit edit);
   /// What keeping \p before costs beside the present model. Costs what differs between both.
-  std::size_t Weight(ddr_Model const& before) const;
-  void UndoEdit();
-  void RedoEdit();
-  std::vector<NamedHistory> Histories(Touched const& touched) const;
+  DDB_LOCAL std::size_t Weight(ddr_Model const& before) const;
+  DDB_LOCAL void UndoEdit();
+  DDB_LOCAL void RedoEdit();
+  DDB_LOCAL std::vector<NamedHistory> Histories(Touched const& touched) const;
 
   ddr_Model model_;
   omu_ChangeHistory changes_;
@@ -244,7 +245,7 @@ private:
     Touched touched;
     cls_Value::List commands;
   };
-  std::unique_ptr<Open> End();
+  DDB_LOCAL std::unique_ptr<Open> End();
   std::unique_ptr<Open> open_;
   Listeners listeners_;
   ObjectNames names_;

@@ -35,8 +35,8 @@ private:
   struct Saved;  // what the file held when this object last touched it
 
   /// Makes the file. False where there is one now.
-  bool SaveFirst(std::filesystem::path const& path, ddr_Model const& model, bool replaces);
-  void SaveAgain(std::filesystem::path const& path, ddr_Model const& model, Changed changed);
+  DDB_LOCAL bool SaveFirst(std::filesystem::path const& path, ddr_Model const& model, bool replaces);
+  DDB_LOCAL void SaveAgain(std::filesystem::path const& path, ddr_Model const& model, Changed changed);
 
   std::filesystem::path path_;
   std::unique_ptr<Saved> saved_;

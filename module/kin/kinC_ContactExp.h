@@ -158,9 +158,9 @@ private:
   Pairs_ const& Domain(bool excluded) const { return excluded ? excludedPairs_ : includedPairs_; }
   Pairs_& Domain(bool excluded) { return excluded ? excludedPairs_ : includedPairs_; }
   /// Where the pairs of a domain stand that \p pairs ask for; false where nothing can be edited or a pair is asked for twice.
-  bool Find(Pairs_ const& pairs, cow_String const& step, bool excluded, Places& places) const;
+  DDB_LOCAL bool Find(Pairs_ const& pairs, cow_String const& step, bool excluded, Places& places) const;
   /// The state in force in a step, null before the creation.
-  State_ const* InForce(cow_String const& step) const;
+  DDB_LOCAL State_ const* InForce(cow_String const& step) const;
   /// Has \p edit change the state of a step in which the contact can be edited, and \p list with it; both stay where that is refused.
   template <class Fn> void EditIn(cow_String const& step, Pairs_& list, Fn&& edit);
   /// Has \p edit change every own state, and \p list with it.

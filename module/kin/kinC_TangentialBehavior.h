@@ -88,6 +88,6 @@ public:
   }
 
 private:
-  void AssertFrictionTable() const;
-  void AssertDecay() const;
+  DDB_LOCAL void AssertFrictionTable() const;
+  DDB_LOCAL void AssertDecay() const;
 };

@@ -53,7 +53,7 @@ protected:
 
 private:
   /// Whether an explicit step takes the state of the step \p index, changed there or carried.
-  bool ReachesExplicitStep(std::size_t index) const;
+  DDB_LOCAL bool ReachesExplicitStep(std::size_t index) const;
 };
 
 class DDB_API kloC_PressurePenetrationState final : public kprC_StateOf<kloC_PressurePenetrationState, kloC_LoadState> {

@@ -45,7 +45,7 @@ public:
 
 private:
   /// The directions that are named as free, a bit each.
-  unsigned FreeDirections() const;
+  DDB_LOCAL unsigned FreeDirections() const;
 };
 
 /// Loads that balance the others by the inertia of a body that is free to move.

@@ -33,7 +33,7 @@ public:
   }
 
 private:
-  std::pair<kloC_Coordinates, kloC_Coordinates> Axis(SpaceEnm space) const;
+  DDB_LOCAL std::pair<kloC_Coordinates, kloC_Coordinates> Axis(SpaceEnm space) const;
 };
 
 class DDB_API kloC_RotationalBodyForceState final : public kprC_StateOf<kloC_RotationalBodyForceState, kloC_AxisState> {

@@ -118,7 +118,7 @@ protected:
   void AssertOperation(kprC_Effect effect, std::size_t index, std::size_t to) const override;
 
 private:
-  korC_OutputState const* CreateState() const;
+  DDB_LOCAL korC_OutputState const* CreateState() const;
 
   cls_Shared<rgnC_Region> region_;
   cow_String boltLoad_, filter_;

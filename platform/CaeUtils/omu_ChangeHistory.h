@@ -88,9 +88,9 @@ private:
 
   std::size_t SizeOfRuns() const noexcept;
   /// Where the record \p index stands; it may be the one that would come next.
-  Place Find(std::size_t index) const;
-  void AppendRun(Run run);
-  static omu_PrimTuple TupleOf(omu_ChangeKind kind, cow_String const& name);
+  DDB_LOCAL Place Find(std::size_t index) const;
+  DDB_LOCAL void AppendRun(Run run);
+  DDB_LOCAL static omu_PrimTuple TupleOf(omu_ChangeKind kind, cow_String const& name);
 
   cow_List<Record> records_;
   cow_List<Run> runs_;

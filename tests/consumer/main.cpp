@@ -1,6 +1,7 @@
 // A program outside the project: installed headers and libraries only.
 #include <cstdio>
 
+#include "framework/Refusal.h"
 #include "framework/ddr_Model.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kbc/kbcC_BC.h"
@@ -25,12 +26,23 @@ bool CatchesARefusal() {
   return false;
 }
 
+// by their common base too, and as values.
+bool TellsOfARefusal() {
+  try {
+    kbcC_Assert(false, kbcC_ErrorEnm::MoveInactive);
+  } catch (nex_Refusal const& refusal) {
+    gattr::Refusal const told = gattr::RefusalOf(refusal);
+    return told.module == "kbc" && told.code == refusal.Code() && told.exception == "nex_TextException" && told.message == refusal.what();
+  }
+  return false;
+}
+
 }  // namespace
 
 int main() {
   int count = 0;
   DDB_GeometricAttributes_initialize(count);
-  bool const good = FindsTheBoundaryConditions() && CatchesARefusal();
+  bool const good = FindsTheBoundaryConditions() && CatchesARefusal() && TellsOfARefusal();
   DDB_GeometricAttributes_finalize(count);
   std::puts(good ? "consumer: good" : "consumer: a type is not the library's");
   return good ? 0 : 1;

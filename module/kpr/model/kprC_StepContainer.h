@@ -78,7 +78,7 @@ public:
   }
 
 private:
-  std::size_t Known(std::string_view name) const;
+  DDB_LOCAL std::size_t Known(std::string_view name) const;
 
   kprC_StepTable table_;
   kprC_StepTable checked_;  // the sequence that was found to be legal

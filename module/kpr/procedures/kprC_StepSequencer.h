@@ -70,18 +70,18 @@ private:
     friend bool operator==(Entry const&, Entry const&) = default;
   };
   static Entry const kStart;
-  static Entry After(Entry const& before, unsigned procedureType);
+  DDB_LOCAL static Entry After(Entry const& before, unsigned procedureType);
 
   /// The step before the position \p index of a table.
-  static Entry EntryBefore(kprC_StepTable const& steps, std::size_t index);
+  DDB_LOCAL static Entry EntryBefore(kprC_StepTable const& steps, std::size_t index);
 
   Entry const& Last() const { return sequence_.empty() ? kStart : sequence_.back(); }
   Entry const& Before(std::size_t index) const { return index == 0 ? kStart : sequence_[index - 1]; }
-  kprC_ProcedureSet Permitted(kprC_ProcedureSet next) const;
-  std::size_t Known(cow_String const& stepName) const;
+  DDB_LOCAL kprC_ProcedureSet Permitted(kprC_ProcedureSet next) const;
+  DDB_LOCAL std::size_t Known(cow_String const& stepName) const;
   cow_List<unsigned> Appendable(bool perturbation) const;
-  std::vector<unsigned> Types(std::size_t end) const;
-  void Rebuild(std::span<unsigned const> procedureTypes);
+  DDB_LOCAL std::vector<unsigned> Types(std::size_t end) const;
+  DDB_LOCAL void Rebuild(std::span<unsigned const> procedureTypes);
 
   kprC_StepTable steps_;
   std::vector<Entry> sequence_;

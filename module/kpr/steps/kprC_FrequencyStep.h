@@ -69,7 +69,7 @@ public:
   }
 
 private:
-  void AssertLanczos() const;
-  void AssertSubspace() const;
-  void AssertMultilevel() const;
+  DDB_LOCAL void AssertLanczos() const;
+  DDB_LOCAL void AssertSubspace() const;
+  DDB_LOCAL void AssertMultilevel() const;
 };
