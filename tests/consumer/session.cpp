@@ -28,6 +28,9 @@ template <class Error, class Run> bool Raises(Run&& run) {
 }
 
 void Edit(gattr::Session& session) {
+  int told = 0;
+  gattr::Subscription const listening =
+      session.Subscribe([&told](gattr::ChangeEvent const& event) { told += event.objects.empty() ? 0 : 1; });
   for (char const* line :
        {R"({"command": "StaticStep", "name": "Press", "previous": "Initial", "initialInc": 0.1})", R"({"command": "Set", "name": "Top"})",
         R"({"command": "DisplacementBC", "name": "Punch", "createStepName": "Press", "region": "Top", "u2": -10.0})"}) {
@@ -38,6 +41,7 @@ void Edit(gattr::Session& session) {
       gattr::ParseJson(R"({"command": "move", "boundaryCondition": "Punch", "fromStepName": "Press", "toStepName": "Initial"})"));
   Expect(!refused.ok && refused.refused.module == "kbc" && refused.refused.code >= 0, "a refusal tells its number");
   Expect(session.Undo() && session.Redo() && session.Journal().size() == 5, "undo and redo");
+  Expect(told == 5, "listeners are told");
   Expect(gattr::Session::Commands().size() > 100, "commands are listed");
 }
 
