@@ -4,11 +4,11 @@
 #include <memory>
 
 #include "cli/Console.h"
-#include "cli/ModelPath.h"
 #include "cli/Program.h"
 #include "cli/ResultsFiles.h"
 #include "command/Check.h"
 #include "report/TextTable.h"
+#include "store/ModelPath.h"
 #include "text/Text.h"
 
 namespace gattr::cli {

@@ -6,9 +6,9 @@
 #include <sstream>
 
 #include "cli/Console.h"
-#include "cli/ModelPath.h"
 #include "cli/Program.h"
 #include "report/RenderHistory.h"
+#include "store/ModelPath.h"
 
 namespace gattr::cli {
 namespace {

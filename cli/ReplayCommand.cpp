@@ -11,12 +11,12 @@
 #include <system_error>
 
 #include "cli/Console.h"
-#include "cli/ModelPath.h"
 #include "cli/Program.h"
 #include "cli/ResultsFiles.h"
 #include "command/Journal.h"
 #include "command/Session.h"
 #include "report/Display.h"
+#include "store/ModelPath.h"
 #include "text/Text.h"
 
 namespace gattr::cli {

@@ -6,7 +6,6 @@
 #include <optional>
 
 #include "cli/Console.h"
-#include "cli/ModelPath.h"
 #include "cli/Program.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
@@ -15,6 +14,7 @@
 #include "platform/CoreUtils/thr_Singleton.h"
 #include "report/HistoryTable.h"
 #include "report/TextTable.h"
+#include "store/ModelPath.h"
 
 namespace gattr::cli {
 namespace {

@@ -4,9 +4,9 @@
 #include <sstream>
 
 #include "cli/Console.h"
-#include "cli/ModelPath.h"
 #include "cli/Program.h"
 #include "report/Display.h"
+#include "store/ModelPath.h"
 #include "store/StoreError.h"
 #include "store/TextStore.h"
 

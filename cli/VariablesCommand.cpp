@@ -7,7 +7,6 @@
 #include <memory>
 
 #include "cli/Console.h"
-#include "cli/ModelPath.h"
 #include "cli/Program.h"
 #include "command/Variables.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -15,6 +14,7 @@
 #include "platform/CoreUtils/thr_Singleton.h"
 #include "report/HistoryTable.h"
 #include "report/TextTable.h"
+#include "store/ModelPath.h"
 
 namespace gattr::cli {
 namespace {

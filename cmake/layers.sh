@@ -42,11 +42,12 @@ module/utf: $library
 text: platform
 store: $library module/kpr/engine text
 command: $library module text store
+embed: $tools
 report: $tools
 cli: $tools report
 "
 
-cmake/sources.sh platform framework module text store command report cli | xargs grep -nH '^ *# *include *"' | awk -v rooms="$rooms" '
+cmake/sources.sh platform framework module text store command embed report cli | xargs grep -nH '^ *# *include *"' | awk -v rooms="$rooms" '
   function inside(path, room) { return path == room || index(path, room "/") == 1 }
   function room_of(path,  room, best) {
     for (room in allowed) { if (inside(path, room) && length(room) > length(best)) { best = room } }

@@ -42,15 +42,19 @@ PKG_CONFIG_PATH=$(dirname "$(find "$prefix" -name DDB_GeometricAttributes.pc)")
 export PKG_CONFIG_PATH
 libdir=$(pkg-config --variable=libdir DDB_GeometricAttributes)
 with_pkg_config() { # package, source
+  local name=${2##*/}
   # shellcheck disable=SC2046  # the flags are words
-  "$compiler" "$here/$2.cpp" -o "$2" -H $(pkg-config --cflags --libs "$1") "-Wl,-rpath,$libdir" 2>"$2.headers" || { cat "$2.headers"; exit 1; }
-  if grep -iE '^\.+ .*(sqlite|nlohmann|/fmt/|cli11)' "$2.headers"; then fail "its users need these headers"; fi
-  grep -q "^\.* $prefix/" "$2.headers" || fail "no header is the installed one"
-  "./$2"
+  "$compiler" "$here/$2.cpp" -o "$name" -H $(pkg-config --cflags --libs "$1") "-Wl,-rpath,$libdir" 2>"$name.headers" ||
+    { cat "$name.headers"; exit 1; }
+  if grep -iE '^\.+ .*(sqlite|nlohmann|/fmt/|cli11)' "$name.headers"; then fail "its users need these headers"; fi
+  grep -q "^\.* $prefix/" "$name.headers" || fail "no header is the installed one"
+  "./$name"
 }
 with_pkg_config DDB_GeometricAttributes main
 if [ -n "$tools" ]; then
   with_pkg_config gattr_session session
+  with_pkg_config gattr_session ../../examples/embed >said
+  grep -qx "Stamp in Form: status 3, u2 = -12" said || { cat said; fail "examples/embed.cpp says something else"; }
   build/session
   "$prefix/bin/gattr" --help >/dev/null && echo "consumer: gattr runs"
 fi

@@ -1,17 +1,17 @@
-#include "cli/ModelPath.h"
+#include "store/ModelPath.h"
 
 #include <string_view>
 
-#include "cli/Program.h"
+#include "store/StoreError.h"
 #include "text/Text.h"
 
-namespace gattr::cli {
+namespace gattr {
 
 std::variant<ModelFile, TextFile> ModelPath::FileOf(std::string const& path) {
   std::string_view const name = path;
   if (name.ends_with(".gadb")) { return ModelFile(path); }
   if (name.ends_with(".json")) { return TextFile(path); }
-  throw BadInput(Quoted(path) + " names no model: expected a name that ends in .gadb or .gattr.json");
+  throw StoreError(Quoted(path) + " names no model: expected a name that ends in .gadb or .gattr.json");
 }
 
 ddr_Model ModelPath::Open() {
@@ -22,4 +22,4 @@ void ModelPath::Save(ddr_Model const& model, Changed changed) {
   std::visit([&](auto& file) { file.Save(model, changed); }, file_);
 }
 
-}  // namespace gattr::cli
+}  // namespace gattr

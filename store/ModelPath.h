@@ -7,10 +7,10 @@
 #include "store/ModelFile.h"
 #include "store/TextStore.h"
 
-namespace gattr::cli {
+namespace gattr {
 
-/// A model on disk, in the form that the end of its name tells: ".gadb" the model file, ".json" the text form. Any other
-/// end is bad input. Reading and writing raise StoreError.
+/// A model on disk, in the form that the end of its name tells: ".gadb" the model file, ".json" the text form. All raise a StoreError, of
+/// any other end too.
 class ModelPath {
 public:
   explicit ModelPath(std::string const& path) : file_(FileOf(path)) {}
@@ -26,4 +26,4 @@ private:
   std::variant<ModelFile, TextFile> file_;
 };
 
-}  // namespace gattr::cli
+}  // namespace gattr

@@ -1,0 +1,169 @@
+#include "embed/Model.h"
+
+#include <optional>
+
+#include "command/Command.h"
+#include "command/Members.h"
+#include "command/Session.h"
+#include "module/DDB_GeometricAttributes.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "store/ModelPath.h"
+#include "text/JsonText.h"
+#include "text/Text.h"
+
+namespace gattr {
+
+namespace {
+
+/// Keeps the library started.
+struct Library {
+  Library() { DDB_GeometricAttributes_initialize(count); }
+  ~Library() { DDB_GeometricAttributes_finalize(count); }
+  Library(Library const&) = delete;
+  Library& operator=(Library const&) = delete;
+
+  int count = 0;
+};
+
+cls_Value::Fields Joined(cls_Value::Fields first, cls_Value::Fields second) {
+  first.insert(first.end(), std::make_move_iterator(second.begin()), std::make_move_iterator(second.end()));
+  return first;
+}
+
+cls_Object const* FindObject(ddr_Model const& model, std::string_view kind, std::string_view name) {
+  if (kprC_Step::stepCmd() == kind) { return kprC_Steps(model).Find(name); }
+  cls_Object const* found = nullptr;
+  bool const isAttribute = FindRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) {
+    if (repository.ItemCmd() != kind) { return false; }
+    found = repository.ConstItem(name);
+    return true;
+  });
+  if (isAttribute) { return found; }
+  for (ReferenceKind const& reference : ReferenceKinds()) {
+    if (reference.kind == kind) { return reference.In(model).ConstObject(name); }
+  }
+  return nullptr;
+}
+
+/// The member that commands call so; null where the object has none.
+std::optional<cls_Value> MemberOf(cls_Object const& object, std::string_view called) {
+  for (cls_MemberRow const& row : object.MemberRows()) {
+    if (row.IsCalled(called)) { return object.Member(row.name); }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+Refused::Refused(Outcome const& outcome)
+    : std::runtime_error(outcome.message),
+      refusal(outcome.refused),
+      object(outcome.object),
+      step(outcome.step),
+      member(outcome.member),
+      hint(outcome.hint) {}
+
+struct ModelBase::Core {
+  Library library;
+  Session session;
+  std::string path;  // of the file
+  std::optional<ModelPath> file;
+};
+
+ModelBase::ModelBase() : core_(std::make_shared<Core>()) {}
+
+void ModelBase::Open(std::string const& path) {
+  ModelPath file(path);
+  auto core = std::make_shared<Core>();
+  core->session = Session(file.Open());
+  core->path = path;
+  core->file = std::move(file);
+  core_ = std::move(core);
+}
+
+void ModelBase::Save(std::string const& path) {
+  if (!core_->file || core_->path != path) {
+    core_->file.emplace(path);
+    core_->path = path;
+  }
+  core_->file->Save(core_->session.Model());
+}
+
+void ModelBase::Execute(cls_Value const& command) {
+  Outcome const outcome = core_->session.Execute(command);
+  if (!outcome.ok) { throw Refused(outcome); }
+}
+void ModelBase::ExecuteLine(std::string_view line) { Execute(ParseJson(line)); }
+
+bool ModelBase::Undo() { return core_->session.Undo(); }
+bool ModelBase::Redo() { return core_->session.Redo(); }
+Session& ModelBase::Edits() const { return core_->session; }
+
+void ModelBase::Construct(std::string_view command, cls_Value::Fields own, cls_Value::Fields members) {
+  Execute(Joined(Joined({{"command", command}}, std::move(own)), std::move(members)));
+}
+
+ObjectHandle::ObjectHandle(ModelBase const& model, std::string_view kind, std::string_view name)
+    : model_(model.core_), name_(model.core_->session.Follow(kind, name)) {}
+
+std::string ObjectHandle::Name() const { return name_->name; }
+std::string_view ObjectHandle::Kind() const { return name_->kind; }
+
+bool ObjectHandle::Exists() const {
+  auto const core = model_.lock();
+  return core != nullptr && FindObject(core->session.Model(), name_->kind, name_->name) != nullptr;
+}
+
+std::shared_ptr<ModelBase::Core> ObjectHandle::Core() const {
+  auto core = model_.lock();
+  if (core == nullptr) { throw Gone("The model of the " + ObjectText(name_->kind, name_->name) + " is no more."); }
+  if (FindObject(core->session.Model(), name_->kind, name_->name) == nullptr) {
+    throw Gone("There is no " + ObjectText(name_->kind, name_->name) + " any more.");
+  }
+  return core;
+}
+
+void ObjectHandle::Run(std::string_view command, cls_Value::Fields arguments, cls_Value::Fields members) const {
+  cls_Value::Fields fields = {{"command", command}, {name_->kind, name_->name}};
+  Outcome const outcome = Core()->session.Execute(Joined(Joined(std::move(fields), std::move(arguments)), std::move(members)));
+  if (!outcome.ok) { throw Refused(outcome); }
+}
+
+cls_Value ObjectHandle::Member(std::string_view member) const {
+  auto const value = MemberOf(*FindObject(Core()->session.Model(), name_->kind, name_->name), member);
+  if (!value) { throw std::out_of_range("A " + name_->kind + " of this type has no member " + Quoted(member) + "."); }
+  return *value;
+}
+
+namespace {
+/// The attribute and the position of a step; refuses what has no history, and a step that the model does not have.
+std::pair<kprC_StepDependent const*, std::size_t> At(ddr_Model const& model, ObjectName const& name, std::string_view step) {
+  auto const* const item = dynamic_cast<kprC_StepDependent const*>(FindObject(model, name.kind, name.name));
+  if (item == nullptr) { throw std::out_of_range("A " + name.kind + " has no history."); }
+  std::size_t const index = item->Steps().Find(step);
+  if (index == kprC_StepTable::npos) { throw std::out_of_range("There is no step " + Quoted(step) + "."); }
+  return {item, index};
+}
+}  // namespace
+
+cls_Value ObjectHandle::MemberIn(std::string_view step, std::string_view member) const {
+  auto const core = Core();
+  auto const [item, index] = At(core->session.Model(), *name_, step);
+  cls_Object const* const state = item->StateAt(index);
+  if (state == nullptr) { return {}; }
+  if (auto const value = MemberOf(*state, member)) { return *value; }
+  throw std::out_of_range("A " + name_->kind + " of this type says nothing of " + Quoted(member) + ".");
+}
+
+int ObjectHandle::StatusIn(std::string_view step) const {
+  auto const core = Core();
+  auto const [item, index] = At(core->session.Model(), *name_, step);
+  return static_cast<int>(item->StatusAt(index));
+}
+
+ObjectHandle ObjectHandle::Other(std::string_view name) const {
+  auto const core = Core();
+  return {core, core->session.Follow(name_->kind, name)};
+}
+
+}  // namespace gattr
