@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <exception>
-#include <optional>
+#include <ranges>
 #include <utility>
 
 #include "command/Command.h"
@@ -40,8 +40,8 @@ private:
   /// What an object of today was called before.
   std::string NameBefore(std::string_view kind, std::string_view name) const {
     std::string before(name);
-    for (auto rename = renames_.rbegin(); rename != renames_.rend(); ++rename) {
-      if (rename->kind == kind && rename->to == before) { before = rename->from; }
+    for (Rename const& rename : std::views::reverse(renames_)) {
+      if (rename.kind == kind && rename.to == before) { before = rename.from; }
     }
     return before;
   }
@@ -183,10 +183,11 @@ void Listeners::Tell(ChangeEvent event) {
   waiting_.push_back(std::move(event));
   if (std::exchange(telling_, true)) { return; }
   std::exception_ptr thrown;
-  for (std::size_t next = 0; next < waiting_.size(); ++next) {
-    ChangeEvent const told = waiting_[next];  // its own: what listeners do may bring more
-    for (std::size_t i = 0; i < listeners_.size(); ++i) {
-      std::shared_ptr<Listener const> const listener = listeners_[i].lock();
+  while (!waiting_.empty()) {
+    ChangeEvent const told = std::move(waiting_.front());
+    waiting_.pop_front();
+    for (auto const& one : std::vector(listeners_)) {  // they may add to them
+      std::shared_ptr<Listener const> const listener = one.lock();
       if (listener == nullptr) { continue; }
       try {
         (*listener)(told);
@@ -195,7 +196,6 @@ void Listeners::Tell(ChangeEvent event) {
       }
     }
   }
-  waiting_.clear();
   telling_ = false;
   if (thrown) { std::rethrow_exception(thrown); }
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <span>
@@ -72,7 +73,7 @@ public:
 
 private:
   std::vector<std::weak_ptr<Listener const>> listeners_;
-  std::vector<ChangeEvent> waiting_;
+  std::deque<ChangeEvent> waiting_;
   bool telling_ = false;
 };
 

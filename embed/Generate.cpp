@@ -78,12 +78,14 @@ private:
       case ValueKind::Enumerated: type = "Choice<choices::" + choices_.at(argument.permissible) + ">"; break;
       case ValueKind::Object: type = argument.refers.empty() ? "Object<args::" + argument.className + ">" : "Text";
     }
+    auto const wrap = [&type](std::string const& in) { type.insert(0, in + "<").append(">"); };
     bool const isList = argument.depth > 0;
-    if (isList && argument.perStep) { type = "Carried<" + type + ">"; }
-    for (int level = 0; level < argument.depth; ++level) { type = "List<" + type + ">"; }
+    if (isList && argument.perStep) { wrap("Carried"); }
+    for (int level = 0; level < argument.depth; ++level) { wrap("List"); }
     bool const takesWords = argument.kind != ValueKind::Enumerated && !argument.permissible.empty() && type != "Text";
-    if (takesWords) { type = "OrWord<" + type + ">"; }
-    return argument.perStep ? "Carried<" + type + ">" : type;
+    if (takesWords) { wrap("OrWord"); }
+    if (argument.perStep) { wrap("Carried"); }
+    return type;
   }
 
   void WriteMembers(Infos const& arguments, std::string_view indent) {
