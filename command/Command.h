@@ -218,12 +218,16 @@ template <class Names> std::vector<std::string> Texts(Names const& names) {
 /// 'boundaryCondition "Fix"'.
 std::string ObjectText(std::string_view kind, std::string_view name);
 
+/// Whose refusal it is, of an attribute that the command does not name.
+inline std::string OtherHint(kprC_StepAwareRepository const& repository, cow_String const& name) {
+  return "That is what " + ObjectText(repository.ItemCmd(), name) + " refuses.";
+}
 /// Runs \p ask, which asks an attribute that the command does not name; a refusal says whose it is.
 template <class Ask> void AskOther(Call& call, kprC_StepAwareRepository const& repository, cow_String const& name, Ask&& ask) {
   try {
     ask();
   } catch (std::exception const&) {
-    call.subject.hint = "That is what " + ObjectText(repository.ItemCmd(), name) + " refuses.";
+    call.subject.hint = OtherHint(repository, name);
     throw;
   }
 }

@@ -87,6 +87,12 @@ std::string WhyNot(ddr_Model const& model, cow_String const& step, bool stopBefo
   return sequencer.WhyNot(procedureType);
 }
 
+/// Has a refusal of an attribute that follows an edit of the steps say whose it is.
+kprC_StepAwareRepository::Following Followed(Call& call) {
+  return {{},
+          [&call](kprC_StepAwareRepository const& repository, cow_String const& name) { call.subject.hint = OtherHint(repository, name); }};
+}
+
 /// Runs \p edit of \p step, null where one is taken away. When the sequence of steps is refused, the message says \p why, or which step of
 /// those \p after it could not follow; when a parameter is, with which values.
 template <class Edit, class After, class Why>
@@ -124,7 +130,7 @@ cow_String PreviousStep(Call& call, cow_String const& preset) {
 void InsertStep(Call& call, cow_String const& previous, cow_String const& name, kprC_StepHandle const& step) {
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   ExplainStep(
-      call, [&] { kprC_InsertStep(call.model, previous, name, step); }, step,
+      call, [&] { kprC_InsertStep(call.model, previous, name, step, Followed(call)); }, step,
       [&] {
         return steps.Table().WithInserted(steps.Index(previous) + 1, {name, step});
       },
@@ -182,7 +188,7 @@ void SetStepValues(Call& call, cow_String const& name) {
   step.Get().NewUid();
   SetStepMembers(call, step.Get(), call.arguments.Rest());
   ExplainStep(
-      call, [&] { kprC_ReplaceStep(call.model, name, step); }, step,
+      call, [&] { kprC_ReplaceStep(call.model, name, step, Followed(call)); }, step,
       [&] {
         return steps.Table().WithReplaced(steps.Index(name), {name, step});
       },
@@ -202,8 +208,8 @@ void DeleteStep(Call& call, cow_String const& name) {
   AssertInNoLoadCase(call, kprC_Step::stepCmd(), name);
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   ExplainStep(
-      call, [&] { kprC_RemoveStep(call.model, name); }, nullptr, [&] { return steps.Table().WithRemoved(steps.Index(name)); },
-      [] { return std::string(); });
+      call, [&] { kprC_RemoveStep(call.model, name, Followed(call)); }, nullptr,
+      [&] { return steps.Table().WithRemoved(steps.Index(name)); }, [] { return std::string(); });
 }
 
 namespace {
@@ -240,7 +246,10 @@ public:
         } else if (created) {
           std::optional<int> const code = repository.EditRefusals().typeNotAdmitted;
           created_.push_back({extension, name});
-          if (maintains_ && code && !Deletes()) { repository.Refuse(*code); }
+          if (maintains_ && code && !Deletes()) {
+            call_.subject.hint = CreatedHint({extension, name});
+            repository.Refuse(*code);
+          }
         } else if (!Substitutes()) {
           RefuseEdit(call_.subject, Told({extension, name}) + " says something in the step that " + Lost() + ".", kWaysOut);
         }
@@ -251,9 +260,18 @@ public:
     created_.clear();
   }
 
-  kprC_StepAwareRepository::Keeps Keeps() const {
-    if (!maintains_) { return {}; }
-    return [this](kprC_StepDependent const& item) { return keptItems_.contains(&item); };  // shared until it is changed
+  kprC_StepAwareRepository::Following Following() const {
+    kprC_StepAwareRepository::Following following = Followed(call_);
+    if (maintains_) {
+      following.keeps = [this](kprC_StepDependent const& item) { return keptItems_.contains(&item); };  // shared until it is changed
+    }
+    following.refused = [this, other = following.refused](kprC_StepAwareRepository const& repository, cow_String const& name) {
+      other(repository, name);
+      for (User const& user : created_) {
+        if (user.name == name && RepositoryOf(user).ItemCmd() == repository.ItemCmd()) { call_.subject.hint = CreatedHint(user); }
+      }
+    };
+    return following;
   }
 
   /// Refuses, once the step is replaced, what has got lost there without the policy's leave: a perturbation step drops changes.
@@ -263,13 +281,6 @@ public:
       if (Substitutes() || kprC_StepAwareRepository::SaysSomething(Item(user), index)) { continue; }
       RefuseEdit(call_.subject, Told(user) + " says something in the step that " + Lost() + ".", kWaysOut);
     }
-  }
-
-  /// Of a refusal of those that were created in the step.
-  std::string Hint() const {
-    if (created_.empty()) { return {}; }
-    std::string const way = maintains_ ? "" : R"("maintainAttributes": true keeps what the new procedure takes; )";
-    return Told(created_.front()) + " is created there: " + way + R"("replacementPolicy": "DELETE" deletes it.)";
   }
 
 private:
@@ -289,15 +300,19 @@ private:
       });
     });
   }
+  /// Of a refusal of one that was created in the step.
+  std::string CreatedHint(User const& user) const {
+    std::string const way = maintains_ ? "" : R"("maintainAttributes": true keeps what the new procedure takes; )";
+    return Told(user) + " is created there: " + way + R"("replacementPolicy": "DELETE" deletes it.)";
+  }
   bool Deletes() const { return policy_ == PolicyEnm::DELETE || policy_ == PolicyEnm::SUBSTITUTE_DELETE; }
   bool Substitutes() const { return policy_ == PolicyEnm::SUBSTITUTE || policy_ == PolicyEnm::SUBSTITUTE_DELETE; }
   std::string Lost() const { return maintains_ ? "the new procedure does not take" : "would be lost"; }
-  kprC_StepDependent const& Item(User const& user) const {
-    return *std::as_const(call_.model).ConstGet<kprC_StepAwareRepository>(user.extension).ConstItem(user.name);
+  kprC_StepAwareRepository const& RepositoryOf(User const& user) const {
+    return std::as_const(call_.model).ConstGet<kprC_StepAwareRepository>(user.extension);
   }
-  std::string Told(User const& user) const {
-    return ObjectText(std::as_const(call_.model).ConstGet<kprC_StepAwareRepository>(user.extension).ItemCmd(), user.name);
-  }
+  kprC_StepDependent const& Item(User const& user) const { return *RepositoryOf(user).ConstItem(user.name); }
+  std::string Told(User const& user) const { return ObjectText(RepositoryOf(user).ItemCmd(), user.name); }
 
   Call& call_;
   cow_String step_;
@@ -331,24 +346,15 @@ void ReplaceStep(Call& call, cow_String const& name) {
   kprC_StepTable const table = steps.Table();
   auto const replace = [&] {
     if (before->ProcedureType() != step->ProcedureType()) { replacement.Settle(kprC_StepFacts(step.ConstGet())); }
-    kprC_ReplaceStep(call.model, name, step, replacement.Keeps());
+    kprC_ReplaceStep(call.model, name, step, replacement.Following());
     replacement.AssertKept();
   };
-  auto const explained = [&] {
-    ExplainStep(
-        call, replace, step,
-        [&] {
-          return table.WithReplaced(table.Find(name.View()), {name, step});
-        },
-        [&] { return WhyNot(call.model, name, true, step->ProcedureType()); });
-  };
-  Hinting(call, explained, [&](Refusal const& refused) {
-    bool ofAttribute = refused.module != kModule;
-    ForEachRepository(call.model, [&](auto const&, kprC_StepAwareRepository const& repository) {
-      ofAttribute = ofAttribute || (repository.Module() == refused.module && repository.EditRefusals().replaceCreateStep == refused.code);
-    });
-    return ofAttribute ? replacement.Hint() : std::string();
-  });
+  ExplainStep(
+      call, replace, step,
+      [&] {
+        return table.WithReplaced(table.Find(name.View()), {name, step});
+      },
+      [&] { return WhyNot(call.model, name, true, step->ProcedureType()); });
 }
 
 }  // namespace gattr

@@ -126,19 +126,19 @@ public:
   void ReleaseDanglingRegions() override { danglingRegions_ = {}; }
 
   using kprC_StepAwareRepository::UpdateSteps;
-  void UpdateSteps(kprC_StepTable const& steps, kprC_StepAwareRepository::Keeps const& keeps) override {
+  void UpdateSteps(kprC_StepTable const& steps, kprC_StepAwareRepository::Following const& following) override {
     bool const grows = table_.Size() != 0 && steps.Size() != table_.Size();
     if (steps.Size() != table_.Size()) {
       Record(omu_ChangeKind::RedoSummary, cow_String());
-      while (steps.Size() > table_.Size()) { InsertStep(steps); }
-      while (steps.Size() < table_.Size()) { RemoveStep(steps); }
+      while (steps.Size() > table_.Size()) { InsertStep(steps, following); }
+      while (steps.Size() < table_.Size()) { RemoveStep(steps, following); }
     }
     RenameSteps(steps);
-    ReplaceSteps(steps, keeps);
+    ReplaceSteps(steps, following);
     if (grows && table_.Same(steps)) { return RecordAllModified(); }  // all have followed on the way here
     kprC_StepTable const before = table_;
     table_ = steps;
-    Follow(before, table_);
+    Follow(before, table_, following);
   }
 
   kprC_StepDependent const* ConstItem(std::string_view name) const override {
@@ -211,6 +211,8 @@ public:
   }
 
 private:
+  using Following = kprC_StepAwareRepository::Following;
+
   /// The face with the calls that are the repository's alone.
   static kprC_StepDependent& Own(T& item) { return item; }
 
@@ -254,7 +256,7 @@ private:
   /// Hands \p steps to every attribute in key order, and records each as modified. One that stands on \p before has nothing to do
   /// where the edit left what it says alone; the others are initialized. \p removed: a step, and what was created in it goes with
   /// it. A refusal passes: the attributes before it have followed, those behind it have not.
-  void Follow(kprC_StepTable const& before, kprC_StepTable const& steps, cow_String const* removed = nullptr) {
+  void Follow(kprC_StepTable const& before, kprC_StepTable const& steps, Following const& following, cow_String const* removed = nullptr) {
     if (map_.Size() == 0 || steps.Size() == 0) { return; }
     bool const follows = steps.Continues(before);
     std::exception_ptr refusal;
@@ -298,11 +300,12 @@ private:
     }
     names_.Reset();
     danglingRegions_ = DanglingRegions(cls_xoList<rgnC_Region>(std::move(regions)));
+    if (refusal && following.refused) { following.refused(*this, refused); }
     if (refusal) { std::rethrow_exception(refusal); }
   }
 
   /// Inserts the first step at which the sequences differ.
-  void InsertStep(kprC_StepTable const& steps) {
+  void InsertStep(kprC_StepTable const& steps, Following const& following) {
     // nobody to tell step by step, or attributes that have had no sequence yet and are initialized with the first one
     if (map_.Size() == 0 || table_.Size() == 0) { return static_cast<void>(table_ = steps); }
     kprC_StepTable longer = steps;
@@ -311,18 +314,18 @@ private:
       while (index < table_.Size() && table_.Name(index) == steps.Name(index)) { ++index; }
       longer = table_.WithInserted(index, steps[index]);
     }
-    Follow(table_, longer);
+    Follow(table_, longer, following);
     table_ = longer;
   }
   /// Removes the first step that \p steps lacks; what was created in it goes with it.
-  void RemoveStep(kprC_StepTable const& steps) {
+  void RemoveStep(kprC_StepTable const& steps, Following const& following) {
     std::size_t index = steps.Continues(table_) ? table_.Position(steps.Disturbed()) : 0;
     if (!steps.Continues(table_)) {
       while (index + 1 < table_.Size() && steps.Find(table_.Name(index).View()) != kprC_StepTable::npos) { ++index; }
     }
     cow_String const removed = table_.Name(index);
     kprC_StepTable const shorter = steps.Continues(table_) ? steps : table_.WithRemoved(index);
-    Follow(table_, shorter, &removed);
+    Follow(table_, shorter, following, &removed);
     table_ = shorter;
   }
   /// All new names at once, so that two steps may exchange theirs. The records of the old names take the new ones; nothing is formed.
@@ -337,7 +340,7 @@ private:
   }
   /// Empties what the attributes say in steps that get another kind of procedure, unless they keep it; refused where one was created
   /// there.
-  void ReplaceSteps(kprC_StepTable const& steps, kprC_StepAwareRepository::Keeps const& keeps) {
+  void ReplaceSteps(kprC_StepTable const& steps, Following const& following) {
     if (steps.Same(table_) || (steps.Continues(table_) && steps.Disturbed() == 0)) { return; }
     for (std::size_t i = 0; i < steps.Size(); ++i) {
       auto const& now = table_[i].procedure;
@@ -346,7 +349,7 @@ private:
       kprC_StepTable const bare = table_.WithReplaced(i, kprC_StepNameProcedurePair(table_.Name(i), nullptr));
       std::vector<cow_String> passed;  // that say nothing in the step
       for (cow_String const& name : Keys()) {
-        if (keeps && keeps(ConstGet(name))) { continue; }
+        if (following.keeps && following.keeps(ConstGet(name))) { continue; }
         if (ConstGet(name).Steps().Same(table_) && !this->SaysSomething(ConstGet(name), i)) {
           passed.push_back(name);
           continue;
@@ -355,6 +358,7 @@ private:
           this->EmptyStep(Own(Get(name)), i, bare);
         } catch (...) {
           for (cow_String const& before : passed) { this->EmptyStep(Own(Get(before)), i, bare); }
+          if (following.refused) { following.refused(*this, name); }
           throw;
         }
       }

@@ -17,10 +17,14 @@ public:
   /// Takes the step sequence: inserts, removes, renames and replaces the steps of every attribute and forms every
   /// history anew. Refusals of an attribute pass; attributes updated by then stay updated.
   void UpdateSteps(kprC_StepTable const& steps) { UpdateSteps(steps, {}); }
-  /// Whether an attribute keeps what it says in a step whose procedure is another one now.
-  using Keeps = std::function<bool(kprC_StepDependent const& item)>;
-  /// The same, where \p keeps, which may be empty, says which attributes are not emptied in such a step.
-  virtual void UpdateSteps(kprC_StepTable const& steps, Keeps const& keeps) = 0;
+  /// What is asked and told while attributes follow an edit of the sequence; each may be empty.
+  struct Following {
+    /// Whether an attribute keeps what it says in a step whose procedure is another one now; else it is emptied there.
+    std::function<bool(kprC_StepDependent const& item)> keeps;
+    /// Told whose refusal is going to pass.
+    std::function<void(kprC_StepAwareRepository const& repository, cow_String const& name)> refused;
+  };
+  virtual void UpdateSteps(kprC_StepTable const& steps, Following const& following) = 0;
   virtual kprC_StepTable const& Steps() const = 0;
   /// Regions left without an owner by attributes that went with their step, each once, until one refers to them again or
   /// they are released.

@@ -10,6 +10,7 @@ namespace {
 constexpr bool kAddedMassPermitted = true;
 
 using Nlgeom = kprC_StepContainer::Nlgeom;
+using Following = kprC_StepAwareRepository::Following;
 
 /// What the step \p index adds to \p nlgeom. Steps without nlgeom, which are the perturbation steps and those without
 /// displacements, neither turn it off nor on.
@@ -35,13 +36,13 @@ void CheckNlgeom(kprC_StepContainer& steps) {
 }
 
 /// Edits a copy of the model, which shares what the edit leaves alone, and puts it in the model's place at the end.
-template <class Edit> void WholeOrNothing(ddr_Model& model, Edit&& edit, kprC_StepAwareRepository::Keeps const& keeps = {}) {
+template <class Edit> void WholeOrNothing(ddr_Model& model, Edit&& edit, Following const& following = {}) {
   omu_ChangeHistory& changes = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
   std::size_t const mark = changes.Size();
   try {
     ddr_Model copy = model;
     edit(copy.Get<kprC_StepContainer>(ddr_Model::stepsCmd()));
-    kprC_UpdateRepositories(copy, keeps);
+    kprC_UpdateRepositories(copy, following);
     model = std::move(copy);
   } catch (...) {
     changes.TruncateTo(mark);
@@ -52,17 +53,18 @@ template <class Edit> void WholeOrNothing(ddr_Model& model, Edit&& edit, kprC_St
 
 kprC_StepContainer const& kprC_Steps(ddr_Model const& model) { return model.ConstGet<kprC_StepContainer>(ddr_Model::stepsCmd()); }
 
-void kprC_UpdateRepositories(ddr_Model& model, kprC_StepAwareRepository::Keeps const& keeps) {
+void kprC_UpdateRepositories(ddr_Model& model, Following const& following) {
   kprC_StepTable const table = kprC_Steps(model).Table();
   auto const extensions = model.Extensions();
   for (auto const& [member, extension] : extensions) {
     if (mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet()) == nullptr) { continue; }
-    model.Get<kprC_StepAwareRepository>(member).UpdateSteps(table, keeps);
+    model.Get<kprC_StepAwareRepository>(member).UpdateSteps(table, following);
   }
 }
 
-void kprC_InsertStep(ddr_Model& model, cow_String const& previous, cow_String const& name, kprC_StepHandle const& step) {
-  WholeOrNothing(model, [&](kprC_StepContainer& steps) {
+void kprC_InsertStep(ddr_Model& model, cow_String const& previous, cow_String const& name, kprC_StepHandle const& step,
+                     Following const& following) {
+  auto const insert = [&](kprC_StepContainer& steps) {
     step->AssertValid();
     kprC_StepTable const before = steps.Table();
     Nlgeom const* const checked = steps.Checked();
@@ -81,11 +83,12 @@ void kprC_InsertStep(ddr_Model& model, cow_String const& previous, cow_String co
     Take(nlgeom, steps, index);
     AssertNlgeom(nlgeom);
     steps.KeepChecked(nlgeom);
-  });
+  };
+  WholeOrNothing(model, insert, following);
 }
 
-void kprC_RemoveStep(ddr_Model& model, cow_String const& name) {
-  WholeOrNothing(model, [&](kprC_StepContainer& steps) {
+void kprC_RemoveStep(ddr_Model& model, cow_String const& name, Following const& following) {
+  auto const remove = [&](kprC_StepContainer& steps) {
     std::size_t const index = steps.Index(name);
     if (index != kprC_StepContainer::npos && index > 0) {
       kprC_StepSequencer sequencer(steps, kAddedMassPermitted);
@@ -94,7 +97,8 @@ void kprC_RemoveStep(ddr_Model& model, cow_String const& name) {
     }
     steps.Remove(name);
     CheckNlgeom(steps);
-  });
+  };
+  WholeOrNothing(model, remove, following);
 }
 
 void kprC_RenameStep(ddr_Model& model, cow_String const& name, cow_String const& newName) {
@@ -104,7 +108,7 @@ void kprC_RenameStep(ddr_Model& model, cow_String const& name, cow_String const&
   });
 }
 
-void kprC_ReplaceStep(ddr_Model& model, cow_String const& name, kprC_StepHandle const& step, kprC_StepAwareRepository::Keeps const& keeps) {
+void kprC_ReplaceStep(ddr_Model& model, cow_String const& name, kprC_StepHandle const& step, Following const& following) {
   auto const replace = [&](kprC_StepContainer& steps) {
     step->AssertValid();
     kprC_Step const* const present = steps.Find(name.View());
@@ -113,5 +117,5 @@ void kprC_ReplaceStep(ddr_Model& model, cow_String const& name, kprC_StepHandle 
     steps.Replace(name, step);
     CheckNlgeom(steps);
   };
-  WholeOrNothing(model, replace, keeps);
+  WholeOrNothing(model, replace, following);
 }

@@ -14,15 +14,16 @@
 /// Refusals beside those of kprC_StepContainer: what the step's AssertValid refuses, 50 for a procedure that may not stand
 /// there, 53 when a general step would turn nlgeom off after an earlier one had it on, then what the attributes refuse.
 DDB_API kprC_StepContainer const& kprC_Steps(ddr_Model const& model);
-/// Inserts \p step behind the step called \p previous.
-DDB_API void kprC_InsertStep(ddr_Model& model, cow_String const& previous, cow_String const& name, kprC_StepHandle const& step);
+/// Inserts \p step behind the step called \p previous. \p following is told whose refusal passes.
+DDB_API void kprC_InsertStep(ddr_Model& model, cow_String const& previous, cow_String const& name, kprC_StepHandle const& step,
+                             kprC_StepAwareRepository::Following const& following = {});
 /// Removes a step; attributes that were created in it go with it.
-DDB_API void kprC_RemoveStep(ddr_Model& model, cow_String const& name);
+DDB_API void kprC_RemoveStep(ddr_Model& model, cow_String const& name, kprC_StepAwareRepository::Following const& following = {});
 DDB_API void kprC_RenameStep(ddr_Model& model, cow_String const& name, cow_String const& newName);
 /// Puts \p step in the place of the step called \p name. With another procedure what attributes say in the step is dropped,
-/// and one that was created there is refused; those that \p keeps names, where it is not empty, keep what they say. The initial step
+/// and one that was created there is refused; those that \p following says keep what they say. The initial step
 /// takes another initial step alone, which may differ in its description.
 DDB_API void kprC_ReplaceStep(ddr_Model& model, cow_String const& name, kprC_StepHandle const& step,
-                              kprC_StepAwareRepository::Keeps const& keeps = {});
-/// Hands the model's sequence to every repository again; \p keeps as above.
-DDB_API void kprC_UpdateRepositories(ddr_Model& model, kprC_StepAwareRepository::Keeps const& keeps = {});
+                              kprC_StepAwareRepository::Following const& following = {});
+/// Hands the model's sequence to every repository again; \p following as above.
+DDB_API void kprC_UpdateRepositories(ddr_Model& model, kprC_StepAwareRepository::Following const& following = {});
