@@ -54,7 +54,7 @@ Members Sorted(Call& call, std::vector<MemberArgument> ownArguments, cls_Object 
       RefuseUnknown(call.subject, "There is no argument " + Quoted(name) + ".", Suggestion(name, known, "Its arguments"));
     }
   });
-  AssertNamesAgree(call.subject, members.stateArguments, members.state);
+  AssertNamesAgree(call.subject, state, members.stateArguments, members.state);
   return members;
 }
 

@@ -174,15 +174,23 @@ std::string ExpectedValue(cls_MemberInfo const& info) {
   return info.propagating ? expected + R"(, "UNSET" or "FREED")" : expected;
 }
 
-void AssertNamesAgree(Subject& subject, std::vector<MemberArgument> const& settable, kprC_Arguments const& members) {
+void AssertNamesAgree(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable,
+                      kprC_Arguments const& members) {
+  auto const memberOf = [&settable](std::string_view name) {
+    cls_MemberInfo const* info = FindArgument(settable, name)->info;
+    while (info->again) { --info; }
+    return info;
+  };
   if (std::ranges::none_of(settable, [](MemberArgument const& argument) { return argument.info->again; })) { return; }
-  for (auto const& [name, value] : members) {
-    MemberArgument const* const argument = FindArgument(settable, name);
-    if (argument == nullptr || !argument->info->again) { continue; }
-    auto const other = std::ranges::find(members, (argument->info - 1)->command, &kprC_Arguments::value_type::first);
-    if (other == members.end() || other->second == value) { continue; }
-    RefuseValue(subject, Quoted(other->first) + " and " + Quoted(name) + " are two names of one member: " + ShownValue(other->second) +
-                             " and " + ShownValue(value) + " do not go together.");
+  for (auto said = members.begin(); said != members.end(); ++said) {
+    auto const other = std::find_if(members.begin(), said, [&](auto const& one) { return memberOf(one.first) == memberOf(said->first); });
+    if (other == said) { continue; }
+    std::unique_ptr<cls_Object> const trial = object.Copy();
+    if (!Takes(*trial, other->first, other->second)) { continue; }  // refused when it is set
+    cls_Value const before = trial->Member(other->first);
+    if (!Takes(*trial, said->first, said->second) || trial->Member(other->first) == before) { continue; }
+    RefuseValue(subject, Quoted(other->first) + " and " + Quoted(said->first) + " are two names of one member: " +
+                             ShownValue(other->second) + " and " + ShownValue(said->second) + " do not go together.");
   }
 }
 

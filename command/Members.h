@@ -32,8 +32,9 @@ bool IsStateWord(std::string_view text);
 
 /// What fits the member: "a finite number, "UNSET" or "FREED"".
 std::string ExpectedValue(cls_MemberInfo const& info);
-/// Refuses two names of one member that are given different values.
-void AssertNamesAgree(Subject& subject, std::vector<MemberArgument> const& settable, kprC_Arguments const& members);
+/// Refuses two names of one member that \p members give values that do not go together in \p object.
+void AssertNamesAgree(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable,
+                      kprC_Arguments const& members);
 /// null as the way of a text or a name to say nothing: "UNSET" where steps carry it, else the empty text. Refused for any other value
 /// that steps carry, which has more than one way.
 void FitNull(Subject& subject, MemberArgument const& argument, cls_Value& value);

@@ -57,7 +57,7 @@ void TextWriter::WriteChange(std::string_view step, cls_Object const* values, bo
   } else {
     for (cls_MemberRow const& row : values->MemberRows()) {
       void const* const member = row.In(static_cast<void const*>(values));
-      if (row.ops->isModified != nullptr && row.ops->isModified(member)) { row.ops->write(*this, row.name, member); }
+      if (!row.again && row.ops->isModified != nullptr && row.ops->isModified(member)) { row.ops->write(*this, row.name, member); }
     }
   }
   End();

@@ -15,6 +15,45 @@ template <> struct cls_MemberTraits<kpfC_Magnitudes> : cls_ListTraits<kpfC_Magni
   }
 };
 
+/// The first of a field's values as a member of its own: who sets it keeps those behind it.
+struct kpfC_FirstMagnitude : cls_MemberTraits<mdl_PropAttr<kpfC_Magnitudes>> {
+  using Magnitudes = mdl_PropAttr<kpfC_Magnitudes>;
+  using Whole = cls_MemberTraits<Magnitudes>;
+  using First = cls_MemberTraits<mdl_PropAttr<double>>;
+
+  static void Describe(cls_MemberInfo& info) { First::Describe(info); }
+  /// Where it is stored, the list stands once more.
+  static void Read(cls_ReadVisitor const& in, std::string_view name, Magnitudes& values) {
+    if (in.IsBrief()) {
+      mdl_PropAttr<double> first;
+      First::Read(in, name, first);
+      return Set(values, first);
+    }
+    Magnitudes const before = values;
+    Whole::Read(in, name, values);
+    if (!Equal(before, values)) { in.Refuse(name, "what the member says under its other name"); }
+  }
+  static cls_Value ToValue(Magnitudes const& values) {
+    if (!values.HasValue()) { return Whole::ToValue(values); }
+    return values.ConstGet().IsEmpty() ? cls_Value() : cls_Value(values.ConstGet()[0]);
+  }
+  static std::string_view FromValue(Magnitudes& values, cls_Value const& from) {
+    mdl_PropAttr<double> first;
+    std::string_view const expected = First::FromValue(first, from);
+    if (expected == "") { Set(values, first); }
+    return expected;
+  }
+
+private:
+  static void Set(Magnitudes& values, mdl_PropAttr<double> const& first) {
+    if (!first.HasValue()) { return static_cast<void>(values = first.State()); }
+    kpfC_Magnitudes list = values.ConstGet();
+    if (list.IsEmpty()) { list.Append(0.0); }
+    list.Get(0) = first.ConstGet();
+    values = std::move(list);
+  }
+};
+
 /// What the values of a uniform field are over a cross section.
 enum class kpfC_CrossSectionDistributionEnm {
   CONSTANT_THROUGH_THICKNESS = 0,
@@ -46,8 +85,8 @@ public:
 
   /// The first of its values.
   std::optional<double> Magnitude() const override;
-  /// Refuses what does not go with the cross section: 33 not one value, 34 not two over a shell, 38 none at the points of a section or
-  /// scaled by a field; then what of a file does.
+  /// Refuses what does not go with the cross section: 33 not one value, 34 not two over a shell, 35 so many as no beam has, 38 none at the
+  /// points of a section or scaled by a field; then what of a file does.
   void AssertValid() const override;
   /// Refuses of gradients over a beam: 35 not three values, in a plane 36 not two, 37 any in axisymmetric space.
   void AssertInSpace(SpaceEnm space) const override;
@@ -57,7 +96,9 @@ public:
     kpfC_FromFileState::VisitMembers(visit);
     visit("crossSectionDistribution", &Self::crossSectionDistribution, cls_MemberText{"what the values are over a cross section"});
     visit("magnitudes", &Self::magnitudes, Type::value());
-    visit("magnitude", &Self::magnitudes, cls_MemberText{"the same, where it is one value", Type::value().unit});
+    visit("magnitude", &Self::magnitudes,
+          cls_MemberText{"the first of the magnitudes", Type::value().unit}.Through(
+              cls_opsOf<mdl_PropAttr<kpfC_Magnitudes>, kpfC_FirstMagnitude>));
   }
   template <class V> static constexpr void VisitMembers(V&& visit) { VisitFor<kpfC_GeneralFieldBaseState>(visit); }
 
@@ -127,13 +168,13 @@ public:
   mdl_PropAttr<double> exteriorTolerance;
   mdl_PropAttr<double> absoluteExteriorTolerance;
 
-  /// Refuses in addition: 87 a tolerance that is not above zero, 88 one with a file that is no output database.
+  /// Refuses in addition: 87 a tolerance that is not above zero, 88 one with a results file that is no output database.
   void AssertValid() const override;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     using Self = kpfC_TemperatureState;
     kprC_StateOf::VisitMembers(visit);
-    visit("temperature", &Self::magnitudes, cls_MemberText{"the same", "temperature"});
+    visit("temperature", &Self::magnitudes, cls_MemberText{"the same as the magnitudes", "temperature"});
     visit("format", &Self::format, cls_MemberText{"how the temperatures of a cross section are given"});
     visit("exteriorTolerance", &Self::exteriorTolerance,
           cls_MemberText{"how far outside the file's mesh a node may lie, as a fraction of the element size"}.Refused(

@@ -35,6 +35,8 @@ enum class cls_Reference {
   IntegratedOutputSection,
 };
 
+struct cls_MemberOps;
+
 /// What a list says of a member beside its name. Written as {meaning, unit}; the rest, where there is any, by name:
 /// \code
 ///   cls_MemberText{"temperature of the surroundings", "temperature"}.Refused(12)
@@ -50,6 +52,7 @@ struct cls_MemberText {
   int component = 0;                           ///< number of the component that it prescribes, from 1; 0: none
   bool later = false;                          ///< came to its class later: what was stored before does not have it
   std::string_view unset = "";                 ///< what commands may say instead of a value where there is none: "ALL", "DEFAULT"
+  cls_MemberOps const* ops = nullptr;          ///< of a line that shows a part of the member; null: those of the member's type
 
   template <class Error> constexpr cls_MemberText Refused(Error code) const {
     cls_MemberText text = *this;
@@ -84,6 +87,11 @@ struct cls_MemberText {
   constexpr cls_MemberText Unset(std::string_view word) const {
     cls_MemberText text = *this;
     text.unset = word;
+    return text;
+  }
+  constexpr cls_MemberText Through(cls_MemberOps const& part) const {
+    cls_MemberText text = *this;
+    text.ops = &part;
     return text;
   }
 };
@@ -230,8 +238,7 @@ struct cls_MemberOps {
   std::size_t size = 0;
 };
 
-template <class M> constexpr cls_MemberOps cls_MakeOps() {
-  using Traits = cls_MemberTraits<M>;
+template <class M, class Traits = cls_MemberTraits<M>> constexpr cls_MemberOps cls_MakeOps() {
   cls_MemberOps ops{
       .describe = [](cls_MemberInfo& info) { Traits::Describe(info); },
       .write = [](cls_WriteVisitor const& out, std::string_view name,
@@ -281,7 +288,8 @@ template <class M> constexpr cls_MemberOps cls_MakeOps() {
   }
   return ops;
 }
-template <class M> inline constexpr cls_MemberOps cls_opsOf = cls_MakeOps<M>();
+/// \tparam Traits others than the type's own, for a line that shows a part of the member (cls_MemberText::Through)
+template <class M, class Traits = cls_MemberTraits<M>> inline constexpr cls_MemberOps cls_opsOf = cls_MakeOps<M, Traits>();
 
 /// One member of a class: a line of its list. An object's rows tell all of it that is stored.
 struct cls_MemberRow {
@@ -329,7 +337,7 @@ inline constexpr auto cls_linesOf = [] {
   std::array<cls_MemberRow, count> lines{};
   std::size_t at = 0;
   T::VisitMembers([&]<class C, class M>(std::string_view name, M C::*, cls_MemberText const& text) {
-    lines[at++] = {name, text, 0, &cls_opsOf<M>, false};
+    lines[at++] = {name, text, 0, text.ops != nullptr ? text.ops : &cls_opsOf<M>, false};
   });
   return lines;
 }();
