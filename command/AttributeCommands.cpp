@@ -136,11 +136,32 @@ std::unique_ptr<kprC_StepDependent> Anew(Call& call, AttributeTarget const& targ
   return fresh;
 }
 
+/// Runs \p edit of an attribute of \p repository. Where it is refused by what the family asks behind the model, that is asked first:
+/// \p askModel asks it of the attribute as the edit would leave it.
+template <class Edit, class AskModel> void RefusingInOrder(kprC_StepAwareRepository const& repository, Edit&& edit, AskModel&& askModel) {
+  try {
+    edit();
+  } catch (std::exception const& error) {
+    Refusal const refused = RefusalOf(error);
+    auto const isSame = [&refused](std::optional<int> code) { return code && *code == refused.code; };
+    if (refused.module == repository.Module() && std::ranges::any_of(repository.EditRefusals().behindModel, isSame)) { askModel(); }
+    throw;
+  }
+}
+
 /// Edits the attribute, asks whether it still goes with the model, and records the edit.
 template <class Fn> void Edit(Call& call, AttributeTarget const& target, Fn&& edit) {
   auto& repository = call.model.Get<kprC_StepAwareRepository>(target.extension);
   kprC_StepDependent& item = *repository.Item(target.name);
-  edit(item);
+  RefusingInOrder(
+      repository, [&] { edit(item); },
+      [&] {
+        std::unique_ptr<cls_Object> const copy = target.item.Copy();
+        auto& unchecked = dynamic_cast<kprC_StepDependent&>(*copy);
+        unchecked.Suppress();
+        RefusalBy([&] { edit(unchecked); });
+        unchecked.AssertInModel(call.model);
+      });
   AssertInModel(call, item);
   repository.RecordModify(target.name);
 }
@@ -305,7 +326,8 @@ bool ConstructAttribute(Call& call) {
   Hinting(
       call,
       [&] {
-        target.InsertItem(name, *item);
+        RefusingInOrder(
+            target, [&] { target.InsertItem(name, *item); }, [&] { item->AssertInModel(call.model); });
         AssertAdmitted(call, target, *item, step);
       },
       [&](Refusal const& refused) {

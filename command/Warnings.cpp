@@ -72,9 +72,11 @@ void Warnings::LookAtValues(kprC_StepDependent const& item) {
     if (kind == cls_Reference::Region || kind == cls_Reference::Connector) { targets.emplace_back(kind, name); }
   });
   bool could = false, does = false;
+  std::set<std::string_view> open;
   item.ForEachRun([&](std::size_t begin, std::size_t end, mdl_PropagationStatusEnm status, cls_Object const* state) {
     bool const active = (repository_.Statuses()[static_cast<std::size_t>(status)] & kprC_Active) != 0;
     kprC_Prescription const here = state == nullptr ? kprC_Prescription() : item.Prescribes(*state);
+    if (active && state != nullptr) { LookAtOpen(item, begin, *state, open); }
     could = could || here.quantity != 0;
     does = does || here.components != 0;
     if (!active || here.components == 0) { return; }
@@ -84,6 +86,13 @@ void Warnings::LookAtValues(kprC_StepDependent const& item) {
   std::string const step(item.CreateStepName().View());
   Add(FindingKind::PrescribesNothing, item, step, {}, "It prescribes nothing, in no step.",
       R"("setValuesInStep" gives it a value, or "delete" takes it away.)");
+}
+
+void Warnings::LookAtOpen(kprC_StepDependent const& item, std::size_t index, cls_Object const& state, std::set<std::string_view>& told) {
+  std::string_view const member = item.Lacks(state);
+  if (member.empty() || !told.insert(member).second) { return; }
+  Add(FindingKind::LeftOpen, item, std::string(item.Steps().Name(index).View()), std::string(member),
+      "It says nothing without " + Quoted(member) + ".", R"("setValues" or "setValuesInStep" takes )" + Quoted(member) + ".");
 }
 
 void Warnings::LookAtAll() {

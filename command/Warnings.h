@@ -3,7 +3,9 @@
 #include <compare>
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "command/Check.h"
@@ -38,6 +40,8 @@ private:
 
   void LookAtRegion(kprC_StepDependent const& item);
   void LookAtValues(kprC_StepDependent const& item);
+  /// Tells once of each member that \p state, of the step at \p index, leaves open.
+  void LookAtOpen(kprC_StepDependent const& item, std::size_t index, cls_Object const& state, std::set<std::string_view>& told);
   void Add(FindingKind found, kprC_StepDependent const& item, std::string step, std::string member, std::string text, std::string hint);
   void LookAtSpans(Target const& target, std::vector<Span>& spans);
 

@@ -120,6 +120,8 @@ struct DDB_API kpfC_Rules : kprC_ProcedureRules {
       .notInStep = Error::NotInStepOrInactive,
       .readOnlyInStep = Error::ReadOnly,
       .inInitialStep = {},
+      .typeNotAdmitted = Error::InvalidForStepType,
+      .behindModel = {Error::BeamGradientsRequired, Error::RegionMissing, Error::ZeroMagnitude},
   };
 
   static void Assert(bool condition, Error code) { kpfC_Assert(condition, code); }

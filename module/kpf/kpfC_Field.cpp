@@ -25,6 +25,12 @@ void kpfC_Field::AssertInModel(ddr_Model const& model) const {
   });
 }
 
+std::string_view kpfC_Field::Lacks(cls_Object const& state) const {
+  auto const* const fromFile = dynamic_cast<kpfC_FromFileState const*>(&state);
+  bool const isRead = fromFile != nullptr && (kpfC_RegionIgnored(fromFile->Distribution()) || IgnoresRegion(*fromFile));
+  return isRead && fromFile->fileName.ConstGet().IsEmpty() ? kpfC_FromFileState::fileNameCmd().View() : std::string_view();
+}
+
 kprC_ActsOn kpfC_Field::ActsOn() const {
   bool needsRegion = false;
   ForEachEditable([&](kpfC_FieldState const& state) { needsRegion = needsRegion || !IgnoresRegion(state); });

@@ -49,6 +49,9 @@ public:
   /// A field that reads all its values from a file needs no region.
   kprC_ActsOn ActsOn() const override;
 
+  /// The file, where it is to be read from one.
+  std::string_view Lacks(cls_Object const& state) const override;
+
   rgnC_Region const& Region() const { return *region_; }
 
   template <class V> static constexpr void VisitMembers(V&& visit) {

@@ -1,6 +1,7 @@
 #include "module/kpf/kpfC_FromFileState.h"
 
 #include <algorithm>
+#include <cctype>
 
 #include "module/kpf/kpfC_ResultsFiles.h"
 
@@ -26,6 +27,12 @@ std::string_view kpfC_FromFileState::Extension() const {
   std::string_view const name = fileName.ConstGet().View();
   std::size_t const dot = name.rfind('.');
   return dot == std::string_view::npos ? std::string_view() : name.substr(dot);
+}
+
+bool kpfC_FromFileState::IsResultsFile() const {
+  auto const isSame = [](char one, char other) { return std::tolower(static_cast<unsigned char>(one)) == other; };
+  return std::ranges::equal(Extension(), std::string_view(".fil"), isSame) ||
+         std::ranges::equal(Extension(), std::string_view(".res"), isSame);
 }
 
 void kpfC_FromFileState::AssertValid() const {

@@ -74,6 +74,8 @@ public:
   /// Characters that the name of a file may have with its path.
   static constexpr std::size_t kLongestName = 32;
 
+  static constexpr omn_FixedString fileNameCmd() { return "fileName"; }
+
   kpfC_FromFileState() = default;
   explicit kpfC_FromFileState(cls_ReadVisitor const& in) { cls_ReadMembers(*this, in); }
 
@@ -90,7 +92,7 @@ public:
   template <class V> static constexpr void VisitMembers(V&& visit) {
     using Self = kpfC_FromFileState;
     kpfC_FieldState::VisitMembers(visit);
-    visit("fileName", &Self::fileName,
+    visit(fileNameCmd(), &Self::fileName,
           cls_MemberText{"the results file of an earlier analysis, in the current folder: .odb, .fil or .res"});
     visit("beginStep", &Self::beginStep, cls_MemberText{"the step of the file from which on it is read"}.Refused(kpfC_ErrorEnm::StepValue));
     visit("beginInc", &Self::beginIncrement,
@@ -102,6 +104,10 @@ public:
   }
 
 protected:
+  /// Whether the file is a results file, and no output database: .fil or .res.
+  bool IsResultsFile() const;
+
+private:
   /// ".odb" of the file's name; empty where it has none.
   std::string_view Extension() const;
 };

@@ -13,9 +13,10 @@ std::optional<double> kpfC_GeneralFieldBaseState::Magnitude() const {
 void kpfC_GeneralFieldBaseState::AssertValid() const {
   using enum kpfC_CrossSectionDistributionEnm;
   bool const constant = CrossSection() == CONSTANT_THROUGH_THICKNESS, overShell = CrossSection() == GRADIENTS_THROUGH_SHELL_CS;
-  bool const atPoints = CrossSection() == POINTS_THROUGH_SECTION;
+  bool const overBeam = CrossSection() == GRADIENTS_THROUGH_BEAM_CS, atPoints = CrossSection() == POINTS_THROUGH_SECTION;
   kpfC_Assert(!IsUniform() || !constant || Count() == 1, kpfC_ErrorEnm::SingleValueRequired);
   kpfC_Assert(!IsUniform() || !overShell || Count() == 2, kpfC_ErrorEnm::ShellGradientRequired);
+  kpfC_Assert(!IsUniform() || !overBeam || Count() == 2 || Count() == 3, kpfC_ErrorEnm::BeamGradientsRequired);
   bool const needsOne = Distribution() == DistribTypeEnum::FIELD || (IsUniform() && atPoints);
   kpfC_Assert(!needsOne || Count() >= 1, kpfC_ErrorEnm::MagnitudeRequired);
   kpfC_FromFileState::AssertValid();
@@ -32,8 +33,7 @@ void kpfC_TemperatureState::AssertValid() const {
   kpfC_GeneralFieldBaseState::AssertValid();
   auto const isAboveZero = [](mdl_PropAttr<double> const& tolerance) { return !tolerance.HasValue() || tolerance.ConstGet() > 0.0; };
   kpfC_Assert(isAboveZero(exteriorTolerance) && isAboveZero(absoluteExteriorTolerance), kpfC_ErrorEnm::ToleranceValue);
-  bool const isDatabase = Extension().empty() || Extension() == ".odb";
-  kpfC_Assert(isDatabase || !(exteriorTolerance.HasValue() || absoluteExteriorTolerance.HasValue()),
+  kpfC_Assert(!IsResultsFile() || !(exteriorTolerance.HasValue() || absoluteExteriorTolerance.HasValue()),
               kpfC_ErrorEnm::ToleranceWithResultsFile);
 }
 

@@ -32,3 +32,8 @@ void kpfC_InitialState::AssertInModel(ddr_Model const& model) const {
     }
   });
 }
+
+std::string_view kpfC_InitialState::Lacks(cls_Object const& state) const {
+  std::string_view const lacks = kpfC_Field::Lacks(state);
+  return lacks.empty() && instances_.IsEmpty() ? instancesCmd().View() : lacks;
+}

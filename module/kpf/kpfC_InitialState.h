@@ -32,6 +32,7 @@ public:
   cow_List<cow_String> const& Instances() const { return instances_; }
   std::unique_ptr<kpfC_FieldState> NewStateFor(unsigned procedureType) const override { return DefaultState(procedureType); }
   void AssertInModel(ddr_Model const& model) const override;
+  std::string_view Lacks(cls_Object const& state) const override;
 
   template <class V> static constexpr void VisitMembers(V&& visit) {
     kpfC_Field::VisitMembers(visit);

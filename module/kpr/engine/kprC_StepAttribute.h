@@ -61,6 +61,7 @@ public:
                                    .typeNotAdmitted = any(edit.typeNotAdmitted),
                                    .propertyUnknown = any(edit.propertyUnknown)};
     codes.replaceCreateStep = number(Rules::kRefusals.replaceCreateStep);
+    for (std::size_t i = 0; i < edit.behindModel.size(); ++i) { codes.behindModel[i] = any(edit.behindModel[i]); }
     if constexpr (requires { Rules::kLoadCase; }) { codes.notInLoadCase = number(Rules::kLoadCase.notActive); }
     return codes;
   }

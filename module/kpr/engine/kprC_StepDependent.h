@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -44,6 +45,8 @@ template <class Error> struct kprC_EditRefusals {
   /// A load case names what is not there or not in force; taken from kLoadCase, none in a family that has nothing to do with them.
   Code notInLoadCase = {};
   Code replaceCreateStep = {};  ///< its create step gets another procedure; taken from kRefusals
+  /// What the check of the attribute refuses only where the model it is edited in has nothing to say against it (AssertInModel).
+  std::array<Code, 3> behindModel = {Code(), Code(), Code()};
 };
 /// The refusals of a family as the editing layers see them: by their numbers.
 using kprC_EditRefusalCodes = kprC_EditRefusals<int>;
@@ -159,6 +162,8 @@ public:
   /// the whole where there is none.
   virtual std::size_t WeightBeside(kprC_StepDependent const* now) const = 0;
 
+  /// What tells a person of its status in a step: "%1$s" is the status's word, "%2$s" the step's name. Empty in a family without.
+  virtual std::string_view StatusFormat() const { return {}; }
   /// What the attribute says over all steps, for a person to read; empty for a type that has no report.
   virtual atr_String Report() const { return {}; }
 
@@ -176,6 +181,8 @@ public:
   virtual kprC_ActsOn ActsOn() const { return kprC_ActsOn::Anything; }
   /// What it prescribes with \p state, one of its own.
   virtual kprC_Prescription Prescribes(cls_Object const& /*state*/) const { return {}; }
+  /// What it leaves open with \p state, one of its own, and says nothing without: as commands call the member; empty where nothing.
+  virtual std::string_view Lacks(cls_Object const& /*state*/) const { return {}; }
 
 private:
   friend class kprC_StepAwareRepository;

@@ -183,6 +183,8 @@ TEST_F(Fields, RefuseStepsAndValues) {
       {"Temperature", with(file, "beginInc", "STEP_END"), -1},
       {"Temperature", with(file, "exteriorTolerance", 0.0), 87},
       {"Temperature", with(with(file, "fileName", "job.fil"), "absoluteExteriorTolerance", 0.1), 88},
+      {"Temperature", with(with(file, "fileName", "job.RES"), "exteriorTolerance", 0.1), 88},
+      {"Temperature", with(with(file, "fileName", "job.ODB"), "exteriorTolerance", 0.1), -1},
       {"Temperature", with(file, "absoluteExteriorTolerance", 0.1), -1},
       {"InitialState", {{"fileName", "job.odb"}}, -1},
   };
@@ -193,6 +195,7 @@ TEST_F(Fields, RefuseStepsAndValues) {
   }
   EXPECT_EQ(Create("Temperature", "IG", "Initial", file), -1) << "a file needs no region";
   EXPECT_EQ(Create("Temperature", "IG", "Initial", kWarm), 77);
+  EXPECT_EQ(Create("GeneralField", "IG", "Initial", over("GRADIENTS_THROUGH_BEAM_CS", 20.0)), 35) << "no space has it";
   EXPECT_EQ(Create("Temperature", "IG", "Initial", {{"magnitudes", 20.0}, {"distribution", "FIELD"}}, {{"region", "Bar"}}), 96);
 }
 
