@@ -30,7 +30,10 @@ std::string StatusText(kprC_StepDependent const& item, std::size_t index) {
     cow_String const begins = item.CreateStepName();
     return "It is not yet created there" + (begins.IsEmpty() ? "." : ": it begins in " + Quoted(begins.View()) + ".");
   }
-  return "It is " + std::string(word.word) + " there (" + std::string(word.meaning) + ").";
+  std::string_view const format = item.StatusFormat();
+  if (format.empty()) { return "It is " + std::string(word.word) + " there (" + std::string(word.meaning) + ")."; }
+  atr_String const status = atr_SubstituteFormat(atr_translate(std::string(format).c_str()), {word.word, item.Steps().Name(index).View()});
+  return std::string(status.View()) + " (" + std::string(word.meaning) + ")";
 }
 
 /// The nearest step before \p index, or else behind it, in which the attribute can be edited.

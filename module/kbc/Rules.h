@@ -54,6 +54,7 @@ struct DDB_API kbcC_Rules : kprC_ConstraintRules {
       .componentUnset = Error::ComponentUnset,
       .nonZeroInInitial = Error::NonZeroInInitialStep,
   };
+  static constexpr std::string_view kStatusFormat = "The boundary condition is %1$s in step: %2$s.";
   static constexpr auto kDeactivate = Deactivation(kConstraint);
   static constexpr auto kReset = Reset(kConstraint);
   static constexpr auto kMove = Move(kConstraint);

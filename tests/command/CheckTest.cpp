@@ -75,6 +75,7 @@ TEST_F(Checking, WarnsOfWhatIsAllowedAndHardlyMeant) {
   };
   std::string const on = R"({"command": "DisplacementBC", "name": "Odd", "createStepName": "S2", "region": "Die", )";
   std::string const edit = R"({"command": "setValuesInStep", "boundaryCondition": "Odd", "stepName": "S3", )";
+  std::string const mesh = R"({"command": "VelocityAdaptiveMeshConstraint", "name": "Odd", "createStepName": "S2", "region": "Die", )";
   for (Row const& row : {
            Row{{on + R"("u2": 0})"}, {}},
            Row{{on + R"("u1": 0})"}, {"GA011 Odd in S2"}},
@@ -99,6 +100,13 @@ TEST_F(Checking, WarnsOfWhatIsAllowedAndHardlyMeant) {
            Row{{R"({"command": "FluidCavityPressureBC", "name": "Odd", "createStepName": "S2", "region": "Face", "magnitude": 1})",
                 R"({"command": "PorePressureBC", "name": "Other", "createStepName": "Initial", "region": "Face", "magnitude": 0})"},
                {}},
+           Row{{mesh + R"("motionType": "FOLLOW"})"}, {}},
+           Row{{mesh + R"("motionType": "USER_DEFINED"})"}, {}},
+           Row{{mesh + R"("motionType": "INDEPENDENT"})"}, {"GA010 Odd in S2"}},
+           Row{{R"({"command": "Temperature", "name": "Odd", "createStepName": "S2", "distributionType": "FROM_FILE"})"},
+               {"GA015 Odd in S2, fileName"}},
+           Row{{R"({"command": "InitialState", "name": "Odd", "createStepName": "Initial", "fileName": "job.odb"})"},
+               {"GA015 Odd in Initial, instances"}},
        }) {
     Session session(session_.Model());
     RunJournal(session, row.lines);

@@ -253,7 +253,7 @@ INSTANTIATE_TEST_SUITE_P(
         {R"({"command": "move", "boundaryCondition": "Push", "fromStepName": "Hold", "toStepName": "Relese"})", "kbc 3", {"\"Release\"?"}},
         {R"({"command": "move", "boundaryCondition": "Push", "fromStepName": "Hold", "toStepName": "Release"})",
          "kbc 18",
-         {"in step \"Hold\"", "It is propagated there"},
+         {"in step \"Hold\"", "The boundary condition is propagated in step: Hold."},
          false},
         {R"({"command": "rename", "boundaryCondition": "Push", "newName": "Fix"})", "kbc 5", {"boundaryCondition \"Fix\""}, false}}));
 
@@ -345,7 +345,8 @@ TEST_F(WaysOut, StandInTheMessageOfATypicalMistake) {
   };
   for (
       auto const& [command, wayOut] : {
-          Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Ring", "u1": 3})", "It is built in there"},
+          Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Ring", "u1": 3})",
+                  "The boundary condition is built in in step: Ring. (held by"},
           Mistake{R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Ring", "u1": 3})", "edited in \"Modes\""},
           Mistake{R"({"command": "move", "boundaryCondition": "Punch", "fromStepName": "Grip", "toStepName": "Spring"})",
                   "In \"Form\" it is modified: remove that first."},

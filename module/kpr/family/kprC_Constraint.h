@@ -92,7 +92,8 @@ struct kprC_ConstraintRules : kprC_ProcedureRules {
   }
 };
 
-/// An attribute that constrains a region component by component. \p Rules has the refusals as kConstraint, and states that are a
+/// An attribute that constrains a region component by component. \p Rules has the refusals as kConstraint, what tells of a status as
+/// kStatusFormat, and states that are a
 /// kprC_ConstraintState.
 template <class Rules> class kprC_Constraint : public kprC_TypedAttribute<Rules> {
   using Base = kprC_TypedAttribute<Rules>;
@@ -117,13 +118,17 @@ public:
     constexpr unsigned kMotion = 1;
     std::uint32_t const components = own.Components();
     if (components == 0) { return {}; }
-    bool const bySubroutine = IsUserDefined() && components == kOneValue;  // which needs no value beside it
-    return {components == kOneValue ? state.DynTypeId() : kMotion, bySubroutine ? components : own.ComponentsInForce()};
+    std::uint32_t const inForce = own.ComponentsInForce();
+    bool const whole = inForce == 0 && NeedsNoValue(components == kOneValue);
+    return {components == kOneValue ? state.DynTypeId() : kMotion, whole ? components : inForce};
   }
+  std::string_view StatusFormat() const override { return Rules::kStatusFormat; }
 
 protected:
   /// Whether a user subroutine gives the values.
   virtual bool IsUserDefined() const { return false; }
+  /// Whether it constrains where no step says how; \p oneValue: it has no components.
+  virtual bool NeedsNoValue(bool oneValue) const { return IsUserDefined() && oneValue; }
   /// Refuses what is not zero in the initial step.
   void AssertState(State const& state, std::size_t index) const override {
     Rules::Assert(!this->Steps().IsInitial(index) || !state.IsNonZero(), Rules::kConstraint.nonZeroInInitial);

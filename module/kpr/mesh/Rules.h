@@ -51,6 +51,7 @@ struct DDB_API kprC_AdptMeshConsRules : kprC_ConstraintRules {
       .componentUnset = Error::AmcComponentUnset,
       .nonZeroInInitial = Error::AmcNonZeroInInitialStep,
   };
+  static constexpr std::string_view kStatusFormat = "The adaptive mesh constraint is %1$s in step: %2$s.";
   static constexpr auto kDeactivate = Deactivation(kConstraint);
   static constexpr auto kReset = Reset(kConstraint);
   static constexpr auto kMove = Move(kConstraint);

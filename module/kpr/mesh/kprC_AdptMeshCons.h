@@ -82,6 +82,7 @@ public:
 
 protected:
   bool IsUserDefined() const override { return motionType_ == USER_DEFINED; }
+  bool NeedsNoValue(bool /*oneValue*/) const override { return motionType_ != INDEPENDENT; }
   /// Refuses 242.
   void AssertWhole() const override;
   bool LooksAtSteps() const override { return IsUserDefined(); }
