@@ -44,9 +44,9 @@ Style StyleOf(Severity severity) {
 /// What is wrong, with the member and the number, and what would do.
 std::string MessageText(Finding const& finding) {
   std::string text = finding.member.empty() ? "" : Quoted(finding.member) + ": ";
-  text += finding.refusal.message;
+  text += OneLine(finding.refusal.message);
   if (finding.refusal.code >= 0) { text += " [" + finding.refusal.module + " " + std::to_string(finding.refusal.code) + "]"; }
-  for (std::string const& more : {finding.detail, finding.hint}) { text += (more.empty() ? "" : " ") + more; }
+  for (std::string const& more : {finding.detail, finding.hint}) { text += (more.empty() ? "" : " ") + OneLine(more); }
   return finding.suppressed ? text + " (suppressed)" : text;
 }
 

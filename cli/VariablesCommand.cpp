@@ -40,6 +40,16 @@ unsigned ProcedureCalled(std::string const& text) {
   return thr_GlobalSingleton<kprC_ProcedureTypeLabelMap>::Instance().Type(text);
 }
 
+/// A category by its text in lists, or as variables name it: they write one of them otherwise.
+korC_OdbRequestSpec::LabelEnm CategoryCalled(std::string const& text) {
+  using LabelEnm = korC_OdbRequestSpec::LabelEnm;
+  omu_PrimEnum<LabelEnm> label;
+  if (label.SetValue(text.c_str()) && label != LabelEnm::INVALID_LABEL) { return label; }
+  std::vector<std::string> const categories = VariableCategories();
+  AssertOne("category", text, categories);
+  return static_cast<LabelEnm>(std::ranges::find(categories, text) - categories.begin());
+}
+
 VariableQuery QueryOf(VariablesOptions const& options) {
   VariableQuery query;
   if (!options.step.empty()) {
@@ -53,11 +63,7 @@ VariableQuery QueryOf(VariablesOptions const& options) {
   }
   if (!options.procedure.empty()) { query.procedureType = ProcedureCalled(options.procedure); }
   if (!options.channel.empty()) { query.channel = options.channel == "field" ? korC_OdbChannel::FIELD : korC_OdbChannel::HISTORY; }
-  if (!options.category.empty()) {
-    std::vector<std::string> const categories = VariableCategories();
-    AssertOne("category", options.category, categories);
-    query.category = static_cast<korC_OdbRequestSpec::LabelEnm>(std::ranges::find(categories, options.category) - categories.begin());
-  }
+  if (!options.category.empty()) { query.category = CategoryCalled(options.category); }
   return query;
 }
 

@@ -416,7 +416,7 @@ void EditByType(Call& call, AttributeTarget const& target) {
   auto const edit = std::ranges::find_if(
       edits, [&](kprC_TypeEdit const& one) { return one.command == call.arguments.Command() && one.typeId == target.item.DynTypeId(); });
   if (edit == edits.end()) {
-    RefuseUnknown(call.subject, Quoted(call.arguments.Command()) + " is no command on a " + std::string(target.repository.ItemCmd()) +
+    RefuseUnknown(call.subject, Quoted(call.arguments.Command()) + " is no command on " + WithArticle(target.repository.ItemCmd()) +
                                     " of the type " + Quoted(target.item.Label()) + ".");
   }
   cow_String const step = edit->inStep ? StepArgument(call, kStep) : cow_String();

@@ -32,7 +32,7 @@ std::string const& Named(Call& call, std::string_view kind) {
 }
 
 [[noreturn]] void RefuseKind(Call& call, std::string_view kind) {
-  RefuseUnknown(call.subject, Quoted(call.arguments.Command()) + " is no command on a " + std::string(kind) + ".");
+  RefuseUnknown(call.subject, Quoted(call.arguments.Command()) + " is no command on " + WithArticle(kind) + ".");
 }
 
 bool RunOnStep(Call& call, ObjectCommand const& command) {
@@ -82,7 +82,7 @@ bool RunOnAttribute(Call& call, ObjectCommand const& command) {
       call.subject.hint = Suggestion(given, Texts(repository.Keys()), "There are");
       ForEachRepository(before, [&](auto const&, kprC_StepAwareRepository const& other) {
         if (other.ConstItem(given) == nullptr) { return; }
-        call.subject.hint = Quoted(given) + " is a " + std::string(other.ItemCmd()) + ".";
+        call.subject.hint = Quoted(given) + " is " + WithArticle(other.ItemCmd()) + ".";
       });
       call.subject.atFault = true;
       kprC_EditRefusalCodes const& codes = repository.EditRefusals();
@@ -188,7 +188,7 @@ std::string_view CopyNameArgument(Call& call, std::string_view kind, std::string
 CommandInfo CopyConstruction(std::string_view construction, std::string group, std::string_view kind) {
   return {std::string(construction),
           std::move(group),
-          "copies a " + std::string(kind) + ", of any type",
+          "copies " + WithArticle(kind) + ", of any type",
           {Required(kName, "the copy's name"), Naming(kind, Required(kind, "what is copied"))},
           std::string(kind)};
 }

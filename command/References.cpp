@@ -167,7 +167,7 @@ void AssertUnused(Call const& call, cls_Reference reference, std::string_view ki
 cow_String FreeName(Call& call, std::string_view argument, ReferenceKind const& kind, cow_String const& own = {}) {
   cow_String name = call.arguments.Name(argument);
   if (name != own && kind.In(std::as_const(call.model)).ConstObject(name) != nullptr) {
-    RefuseValue(call.subject, "There is a " + std::string(kind.kind) + " " + Quoted(name) + " already.");
+    RefuseValue(call.subject, "There is " + WithArticle(kind.kind) + " " + Quoted(name) + " already.");
   }
   return name;
 }

@@ -157,6 +157,11 @@ std::string OneLine(std::string_view text) {
   return line;
 }
 
+std::string WithArticle(std::string_view noun) {
+  bool const isVowel = !noun.empty() && std::string_view("aeiou").find(noun.front()) != std::string_view::npos;
+  return (isVowel ? "an " : "a ") + std::string(noun);
+}
+
 std::string QuotedList(std::span<std::string const> names, std::size_t shown) {
   std::string list;
   for (std::size_t i = 0; i < std::min(names.size(), shown); ++i) { list += (i == 0 ? "" : ", ") + Quoted(names[i]); }

@@ -14,6 +14,9 @@ std::string Quoted(std::string_view text);
 /// \p text with every line break and run of blanks as one blank.
 std::string OneLine(std::string_view text);
 
+/// "a load", "an interaction".
+std::string WithArticle(std::string_view noun);
+
 /// "a", "b" and 12 more: at most \p shown of the names, quoted.
 std::string QuotedList(std::span<std::string const> names, std::size_t shown = 8);
 

@@ -14,6 +14,7 @@ enum class korC_TypeEnm {
   TIME_POINT = 5,  ///< at points of time
 };
 template <> struct omu_EnumTable<korC_TypeEnm> {
+  static constexpr auto kNoChoice = korC_TypeEnm::INVALID;
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {
       {"FREQUENCY", 0}, {"NUMBER_INTERVALS", 1}, {"TIME_INTERVAL", 2}, {"MODES", 3}, {"INVALID", 4}, {"TIME_POINT", 5}, {nullptr, 0}};
 };
@@ -38,6 +39,7 @@ enum class korC_VariablesTypeEnm {
   INTEGRATED_ALL,
 };
 template <> struct omu_EnumTable<korC_VariablesTypeEnm> {
+  static constexpr auto kNoChoice = korC_VariablesTypeEnm::NO_OUTPUT_VARIABLES;
   static constexpr omu_PrimEnumBase::PrimEnumTableEl rows[] = {{"NO_OUTPUT_VARIABLES", 0},
                                                                {"PRESELECT", 1},
                                                                {"CONTACT_PRESELECT", 2},

@@ -3,6 +3,7 @@
 #include "module/kor/Types.h"
 #include "module/kor/korC_Enums.h"
 #include "platform/BasicUtils/cls_xoList.h"
+#include "platform/CaeUtils/omu_PrimEnumTraits.h"
 
 /// The variables that a request asks for: keys one by one, or a symbol that stands for a list of them.
 class korC_Variables {
@@ -36,7 +37,7 @@ template <> struct cls_MemberTraits<korC_Variables> : cls_PlainTraits {
   static void Describe(cls_MemberInfo& info) {
     List::Describe(info);
     for (auto const& row : omu_EnumTable<korC_VariablesTypeEnm>::rows) {
-      if (row.text != nullptr) { info.permissible.emplace_back(row.text); }
+      if (row.text != nullptr && omu_IsOffered<korC_VariablesTypeEnm>(row)) { info.permissible.emplace_back(row.text); }
     }
   }
   static void Write(cls_WriteVisitor const& out, std::string_view name, korC_Variables const& value) {

@@ -15,13 +15,24 @@ template <class E> constexpr std::size_t omu_ChoiceCount() {
   }
 }
 
+/// Whether help offers the row: a table may name a value, kNoChoice, that can be said and is always refused.
+template <class E> constexpr bool omu_IsOffered(omu_PrimEnumBase::PrimEnumTableEl const& row) {
+  if constexpr (requires { omu_EnumTable<E>::kNoChoice; }) {
+    return static_cast<E>(row.value) != omu_EnumTable<E>::kNoChoice;
+  } else {
+    return row.text != nullptr;
+  }
+}
+
 /// An enumerated member is scripted as its text, and stored as its text or, where the table says so, its number.
 template <class E> struct cls_MemberTraits<omu_PrimEnum<E, 1>> : cls_PlainTraits {
   using Member = omu_PrimEnum<E, 1>;
 
   static void Describe(cls_MemberInfo& info) {
     info.kind = cls_MemberKind::Enumerated;
-    for (auto const& row : Choices()) { info.permissible.emplace_back(row.text); }
+    for (auto const& row : Choices()) {
+      if (omu_IsOffered<E>(row)) { info.permissible.emplace_back(row.text); }
+    }
   }
   static void Write(cls_WriteVisitor const& out, std::string_view name, Member const& value) {
     if constexpr (requires { omu_EnumTable<E>::kStoredByNumber; }) {

@@ -50,6 +50,57 @@ protected:
   Session session_ = Hinged("[1, 4]");
 };
 
+TEST_F(InModel, AFieldIsAskedOfTheSpaceBeforeItsRegionAndItsValue) {
+  auto const warm = [](std::string const& rest) {
+    return R"({"command": "Temperature", "name": "Warm", "createStepName": "S1", "crossSectionDistribution": "GRADIENTS_THROUGH_BEAM_CS")" +
+           rest + "}";
+  };
+  std::string const edit = R"({"command": "setValues", "predefinedField": "Warm", )";
+  RunJournal(session_, {R"({"command": "Set", "name": "Bar"})"});
+  ExpectRefused(warm(R"(, "magnitudes": [0, 1])"), "[kpf 35]");
+  ExpectRefused(warm(R"(, "magnitudes": [0, 1, 1])"), "[kpf 77]");
+  ExpectRefused(warm(R"(, "magnitudes": [0, 1, 1], "region": "Bar")"), "[kpf 28]");
+  RunJournal(session_, {warm(R"(, "magnitudes": [20, 1, 1], "region": "Bar")")});
+  ExpectRefused(edit + R"("magnitudes": [0, 1]})", "[kpf 35]");
+  ExpectRefused(edit + R"("magnitude": 0})", "[kpf 28]");
+  ExpectRefused(R"({"command": "setModelSpace", "space": "AXISYMMETRIC"})", "[kpf 37] That is what predefinedField");
+  RunJournal(session_, {R"({"command": "delete", "predefinedField": "Warm"})", R"({"command": "setModelSpace", "space": "TWO_D_PLANAR"})"});
+  ExpectRefused(warm(R"(, "magnitudes": 20)"), "[kpf 36]");
+  ExpectRefused(R"({"command": "Velocity", "name": "V", "createStepName": "Initial", "omega": 1, "axisBegin": [0]})", "[kpf 71]");
+  ExpectRefused(R"({"command": "StressTensor", "name": "S", "createStepName": "Initial", "sectionType": "SOLID", "stressTensor": [1]})",
+                "[kpf 61]");
+}
+
+TEST_F(InModel, TheFirstMagnitudeIsOneOfAll) {
+  std::string const warm =
+      R"({"command": "Temperature", "name": "Warm", "createStepName": "S1", "region": "Bar", "crossSectionDistribution": "POINTS_THROUGH_SECTION", )";
+  RunJournal(session_, {R"({"command": "Set", "name": "Bar"})"});
+  ExpectRefused(warm + R"("magnitudes": [20, 30], "magnitude": 30})", "\"magnitudes\" and \"magnitude\" are two names");
+  ExpectRefused(warm + R"("magnitude": 30, "temperature": [20, 30]})", "\"magnitude\" and \"temperature\" are two names");
+  ExpectRefused(warm + R"("magnitude": [20]})", "a finite number");
+  RunJournal(session_, {warm + R"("magnitudes": [20, 30], "temperature": [20.0, 30], "magnitude": 20})",
+                        R"({"command": "setValuesInStep", "predefinedField": "Warm", "stepName": "S2", "magnitude": 25})"});
+  auto const& fields = session_.Model().ConstGet<kprC_StepAwareRepository>("predefinedFields");
+  cls_Object const& state = *fields.ConstItem("Warm")->StateAt(2);
+  EXPECT_EQ(state.Member("magnitudes"), cls_Value(cls_Value::List{25.0, 30.0}));
+  EXPECT_EQ(state.Member("magnitude"), cls_Value(25.0));
+  ExpectUndone(R"({"command": "setValuesInStep", "predefinedField": "Warm", "stepName": "S2", "temperature": 40})");
+}
+
+TEST_F(InModel, AnAttributeThatRefusesAnEditOfTheStepsIsNamed) {
+  session_ = Session();
+  AppendSteps(session_, "IG");
+  RunJournal(session_, {R"({"command": "Set", "name": "Bar"})",
+                        R"({"command": "Temperature", "name": "Warm", "createStepName": "S1", "region": "Bar", "magnitude": 20})",
+                        R"({"command": "VelocityAdaptiveMeshConstraint", "name": "Mesh", "createStepName": "S1", "region": "Bar",
+                            "motionType": "USER_DEFINED"})"});
+  ExpectRefused(R"({"command": "setValues", "step": "S1", "adiabatic": true})", "[kpf 67] That is what predefinedField \"Warm\" refuses.");
+  ExpectRefused(R"({"command": "replace", "step": "S1", "procedure": "ExplicitDynamicsStep", "maintainAttributes": true})",
+                "[kpr 242] That is what adaptiveMeshConstraint \"Mesh\" refuses.");
+  ExpectRefused(R"({"command": "replace", "step": "S1", "procedure": "HeatTransferStep", "deltmx": 1, "maintainAttributes": true})",
+                "[kpf 78] predefinedField \"Warm\" is created there: \"replacementPolicy\"");
+}
+
 TEST_F(InModel, AnAttributeUsesWhatItsConnectorOffers) {
   ExpectRefused(R"({"command": "setValuesInStep", "boundaryCondition": "Drive", "stepName": "S2", "u2": 1})", "u2");
   ExpectRefused(R"({"command": "setValues", "boundaryCondition": "Drive", "ur2": 1})", "ur2");
