@@ -11,6 +11,7 @@
 #include <set>
 
 #include "tests/store/Models.h"
+#include "tests/support/SixFamilies.h"
 
 namespace {
 
@@ -78,14 +79,6 @@ std::string TextOf(std::filesystem::path const& path) {
   return text;
 }
 
-constexpr char const* kOld = R"({"command": "StaticStep", "name": "Step-1", "initialInc": 0.1}
-{"command": "Set", "name": "Rim"}
-{"command": "DisplacementBC", "name": "Fix", "createStepName": "Step-1", "region": "Rim", "u1": 0.0}
-)";
-constexpr char const* kEdit = R"({"command": "StaticStep", "name": "Step-2", "initialInc": 0.1}
-{"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "Step-2", "u2": 0.5}
-)";
-
 /// What the program is asked to do, and which file it writes.
 struct Work {
   char const* name;
@@ -136,8 +129,8 @@ class FailingCalls : public testing::TestWithParam<Work> {
 protected:
   FailingCalls() {
     std::filesystem::create_directory(folder_);
-    std::ofstream(folder_ / "old.jsonl") << kOld;
-    std::ofstream(folder_ / "edit.jsonl") << kEdit;
+    std::ofstream(folder_ / "old.jsonl") << test::kSixFamilies;
+    std::ofstream(folder_ / "edit.jsonl") << test::kSixFamiliesEdited;
     for (char const* arguments :
          {"replay old.jsonl -o base.gadb", "replay edit.jsonl --on base.gadb -o new.gadb", "dump new.gadb -o new.gattr.json"}) {
       EXPECT_EQ(RunGattr(folder_, arguments, "").Code(), 0) << arguments;
