@@ -178,6 +178,19 @@ private:
   bool suppressed_ = false;
 };
 
+/// Lets no change be recorded of models that nobody keeps.
+class Unrecorded {
+public:
+  Unrecorded() = default;
+  ~Unrecorded() { changes_.TruncateTo(before_); }
+  Unrecorded(Unrecorded const&) = delete;
+  Unrecorded& operator=(Unrecorded const&) = delete;
+
+private:
+  omu_ChangeHistory& changes_ = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
+  std::size_t before_ = changes_.Size();
+};
+
 }  // namespace
 
 std::string_view SeverityText(Severity severity) {
@@ -200,10 +213,12 @@ std::vector<FindingRow> const& FindingRows() {
   return rows;
 }
 
-std::vector<Finding> Check(ddr_Model const& model) {
+std::vector<Finding> Check(ddr_Model const& model, Progress const& progress) {
   std::vector<Finding> findings;
-  omu_ChangeHistory& changes = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
-  std::size_t const before = changes.Size();  // trials record changes of models that nobody keeps
+  std::size_t attributes = 0;
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) { attributes += repository.Size(); });
+  Ticker tick(progress, attributes);
+  Unrecorded const trials;
   CheckSteps(model, findings);
   CheckNamedObjects(model, findings);
   ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
@@ -212,6 +227,7 @@ std::vector<Finding> Check(ddr_Model const& model) {
     repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
       check.Run(name, item);
       warnings.LookAt(item);
+      tick();
     });
     warnings.LookAtAll();
     for (rgnC_Region const& region : repository.Dangling()) {
@@ -230,7 +246,7 @@ std::vector<Finding> Check(ddr_Model const& model) {
     }
   });
   CheckLoadCases(model, findings);
-  changes.TruncateTo(before);
+  tick.Finish();
   return findings;
 }
 

@@ -7,6 +7,7 @@
 #include "framework/Refusal.h"
 #include "framework/ddr_Model.h"
 #include "platform/CoreUtils/ddb_Export.h"
+#include "text/Progress.h"
 
 namespace gattr {
 
@@ -52,7 +53,7 @@ struct Finding {
 /// space and connectors, names that the model does not have, and histories that are not what their steps give; and what is allowed
 /// and hardly meant. Steps first, in order, then what is referred to by name, then family by family the attributes in the order of
 /// their names, what they do to each other, and the regions that deleted steps have left without an owner. The model is not changed.
-/// Linear in the records.
-DDB_API std::vector<Finding> Check(ddr_Model const& model);
+/// Linear in the records. \p progress counts attributes; where it does not want to go on, Cancelled is raised.
+DDB_API std::vector<Finding> Check(ddr_Model const& model, Progress const& progress = {});
 
 }  // namespace gattr

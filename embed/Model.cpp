@@ -72,21 +72,21 @@ struct ModelBase::Core {
 
 ModelBase::ModelBase() : core_(std::make_shared<Core>()) {}
 
-void ModelBase::Open(std::string const& path) {
+void ModelBase::Open(std::string const& path, Progress const& progress) {
   ModelPath file(path);
   auto core = std::make_shared<Core>();
-  core->session = Session(file.Open());
+  core->session = Session(file.Open(progress));
   core->path = path;
   core->file = std::move(file);
   core_ = std::move(core);
 }
 
-void ModelBase::Save(std::string const& path) {
+void ModelBase::Save(std::string const& path, Progress const& progress) {
   if (!core_->file || core_->path != path) {
     core_->file.emplace(path);
     core_->path = path;
   }
-  core_->file->Save(core_->session.Model());
+  core_->file->Save(core_->session.Model(), Changed::Refuse, progress);
 }
 
 void ModelBase::Execute(cls_Value const& command) {

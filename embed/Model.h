@@ -9,6 +9,7 @@
 #include "embed/Arguments.h"
 #include "framework/Refusal.h"
 #include "platform/CoreUtils/ddb_Export.h"
+#include "text/Progress.h"
 
 class ddr_Model;
 
@@ -41,10 +42,12 @@ public:
   ModelBase(ModelBase&&) noexcept = default;
   ModelBase& operator=(ModelBase&&) noexcept = default;
 
-  /// Puts the model of a file (.gadb, .gattr.json) in the place of this one; handles of this one are gone. Raises a StoreError.
-  void Open(std::string const& path);
-  /// Saves in the form that the end of the name tells; what was opened or saved there before costs what has changed. Raises a StoreError.
-  void Save(std::string const& path);
+  /// Puts the model of a file (.gadb, .gattr.json) in the place of this one; handles of this one are gone. Raises a StoreError, and
+  /// Cancelled.
+  void Open(std::string const& path, Progress const& progress = {});
+  /// Saves in the form that the end of the name tells; what was opened or saved there before costs what has changed. Raises a StoreError,
+  /// and Cancelled.
+  void Save(std::string const& path, Progress const& progress = {});
 
   /// Runs one command; raises Refused.
   void Execute(cls_Value const& command);

@@ -21,8 +21,8 @@ constexpr std::size_t kMapDepth = 2;  // frames that are open when the model's m
 constexpr std::string_view kTruth = "true or false";
 }  // namespace
 
-DocumentReader::DocumentReader(Document& document, Histories histories)
-    : document_(document), histories_(histories), same_(document.Intern("same")) {}
+DocumentReader::DocumentReader(Document& document, Histories histories, Ticker& tick)
+    : document_(document), histories_(histories), tick_(tick), same_(document.Intern("same")) {}
 
 ddr_Model DocumentReader::ReadModel(std::initializer_list<std::string_view> known) {
   Enter(0, ddr_Model::TypeId());
@@ -33,6 +33,8 @@ ddr_Model DocumentReader::ReadModel(std::initializer_list<std::string_view> know
     Leave();
     return model;
   } catch (std::bad_alloc const&) { throw; } catch (StoreError const&) {
+    throw;
+  } catch (Cancelled const&) {
     throw;
   } catch (std::exception const& refusal) {  // of an object that was being made; the frames still tell which
     document_.Refuse(document_.Path(way_, member_), refusal.what());
@@ -139,6 +141,7 @@ cow_Handle<cls_Object> DocumentReader::ReadReference(std::string_view member, st
 }
 
 cow_Handle<cls_Object> DocumentReader::ReadAny(std::string_view member, std::string_view name) const {
+  tick_();
   Document::Node const& node = Take(member, "an object");
   auto const at = static_cast<At>(&node - &document_[0]);
   Object object;

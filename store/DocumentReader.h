@@ -13,6 +13,7 @@
 #include "framework/ddr_Model.h"
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 #include "store/Document.h"
+#include "text/Progress.h"
 
 namespace gattr {
 
@@ -29,7 +30,8 @@ public:
     Changes,  ///< of those that say something of their own what that is; of any object what is not as in a new one
   };
 
-  DocumentReader(Document& document, Histories histories);
+  /// \p tick is told of every object.
+  DocumentReader(Document& document, Histories histories, Ticker& tick);
 
   /// \p known: members of the outermost object that are the store's own.
   ddr_Model ReadModel(std::initializer_list<std::string_view> known = {});
@@ -99,6 +101,7 @@ private:
 
   Document& document_;
   Histories histories_;
+  Ticker& tick_;
   Document::Text same_;
   // reading goes through a const interface
   mutable std::vector<Frame> frames_;

@@ -59,14 +59,16 @@ Table TableOf(mdl_Extension const& extension) {
 /// Brings the tables from one model to another.
 class Saver {
 public:
-  Saver(ModelTables& tables, std::string const& fileName, ModelSteps const& steps, kprC_StepTable& table, RowClasses& classes)
+  Saver(ModelTables& tables, std::string const& fileName, ModelSteps const& steps, kprC_StepTable& table, RowClasses& classes,
+        Progress const& progress)
       : tables_(tables),
         where_(fileName + ": "),
         steps_(steps),
         table_(table),
         classes_(classes),
         classesBefore_(classes.Size()),
-        writer_(steps, classes, where_) {}
+        writer_(steps, classes, where_),
+        tick_(progress) {}
 
   /// \p before and \p stepsBefore are null where the tables are empty.
   void Save(ddr_Model const* before, ModelSteps const* stepsBefore, ddr_Model const& now) {
@@ -111,6 +113,7 @@ private:
       auto const& [name, procedure] = std::tie(is[i].stepName, is[i].procedure);
       if (i < was.size() && was[i].stepName == name && was[i].procedure.Same(procedure)) { continue; }
       differ = true;
+      tick_();
       std::string_view const data = procedure ? Encode(RowWriter::Row::Object, "steps / " + std::string(name.View()), *procedure) : "null";
       tables_.Put(Table::Steps, {static_cast<std::int64_t>(i), {}, name.View(), data});
     }
@@ -140,6 +143,7 @@ private:
   }
 
   void PutObject(Table table, std::string_view owner, std::string_view name, cls_Object const* object) {
+    tick_();
     if (object == nullptr) { return tables_.Remove(table, {0, owner, name, {}}); }
     std::string const where = std::string(owner) + " / " + std::string(name);
     tables_.Put(table, {0, owner, name, Encode(RowWriter::Row::Object, where, *object)});
@@ -152,6 +156,7 @@ private:
   RowClasses& classes_;
   std::size_t classesBefore_;
   RowWriter writer_;
+  Ticker tick_;
 };
 
 /// The texts of a list of texts, as AppendQuoted has written them.
@@ -231,7 +236,7 @@ ModelFile::ModelFile(ModelFile&&) noexcept = default;
 ModelFile& ModelFile::operator=(ModelFile&&) noexcept = default;
 ModelFile::~ModelFile() = default;
 
-ddr_Model ModelFile::Open() {
+ddr_Model ModelFile::Open(Progress const& progress) {
   if (Examine(path_) == Present::EmptyFile) { throw StoreError(path_.string() + ": is empty"); }
   Database database(path_);
   database.Run("BEGIN");
@@ -239,25 +244,29 @@ ddr_Model ModelFile::Open() {
   if (tables.IsEmpty()) { database.Refuse("is empty"); }
   database.CheckStructure();
   ModelRows rows = ReadRows(tables, database);
-  RowReader reader(rows, path_.string());
+  std::size_t count = rows.extensions.size();
+  for (auto const& [owner, own] : rows.objects) { count += own.size(); }
+  Ticker tick(progress, count);
+  RowReader reader(rows, path_.string(), tick);
   ddr_Model model = reader.ReadModel();
+  tick.Finish();
   saved_ = std::make_unique<Saved>(
       Saved{model, std::make_shared<ModelSteps>(model), reader.ModelsSteps(), std::move(rows.classes), tables.Present()});
   return model;
 }
 
-void ModelFile::Save(ddr_Model const& model, Changed changed) {
+void ModelFile::Save(ddr_Model const& model, Changed changed, Progress const& progress) {
   std::filesystem::path path = path_;
   std::error_code error;
   for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(path, error); ++links) {  // they stay, also those to nothing
     path = path.parent_path() / std::filesystem::read_symlink(path, error);
   }
   Present const present = Examine(path);
-  if (present != Present::File && SaveFirst(path, model, present == Present::EmptyFile)) { return; }
-  SaveAgain(path, model, changed);
+  if (present != Present::File && SaveFirst(path, model, present == Present::EmptyFile, progress)) { return; }
+  SaveAgain(path, model, changed, progress);
 }
 
-bool ModelFile::SaveFirst(std::filesystem::path const& path, ddr_Model const& model, bool replaces) {
+bool ModelFile::SaveFirst(std::filesystem::path const& path, ddr_Model const& model, bool replaces, Progress const& progress) {
   std::filesystem::path const journal = JournalOf(path);
   std::error_code error;
   if (std::filesystem::exists(journal, error)) {
@@ -279,7 +288,7 @@ bool ModelFile::SaveFirst(std::filesystem::path const& path, ddr_Model const& mo
       database.Run("PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF; PRAGMA cache_size = -65536; BEGIN EXCLUSIVE");
       ModelTables tables(database);
       tables.Clear();
-      Saver(tables, path.string(), *next.steps, next.table, next.classes).Save(nullptr, nullptr, model);
+      Saver(tables, path.string(), *next.steps, next.table, next.classes, progress).Save(nullptr, nullptr, model);
       next.stamp = tables.Finish();
       database.Run("COMMIT");
     }
@@ -293,7 +302,7 @@ bool ModelFile::SaveFirst(std::filesystem::path const& path, ddr_Model const& mo
   }
 }
 
-void ModelFile::SaveAgain(std::filesystem::path const& path, ddr_Model const& model, Changed changed) {
+void ModelFile::SaveAgain(std::filesystem::path const& path, ddr_Model const& model, Changed changed, Progress const& progress) {
   std::optional<Saved> next;
   bool ending = false;
   try {
@@ -313,7 +322,7 @@ void ModelFile::SaveAgain(std::filesystem::path const& path, ddr_Model const& mo
       bool const same = steps->Same(*saved_->steps);
       next.emplace(Saved{model, same ? saved_->steps : steps, same ? saved_->table : kprC_StepTable(), saved_->classes, {}});
     }
-    Saver(tables, path_.string(), *next->steps, next->table, next->classes)
+    Saver(tables, path_.string(), *next->steps, next->table, next->classes, progress)
         .Save(everything ? nullptr : &saved_->model, everything ? nullptr : saved_->steps.get(), model);
     next->stamp = tables.Finish();
     ending = true;

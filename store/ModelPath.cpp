@@ -14,12 +14,12 @@ std::variant<ModelFile, TextFile> ModelPath::FileOf(std::string const& path) {
   throw StoreError(Quoted(path) + " names no model: expected a name that ends in .gadb or .gattr.json");
 }
 
-ddr_Model ModelPath::Open() {
-  return std::visit([](auto& file) { return file.Open(); }, file_);
+ddr_Model ModelPath::Open(Progress const& progress) {
+  return std::visit([&progress](auto& file) { return file.Open(progress); }, file_);
 }
 
-void ModelPath::Save(ddr_Model const& model, Changed changed) {
-  std::visit([&](auto& file) { file.Save(model, changed); }, file_);
+void ModelPath::Save(ddr_Model const& model, Changed changed, Progress const& progress) {
+  std::visit([&](auto& file) { file.Save(model, changed, progress); }, file_);
 }
 
 }  // namespace gattr

@@ -15,10 +15,10 @@ class ModelPath {
 public:
   explicit ModelPath(std::string const& path) : file_(FileOf(path)) {}
 
-  ddr_Model Open();
+  ddr_Model Open(Progress const& progress = {});
   /// Writes the model whole or leaves the file as it was. What was opened here is written faster: only what has changed.
   /// What somebody else has changed meanwhile is refused, or overwritten.
-  void Save(ddr_Model const& model, Changed changed = Changed::Refuse);
+  void Save(ddr_Model const& model, Changed changed = Changed::Refuse, Progress const& progress = {});
 
 private:
   static std::variant<ModelFile, TextFile> FileOf(std::string const& path);

@@ -68,6 +68,8 @@ ddr_Model RowReader::ReadModel() {
     return model;
   } catch (std::bad_alloc const&) { throw; } catch (StoreError const&) {
     throw;
+  } catch (Cancelled const&) {
+    throw;
   } catch (std::exception const& refusal) {  // of an object that was being made; the frames still tell which
     Say(Path(LastMember()), refusal.what());
   }
@@ -242,6 +244,7 @@ cow_Handle<cls_Object> RowReader::ReadAny(std::string_view member, std::string_v
       if (frame.place == rows.size()) { Refuse(member, "an object, found nothing"); }
     }
     StoredRow const& row = rows[frame.place++];
+    tick_();
     return MakeRow(row.data, row.name);
   }
   Take(member, "an object");

@@ -14,6 +14,7 @@
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 #include "store/ModelTables.h"
 #include "store/RowEncoding.h"
+#include "text/Progress.h"
 
 namespace gattr {
 
@@ -56,7 +57,9 @@ class RowReader final : public cls_ReadVisitor, public kprC_StepSource {
 public:
   static constexpr std::size_t kDeepest = 64;  ///< objects, lists and maps in each other
 
-  RowReader(ModelRows const& rows, std::string_view fileName) : rows_(rows), fileName_(fileName), types_(rows.classes.Size()) {}
+  /// \p tick is told of every row that is made an object.
+  RowReader(ModelRows const& rows, std::string_view fileName, Ticker& tick)
+      : rows_(rows), fileName_(fileName), tick_(tick), types_(rows.classes.Size()) {}
 
   ddr_Model ReadModel();
   /// The sequence of the model that was read.
@@ -155,6 +158,7 @@ private:
 
   ModelRows const& rows_;
   std::string fileName_;
+  Ticker& tick_;
   // reading goes through a const interface
   mutable std::vector<Type> types_;
   mutable std::deque<Text> texts_;  // those below the model's first are kept for the next row

@@ -14,7 +14,7 @@ namespace {
 /// Takes what the parser finds into a document.
 class Handler final : public JsonHandler {
 public:
-  explicit Handler(Document& document) : document_(document) {}
+  Handler(Document& document, Ticker& tick) : document_(document), tick_(tick) {}
 
   void Null() override { document_.AddNull(Named()); }
   void Bool(bool value) override { document_.AddBool(Named(), value); }
@@ -24,7 +24,10 @@ public:
     document_.AddReal(Named(), value);
   }
   void String(std::string_view value) override { document_.AddText(Named(), document_.Intern(value)); }
-  void Open(bool isObject) override { document_.Open(isObject ? Document::Kind::Object : Document::Kind::List, Named()); }
+  void Open(bool isObject) override {
+    tick_();
+    document_.Open(isObject ? Document::Kind::Object : Document::Kind::List, Named());
+  }
   void Name(std::string_view name) override { name_ = document_.Intern(name); }
   void Close() override { document_.Close(); }
 
@@ -32,17 +35,18 @@ private:
   Document::Text Named() { return std::exchange(name_, 0); }
 
   Document& document_;
+  Ticker& tick_;
   Document::Text name_ = 0;  // of the value to come
 };
 
 }  // namespace
 
-Document ParseText(std::string_view text, std::string_view fileName) {
+Document ParseText(std::string_view text, std::string_view fileName, Ticker& tick) {
   Document document(fileName);
   if (text.size() > kLargestText) {
     document.Refuse("", "is longer than " + std::to_string(kLargestText) + " bytes, which the text of a model has at most");
   }
-  Handler handler(document);
+  Handler handler(document, tick);
   try {
     ParseJson(text, handler);
   } catch (JsonError const& error) {

@@ -53,29 +53,35 @@ std::string Content(std::istream& in, std::string_view fileName) {
   return text;
 }
 
-ddr_Model Parse(std::string_view text, std::string_view fileName) {
+ddr_Model Parse(std::string_view text, std::string_view fileName, Progress const& progress) {
   if (text.empty()) { throw StoreError(std::string(fileName) + ": is empty"); }
-  Document document = ParseText(text, fileName);
+  Ticker tick(progress);
+  Document document = ParseText(text, fileName, tick);
   using enum DocumentReader::Histories;
-  DocumentReader reader(document, VersionOf(document) == 1 ? Whole : Changes);
-  return reader.ReadModel({"format", "version"});
+  DocumentReader reader(document, VersionOf(document) == 1 ? Whole : Changes, tick);
+  ddr_Model model = reader.ReadModel({"format", "version"});
+  tick.Finish();
+  return model;
 }
 
 }  // namespace
 
-void WriteText(ddr_Model const& model, std::ostream& out) {
+void WriteText(ddr_Model const& model, std::ostream& out, Progress const& progress) {
   ModelSteps const steps(model);
-  TextWriter(steps, out).WriteModel(model);
+  Ticker tick(progress);
+  TextWriter(steps, out, tick).WriteModel(model);
 }
 
-ddr_Model ReadText(std::istream& in, std::string_view fileName) { return Parse(Content(in, fileName), fileName); }
+ddr_Model ReadText(std::istream& in, std::string_view fileName, Progress const& progress) {
+  return Parse(Content(in, fileName), fileName, progress);
+}
 
-void TextFile::Save(ddr_Model const& model, Changed changed) {
+void TextFile::Save(ddr_Model const& model, Changed changed, Progress const& progress) {
   try {
     ReplacingFile file(path_);
     if (stamp_ && changed == Changed::Refuse && file.Present().value_or(*stamp_) != *stamp_) { throw StoreError(std::string(kWasChanged)); }
     try {
-      WriteText(model, file.Stream());
+      WriteText(model, file.Stream(), progress);
     } catch (StoreError const& error) {
       if (file.Failure().empty()) { throw; }
       throw StoreError(std::string(error.what()) + ": " + file.Failure());
@@ -85,13 +91,13 @@ void TextFile::Save(ddr_Model const& model, Changed changed) {
   } catch (StoreError const& error) { throw StoreError(path_.string() + ": " + error.what()); }
 }
 
-ddr_Model TextFile::Open() {
+ddr_Model TextFile::Open(Progress const& progress) {
   std::error_code error;
   if (std::filesystem::is_directory(path_, error)) { throw StoreError(path_.string() + ": is a folder, not a file"); }
   std::ifstream in(path_, std::ios::binary);
   if (!in) { throw StoreError(path_.string() + ": cannot be read: " + std::generic_category().message(errno)); }
   std::string const text = Content(in, path_.string());
-  ddr_Model model = Parse(text, path_.string());
+  ddr_Model model = Parse(text, path_.string(), progress);
   stamp_.emplace().Take(text);
   return model;
 }

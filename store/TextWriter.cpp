@@ -18,7 +18,7 @@ constexpr std::size_t kBlock = 1 << 16;  // bytes that are handed to the stream 
 constexpr std::size_t Indentation(std::size_t depth) { return depth == 0 ? 0 : depth - 1; }
 }  // namespace
 
-TextWriter::TextWriter(ModelSteps const& steps, std::ostream& out) : StoreWriter(steps, ""), out_(out) {}
+TextWriter::TextWriter(ModelSteps const& steps, std::ostream& out, Ticker& tick) : StoreWriter(steps, ""), out_(out), tick_(tick) {}
 
 void TextWriter::WriteModel(ddr_Model const& model) {
   for (auto const& [member, extension] : model.Extensions()) {
@@ -98,6 +98,7 @@ void TextWriter::PutText(std::string_view member, std::string_view value) const 
 }
 
 void TextWriter::OpenObject(std::string_view member, std::string_view className) const {
+  tick_();
   bool const isValue = className.empty() && open_.back().kind != Kind::List;  // of its owner, which holds it
   Open(member, Kind::Object, isValue ? Layout::OneLine : Layout::Spread);
   if (!className.empty()) { PutText("class", className); }

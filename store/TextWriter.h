@@ -8,6 +8,7 @@
 
 #include "framework/mdl_MapString2ObjCow.h"
 #include "store/StoreWriter.h"
+#include "text/Progress.h"
 
 namespace gattr {
 
@@ -19,7 +20,8 @@ public:
   static constexpr std::string_view kOwnSteps = "steps";           ///< stands for a sequence that is the model's own
   static constexpr std::string_view kStep = "step", kOff = "off";  ///< tell of a record which step sets values or switches off
 
-  TextWriter(ModelSteps const& steps, std::ostream& out);
+  /// \p tick is told of every object.
+  TextWriter(ModelSteps const& steps, std::ostream& out, Ticker& tick);
 
   void WriteModel(ddr_Model const& model);
 
@@ -67,6 +69,7 @@ private:
   void Flush() const;
 
   std::ostream& out_;
+  Ticker& tick_;
   std::vector<mdl_NamedObjects const*> declared_;
   // writing goes through a const interface
   mutable std::string buffer_;

@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <optional>
 
+#include "command/Check.h"
 #include "command/Session.h"
+#include "store/ModelPath.h"
 #include "text/JsonText.h"
 
 namespace gattr {
@@ -91,6 +94,43 @@ TEST_F(Embedded, HandlesResolveByNameAndSayWhenTheirObjectIsGone) {
     EXPECT_EQ(refused.step, "S1");
     EXPECT_EQ(refused.refusal.module, "kbc");
   }
+}
+
+TEST_F(Embedded, LongWorkIsToldAndCanBeCancelledAtAnyMoment) {
+  ddr_Model const small = model_.Edits().Model();
+  for (int i = 0; i < 300; ++i) { model_.DisplacementBC("Fix" + std::to_string(i), "S1", {.region = "Top", .u1 = 1.0 * i}); }
+  ddr_Model const large = model_.Edits().Model();
+  // runs the work whole, counting the calls, and then stops it at each of them
+  auto const tryAll = [](auto&& work, auto&& isAsBefore) {
+    std::size_t calls = 0, last = 0;
+    auto const count = [&](std::size_t done, std::size_t total) {
+      EXPECT_GE(done, last);
+      EXPECT_TRUE(total == 0 || done <= total) << done << " of " << total;
+      last = done;
+      ++calls;
+      return true;
+    };
+    for (std::size_t stop = 1; calls == 0 || stop <= 4; ++stop) {
+      std::size_t left = stop;
+      EXPECT_THROW(work([&left](std::size_t, std::size_t) { return --left > 0; }), Cancelled);
+      isAsBefore();
+      if (stop == 4) { work(count); }
+    }
+    EXPECT_GT(calls, 4U);
+    EXPECT_GE(last, 256U);
+  };
+  for (std::string const name : {"progress.gadb", "progress.gattr.json"}) {
+    std::string const file = ::testing::TempDir() + name;
+    std::filesystem::remove(file);
+    ModelPath(file).Save(small);
+    tryAll([&](Progress const& progress) { ModelPath(file).Save(large, Changed::Overwrite, progress); },
+           [&] { EXPECT_TRUE(ModelPath(file).Open().Equals(small)) << name; });
+    Model other;
+    ddr_Model const empty = other.Edits().Model();
+    tryAll([&](Progress const& progress) { other.Open(file, progress); }, [&] { EXPECT_TRUE(other.Edits().Model().Equals(empty)); });
+    EXPECT_TRUE(other.Edits().Model().Equals(large)) << name;
+  }
+  tryAll([&](Progress const& progress) { Check(large, progress); }, [] {});
 }
 
 }  // namespace
