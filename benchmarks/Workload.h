@@ -157,8 +157,9 @@ template <class Fn> void InFamily(std::size_t attribute, Mix mix, Fn&& fn) {
 
 /// One edit of one attribute with its record.
 template <class Family> void Edit(Repository<Family>& repository, cow_String const& step, cow_String const& name, double value) {
-  repository.Get(name).Insert(step, Family::Values(value));
-  repository.RecordModify(name);
+  auto& attribute = repository.Get(name);
+  attribute.Insert(step, Family::Values(value));
+  repository.RecordModify(attribute);
 }
 template <class Family> void Add(Repository<Family>& repository, Plan const& plan, cow_String const& name) {
   typename Family::Type attribute;
@@ -167,8 +168,9 @@ template <class Family> void Add(Repository<Family>& repository, Plan const& pla
   repository.Insert(name, attribute);
   for (cow_String const& step : plan.changes) { Edit<Family>(repository, step, name, value += 1.0); }
   if (plan.off.IsEmpty()) { return; }
-  repository.Get(name).Deactivate(plan.off);
-  repository.RecordModify(name);
+  auto& added = repository.Get(name);
+  added.Deactivate(plan.off);
+  repository.RecordModify(added);
 }
 /// \p of is asked for the repository of each family.
 template <class Of> void AddAll(Of&& of, Plan const& plan, std::vector<cow_String> const& names, Mix mix) {

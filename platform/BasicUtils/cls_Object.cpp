@@ -26,7 +26,7 @@ void* BeginOf(cls_Object& object) { return &object; }
 }  // namespace
 
 void cls_Object::DBWrite(cls_WriteVisitor const& out) const {
-  if (!out.StartWrite(DynTypeId(), uid_)) { return; }  // written already
+  if (!out.StartWrite(DynTypeId(), Uid())) { return; }  // written already
   cls_Object const* const fresh = out.NewLike(*this);
   for (cls_MemberRow const& row : MemberRows()) {
     if (row.again && out.IsBrief()) { continue; }  // told under its first name
@@ -36,7 +36,7 @@ void cls_Object::DBWrite(cls_WriteVisitor const& out) const {
 }
 
 void cls_Object::NewUid() {
-  uid_ = cls_Uid::AllocateUid();
+  number_ = cls_Uid::AllocateNumber();
   for (cls_MemberRow const& row : MemberRows()) { row.ops->newUid(row.In(BeginOf(*this))); }
 }
 

@@ -22,7 +22,7 @@ class DDB_API cls_Object : public mem_Counted {
 public:
   using Root = cls_Object;
 
-  cls_Object() : uid_(cls_Uid::AllocateUid()) {}
+  cls_Object() = default;
   cls_Object(cls_Object const&) = default;
   cls_Object& operator=(cls_Object const&) = default;
   virtual ~cls_Object();
@@ -49,12 +49,13 @@ public:
   /// members that do not fit each other.
   virtual void Restored(cls_ReadVisitor const& /*in*/) {}
 
-  cls_Uid const& Uid() const { return uid_; }
+  virtual cls_Uid Uid() const { return cls_Uid::OfObject(number_); }
 
 protected:
   /// Refuses a value for the member \p name; \p expected says what fits. Raises nex_TextException unless the class has a
   /// numbered refusal of its own.
   [[noreturn]] virtual void RefuseValue(std::string_view name, cls_MemberText const& text, std::string_view expected) const;
 
-  cls_Uid uid_;
+private:
+  std::uint64_t number_ = cls_Uid::AllocateNumber();  // of its identity
 };

@@ -17,21 +17,18 @@ public:
   /// The null identity: of nothing.
   constexpr cls_Uid() = default;
 
-  /// A fresh identity. Thread safe.
-  static cls_Uid AllocateUid() { return {AllocateNumber(), 0}; }
-  /// A fresh number, for owners that keep an identity in less than two words: never 0, given once, below 2^kNumberBits. Each
-  /// thread takes numbers in blocks: they rise within a thread, and cost no more than a look at the thread's own block.
+  /// A fresh number, all that an owner keeps of its identity: never 0, given once, below 2^kNumberBits. Each thread takes
+  /// numbers in blocks: they rise within a thread, and cost no more than a look at the thread's own block. Thread safe.
   static std::uint64_t AllocateNumber() {
     if (last_ % kBlock == 0) { TakeBlock(); }
     return ++last_;
   }
   static constexpr int kNumberBits = 56;  // lasts for two years at a number every nanosecond
-  /// The identity of the element \p part of the list \p owner.
-  static constexpr cls_Uid OfElement(cls_Uid owner, cls_Uid part) { return {owner.number_, part.number_}; }
-  /// The same of an element that is known by a number of the list's own.
+  /// The identity of an object that keeps \p number, from AllocateNumber.
+  static constexpr cls_Uid OfObject(std::uint64_t number) { return {number, 0}; }
+  /// The identity of an element of the list \p owner, known by a number of the list's own.
   static constexpr cls_Uid OfElement(cls_Uid owner, std::uint64_t part) { return {owner.number_, part}; }
-
-  /// The identity of a member of an object that keeps \p number, from AllocateNumber, alone.
+  /// The identity of a member that keeps \p number, from AllocateNumber.
   static constexpr cls_Uid OfMember(std::uint64_t number) { return {number, kMemberPart}; }
 
   constexpr bool IsNull() const { return number_ == 0; }

@@ -14,11 +14,11 @@ TEST(Uid, IsUniqueInTheProcessWhateverItIsOf) {
   std::vector<std::thread> threads;
   for (std::vector<cls_Uid>& uids : made) {
     threads.emplace_back([&uids] {
-      cls_Uid const list = cls_Uid::AllocateUid();
+      cls_Uid const list = cls_Uid::OfObject(cls_Uid::AllocateNumber());
       for (std::size_t i = 0; i < kEach; ++i) {
-        uids.push_back(cls_Uid::AllocateUid());
+        uids.push_back(cls_Uid::OfObject(cls_Uid::AllocateNumber()));
         uids.push_back(cls_Uid::OfMember(cls_Uid::AllocateNumber()));
-        uids.push_back(cls_Uid::OfElement(list, uids[3 * i]));
+        uids.push_back(cls_Uid::OfElement(list, cls_Uid::AllocateNumber()));
       }
     });
   }

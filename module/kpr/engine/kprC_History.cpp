@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <numeric>
 
 #include "module/kpr/engine/kprC_Propagator.h"
 #include "platform/BasicUtils/cls_Weight.h"
@@ -54,9 +55,9 @@ struct kprC_History::Loans {
 
 // ---- what an attribute says, in one piece
 
-cow_Handle<kprC_History::Body> kprC_History::Body::Make(kprC_Family const& family) {
-  Records const one{1};  // the creation
-  return cow_Handle<Body>(std::unique_ptr<Body>(new (one) Body(&family, one)));
+cow_Handle<kprC_History::Body> kprC_History::Body::Make(kprC_Family const& family, std::size_t room) {
+  Records const records{static_cast<std::uint32_t>(std::max<std::size_t>(room, 1))};  // the creation at least
+  return cow_Handle<Body>(std::unique_ptr<Body>(new (records) Body(&family, records)));
 }
 
 std::unique_ptr<kprC_History::Body> kprC_History::Body::Copy() const {
@@ -67,29 +68,40 @@ std::unique_ptr<kprC_History::Body> kprC_History::Body::Copy() const {
   return copy;
 }
 
-kprC_History::Own& kprC_History::Body::Insert(cow_Handle<Body>& body, Own const* at) {
-  auto const place = at - body->begin();
-  if (body->count_ == body->room_) {
-    Records const more{2 * body->room_};
-    std::unique_ptr<Body> larger(new (more) Body(*body, more));
-    std::uninitialized_move(body.Get().begin(), body.Get().end(), larger->begin());
-    larger->count_ = body->count_;
-    body = cow_Handle<Body>(std::move(larger));
+kprC_History::Own& kprC_History::Body::Insert(cow_Handle<Body>& body, std::size_t place) {
+  bool const shared = body->IsShared();
+  if (!shared && body->count_ < body->room_) {
+    Body& own = body.Get();
+    Own* const made = own.begin() + place;
+    Own* const end = std::construct_at(own.end());
+    ++own.count_;
+    if (made == end) { return *made; }
+    std::move_backward(made, end, end + 1);
+    return *made = Own();
   }
-  Body& to = body.Get();
-  Own* const made = to.begin() + place;
-  Own* const end = std::construct_at(to.end());
-  ++to.count_;
-  if (made == end) { return *made; }
-  std::move_backward(made, end, end + 1);
-  return *made = Own();
+  Records const more{shared ? body->count_ + 1 : 2 * body->room_};
+  std::unique_ptr<Body> other(new (more) Body(*body, more));
+  Own* const made = other->begin() + place;
+  auto const fill = [&](auto first, auto last) {
+    std::uninitialized_copy_n(first, place, other->begin());
+    std::construct_at(made);
+    std::uninitialized_copy(first + static_cast<std::ptrdiff_t>(place), last, made + 1);
+  };
+  if (shared) {
+    fill(body->begin(), body->end());
+  } else {
+    fill(std::make_move_iterator(body.Get().begin()), std::make_move_iterator(body.Get().end()));
+  }
+  other->count_ = body->count_ + 1;
+  body = cow_Handle<Body>(std::move(other));
+  return *made;
 }
 
 void kprC_History::Body::Erase(Own const* from, Own const* to) {
   Own* const first = begin() + (from - begin());
   Own* const left = std::move(begin() + (to - begin()), end(), first);
   std::destroy(left, end());
-  count_ = static_cast<std::size_t>(left - begin());
+  count_ = static_cast<std::uint32_t>(left - begin());
 }
 
 kprC_History::kprC_History(kprC_Family const& family) : body_(Body::Make(family)) {}
@@ -280,23 +292,25 @@ std::size_t kprC_History::WeightBeside(kprC_History const* other) const {
 // ---- changing
 
 kprC_History::Own& kprC_History::Put(Number step) {
-  Touch(step, step);
-  auto const owns = Owns();
-  auto const at = std::ranges::lower_bound(owns, step, {}, &Own::step);
-  if (at != owns.end() && at->step == step) {
-    at->on.Reset();
-    at->off.Reset();
-    at->creation = false;
-    return *at;
+  auto const owns = OwnRecords();
+  auto const place = static_cast<std::size_t>(std::ranges::lower_bound(owns, step, {}, &Own::step) - owns.begin());
+  if (place < owns.size() && owns[place].step == step) {
+    Own& own = Owns()[place];
+    own.on.Reset();
+    own.off.Reset();
+    own.creation = false;
+    Touch(step, step);
+    return own;
   }
-  Own& own = Body::Insert(body_, owns.data() + (at - owns.begin()));
+  Own& own = Body::Insert(body_, place);
   own.step = own.source = step;
-  if (&own != body_.Get().begin()) {  // until the next pass
+  if (place > 0) {  // until the next pass
     Own const& before = *(&own - 1);
     own.source = before.source;
     own.base = before.base;
     own.untouched = before.untouched;
   }
+  Touch(step, step);
   return own;
 }
 
@@ -439,53 +453,58 @@ void kprC_History::Write(cls_WriteVisitor const& out, std::string_view name) con
 }
 
 void kprC_History::Read(cls_ReadVisitor const& in, std::string_view name) {
-  kprC_History read(Family());
-  kprC_StepSequence steps;
-  std::vector<std::pair<std::size_t, Stored>> told;
+  std::vector<Stored> told;
   std::size_t const count = in.StartList(name);
-  told.reserve(count);
   for (std::size_t i = 0; i < count; ++i) {
     Stored record;
     if (in.IsBrief()) {
-      record = ReadChange(in, name, told.empty() ? nullptr : &told.front().second.state);
-      bool const ofFirst = told.size() == 1 && record.stepName == told.front().second.stepName;
+      record = ReadChange(in, name, told.empty() ? nullptr : &told.front().state);
+      bool const ofFirst = told.size() == 1 && record.stepName == told.front().stepName;
       if (ofFirst && record.status == Status_::Deactivated && !ListsSwitchedOff(*record.state)) {
-        told.front().second.state.Get().SetSwitchedOff(true);
+        told.front().state.Get().SetSwitchedOff(true);
         continue;
       }
     } else {
       in.ReadNested("", [&](cls_ReadVisitor const& nested) { record = Family().readRecord(nested); });
     }
-    steps.Append(kprC_StepNameProcedurePair(record.stepName, record.procedure));
-    if (record.state) {
-      told.emplace_back(steps.Size() - 1, std::move(record));
-    } else if (record.status != Status_::NotYetCreated) {
-      in.Refuse(name, "a state in every record from the create step on");
-    }
+    if (!record.state && record.status != Status_::NotYetCreated) { in.Refuse(name, "a state in every record from the create step on"); }
+    told.push_back(std::move(record));
   }
   in.EndList();
   // Where the model's sequence is at hand, records stand on it at once; else on one of their own, to be matched by names.
-  auto const* const source = in.ReadsOwnRecordsOnly() ? dynamic_cast<kprC_StepSource const*>(&in) : nullptr;
+  bool const ownOnly = in.ReadsOwnRecordsOnly();
+  auto const* const source = ownOnly ? dynamic_cast<kprC_StepSource const*>(&in) : nullptr;
+  kprC_History read(Family());
+  read.body_ =
+      Body::Make(Family(), static_cast<std::size_t>(std::ranges::count_if(told, [](Stored const& record) { return bool(record.state); })));
   std::vector<std::size_t> places;
   if (source != nullptr) {
-    for (auto const& [index, record] : told) {
-      std::size_t const at = source->Steps().Find(record.stepName.View());
+    read.steps_ = source->Steps();
+    for (Stored const& record : told) {
+      std::size_t const at = read.steps_.Find(record.stepName.View());
       if (at == npos || (!places.empty() && at <= places.back())) { break; }
       places.push_back(at);
     }
   }
-  bool const standsOnModel = source != nullptr && places.size() == told.size();
-  read.steps_ = standsOnModel ? source->Steps() : kprC_StepTable(steps);
-  for (std::size_t i = 0; standsOnModel && i < told.size(); ++i) { told[i].first = places[i]; }
-  bool const ownOnly = in.ReadsOwnRecordsOnly();
-  for (auto& [index, record] : told) {
-    bool const isFirst = &record == &told.front().second, brief = in.IsBrief();
-    bool const isOff = record.status == Status_::Deactivated || record.status == Status_::InactiveAfterDeactivation;
-    if (!brief && isOff && !record.state->SwitchedOff() && !ListsSwitchedOff(*record.state)) { record.state.Get().SetSwitchedOff(true); }
-    bool const marked = brief && isFirst ? record.state->SwitchedOff() : kprC_IsOffByItself(record.status, *record.state, ownOnly);
-    read.Set(index, record.status, std::move(record.state), marked);
+  if (source == nullptr || places.size() != told.size()) {
+    kprC_StepSequence steps;
+    for (Stored const& record : told) { steps.Append(kprC_StepNameProcedurePair(record.stepName, record.procedure)); }
+    read.steps_ = kprC_StepTable(steps);
+    places.resize(told.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
   }
-  if (!told.empty()) { read.Owns().front().creation = true; }
+  bool isFirst = true;
+  for (std::size_t i = 0; i < told.size(); ++i) {
+    auto& [step, status, state, procedure] = told[i];
+    if (!state) { continue; }
+    bool const brief = in.IsBrief();
+    bool const isOff = status == Status_::Deactivated || status == Status_::InactiveAfterDeactivation;
+    if (!brief && isOff && !state->SwitchedOff() && !ListsSwitchedOff(*state)) { state.Get().SetSwitchedOff(true); }
+    bool const marked = brief && isFirst ? state->SwitchedOff() : kprC_IsOffByItself(status, *state, ownOnly);
+    read.Set(places[i], status, std::move(state), marked);
+    isFirst = false;
+  }
+  if (!isFirst) { read.Owns().front().creation = true; }
   read.TouchAll();
   *this = std::move(read);
 }

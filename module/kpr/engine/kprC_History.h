@@ -143,8 +143,8 @@ public:
   /// Bytes of the own records and of their states that \p other, which may be null, does not share.
   std::size_t WeightBeside(kprC_History const* other) const;
 
-  cls_Uid const& Uid() const { return body_->uid; }
-  void NewUid() { body_.Get().uid = cls_Uid::AllocateUid(); }
+  cls_Uid Uid() const { return cls_Uid::OfObject(body_->number); }
+  void NewUid() { body_.Get().number = cls_Uid::AllocateNumber(); }
 
   // Changes. Each leaves the records behind as they were carried before: Form is due.
 
@@ -185,7 +185,7 @@ private:
   /// What an attribute says, in one piece: the own records stand behind it, in the order of their steps.
   class Body : public mem_Counted {
   public:
-    static cow_Handle<Body> Make(kprC_Family const& family);
+    static cow_Handle<Body> Make(kprC_Family const& family, std::size_t room = 1);
     Body(Body const&) = delete;
     Body& operator=(Body const&) = delete;
     ~Body() { std::destroy(begin(), end()); }
@@ -197,8 +197,8 @@ private:
     Own const* begin() const { return std::launder(reinterpret_cast<Own const*>(this + 1)); }
     Own const* end() const { return begin() + count_; }
     std::size_t Room() const { return room_; }
-    /// Puts a record, still empty, before \p at into \p body, which is nobody else's; into a larger one where there is no room.
-    static Own& Insert(cow_Handle<Body>& body, Own const* at);
+    /// Puts a record, still empty, at \p place into \p body; into another one where there is no room or others share it.
+    static Own& Insert(cow_Handle<Body>& body, std::size_t place);
     /// Takes the records from \p from to \p to away.
     void Erase(Own const* from, Own const* to);
 
@@ -206,21 +206,26 @@ private:
     static void operator delete(void* memory) { ::operator delete(memory); }
 
     kprC_Family const* family;
-    cls_Uid uid = cls_Uid::AllocateUid();
+    std::uint64_t number = cls_Uid::AllocateNumber();  // of its identity
     cow_Handle<kprC_Carrying> carrying;
     Span touched;  // what Form has to look at
 
   private:
     struct Records {
-      std::size_t room;
+      std::uint32_t room;
     };
     Body(kprC_Family const* of, Records records) : family(of), room_(records.room) {}
     Body(Body const& other, Records records)
-        : mem_Counted(other), family(other.family), uid(other.uid), carrying(other.carrying), touched(other.touched), room_(records.room) {}
+        : mem_Counted(other),
+          family(other.family),
+          number(other.number),
+          carrying(other.carrying),
+          touched(other.touched),
+          room_(records.room) {}
     static void* operator new(std::size_t size, Records records) { return ::operator new(size + records.room * sizeof(Own)); }
     static void operator delete(void* memory, Records /*records*/) { ::operator delete(memory); }
 
-    std::size_t count_ = 0, room_;
+    std::uint32_t count_ = 0, room_;
   };
   static_assert(sizeof(Body) % alignof(Own) == 0);
   /// A status, and where the state is: \p state, or what \p source carries.

@@ -74,7 +74,7 @@ public:
     timeStamp_ = omi_gettimecounter();
     if (name.IsEmpty()) { return; }
     if (Handle* const item = map_.Get(name)) {
-      this->ChangedAt(Own(item->Get())) = timeStamp_;
+      this->SetChangedAt(Own(item->Get()), timeStamp_);
     } else {
       gone_.Insert(name, true);
     }
@@ -162,6 +162,11 @@ public:
     for (auto const& [name, item] : map_) { visit(name, *item); }
   }
   void RecordModify(cow_String const& name) override { Record(omu_ChangeKind::Modify, name); }
+  void RecordModify(kprC_StepDependent& item) override {
+    thr_ThreadSingleton<omu_ChangeHistory>::Instance().Append(omu_ChangeKind::Modify, item.Name());
+    UpdateTimeStamp(cow_String());
+    this->SetChangedAt(item, timeStamp_);
+  }
   bool ForEachChange(mdl_Extension const& before, mdl_Extension::ChangeVisitor const& visit) const override {
     cls_MemberTraits<decltype(map_)>::ForEachChange(static_cast<kprC_PropagatingContainer const&>(before).map_, map_, visit);
     return true;

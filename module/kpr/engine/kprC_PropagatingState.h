@@ -15,6 +15,15 @@ public:
   /// Takes what the record of \p step says; null where it holds no state.
   virtual void Take(kprC_StepNameProcedurePair const& step, mdl_PropagationStatusEnm inStep, cow_Handle<kprC_State> const& values,
                     cls_Uid uid) = 0;
+
+  cls_Uid Uid() const override { return inList_.IsNull() ? cls_Object::Uid() : inList_; }
+  void NewUid() override {
+    inList_ = {};
+    cls_Object::NewUid();
+  }
+
+protected:
+  cls_Uid inList_;  // the identity that it has in its attribute's list; null for one of its own
 };
 
 /// One record of an attribute: its status and state in one step. Records are values: state and procedure are shared handles,
@@ -29,7 +38,7 @@ public:
   /// The same with the identity that the record has in its list.
   kprC_PropagatingState(kprC_StepNameProcedurePair const& step, mdl_PropagationStatusEnm inStep, cow_Handle<S> values, cls_Uid uid)
       : kprC_PropagatingState(step, inStep, std::move(values)) {
-    this->uid_ = uid;
+    this->inList_ = uid;
   }
   explicit kprC_PropagatingState(cls_ReadVisitor const& in) { this->ReadFrom(in); }
 

@@ -35,7 +35,7 @@ public:
   virtual cow_List<cow_String> Keys() const = 0;
   /// The attribute for reading, or null.
   virtual kprC_StepDependent const* ConstItem(std::string_view name) const = 0;
-  /// The attribute for change, separated from all who share it, or null. Who changes it calls RecordModify.
+  /// The attribute for change, separated from all who share it, or null. Who changes it calls RecordModify with it.
   virtual kprC_StepDependent* Item(std::string_view name) = 0;
   /// Inserts a copy of \p item, which must be of the family.
   virtual bool InsertItem(cow_String const& name, kprC_StepDependent const& item) = 0;
@@ -46,6 +46,8 @@ public:
   virtual void ForEach(std::function<void(cow_String const&, kprC_StepDependent const&)> const& visit) const = 0;
   /// Records ("Modify", name + ".") and the change's time.
   virtual void RecordModify(cow_String const& name) = 0;
+  /// The same of an attribute that was taken for change: it is not looked up again.
+  virtual void RecordModify(kprC_StepDependent& item) = 0;
   /// Names changed since the list was last cleared, each once.
   virtual cow_List<cow_String> ChangedNames() const = 0;
   virtual void ClearChangedNames() = 0;
@@ -83,7 +85,9 @@ public:
 
 protected:
   // the calls of an attribute that are its repository's alone
-  static unsigned long long& ChangedAt(kprC_StepDependent& item) { return item.changedAt_; }
+  static void SetChangedAt(kprC_StepDependent& item, unsigned long long time) {
+    item.changedAt_ = time & ((std::uint64_t{1} << kprC_StepDependent::kTimeBits) - 1);
+  }
   static unsigned long long ChangedAt(kprC_StepDependent const& item) { return item.changedAt_; }
   static void Initialize(kprC_StepDependent& item, kprC_StepTable const& steps) { item.Initialize(steps); }
   static void InitializeStateValues(kprC_StepDependent& item, kprC_StepTable const& steps) { item.InitializeStateValues(steps); }

@@ -209,8 +209,9 @@ private:
   /// Takes \p steps for a history that was read, and refuses one that does not follow from its own records.
   virtual void RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable const& steps) = 0;
 
-  cow_String name_;                   // the key in the repository, not a stored member
-  unsigned long long changedAt_ = 0;  // the repository's time of its last change
+  cow_String name_;                          // the key in the repository, not a stored member
+  static constexpr int kTimeBits = 40;       // last for twelve days of a change every microsecond
+  std::uint64_t changedAt_ : kTimeBits = 0;  // the repository's time of its last change
 
 protected:
   bool checked_ = false;  // AssertValid has passed since the last change

@@ -8,7 +8,7 @@
 template <class Derived, class Base = cls_Object> class kprC_OfStep : public cls_Persistent<Derived, Base> {
 public:
   void DBWrite(cls_WriteVisitor const& out) const override {
-    if (!out.StartWrite(this->DynTypeId(), this->uid_)) { return; }
+    if (!out.StartWrite(this->DynTypeId(), this->Uid())) { return; }
     Derived const& self = this->Self();
     for (cls_MemberRow const& row : this->MemberRows()) {
       if (row.name == kProcedure && self.procedure) {
