@@ -364,6 +364,10 @@ bool RowReader::Has(std::string_view member) const {
 }
 
 bool RowReader::IsNull(std::string_view member) const {
+  if (IsNext(member, {})) {  // as nearly always, and mostly a value
+    std::size_t const at = text_->at + (frames_.back().place > 0 ? 1 : 0);
+    if (at < text_->data.size() && text_->data[at] != 'n') { return false; }
+  }
   return TakeIf(member, {}, [this] { return Accept("null"); });
 }
 
@@ -395,6 +399,20 @@ std::string RowReader::ReadText(std::string_view member) const {
   Take(member, expected);
   if (Peek() != '"') { RefuseValue(member, expected); }
   return TakeText(member, expected);
+}
+
+cow_String RowReader::ReadShared(std::string_view member) const {
+  constexpr std::string_view expected = "a text";
+  Take(member, expected);
+  if (Peek() != '"') { RefuseValue(member, expected); }
+  std::string_view const rest = text_->data.substr(text_->at + 1);
+  std::size_t size = 0, number = 0;
+  for (; rest[size] != '"' && rest[size] != '\\'; ++size) { number = 31 * number + static_cast<unsigned char>(rest[size]); }
+  if (rest[size] == '\\') { return TakeText(member, expected); }
+  cow_String& known = shared_[number % shared_.size()];
+  if (known != rest.substr(0, size)) { return known = TakeText(member, expected); }
+  text_->at += size + 2;
+  return known;
 }
 
 std::optional<unsigned> RowReader::ReadEnumerated(std::string_view member, std::string_view suffix) const {
@@ -520,14 +538,10 @@ template <class T> bool RowReader::Number(T& value) const {
 }
 
 bool RowReader::Accept(std::string_view what) const {
-  if (Peek() != what.front() || !text_->data.substr(text_->at).starts_with(what)) { return false; }
+  std::string_view const& data = text_->data;
+  if (text_->at + what.size() > data.size() || !AreSame(data.data() + text_->at, what.data(), what.size())) { return false; }
   text_->at += what.size();
   return true;
-}
-
-void RowReader::Expect(char what) const {
-  if (Peek() != what) { RefuseRow("holds what no writer has written"); }
-  ++text_->at;
 }
 
 void RowReader::Expect(std::string_view what) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <deque>
 #include <map>
 #include <set>
@@ -72,6 +73,7 @@ public:
   long long ReadInteger(std::string_view member) const override;
   double ReadReal(std::string_view member) const override;
   std::string ReadText(std::string_view member) const override;
+  cow_String ReadShared(std::string_view member) const override;
   std::optional<unsigned> ReadEnumerated(std::string_view member, std::string_view suffix) const override;
   cow_Handle<cls_Object> ReadObject(std::string_view member) const override { return ReadAny(member, {}); }
   cow_Handle<cls_Object> ReadReference(std::string_view member, std::string_view name) const override { return ReadAny(member, name); }
@@ -143,7 +145,10 @@ private:
   template <class T> bool Number(T& value) const;
   bool Accept(std::string_view what) const;
   void Expect(std::string_view what) const;
-  void Expect(char what) const;
+  void Expect(char what) const {
+    if (Peek() != what) { RefuseRow("holds what no writer has written"); }
+    ++text_->at;
+  }
   std::string_view Token() const;
   std::string TakeText(std::string_view member, std::string_view expected) const;
 
@@ -165,6 +170,7 @@ private:
   mutable std::size_t depth_ = 0;   // how many are open
   mutable Text* text_ = nullptr;
   mutable std::vector<Frame> frames_;
+  mutable std::array<cow_String, 256> shared_;  // texts met last, by a number of each
   mutable kprC_StepTable steps_;
   mutable std::size_t objectsRead_ = 0;  // extensions whose rows have been taken
 };

@@ -195,7 +195,7 @@ template <> struct cls_MemberTraits<double> : cls_PlainTraits {
 template <> struct cls_MemberTraits<cow_String> : cls_PlainTraits {
   static void Describe(cls_MemberInfo& info) { info.kind = cls_MemberKind::String; }
   static void Write(cls_WriteVisitor const& out, std::string_view name, cow_String const& value) { out.WriteText(name, value.View()); }
-  static void Read(cls_ReadVisitor const& in, std::string_view name, cow_String& value) { value = cow_String(in.ReadText(name)); }
+  static void Read(cls_ReadVisitor const& in, std::string_view name, cow_String& value) { value = in.ReadShared(name); }
   static cls_Value ToValue(cow_String const& value) { return std::string(value.View()); }
   static std::string_view FromValue(cow_String& value, cls_Value const& from) {
     auto const* text = from.As<std::string>();

@@ -10,6 +10,7 @@
 
 #include "platform/BasicUtils/cls_Uid.h"
 #include "platform/BasicUtils/cow_Handle.h"
+#include "platform/BasicUtils/cow_String.h"
 #include "platform/CoreUtils/ddb_Export.h"
 
 class cls_Object;
@@ -85,6 +86,8 @@ public:
   virtual long long ReadInteger(std::string_view member) const = 0;
   virtual double ReadReal(std::string_view member) const = 0;
   virtual std::string ReadText(std::string_view member) const = 0;
+  /// The same as a text to keep: a visitor that has met it before may share it.
+  virtual cow_String ReadShared(std::string_view member) const { return ReadText(member); }
   /// The number of an enumerated value; none where its text is to be read instead.
   virtual std::optional<unsigned> ReadEnumerated(std::string_view /*member*/, std::string_view /*suffix*/) const { return {}; }
   /// The object member, made by its class; null for a null member. What was written once comes back as one object.

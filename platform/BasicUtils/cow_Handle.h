@@ -1,10 +1,12 @@
 #pragma once
 
+#include <atomic>
 #include <cassert>
 #include <concepts>
 #include <cstddef>
 #include <memory>
 #include <type_traits>
+#include <typeinfo>
 #include <utility>
 
 #include "platform/BasicUtils/mem_Counted.h"
@@ -82,7 +84,7 @@ public:
   /// A handle to the same object as a \p To, null when it is none.
   template <class To> [[nodiscard]] cow_Handle<To> As() const noexcept {
     cow_Handle<To> result;
-    result.object_ = dynamic_cast<To*>(object_);
+    result.object_ = Cast<To>(object_);
     result.Retain();
     return result;
   }
@@ -92,6 +94,21 @@ private:
 
   void Retain() const noexcept {
     if (object_ != nullptr) { object_->Retain(); }
+  }
+
+  /// As dynamic_cast, which walks the bases by name: of the class that was asked for last the answer is kept, as whoever reads
+  /// many objects asks for it again and again.
+  template <class To> static To* Cast(T* object) noexcept {
+    if constexpr (requires { static_cast<To*>(object); }) {
+      static constinit std::atomic<std::type_info const*> known{nullptr};  // a class whose objects are a To
+      if (object == nullptr) { return nullptr; }
+      std::type_info const* const type = &typeid(*object);
+      if (type == known.load(std::memory_order_relaxed)) { return static_cast<To*>(object); }
+      To* const cast = dynamic_cast<To*>(object);
+      if (cast != nullptr) { known.store(type, std::memory_order_relaxed); }
+      return cast;
+    }
+    return dynamic_cast<To*>(object);
   }
 
   static std::unique_ptr<T> Separate(T const& object) {

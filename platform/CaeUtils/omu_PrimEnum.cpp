@@ -71,7 +71,7 @@ omu_PrimEnumBase::omu_PrimEnumBase(PrimEnumTableEl const* table, cls_ReadVisitor
     row_ = FindRow(table, *number);
     if (row_ == nullptr) { Refuse(refusal, NumberText(*number), table); }
   } else {
-    std::string const text = in.ReadText(std::string(member).append(suffix));
+    cow_String const text = in.ReadShared(suffix.empty() ? member : std::string(member).append(suffix));
     row_ = FindRow(table, text);
     if (row_ == nullptr) { Refuse(refusal, text, table); }
   }

@@ -439,7 +439,9 @@ void kprC_Attribute::Restored(cls_ReadVisitor const& in) {
 
 void kprC_Attribute::RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable const& steps) {
   // the repository, which calls later, has the name at hand, the visitor then has not
-  std::string const member = Name().IsEmpty() ? "states" : std::string(Name().View()) + " / states";
+  auto const refuse = [&](std::string const& expected) {
+    in.Refuse(Name().IsEmpty() ? "states" : std::string(Name().View()) + " / states", expected);
+  };
   struct Stored {
     std::size_t at;  // in the sequence
     Status_ status;
@@ -456,7 +458,7 @@ void kprC_Attribute::RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable co
     next = at + 1;
     stored.push_back({at, own.status, own.state});
   });
-  if (!fits) { in.Refuse(member, "one record for each step of the sequence, in step order"); }
+  if (!fits) { refuse("one record for each step of the sequence, in step order"); }
   States().Attach(steps);
   FormHistory();
   for (Stored const& own : stored) {
@@ -464,11 +466,8 @@ void kprC_Attribute::RestoreHistory(cls_ReadVisitor const& in, kprC_StepTable co
     kprC_State const* const state = States().State(own.at);
     bool const same = state == own.state.ConstGet() || (state != nullptr && state->Equals(*own.state));
     if (States().Status(own.at) != own.status || !same) {
-      in.Refuse(member,
-                "in step \"" + std::string(steps.Name(own.at).View()) + "\" the status and the state that follow from the steps before");
+      refuse("in step \"" + std::string(steps.Name(own.at).View()) + "\" the status and the state that follow from the steps before");
     }
   }
-  if (in.ReadsOwnRecordsOnly() && States().OwnCount() != stored.size()) {
-    in.Refuse(member, "only records that say something of their own");
-  }
+  if (in.ReadsOwnRecordsOnly() && States().OwnCount() != stored.size()) { refuse("only records that say something of their own"); }
 }

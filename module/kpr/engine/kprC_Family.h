@@ -145,8 +145,8 @@ template <kprC_FamilyRules Rules> struct kprC_FamilyTables {
     out.WriteNested("", Record({stored.stepName, stored.procedure}, stored.status, Record::Typed(stored.state), uid));
   }
   static kprC_Family::Stored Read(cls_ReadVisitor const& in) {
-    Record const record(in);
-    return {record.stepName, record.status, record.state, record.procedure};
+    Record record(in);
+    return {std::move(record.stepName), record.status, std::move(record.state), std::move(record.procedure)};
   }
   static cow_Handle<kprC_State> AsState(cow_Handle<cls_Object> const& object) { return object.template As<typename Rules::State>(); }
 };
