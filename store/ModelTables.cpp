@@ -213,18 +213,22 @@ void ModelTables::Clear() {
   for (char const* const view : kViews) { database_.Run(view); }
 }
 
-ModelTables::Statements& ModelTables::Prepared(Table table) {
-  Statements& statements = statements_[static_cast<std::size_t>(table)];
-  if (statements.put) { return statements; }
+Database::Statement& ModelTables::Prepared(Table table, With with) {
+  auto& statement = statements_[static_cast<std::size_t>(table)][static_cast<std::size_t>(with)];
+  if (statement) { return *statement; }
   TableLayout const& layout = LayoutOf(table);
   std::string const name = layout.name;
-  std::string places = "?";  // of the checksum
-  for (std::size_t i = 0; i < layout.columns.size(); ++i) { places += ", ?"; }
-  std::string const condition = KeyCondition(layout);
-  statements.find.emplace(database_, ("SELECT * FROM " + name + condition).c_str());
-  statements.put.emplace(database_, ("INSERT OR REPLACE INTO " + name + " VALUES(" + places + ")").c_str());
-  statements.remove.emplace(database_, ("DELETE FROM " + name + condition).c_str());
-  return statements;
+  std::string text;
+  switch (with) {
+    case With::Find: text = "SELECT * FROM " + name + KeyCondition(layout); break;
+    case With::Put:
+      text = "INSERT OR REPLACE INTO " + name + " VALUES(?";  // the checksum
+      for (std::size_t i = 0; i < layout.columns.size(); ++i) { text += ", ?"; }
+      text += ")";
+      break;
+    case With::Remove: text = "DELETE FROM " + name + KeyCondition(layout); break;
+  }
+  return statement.emplace(database_, text.c_str());
 }
 
 std::int64_t ModelTables::ChecksumOf(Table table, Row const& row) {
@@ -244,9 +248,8 @@ std::int64_t ModelTables::MetaChecksum(Stamp const& stamp, Totals const& totals)
 
 void ModelTables::Put(Table table, Row const& row) {
   TableLayout const& layout = LayoutOf(table);
-  Statements& statements = Prepared(table);
   if (!cleared_) {
-    Database::Statement& find = BindKey(*statements.find, layout, row);
+    Database::Statement& find = BindKey(Prepared(table, With::Find), layout, row);
     if (find.Step()) {
       bool const equal = Fetch(find, layout) == row;
       std::int64_t const checksum = find.Number(ChecksumColumn(layout));
@@ -256,7 +259,7 @@ void ModelTables::Put(Table table, Row const& row) {
     }
   }
   std::int64_t const checksum = ChecksumOf(table, row);
-  Database::Statement& put = *statements.put;
+  Database::Statement& put = Prepared(table, With::Put);
   int parameter = 0;
   for (TableColumn const& column : layout.columns) { Bind(put, ++parameter, column.field, row); }
   put.Bind(++parameter, checksum).Run();
@@ -266,12 +269,11 @@ void ModelTables::Put(Table table, Row const& row) {
 
 void ModelTables::Remove(Table table, Row const& key) {
   TableLayout const& layout = LayoutOf(table);
-  Statements& statements = Prepared(table);
-  Database::Statement& find = BindKey(*statements.find, layout, key);
+  Database::Statement& find = BindKey(Prepared(table, With::Find), layout, key);
   if (!find.Step()) { return; }
   totals_.Subtract(find.Number(ChecksumColumn(layout)));
   find.Reset();
-  BindKey(*statements.remove, layout, key).Run();
+  BindKey(Prepared(table, With::Remove), layout, key).Run();
   changed_ = true;
 }
 

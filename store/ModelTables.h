@@ -71,9 +71,8 @@ public:
   void CheckComplete() const;
 
 private:
-  struct Statements {
-    std::optional<Database::Statement> find, put, remove;
-  };
+  /// What is done with one row of a table.
+  enum class With { Find, Put, Remove };
   struct Totals {
     std::int64_t rows = 0;
     std::int64_t sum = 0;  ///< of the checksums
@@ -84,7 +83,8 @@ private:
   };
 
   TableLayout const& LayoutOf(Table table) const;
-  Statements& Prepared(Table table);
+  /// The statement for that, which is prepared when it is asked for first.
+  Database::Statement& Prepared(Table table, With with);
   static std::int64_t ChecksumOf(Table table, Row const& row);
   static std::int64_t MetaChecksum(Stamp const& stamp, Totals const& totals);
   /// Removes the rows that match \p condition with the parameter \p bound.
@@ -96,7 +96,7 @@ private:
   Stamp stamp_;
   Totals totals_;  ///< of the rows that are written
   Totals read_;    ///< of those that have been read
-  std::array<Statements, kTables.size()> statements_;
+  std::array<std::array<std::optional<Database::Statement>, 3>, kTables.size()> statements_;
 };
 
 }  // namespace gattr

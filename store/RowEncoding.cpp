@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 
@@ -124,8 +125,11 @@ void RowWriter::PutInteger(std::string_view member, long long value) const {
 }
 
 void RowWriter::PutReal(std::string_view member, double value) const {
+  constexpr double kMost = 1e5;  // from here on a power of ten may be shorter
   char digits[32];
-  Put(member, Digits(value, digits));
+  auto const whole = static_cast<int>(std::abs(value) < kMost ? value : 0.0);
+  bool const isWhole = static_cast<double>(whole) == value && !std::signbit(value);
+  Put(member, isWhole ? Digits(whole, digits) : Digits(value, digits));
 }
 
 void RowWriter::PutText(std::string_view member, std::string_view value) const {
