@@ -191,10 +191,28 @@ cow_Handle<cls_Object> RowReader::MakeObject(std::string_view name) const {
     Say(Path("class"), "expected a class that can be made, found \"" + frame.type->name + "\"");
   }
   frame.typeId = type.metadata->typeId;
+  Made* const made = type.isPlain ? &LikeNext() : nullptr;
+  if (made != nullptr && made->object) {
+    frames_.pop_back();
+    Expect("]}");
+    return text_->objects[number] = made->object;
+  }
   Object object = type.metadata->Read(*this);
   CloseObject();
+  if (made != nullptr) { made->object = object; }
   text_->objects[number] = object;
   return object;
+}
+
+RowReader::Made& RowReader::LikeNext() const {
+  Frame& frame = frames_.back();
+  GoTo(frame.count);
+  std::string_view const values = text_->data.substr(frame.begin, text_->at - frame.begin);
+  Made& made = made_[std::hash<std::string_view>()(values) % made_.size()];
+  if (made.type == frame.type && made.values == values) { return made; }
+  made = {frame.type, values, {}};
+  GoTo(0);
+  return made;
 }
 
 void RowReader::OpenObject(std::string_view name) const {
@@ -219,7 +237,11 @@ void RowReader::OpenObject(std::string_view name) const {
     for (std::string const& member : frame.type->members) {
       if (!seen.insert(member).second) { Say(Path(member), "stands twice"); }
     }
-    type = {true, cls_MetadataRegistrar::Registrar().Find(frame.type->name)};
+    cls_ClassMetadata const* const metadata = cls_MetadataRegistrar::Registrar().Find(frame.type->name);
+    bool const byRows = metadata != nullptr && metadata->construct == nullptr;
+    type = {true, metadata, byRows && std::ranges::none_of(metadata->members, [](cls_MemberInfo const& member) {
+                              return member.kind == cls_MemberKind::Object;
+                            })};
   }
 }
 
@@ -421,7 +443,7 @@ std::optional<unsigned> RowReader::ReadEnumerated(std::string_view member, std::
   if (IsNext(member, suffix)) {
     std::size_t const at = text_->at;
     if (frame.place > 0) { Expect(','); }
-    if (!Number(number)) { return text_->at = at, std::nullopt; }
+    if (Peek() == '"' || !Number(number)) { return text_->at = at, std::nullopt; }
     ++frame.place;
     return number;
   }

@@ -93,6 +93,7 @@ private:
   struct Type {
     bool known = false;
     cls_ClassMetadata const* metadata = nullptr;
+    bool isPlain = false;  ///< whether its objects are their values, and no object among these
   };
   /// What is open on the way to a value.
   struct Frame {
@@ -116,6 +117,13 @@ private:
     std::vector<Object> objects;        ///< that a reference may mean; null while they are being made
   };
 
+  /// An object by its values.
+  struct Made {
+    RowClasses::Class const* type = nullptr;
+    std::string_view values;
+    Object object;  ///< null while it is being made
+  };
+
   kprC_StepSequence ReadHome() const;
 
   /// Looks through the data: every bracket has its partner, every text its end.
@@ -127,6 +135,9 @@ private:
   /// Opens the object at the place; its class is known then.
   void OpenObject(std::string_view name) const;
   void CloseObject() const;
+  /// What was made of the values of the object that is open, which are passed then; else a place for what will be, and they come
+  /// next.
+  Made& LikeNext() const;
   void OpenList(Frame::Kind kind, std::string_view name) const;
 
   /// Goes to the value of \p member, which is refused where it is not there.
@@ -170,7 +181,9 @@ private:
   mutable std::size_t depth_ = 0;   // how many are open
   mutable Text* text_ = nullptr;
   mutable std::vector<Frame> frames_;
-  mutable std::array<cow_String, 256> shared_;  // texts met last, by a number of each
+  // met last, each at a place that its characters give: texts, and objects, which attributes that say the same then share
+  mutable std::array<cow_String, 256> shared_;
+  mutable std::array<Made, 1024> made_;
   mutable kprC_StepTable steps_;
   mutable std::size_t objectsRead_ = 0;  // extensions whose rows have been taken
 };

@@ -10,9 +10,13 @@ void cls_ReadRows(cls_MemberRows rows, void* object, cls_ReadVisitor const& in) 
     bool const mayBeMissing = brief || row.text.later;
     bool const told = !mayBeMissing || in.Has(row.name) || (row.ops->propagate != nullptr && in.Has(std::string(row.name) + "State"));
     bool const isToldAgain = row.again && told && wasTold;
-    cls_Value const before = isToldAgain ? row.ToValue(object) : cls_Value();
-    if (told) { row.Read(in, object); }
-    if (isToldAgain && !(before == row.ToValue(object))) { in.Refuse(row.name, "what the member says under its other name"); }
+    if (isToldAgain) {
+      cls_Value const before = row.ToValue(object);
+      row.Read(in, object);
+      if (!(before == row.ToValue(object))) { in.Refuse(row.name, "what the member says under its other name"); }
+    } else if (told) {
+      row.Read(in, object);
+    }
     wasTold = told;
   }
 }

@@ -455,6 +455,7 @@ void kprC_History::Write(cls_WriteVisitor const& out, std::string_view name) con
 void kprC_History::Read(cls_ReadVisitor const& in, std::string_view name) {
   std::vector<Stored> told;
   std::size_t const count = in.StartList(name);
+  told.reserve(count);
   for (std::size_t i = 0; i < count; ++i) {
     Stored record;
     if (in.IsBrief()) {
