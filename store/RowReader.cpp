@@ -124,7 +124,7 @@ kprC_StepSequence RowReader::ReadHome() const {
 void RowReader::Start(Text& text, std::string_view data) const {
   text.data = data;
   text.at = text.bracket = 0;
-  text.counts.clear();
+  text.inside.clear();
   text.objects.clear();
   struct Open {
     std::uint32_t number;
@@ -150,22 +150,24 @@ void RowReader::Start(Text& text, std::string_view data) const {
       case '[':
       case '{':
         if (depth == kDeepest) { RefuseRow("nests deeper than " + std::to_string(kDeepest) + " objects and lists"); }
-        open[depth++] = {static_cast<std::uint32_t>(text.counts.size()), *at == '[' ? ']' : '}'};
-        text.counts.push_back(at + 1 != end && at[1] == open[depth - 1].closes ? 0 : 1);
+        open[depth++] = {static_cast<std::uint32_t>(text.inside.size()), *at == '[' ? ']' : '}'};
+        text.inside.push_back({.values = at + 1 != end && at[1] == open[depth - 1].closes ? 0U : 1U});
         break;
       case ',':
         if (depth == 0) { RefuseRow("goes on behind its end"); }
-        ++text.counts[open[depth - 1].number];
+        ++text.inside[open[depth - 1].number].values;
         break;
       case ']':
       case '}':
         if (depth == 0 || open[depth - 1].closes != *at) { RefuseRow("closes what is not open"); }
         if (--depth == 0 && at + 1 != end) { RefuseRow("goes on behind its end"); }
+        text.inside[open[depth].number].end = static_cast<std::size_t>(at - data.data());
+        text.inside[open[depth].number].brackets = static_cast<std::uint32_t>(text.inside.size()) - open[depth].number - 1;
         break;
       default: break;
     }
   }
-  if (depth != 0 || text.counts.empty()) { RefuseRow("ends too early"); }
+  if (depth != 0 || text.inside.empty()) { RefuseRow("ends too early"); }
 }
 
 cow_Handle<cls_Object> RowReader::MakeRow(std::string_view data, std::string_view name) const {
@@ -193,6 +195,9 @@ cow_Handle<cls_Object> RowReader::MakeObject(std::string_view name) const {
   frame.typeId = type.metadata->typeId;
   Made* const made = type.isPlain ? &LikeNext() : nullptr;
   if (made != nullptr && made->object) {
+    Inside const& values = text_->inside[frame.bracket - 1];
+    text_->at = values.end;
+    text_->bracket += values.brackets;
     frames_.pop_back();
     Expect("]}");
     return text_->objects[number] = made->object;
@@ -205,13 +210,10 @@ cow_Handle<cls_Object> RowReader::MakeObject(std::string_view name) const {
 }
 
 RowReader::Made& RowReader::LikeNext() const {
-  Frame& frame = frames_.back();
-  GoTo(frame.count);
-  std::string_view const values = text_->data.substr(frame.begin, text_->at - frame.begin);
+  Frame const& frame = frames_.back();
+  std::string_view const values = text_->data.substr(frame.begin, text_->inside[frame.bracket - 1].end - frame.begin);
   Made& made = made_[std::hash<std::string_view>()(values) % made_.size()];
-  if (made.type == frame.type && made.values == values) { return made; }
-  made = {frame.type, values, {}};
-  GoTo(0);
+  if (made.type != frame.type || made.values != values) { made = {frame.type, values, {}}; }
   return made;
 }
 
@@ -226,7 +228,7 @@ void RowReader::OpenObject(std::string_view name) const {
   Expect("\":[");
   if (error != std::errc() || number >= rows_.classes.Size()) { RefuseRow("refers to a class that is not there"); }
   frame.type = &rows_.classes[number];
-  frame.count = text_->counts[text_->bracket + 1];
+  frame.count = text_->inside[text_->bracket + 1].values;
   frame.ahead = std::min(frame.count, frame.type->members.size());
   text_->bracket += 2;
   frame.begin = text_->at;
@@ -306,7 +308,7 @@ void RowReader::ReadNested(std::string_view member, std::function<void(cls_ReadV
 void RowReader::OpenList(Frame::Kind kind, std::string_view name) const {
   ++text_->at;
   Frame frame{.kind = kind, .name = name};
-  frame.count = text_->counts[text_->bracket++];
+  frame.count = text_->inside[text_->bracket++].values;
   frame.begin = text_->at;
   frame.bracket = text_->bracket;
   frames_.push_back(std::move(frame));

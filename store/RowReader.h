@@ -109,12 +109,17 @@ private:
     std::vector<bool> taken = {};                  ///< by place, where values are not taken in their order
     std::vector<StoredRow> const* rows = nullptr;  ///< whose objects are the map's
   };
+  /// What stands between a bracket and its partner.
+  struct Inside {
+    std::uint32_t values = 0, brackets = 0;  ///< how many; of the brackets those that open
+    std::size_t end = 0;                     ///< where the partner stands
+  };
   /// A row that is being read.
   struct Text {
     std::string_view data;
-    std::size_t at = 0, bracket = 0;    ///< what comes next, and how many brackets have been passed
-    std::vector<std::uint32_t> counts;  ///< what stands between each bracket and its partner
-    std::vector<Object> objects;        ///< that a reference may mean; null while they are being made
+    std::size_t at = 0, bracket = 0;  ///< what comes next, and how many brackets have been passed
+    std::vector<Inside> inside;       ///< of each bracket that opens
+    std::vector<Object> objects;      ///< that a reference may mean; null while they are being made
   };
 
   /// An object by its values.
@@ -135,8 +140,7 @@ private:
   /// Opens the object at the place; its class is known then.
   void OpenObject(std::string_view name) const;
   void CloseObject() const;
-  /// What was made of the values of the object that is open, which are passed then; else a place for what will be, and they come
-  /// next.
+  /// What was made of the values of the object that is open, or a place for what will be.
   Made& LikeNext() const;
   void OpenList(Frame::Kind kind, std::string_view name) const;
 
