@@ -54,9 +54,9 @@ kprC_StepTable::kprC_StepTable(kprC_StepSequence const& steps) : body_(cow_Handl
     body.procedures += entry.step->pair.procedure ? 1 : 0;
   }
   std::ranges::sort(numbers);  // what comes in order is put down fastest
-  for (auto& [key, first] : numbers) {
-    if (!body.numbers.Contains(key)) { body.numbers.Insert(std::move(key), first); }
-  }
+  auto const doubled = std::ranges::unique(numbers, {}, &std::pair<Key, Number>::first);
+  numbers.erase(doubled.begin(), doubled.end());
+  for (auto& [key, first] : numbers) { body.numbers.Insert(std::move(key), first); }
   Fill(body, std::move(entries));
 }
 

@@ -18,14 +18,23 @@ void AssertProcedure(kprC_StepHandle const& step) {
 /// What stored steps should have been; "" where they are right.
 std::string_view Expected(kprC_StepTable const& steps) {
   if (steps.Size() == 0 || !(steps[0].stepName == kprC_Step::initialCmd())) { return "\"Initial\" as the first step"; }
-  std::unordered_set<std::string_view> names;
-  for (std::size_t i = 0; i < steps.Size(); ++i) {
-    auto const* const step = dynamic_cast<kprC_Step const*>(steps[i].procedure.ConstGet());
-    if (step == nullptr) { return "a procedure for every step"; }
-    if (IsInitial(*step) != (i == 0)) { return "one initial step, the first"; }
-    if (steps[i].stepName.IsEmpty() || !names.insert(steps[i].stepName.View()).second) { return "steps with names of their own"; }
-  }
-  return "";
+  std::string_view expected;
+  std::unordered_set<std::string_view> names(steps.Size());
+  kprC_Procedure const* last = nullptr;  // steps of equal parameters share them
+  steps.ForEach([&](kprC_StepNameProcedurePair const& pair) {
+    kprC_Procedure const* const step = pair.procedure.ConstGet();
+    bool const isFirst = names.empty(), isOwn = !pair.stepName.IsEmpty() && names.insert(pair.stepName.View()).second;
+    if (!expected.empty()) { return; }
+    if (step == nullptr || (step != last && dynamic_cast<kprC_Step const*>(step) == nullptr)) {
+      expected = "a procedure for every step";
+    } else if (IsInitial(*step) != isFirst) {
+      expected = "one initial step, the first";
+    } else if (!isOwn) {
+      expected = "steps with names of their own";
+    }
+    last = step;
+  });
+  return expected;
 }
 
 }  // namespace
