@@ -163,7 +163,7 @@ template <class Fn> void Edit(Call& call, AttributeTarget const& target, Fn&& ed
         unchecked.AssertInModel(call.model);
       });
   AssertInModel(call, item);
-  repository.RecordModify(target.name);
+  repository.RecordModify(item);
 }
 
 /// A command that takes one step and runs one operation of the attribute there.
@@ -226,7 +226,7 @@ void BeginCopy(Call& call, AttributeTarget const& target, cow_String const& step
   });
   std::string unknown;
   copy.SetInStep(step, said, &unknown);
-  repository.RecordModify(name);
+  repository.RecordModify(copy);
 }
 
 /// Has the attribute say in the step \p to what it says of its own in \p from, unless it is so there already.
@@ -236,8 +236,9 @@ void Repeat(Call& call, AttributeTarget const& target, cow_String const& from, c
   if ((traits & kprC_Changed) == 0) { return; }
   auto const edit = [&](auto&& change) {
     auto& repository = call.model.Get<kprC_StepAwareRepository>(target.extension);
-    change(*repository.Item(target.name));
-    repository.RecordModify(target.name);
+    kprC_StepDependent& own = *repository.Item(target.name);
+    change(own);
+    repository.RecordModify(own);
   };
   if ((traits & kprC_Active) == 0) {  // switched off
     auto const operations = target.repository.Operations();
