@@ -1,10 +1,10 @@
 #include "store/Document.h"
 
-#include <charconv>
 #include <functional>
 #include <utility>
 
 #include "store/StoreError.h"
+#include "text/Text.h"
 
 namespace gattr {
 
@@ -123,7 +123,7 @@ std::string Document::Describe(At at) const {
     case Kind::Integer: return std::to_string(node.integer);
     case Kind::Real: {
       char digits[32];
-      return {digits, std::to_chars(digits, digits + sizeof digits, node.real).ptr};
+      return std::string(Digits(node.real, digits));
     }
     case Kind::Text: {
       std::string_view const text = View(node.text);

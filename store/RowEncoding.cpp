@@ -2,15 +2,16 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
+#include <concepts>
 
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
+#include "text/Text.h"
 
 namespace gattr {
 
 namespace {
 
-template <class Number> std::string_view Digits(Number number, char (&digits)[32]) {
+template <std::integral Number> std::string_view Digits(Number number, char (&digits)[32]) {
   return {digits, std::to_chars(digits, digits + sizeof digits, number).ptr};
 }
 
@@ -125,11 +126,8 @@ void RowWriter::PutInteger(std::string_view member, long long value) const {
 }
 
 void RowWriter::PutReal(std::string_view member, double value) const {
-  constexpr double kMost = 1e5;  // from here on a power of ten may be shorter
   char digits[32];
-  auto const whole = static_cast<int>(std::abs(value) < kMost ? value : 0.0);
-  bool const isWhole = static_cast<double>(whole) == value && !std::signbit(value);
-  Put(member, isWhole ? Digits(whole, digits) : Digits(value, digits));
+  Put(member, Digits(value, digits));
 }
 
 void RowWriter::PutText(std::string_view member, std::string_view value) const {

@@ -8,6 +8,7 @@
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 #include "store/StoreError.h"
 #include "text/JsonText.h"
+#include "text/Text.h"
 
 namespace gattr {
 
@@ -88,8 +89,7 @@ void TextWriter::PutInteger(std::string_view member, long long value) const {
 
 void TextWriter::PutReal(std::string_view member, double value) const {
   char digits[32];
-  double const shown = value == 0.0 ? 0.0 : value;  // the two zeros are equal
-  Put(member, {digits, std::to_chars(digits, digits + sizeof digits, shown).ptr});
+  Put(member, Digits(value == 0.0 ? 0.0 : value, digits));  // the two zeros are equal
 }
 
 void TextWriter::PutText(std::string_view member, std::string_view value) const {

@@ -1,7 +1,6 @@
 #include "text/JsonText.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <concepts>
 #include <utility>
@@ -58,19 +57,15 @@ private:
   std::string name_;
 };
 
-template <class Number> void AppendNumber(std::string& out, Number number) {
-  char digits[32];
-  out.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
-}
-
 void AppendReal(std::string& out, double number) {
   if (!std::isfinite(number)) {
     out += "null";
     return;
   }
-  std::size_t const begin = out.size();
-  AppendNumber(out, number);
-  if (out.find_first_of(".e", begin) == std::string::npos) { out += ".0"; }  // to be read as a real number again
+  char digits[32];
+  std::string_view const text = Digits(number, digits);
+  out += text;
+  if (text.find_first_of(".e") == std::string_view::npos) { out += ".0"; }  // to be read as a real number again
 }
 
 }  // namespace
@@ -95,7 +90,7 @@ void AppendJson(std::string& out, cls_Value const& value) {
         } else if constexpr (std::same_as<T, bool>) {
           out += held ? "true" : "false";
         } else if constexpr (std::same_as<T, long long>) {
-          AppendNumber(out, held);
+          out += std::to_string(held);
         } else if constexpr (std::same_as<T, double>) {
           AppendReal(out, held);
         } else if constexpr (std::same_as<T, std::string>) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <numeric>
 
@@ -195,6 +197,14 @@ std::string Suggestion(std::string_view text, std::span<std::string const> names
   if (std::string const nearest = Nearest(text, names); !nearest.empty()) { return "Did you mean " + Quoted(nearest) + "?"; }
   if (names.empty()) { return "There are none."; }
   return std::string(known) + ": " + QuotedList(names) + ".";
+}
+
+std::string_view Digits(double number, char (&digits)[32]) {
+  constexpr double kMost = 1e5;  // from here on a power of ten may be shorter
+  auto const whole = static_cast<int>(std::abs(number) < kMost ? number : 0.0);
+  bool const isWhole = static_cast<double>(whole) == number && !std::signbit(number);  // as most are, and quickly written
+  char* const end = digits + sizeof digits;
+  return {digits, isWhole ? std::to_chars(digits, end, whole).ptr : std::to_chars(digits, end, number).ptr};
 }
 
 bool IsUtf8(std::string_view text) {

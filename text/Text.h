@@ -28,6 +28,9 @@ std::string Nearest(std::string_view text, std::span<std::string const> names);
 /// "Did you mean "Step-2"?" where a name is near, otherwise "\p known: "Initial", "Step-1".", or "There are none.".
 std::string Suggestion(std::string_view text, std::span<std::string const> names, std::string_view known);
 
+/// The shortest text that reads back as \p number, which is finite; it stands in \p digits.
+std::string_view Digits(double number, char (&digits)[32]);
+
 /// Whether \p text is well-formed UTF-8: no stray, missing or overlong bytes, no surrogates.
 bool IsUtf8(std::string_view text);
 
