@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <exception>
-#include <ranges>
 #include <utility>
 
 #include "command/Command.h"
@@ -40,7 +39,8 @@ private:
   /// What an object of today was called before.
   std::string NameBefore(std::string_view kind, std::string_view name) const {
     std::string before(name);
-    for (Rename const& rename : std::views::reverse(renames_)) {
+    for (std::size_t i = renames_.size(); i-- > 0;) {
+      Rename const& rename = renames_[i];
       if (rename.kind == kind && rename.to == before) { before = rename.from; }
     }
     return before;
