@@ -50,10 +50,11 @@ std::string MessageText(Finding const& finding) {
   return finding.suppressed ? text + " (suppressed)" : text;
 }
 
-int RunCheck(CheckOptions const& options) {
-  UseResults(options.results);
-  std::vector<Finding> const findings = Check(ModelPath(options.model).Open());
-  if (options.format == Format::Json) {
+}  // namespace
+
+int PrintFindings(ddr_Model const& model, Format format, std::string const& color) {
+  std::vector<Finding> const findings = Check(model);
+  if (format == Format::Json) {
     Json list = Json::array();
     for (Finding const& finding : findings) { list.push_back(ToJson(finding)); }
     std::cout << JsonPage(list) << '\n';
@@ -70,13 +71,11 @@ int RunCheck(CheckOptions const& options) {
                  finding.step,
                  MessageText(finding)});
     }
-    table.Print(std::cout, TerminalWidth(), UseColor(options.color));
+    table.Print(std::cout, TerminalWidth(), UseColor(color));
   }
   bool const inTheWay = std::ranges::any_of(findings, [](Finding const& found) { return found.Row().severity == Severity::Error; });
   return inTheWay ? kRefused : kDone;
 }
-
-}  // namespace
 
 void AddCheck(CLI::App& program, Action& action) {
   auto const options = std::make_shared<CheckOptions>();
@@ -93,7 +92,12 @@ are worth knowing. Each has an identifier that stays, its object, step and membe
 Exit status 1 for errors, 0 for warnings and notes alone.
 
 Example: gattr check forming.gadb --format json)");
-  command.callback([options, &action] { action = [options] { return RunCheck(*options); }; });
+  command.callback([options, &action] {
+    action = [options] {
+      UseResults(options->results);
+      return PrintFindings(ModelPath(options->model).Open(), options->format, options->color);
+    };
+  });
 }
 
 }  // namespace gattr::cli

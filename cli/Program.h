@@ -8,6 +8,7 @@
 namespace CLI {
 class App;
 }
+class ddr_Model;
 
 /// What the subcommands share. Each file <Name>Command.cpp declares one or two of them to the parser and runs them.
 namespace gattr::cli {
@@ -29,8 +30,12 @@ public:
 using Action = std::function<int()>;
 
 void AddReplay(CLI::App& program, Action& action);
+void AddDo(CLI::App& program, Action& action);
+void AddJournal(CLI::App& program, Action& action);
 void AddHistory(CLI::App& program, Action& action);
 void AddCheck(CLI::App& program, Action& action);
+void AddSchema(CLI::App& program, Action& action);
+void AddShell(CLI::App& program, Action& action);
 void AddSteps(CLI::App& program, Action& action);
 void AddDump(CLI::App& program, Action& action);
 void AddLoad(CLI::App& program, Action& action);
@@ -45,6 +50,9 @@ enum class Format { Text, Csv, Json, Html };
 void AddFormat(CLI::App& command, Format& format, std::vector<std::string> const& offered);
 /// Adds --color.
 void AddColor(CLI::App& command, std::string& choice);
+
+/// Prints what is wrong in a model as a table, or that nothing was found; answers the exit status of `check`.
+int PrintFindings(ddr_Model const& model, Format format = Format::Text, std::string const& color = "auto");
 
 /// Refuses a \p name that is not among \p known, nor a pattern that one of them fits: 'there is no step "Step-3". Did you mean "Step-2"?'
 void AssertKnown(std::string const& what, std::string const& name, std::vector<std::string> const& known);

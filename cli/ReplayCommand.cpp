@@ -17,13 +17,14 @@
 #include "command/Session.h"
 #include "report/Display.h"
 #include "store/ModelPath.h"
+#include "text/JsonText.h"
 #include "text/Text.h"
 
 namespace gattr::cli {
 namespace {
 
 struct ReplayOptions {
-  std::string journal, on, output, results;
+  std::string journal, on, output, results, record;
   bool trace = false, keepGoing = false, force = false;
 };
 
@@ -76,11 +77,47 @@ private:
   double size_ = 0;
 };
 
+/// A journal that commands are appended to.
+class Record {
+public:
+  /// Nothing is appended where there is no path. Refuses the journal that is read.
+  Record(std::string const& path, std::string const& journal) : path_(path) {
+    if (path.empty()) { return; }
+    std::error_code error;
+    if (std::filesystem::equivalent(path, journal, error)) {
+      throw BadInput("the commands of " + Quoted(path) + " cannot be appended to itself");
+    }
+    std::ifstream present(path, std::ios::binary | std::ios::ate);
+    bool const isOpen = present && present.tellg() > 0 && present.seekg(-1, std::ios::end) && present.get() != '\n';  // its last line
+    out_.open(path, std::ios::binary | std::ios::app);
+    if (!out_) { throw BadInput("cannot write " + Quoted(path) + ": " + std::generic_category().message(errno)); }
+    if (isOpen) { out_ << '\n'; }
+  }
+  void Append(cls_Value const& command) {
+    if (path_.empty()) { return; }
+    out_ << JsonText(command) << '\n';
+    Assert();
+  }
+  void Finish() {
+    if (path_.empty()) { return; }
+    out_.flush();
+    Assert();
+  }
+
+private:
+  void Assert() const {
+    if (!out_) { throw BadInput("cannot write " + Quoted(path_) + ": " + std::generic_category().message(errno)); }
+  }
+
+  std::string path_;
+  std::ofstream out_;
+};
+
 /// Runs a journal and tells what became of each line.
 class Replay {
 public:
-  Replay(Session& session, JournalFile& journal, bool trace)
-      : session_(session), journal_(journal), reader_(journal.Stream(), journal.Name()), trace_(trace) {
+  Replay(Session& session, JournalFile& journal, Record& record, bool trace)
+      : session_(session), journal_(journal), record_(record), reader_(journal.Stream(), journal.Name()), trace_(trace) {
     session_.SetTrace(trace);
   }
 
@@ -99,6 +136,7 @@ public:
     if (!command) { return std::nullopt; }
     Outcome outcome = session_.Execute(*command);
     ++(outcome.ok ? done_ : refused_);
+    if (outcome.ok && outcome.report.empty() && !IsDryRun(*command)) { record_.Append(*command); }
     cls_Value const* const name = command->Find("command");
     Trace(reader_.Line(), name == nullptr ? Json() : gattr::ToJson(*name), outcome);
     if (!outcome.message.empty()) {
@@ -114,8 +152,15 @@ public:
   std::size_t Refused() const { return refused_; }
 
 private:
+  static bool IsDryRun(cls_Value const& command) {
+    cls_Value const* const flag = command.Find("dryRun");
+    return flag != nullptr && *flag == cls_Value(true);
+  }
   void Trace(std::size_t line, Json const& command, Outcome const& outcome) const {
-    if (!trace_) { return TellReport(outcome.report); }
+    if (!trace_) {
+      std::cout << ShownLines(outcome.report);
+      return;
+    }
     Json told = {{"line", line}, {"command", command}, {"ok", outcome.ok}};
     if (outcome.ok) {
       Json& histories = told["history"] = Json::object();
@@ -130,19 +175,9 @@ private:
     std::cout << JsonLine(told) << '\n';
   }
 
-  /// A report line by line; its columns stand apart by tabs.
-  static void TellReport(std::string_view report) {
-    while (!report.empty()) {
-      std::size_t const end = report.find_first_of("\n\t");
-      std::cout << Shown(report.substr(0, end));
-      if (end == std::string_view::npos) { break; }
-      std::cout << report[end];
-      report.remove_prefix(end + 1);
-    }
-  }
-
   Session& session_;
   JournalFile& journal_;
+  Record& record_;
   JournalReader reader_;
   Progress progress_;
   bool trace_;
@@ -161,13 +196,15 @@ int Run(ReplayOptions const& options) {
   Session session = on ? Session(on->Open()) : Session();
   if (!journal.MayUndo()) { session.ForgetPast(); }
 
-  Replay replay(session, journal, options.trace);
+  Record record(options.record, options.journal);
+  Replay replay(session, journal, record, options.trace);
   int status = kDone;
   while (auto const outcome = replay.Next()) {
     if (outcome->ok) { continue; }
     status = std::max<int>(status, outcome->badInput ? kBadInput : kRefused);
     if (!options.keepGoing) { break; }
   }
+  record.Finish();
   if (replay.Done() + replay.Refused() == 0) { throw BadInput(Quoted(journal.Name()) + " holds no commands"); }
   if (status != kDone && !options.keepGoing) {
     if (target != nullptr) { Tell(fmt::format("gattr: {} was not written\n", Shown(options.output))); }
@@ -206,6 +243,7 @@ void AddReplay(CLI::App& program, Action& action) {
   command.add_option("-o,--output", options->output, "write the model when everything was done (.gadb, .gattr.json)")->type_name("MODEL");
   command.add_option("--on", options->on, "begin with this model instead of an empty one")->type_name("MODEL");
   command.add_option("--results", options->results, kResultsHelp)->type_name("FOLDER");
+  command.add_option("--record", options->record, "append the commands that are done to this journal")->type_name("LOG");
   command.add_flag("--trace", options->trace, "print a JSON object per line: the outcome, and the histories it made");
   command.add_flag("--keep-going", options->keepGoing, "go on after a command that is refused");
   command.add_flag("--force", options->force, "write the model also where somebody else has changed it since it was opened");

@@ -99,9 +99,13 @@ int RunProgram(int argc, char** argv) {
   program.get_formatter()->label("REQUIRED", "");
   Action action;
   AddReplay(program, action);
+  AddDo(program, action);
+  AddJournal(program, action);
   AddHistory(program, action);
   AddCheck(program, action);
   AddSteps(program, action);
+  AddShell(program, action);
+  AddSchema(program, action);
   AddDump(program, action);
   AddLoad(program, action);
   AddDescribe(program, action);

@@ -5,7 +5,8 @@ set -eu
 case "${1:-build}" in
   build) packages=(g++ cmake ninja-build pkg-config git ccache
     libgtest-dev libgmock-dev libbenchmark-dev
-    libsqlite3-dev nlohmann-json3-dev libcli11-dev libfmt-dev) ;;
+    libsqlite3-dev nlohmann-json3-dev libcli11-dev libfmt-dev libedit-dev
+    python3-jsonschema) ;;
   checks) packages=(clang clang-format clang-tidy doxygen) ;;
   fuzz) packages=(clang libclang-rt-dev) ;;
   abi) packages=(abigail-tools) ;;

@@ -30,6 +30,8 @@ public:
 
   std::string const& Command() const { return subject_.command; }
   bool DryRun() const { return dryRun_; }
+  /// The command as it was given.
+  cls_Value const& Whole() const { return command_; }
 
   bool Has(std::string_view name) const { return command_.Find(name) != nullptr; }
   /// A text argument; must be given. Good while the command is.

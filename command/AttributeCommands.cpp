@@ -10,7 +10,7 @@ namespace gattr {
 
 namespace {
 
-constexpr std::string_view kCreateStep = "createStepName", kStep = "stepName", kFromStep = "fromStepName", kToStep = "toStepName";
+constexpr std::string_view kCreateStep = "createStepName", kFromStep = "fromStepName", kToStep = "toStepName";
 
 /// The state of the create step; null when there is none.
 cls_Object const* CreateState(kprC_StepDependent const& item) {
@@ -168,8 +168,8 @@ template <class Fn> void Edit(Call& call, AttributeTarget const& target, Fn&& ed
 
 /// A command that takes one step and runs one operation of the attribute there.
 template <class Fn> void EditInStep(Call& call, AttributeTarget const& target, Fn&& operation) {
-  cow_String const step = StepArgument(call, kStep);
-  call.arguments.AssertNoRest({std::string(kStep)});
+  cow_String const step = StepArgument(call, kStepName);
+  call.arguments.AssertNoRest({std::string(kStepName)});
   AssertNotSuppressed(target);
   Edit(call, target, [&](kprC_StepDependent& item) { operation(item, step); });
 }
@@ -361,7 +361,7 @@ void SetAttributeValues(Call& call, AttributeTarget const& target) {
 }
 
 void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
-  cow_String const step = StepArgument(call, kStep);
+  cow_String const step = StepArgument(call, kStepName);
   cls_Object const* state = CreateState(target.item);
   std::unique_ptr<kprC_StepDependent> const anew = state == nullptr ? Anew(call, target, step) : nullptr;
   if (anew) { state = anew->StateAt(0); }
@@ -420,7 +420,7 @@ void EditByType(Call& call, AttributeTarget const& target) {
     RefuseUnknown(call.subject, Quoted(call.arguments.Command()) + " is no command on " + WithArticle(target.repository.ItemCmd()) +
                                     " of the type " + Quoted(target.item.Label()) + ".");
   }
-  cow_String const step = edit->inStep ? StepArgument(call, kStep) : cow_String();
+  cow_String const step = edit->inStep ? StepArgument(call, kStepName) : cow_String();
   std::unique_ptr<cls_Object> const arguments = edit->arguments();
   SetObjectMembers(call, &target.repository, *arguments, call.arguments.Rest());
   AssertNotSuppressed(target);

@@ -17,7 +17,7 @@ namespace gattr {
 
 struct Finding;
 
-inline constexpr std::string_view kName = "name", kNewName = "newName";
+inline constexpr std::string_view kName = "name", kNewName = "newName", kStepName = "stepName";
 
 /// One command while it runs.
 struct Call {
@@ -137,6 +137,8 @@ std::span<ReferenceKind const> ReferenceKinds();
 ReferenceKind const* FindReferenceKind(cls_Reference reference);
 /// The object of that name. Refused with the nearest name where the model has none.
 cls_Object const& Referred(Call& call, ReferenceKind const& kind, std::string_view name);
+/// The command that declares such an object, and what it begins with; "" and null where none does.
+std::pair<std::string_view, std::unique_ptr<cls_Object>> FindDeclaration(ReferenceKind const& kind, cls_Object const& object);
 void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const& name);
 void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& name);
 void DeleteReference(Call& call, ReferenceKind const& kind, cow_String const& name);
@@ -179,6 +181,9 @@ CommandInfo CopyConstruction(std::string_view construction, std::string group, s
 std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model);
 /// The kinds of object that the command called \p name may name, in the order of help.
 std::vector<std::string> ObjectKinds(ddr_Model const& model, ObjectCommand const& command, std::string_view name);
+/// A command on objects that names several of them, or several steps, as one command for each pair, in the order written: what is named
+/// by the earlier argument changes last. Nothing where it names one of each.
+std::optional<std::vector<cls_Value>> Spread(ddr_Model const& model, cls_Value const& command);
 /// Runs a command on the object that it names; false when there is no such command.
 bool RunOnObject(Call& call);
 

@@ -1,5 +1,6 @@
 #include "command/Journal.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <istream>
 #include <system_error>
@@ -27,21 +28,59 @@ JournalReader::JournalReader(std::istream& in, std::string name) : in_(in), name
 
 void JournalReader::Refuse(std::size_t column, std::string const& text) const { throw JournalError(name_, line_, column, text); }
 
+// What is looked at before the form is known is given back to it. A document has a brace and the name of its first member before
+// anything else, whatever lines they stand on.
+void JournalReader::FindForm() {
+  std::string_view const names[] = {R"("$schema")", R"("commands")"};
+  std::size_t longest = 0;
+  for (std::string_view const name : names) { longest = std::max(longest, name.size()); }
+  auto const look = [this] { return in_.good() ? in_.peek() : std::istream::traits_type::eof(); };
+  auto const isSpace = [](int c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+  auto const takeSpace = [&] {
+    while (isSpace(look()) && ahead_.size() < kLongestLine) { ahead_ += static_cast<char>(in_.get()); }
+  };
+  for (takeSpace(); look() == '#'; takeSpace()) {
+    while (look() != std::istream::traits_type::eof() && look() != '\n' && ahead_.size() < kLongestLine) {
+      ahead_ += static_cast<char>(in_.get());
+    }
+  }
+  form_ = Form::Lines;
+  if (look() != '{') { return; }
+  ahead_ += static_cast<char>(in_.get());
+  takeSpace();
+  std::string name;
+  for (; name.size() < longest && look() != std::istream::traits_type::eof() && !isSpace(look()); ahead_ += name.back()) {
+    name += static_cast<char>(in_.get());
+  }
+  if (std::ranges::any_of(names, [&](std::string_view known) { return name.starts_with(known); })) { form_ = Form::Document; }
+}
+
 bool JournalReader::ReadLine() {
   text_.clear();
-  if (in_.eof() || !in_.good()) { return false; }
-  ++line_;
   std::size_t size = 0;
-  do {  // a piece at a time: a line that is too long is not held
+  bool ends = false;
+  bool const isAhead = !ahead_.empty();
+  if (isAhead) {
+    std::size_t const end = ahead_.find('\n');
+    ends = end != std::string::npos;
+    text_ = ahead_.substr(0, end);
+    size = text_.size();
+    ahead_.erase(0, ends ? end + 1 : end);
+  } else if (in_.eof() || !in_.good()) {
+    return false;
+  }
+  ++line_;
+  while (!ends && in_.good()) {  // a piece at a time: a line that is too long is not held
     char piece[1 << 12];
-    in_.clear();
     in_.getline(piece, sizeof piece);
     auto const read = static_cast<std::size_t>(in_.gcount()) - (in_.good() ? 1 : 0);  // without the line's end
     size += read;
     if (size <= kLongestLine) { text_.append(piece, read); }
-  } while (in_.fail() && !in_.eof() && !in_.bad());
-  if (in_.bad()) { Refuse(0, "cannot be read: " + std::generic_category().message(errno) + "."); }
-  if (in_.eof() && size == 0) { return false; }
+    ends = !in_.fail() || in_.eof() || in_.bad();
+    if (!ends) { in_.clear(); }
+  }
+  AssertRead();
+  if (!isAhead && in_.eof() && size == 0) { return false; }
   if (size > kLongestLine) {
     text_.clear();
     Refuse(0, "the line has " + std::to_string(size) + " bytes; a command has " + std::to_string(kLongestLine) + " at most.");
@@ -49,21 +88,167 @@ bool JournalReader::ReadLine() {
   return true;
 }
 
-cls_Value JournalReader::Parsed() const {
+void JournalReader::AssertRead() const {
+  if (in_.bad()) { Refuse(0, "cannot be read: " + std::generic_category().message(errno) + "."); }
+}
+
+cls_Value JournalReader::Parsed(std::string_view text, std::size_t column) const {
   cls_Value command;
   try {
-    command = ParseJson(text_);
+    command = ParseJson(text);
   } catch (JsonError const& error) {
     if (error.At() == JsonError::kNowhere) { Refuse(0, std::string(error.what()) + "."); }
-    Refuse(error.At() + 1, std::string("this is no JSON: ") + error.what() + ".");
+    std::string_view const before = text.substr(0, error.At());
+    auto const lines = static_cast<std::size_t>(std::ranges::count(before, '\n'));
+    std::size_t const at = lines == 0 ? column + error.At() : error.At() - before.rfind('\n') - 1;
+    throw JournalError(name_, line_ + lines, at + 1, std::string("this is no JSON: ") + error.what() + ".");
   }
-  if (command.As<cls_Value::Fields>() == nullptr) { Refuse(1, R"(expected a command, such as {"command": "undo"}.)"); }
+  if (command.As<cls_Value::Fields>() == nullptr) { Refuse(column + 1, R"(expected a command, such as {"command": "undo"}.)"); }
   return command;
 }
 
+// ---- a document
+
+int JournalReader::Look() {
+  if (!ahead_.empty()) { return static_cast<unsigned char>(ahead_.front()); }
+  return in_.good() ? in_.peek() : std::istream::traits_type::eof();
+}
+
+int JournalReader::Take() {
+  int const c = Look();
+  if (c == std::istream::traits_type::eof()) { return c; }
+  if (ahead_.empty()) {
+    in_.get();
+  } else {
+    ahead_.erase(0, 1);
+  }
+  if (c == '\n') {
+    ++at_;
+    inLine_ = 0;
+    blankSoFar_ = true;
+  } else {
+    ++inLine_;
+    blankSoFar_ = blankSoFar_ && (c == ' ' || c == '\t' || c == '\r');
+  }
+  return c;
+}
+
+/// Passes over blanks and lines of comments; answers what comes then.
+int JournalReader::SkipSpace() {
+  for (;;) {
+    int const c = Look();
+    bool const isComment = c == '#' && blankSoFar_;
+    if (!isComment && c != ' ' && c != '\t' && c != '\r' && c != '\n') { return c; }
+    for (Take(); isComment && Look() != '\n' && Look() != std::istream::traits_type::eof();) { Take(); }
+  }
+}
+
+void JournalReader::EndDocument(std::string const& text) {
+  form_ = Form::Ended;
+  AssertRead();
+  throw JournalError(name_, at_, inLine_ + 1, text);
+}
+
+/// Refuses another character; \p text says what was expected.
+void JournalReader::Expect(std::string_view oneOf, std::string_view text) {
+  int const c = SkipSpace();
+  bool const fits = c != std::istream::traits_type::eof() && oneOf.find(static_cast<char>(c)) != std::string_view::npos;
+  if (!fits) { EndDocument("expected " + std::string(text) + "."); }
+}
+
+/// Takes a value as its brackets and quotes say into text_; what it holds is for the parser.
+void JournalReader::TakeValue() {
+  SkipSpace();
+  line_ = at_;
+  column_ = inLine_;
+  text_.clear();
+  std::size_t depth = 0, size = 0;
+  bool inText = false, escaped = false, ended = false;
+  constexpr std::string_view kBehindValues = ",]} \t\r\n";
+  while (!ended) {
+    int const c = Look();
+    if (c == std::istream::traits_type::eof()) { EndDocument("the document ends within a value."); }
+    if (depth == 0 && !inText && kBehindValues.find(static_cast<char>(c)) != std::string_view::npos) { break; }
+    Take();
+    if (++size <= kLongestLine) { text_ += static_cast<char>(c); }
+    if (inText) {
+      inText = escaped || c != '"';
+      escaped = !escaped && c == '\\';
+      ended = !inText && depth == 0;
+      continue;
+    }
+    inText = c == '"';
+    if (c == '{' || c == '[') { ++depth; }
+    if (c == '}' || c == ']') { ended = --depth == 0; }
+  }
+  if (size > kLongestLine) {
+    text_.clear();
+    Refuse(0, "the value has " + std::to_string(size) + " bytes; a command has " + std::to_string(kLongestLine) + " at most.");
+  }
+}
+
+/// Passes over members up to the first of the commands, or to the document's end.
+void JournalReader::PassMembers(bool first) {
+  for (;; first = false) {
+    Expect(first ? "\"}" : ",}", first ? "a member" : R"("," or "}")");
+    if (Take() == '}') { break; }
+    std::string name;
+    if (!first) {
+      Expect("\"", "a member");
+      Take();
+    }
+    while (Look() != '"' && Look() != std::istream::traits_type::eof() && Look() != '\n') { name += static_cast<char>(Take()); }
+    Take();
+    Expect(":", "\":\"");
+    Take();
+    if (name == "commands" && !hasCommands_) {
+      Expect("[", "the list of commands");
+      Take();
+      hasCommands_ = true;
+      return;
+    }
+    TakeValue();
+    if (name != "$schema") {
+      form_ = Form::Ended;
+      Refuse(column_ + 1, "there is no member " + Quoted(name) + R"(: a document has "$schema" and "commands".)");
+    }
+    if (!text_.starts_with('"')) {
+      form_ = Form::Ended;
+      Refuse(column_ + 1, R"("$schema" is a text.)");
+    }
+  }
+  if (!hasCommands_) { EndDocument(R"(the document has no "commands".)"); }
+  if (SkipSpace() != std::istream::traits_type::eof()) { EndDocument("expected nothing behind the document."); }
+  AssertRead();
+  form_ = Form::Ended;
+}
+
+std::optional<cls_Value> JournalReader::NextInDocument() {
+  bool first = !hasCommands_;
+  if (first) {
+    SkipSpace();
+    Take();  // the brace
+    PassMembers(true);
+  }
+  if (form_ == Form::Ended) { return std::nullopt; }
+  if (!first) { Expect(",]", R"("," or "]" behind a command)"); }
+  if (SkipSpace() == ']') {
+    Take();
+    PassMembers(false);
+    return std::nullopt;
+  }
+  if (!first) { Take(); }
+  TakeValue();
+  return Parsed(text_, column_);
+}
+
 std::optional<cls_Value> JournalReader::Next() {
+  if (form_ == Form::Unknown) { FindForm(); }
+  if (form_ == Form::Ended) { return std::nullopt; }
+  if (form_ == Form::Document) { return NextInDocument(); }
   while (ReadLine()) {
-    if (text_.find_first_not_of(" \t\r") != std::string::npos) { return Parsed(); }
+    std::size_t const begin = text_.find_first_not_of(" \t\r");
+    if (begin != std::string::npos && text_[begin] != '#') { return Parsed(text_, 0); }
   }
   return std::nullopt;
 }

@@ -10,7 +10,7 @@ namespace gattr {
 namespace {
 
 ArgumentInfo Step(std::string_view name, char const* meaning) { return Naming(kprC_Step::stepCmd(), Required(name, meaning)); }
-ArgumentInfo StepName() { return Step("stepName", "the step"); }
+ArgumentInfo StepName() { return Step(kStepName, "the step"); }
 ArgumentInfo Maintains(char const* meaning) {
   ArgumentInfo maintains = Optional(kprC_Step::maintainAttributesCmd(), meaning);
   maintains.kind = ValueKind::Boolean;
@@ -165,19 +165,65 @@ ObjectCommand const& CopyCommand() {
 }
 
 /// The command that is none of the common ones; null where there is no such command.
-ObjectCommand const* OtherCommand(Call& call) {
-  std::string const& name = call.arguments.Command();
+ObjectCommand const* OtherCommand(ddr_Model const& model, std::string_view name) {
   auto const isOperation = [&](auto const&, kprC_StepAwareRepository const& repository) {
     return FindOperation(repository, name) != nullptr;
   };
   auto const isTypeEdit = [&](auto const&, kprC_StepAwareRepository const& repository) { return HasTypeEdit(repository, name); };
   auto const isCopy = [&](auto const&, kprC_StepAwareRepository const& repository) { return repository.CopyCmd() == name; };
-  if (FindRepository(call.model, isOperation)) { return &OperationCommand(); }
-  if (FindRepository(call.model, isTypeEdit)) { return &TypeEditCommand(); }
-  return kprC_Step::copyCmd() == name || FindRepository(call.model, isCopy) ? &CopyCommand() : nullptr;
+  if (FindRepository(model, isOperation)) { return &OperationCommand(); }
+  if (FindRepository(model, isTypeEdit)) { return &TypeEditCommand(); }
+  return kprC_Step::copyCmd() == name || FindRepository(model, isCopy) ? &CopyCommand() : nullptr;
+}
+
+/// The command on objects of that name; null where there is none.
+ObjectCommand const* FindObjectCommand(ddr_Model const& model, std::string_view name) {
+  auto const common = std::ranges::find(CommonCommands(), name, &ObjectCommand::name);
+  return common == CommonCommands().end() ? OtherCommand(model, name) : &*common;
+}
+
+/// The kind under which a command names its object; empty where it names none.
+std::string_view KindNamed(ddr_Model const& model, cls_Value const& command) {
+  std::string_view named;
+  FindRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) {
+    if (command.Find(repository.ItemCmd()) != nullptr) { named = repository.ItemCmd(); }
+    return !named.empty();
+  });
+  if (named.empty() && command.Find(kprC_Step::stepCmd()) != nullptr) { named = kprC_Step::stepCmd(); }
+  // Last: "region" and "amplitude" are members of attributes too.
+  for (ReferenceKind const& kind : ReferenceKinds()) {
+    if (named.empty() && command.Find(kind.kind) != nullptr) { named = kind.kind; }
+  }
+  return named;
 }
 
 }  // namespace
+
+std::optional<std::vector<cls_Value>> Spread(ddr_Model const& model, cls_Value const& command) {
+  auto const* const fields = command.As<cls_Value::Fields>();
+  auto const isList = [](auto const& field) { return field.second.template As<cls_Value::List>() != nullptr; };
+  if (fields == nullptr || std::ranges::none_of(*fields, isList)) { return std::nullopt; }
+  cls_Value const* const called = command.Find("command");
+  auto const* const name = called == nullptr ? nullptr : called->As<std::string>();
+  if (name == nullptr || FindObjectCommand(model, *name) == nullptr) { return std::nullopt; }
+  std::string_view const kind = KindNamed(model, command);
+  std::vector<cls_Value> spread{command};
+  bool any = false;
+  for (std::size_t i = 0; i < fields->size(); ++i) {
+    auto const& [argument, value] = (*fields)[i];
+    if (!isList((*fields)[i]) || (argument != kind && argument != kStepName)) { continue; }
+    any = true;
+    std::vector<cls_Value> longer;
+    for (cls_Value const& one : spread) {
+      for (cls_Value const& element : *value.As<cls_Value::List>()) {
+        std::get<cls_Value::Fields>(longer.emplace_back(one).data)[i].second = element;
+      }
+    }
+    spread = std::move(longer);
+  }
+  if (!any) { return std::nullopt; }
+  return spread;
+}
 
 std::string_view CopyNameArgument(Call& call, std::string_view kind, std::string_view construction) {
   if (call.arguments.Command() == kCopy) { return kNewName; }
@@ -233,8 +279,7 @@ std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model) {
 }
 
 bool RunOnObject(Call& call) {
-  auto const common = std::ranges::find(CommonCommands(), call.arguments.Command(), &ObjectCommand::name);
-  ObjectCommand const* const command = common == CommonCommands().end() ? OtherCommand(call) : &*common;
+  ObjectCommand const* const command = FindObjectCommand(call.model, call.arguments.Command());
   if (command == nullptr) { return false; }
   if (RunOnAttribute(call, *command) || RunOnStep(call, *command)) { return true; }
   // Last: "region" and "amplitude" are members of attributes too.

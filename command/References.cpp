@@ -301,6 +301,20 @@ void ForEachUnknown(ddr_Model const& model, cls_Object const& object,
   });
 }
 
+std::pair<std::string_view, std::unique_ptr<cls_Object>> FindDeclaration(ReferenceKind const& kind, cls_Object const& object) {
+  for (Declaration const& declaration : kDeclarations) {
+    if (declaration.kind != kind.kind) { continue; }
+    std::unique_ptr<cls_Object> fresh = declaration.make();
+    if (fresh->DynTypeId() != object.DynTypeId()) { continue; }
+    auto const isSame = [&](cls_MemberRow const& row) {  // what no command sets says which it is, as whether a region is a surface
+      return row.text.settable || row.name == kName ||
+             row.ops->equal(row.In(static_cast<void const*>(fresh.get())), row.In(static_cast<void const*>(&object)));
+    };
+    if (std::ranges::all_of(object.MemberRows(), isSame)) { return {declaration.command, std::move(fresh)}; }
+  }
+  return {};
+}
+
 std::vector<CommandInfo> ReferenceConstructions() {
   std::vector<CommandInfo> infos;
   for (Declaration const& declaration : kDeclarations) {

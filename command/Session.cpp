@@ -86,12 +86,36 @@ std::vector<std::string> CommandNames() {
 }
 
 bool RunTransaction(Call& call);
+bool RunOnSeveral(Call& call);
 
 void Run(Call& call) {
+  if (RunOnSeveral(call)) { return; }
   if (RunOnObject(call) || ConstructStep(call) || ConstructAttribute(call) || ConstructReference(call)) { return; }
   if (SetModel(call) || SetModelSpace(call) || ReleaseRegions(call) || RunTransaction(call)) { return; }
   std::string const& command = call.arguments.Command();
   RefuseUnknown(call.subject, "There is no command " + Quoted(command) + ".", Suggestion(command, CommandNames(), "Commands"));
+}
+
+/// A command on several objects or in several steps, pair by pair.
+bool RunOnSeveral(Call& call) {
+  auto const spread = Spread(call.model, call.arguments.Whole());
+  if (!spread) { return false; }
+  if (spread->empty()) { RefuseValue(call.subject, "A list of names is empty."); }
+  std::vector<std::string> names;
+  for (cls_Value const& command : *spread) {
+    call.subject = Subject();
+    Arguments arguments(command, call.subject);
+    Touched touched;
+    std::string report;
+    Call one{call.model, arguments, call.subject, touched, report};
+    Run(one);
+    if (std::ranges::find(names, call.subject.name) == names.end()) { names.push_back(call.subject.name); }
+    &command == &spread->front() ? void(call.touched = std::move(touched)) : call.touched.Add(touched);
+    call.report += report;
+  }
+  call.subject.name = names.front();
+  call.subject.others = names.size() - 1;
+  return true;
 }
 
 /// Several commands as one.
@@ -155,7 +179,10 @@ Outcome Refused(Subject const& subject, std::exception const& error) {
 
 }  // namespace
 
-std::string Label::Object() const { return !kind.empty() ? ObjectText(kind, name) : name.empty() ? name : Quoted(name); }
+std::string Label::Object() const {
+  std::string const object = !kind.empty() ? ObjectText(kind, name) : name.empty() ? name : Quoted(name);
+  return others == 0 ? object : object + " and " + std::to_string(others) + " more";
+}
 std::string Label::Text() const { return kind.empty() && name.empty() ? command : command + " " + Object(); }
 
 void Touched::Add(Touched const& other) {

@@ -104,8 +104,9 @@ struct Label {
   std::string command;
   std::string_view kind = {};  ///< of the object, "boundaryCondition"; empty where the command says it
   std::string name = {};
+  std::size_t others = 0;  ///< how many more objects it names
 
-  /// 'boundaryCondition "Fix"'; empty where no object is named.
+  /// 'boundaryCondition "Fix"', 'boundaryCondition "Fix" and 2 more'; empty where no object is named.
   std::string Object() const;
   /// 'deactivate boundaryCondition "Fix"'.
   std::string Text() const;
@@ -139,7 +140,8 @@ public:
 
   /// Runs one command: {"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Step-2"}. Refusals come back in
   /// the outcome; only running out of memory throws. ParseJson (text/JsonText.h) makes a command of its text. With "dryRun": true the
-  /// outcome is the same and nothing changes.
+  /// outcome is the same and nothing changes. Where a command on objects has a list of names for its object or for "stepName", it is run
+  /// for every pair in the order written, whole or not at all; it is one line of the journal and one step of undo.
   Outcome Execute(cls_Value const& command);
 
   ddr_Model const& Model() const { return model_; }

@@ -153,6 +153,16 @@ std::string Shown(std::string_view text) {
   });
 }
 
+std::string ShownLines(std::string_view text) {
+  std::string shown;
+  for (std::size_t end = 0; end != std::string_view::npos; text.remove_prefix(end == std::string_view::npos ? 0 : end + 1)) {
+    end = text.find_first_of("\n\t");
+    shown += Shown(text.substr(0, end));
+    if (end != std::string_view::npos) { shown += text[end]; }
+  }
+  return shown;
+}
+
 std::size_t Width(std::string_view shown) {
   std::size_t width = 0;
   while (!shown.empty()) {

@@ -14,6 +14,9 @@ namespace gattr {
 /// that turn the direction and invisible ones as \n, \u001b or \U000e0001, bytes that are no UTF-8 as \xff.
 std::string Shown(std::string_view text);
 
+/// The same line by line: line breaks and tabs stay.
+std::string ShownLines(std::string_view text);
+
 /// Columns that a shown text takes in a terminal: 0 for combining marks and joiners, 2 for East Asian wide characters and
 /// emoji, 1 for the rest.
 std::size_t Width(std::string_view shown);

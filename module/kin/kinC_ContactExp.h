@@ -118,6 +118,9 @@ public:
   kinC_ContactExpState const& ConstGetState(cow_String const& step) const;
   kinC_ContactExpState& GetState(cow_String const& step);
 
+  /// Edits that make the lists: each element where it is said first, in the order of the places, then what later steps say.
+  void ForEachTypeEdit(EditVisitor const& visit) const override;
+
   /// The domains and the assignments of every step in which the contact is active. As long as the lists are over all steps.
   atr_String Report() const override;
 

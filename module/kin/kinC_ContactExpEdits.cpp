@@ -91,6 +91,126 @@ Text DeleteAssignments(kprC_StepDependent& item, cow_String const& /*step*/, cls
 
 }  // namespace
 
+namespace {
+
+/// What own records say of the element of a list, by their steps.
+template <class V> using SaidBySteps = std::vector<std::pair<std::size_t, V>>;
+
+/// What is said of each element of a list that has \p size of them.
+template <class V>
+std::vector<SaidBySteps<V>> Said(kinC_ContactExp const& contact, std::size_t size, mdl_PropList<V> kinC_ContactExpState::*list) {
+  std::vector<SaidBySteps<V>> said(size);
+  contact.ForEachRecord([&](std::size_t step, mdl_PropagationStatusEnm, cls_Object const* state) {
+    if (state == nullptr) { return; }
+    (static_cast<kinC_ContactExpState const*>(state)->*list).ForEachTold([&](std::size_t i, mdl_PropAttr<V> const& element) {
+      if (i < size && element.HasValue()) { said[i].emplace_back(step, element.ConstGet()); }
+    });
+  });
+  return said;
+}
+
+/// Edits in a row that are of one command in one step, given as one.
+template <class Arguments> class Joining {
+public:
+  Joining(kinC_ContactExp const& contact, kprC_StepDependent::EditVisitor const& visit) : contact_(contact), visit_(visit) {}
+  ~Joining() = default;
+  Joining(Joining const&) = delete;
+  Joining& operator=(Joining const&) = delete;
+
+  template <class Add> void Join(std::string_view command, std::size_t step, Add&& add) {
+    if (command != command_ || step != step_) { Flush(); }
+    command_ = command;
+    step_ = step;
+    add(arguments_);
+  }
+  void Flush() {
+    if (!command_.empty()) { visit_(command_, contact_.Steps().Name(step_), arguments_); }
+    arguments_ = Arguments();
+    command_ = {};
+  }
+
+private:
+  kinC_ContactExp const& contact_;
+  kprC_StepDependent::EditVisitor const& visit_;
+  std::string_view command_;
+  std::size_t step_ = 0;
+  Arguments arguments_;
+};
+
+/// The edits that have a pair take part where \p said says so, in an order in which each can be done.
+SaidBySteps<bool> PairEdits(SaidBySteps<bool> const& said) {
+  SaidBySteps<bool> edits;
+  bool repeated = false, takesPart = false;
+  for (auto const& [step, is] : said) {
+    repeated = repeated || (is && takesPart);
+    takesPart = is;
+  }
+  takesPart = false;
+  auto const say = [&](std::size_t step, bool is) {
+    if (!is && (!takesPart || repeated)) { edits.emplace_back(step, true); }
+    edits.emplace_back(step, is);
+    takesPart = is;
+  };
+  if (repeated) {  // what is there already is said where it is not yet: from behind
+    for (std::size_t i = said.size(); i-- > 0;) { say(said[i].first, said[i].second); }
+  } else {
+    for (auto const& [step, is] : said) { say(step, is); }
+  }
+  return edits;
+}
+
+}  // namespace
+
+void kinC_ContactExp::ForEachTypeEdit(EditVisitor const& visit) const {
+  for (bool const excluded : {false, true}) {
+    Pairs_ const& pairs = Domain(excluded);
+    auto const said = Said(*this, pairs.Size(), excluded ? &State_::activeExcludedPairs : &State_::activeIncludedPairs);
+    std::vector<std::pair<std::size_t, std::pair<std::size_t, bool>>> later;
+    Joining<kinC_PairArguments> joining(*this, visit);
+    auto const tell = [&](std::size_t pair, std::size_t step, bool takesPart) {
+      joining.Join(takesPart ? addPairsCmd() : removePairsCmd(), step, [&](kinC_PairArguments& arguments) {
+        arguments.pairs.Append(pairs[pair]);
+        arguments.excluded = excluded;
+      });
+    };
+    for (std::size_t i = 0; i < pairs.Size(); ++i) {
+      SaidBySteps<bool> const edits = PairEdits(said[i]);
+      for (std::size_t at = 0; at < edits.size(); ++at) {
+        at == 0 ? tell(i, edits[at].first, edits[at].second) : void(later.emplace_back(i, edits[at]));
+      }
+    }
+    for (auto const& [pair, edit] : later) { tell(pair, edit.first, edit.second); }
+    joining.Flush();
+  }
+#define DDB_ASSIGNMENT(Kind, Value, regions, values, command, ...)                             \
+  {                                                                                            \
+    auto const said = Said(*this, regions##_.Size(), &State_::values);                         \
+    Joining<kinC_AppendArguments> joining(*this, visit);                                       \
+    for (std::size_t i = 0; i < said.size(); ++i) {                                            \
+      if (said[i].empty()) { continue; }                                                       \
+      joining.Join(appendInStepCmd(), said[i][0].first, [&](kinC_AppendArguments& arguments) { \
+        arguments.pairs.Append(regions##_[i]);                                                 \
+        arguments.command.Append(said[i][0].second);                                           \
+      });                                                                                      \
+    }                                                                                          \
+    joining.Flush();                                                                           \
+    Joining<kinC_ChangeArguments> changing(*this, visit);                                      \
+    for (std::size_t step = 0; step < Steps().Size(); ++step) {                                \
+      for (std::size_t i = 0; i < said.size(); ++i) {                                          \
+        for (std::size_t at = 1; at < said[i].size(); ++at) {                                  \
+          if (said[i][at].first != step) { continue; }                                         \
+          changing.Join(changeValuesInStepCmd(), step, [&](kinC_ChangeArguments& arguments) {  \
+            arguments.indices.Append(static_cast<int>(i));                                     \
+            arguments.command.Append(said[i][at].second);                                      \
+          });                                                                                  \
+        }                                                                                      \
+      }                                                                                        \
+    }                                                                                          \
+    changing.Flush();                                                                          \
+  }
+#include "module/kin/kinC_Assignments.def"
+}
+
 std::span<kprC_TypeEdit const> kinC_Interaction::TypeEdits() {
   using Contact = kinC_ContactExp;
   static constexpr kprC_TypeEdit edits[] = {

@@ -96,6 +96,28 @@ TEST_F(Copying, OfAStepIsRefusedWholeWhereAnAttributeRefuses) {
   EXPECT_EQ(TextOf(session_.Model()), before);
 }
 
+TEST_F(Copying, NamesSeveralObjectsAndStepsPairByPairAsOneEdit) {
+  std::size_t const before = session_.Journal().size();
+  ExpectUndone(session_, R"({"command": "setValuesInStep", "stepName": ["S4", "S2"], "boundaryCondition": ["Fix"], "u1": 0.25})");
+  EXPECT_EQ(HistoryOf(session_, "Fix"), "0 1 3 9 3");
+  EXPECT_EQ(session_.Journal().size(), before + 3) << "with undo and redo";
+  ExpectUndone(session_, R"({"command": "deactivate", "boundaryCondition": ["Fix", "Base"], "stepName": "S4"})");
+  EXPECT_EQ(session_.UndoLabel(), "deactivate boundaryCondition \"Fix\" and 1 more");
+  ExpectUndone(session_, R"({"command": "delete", "boundaryCondition": ["Base", "Fix"]})");
+  session_.Undo();
+  ExpectUndone(session_, R"({"command": "delete", "step": ["S4", "S3"]})");
+  std::string const text = TextOf(session_.Model());
+  for (auto const& [line, told] : std::vector<std::pair<std::string, std::string>>{
+           {R"({"command": "deactivate", "boundaryCondition": ["Fix", "Fxi"], "stepName": "S2"})", "deactivate boundaryCondition \"Fxi\""},
+           {R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": ["S2", "S1"]})", "in step \"S1\": "},
+           {R"({"command": "suppress", "boundaryCondition": []})", "A list of names is empty."},
+           {R"({"command": "suppress", "boundaryCondition": ["Fix", 3]})", "\"boundaryCondition\" is a text, not 3."},
+           {R"({"command": "PinnedBC", "name": ["P", "Q"], "createStepName": "S1"})", "\"name\" is a text, not a list."}}) {
+    EXPECT_THAT(session_.Execute(Line(line)).message, ::testing::HasSubstr(told)) << line;
+    EXPECT_EQ(TextOf(session_.Model()), text) << line;
+  }
+}
+
 class LoadCases : public Copying {
 protected:
   LoadCases() {

@@ -71,7 +71,7 @@ TEST_P(BadLines, AreRefusedWithTheirPlaceAndReadingGoesOn) {
 INSTANTIATE_TEST_SUITE_P(Rows, BadLines,
                          ::testing::Values(BadLine{R"({"command": undo})", 13, {"column 13", "no JSON"}},
                                            BadLine{R"({"command": "undo")", 19, {"no JSON"}},
-                                           BadLine{R"({"command": "undo"} {})", 21, {"no JSON"}}, BadLine{"# a comment", 1, {"no JSON"}},
+                                           BadLine{R"({"command": "undo"} {})", 21, {"no JSON"}},
                                            BadLine{"{\"command\": \"\xFF\"}", 14, {"no JSON"}},
                                            BadLine{R"(["undo"])", 1, {"expected a command"}},
                                            BadLine{std::string(100, '['), 65, {"nested deeper than 64 levels"}},
@@ -81,6 +81,47 @@ INSTANTIATE_TEST_SUITE_P(Rows, BadLines,
                                            BadLine{R"({"command": "StaticStep", "timePeriod": NaN})", 41, {"no JSON"}},
                                            BadLine{R"({"command": "undo", "u1": 1, "u1": 2})", 0, {"\"u1\" is given twice"}},
                                            BadLine{std::string((16 << 20) + 1, 'x'), 0, {"16777217 bytes", "16777216 at most"}}));
+
+/// The names of the commands with their lines, and what is told of what cannot be read.
+std::string ReadAll(std::string const& journal) {
+  std::istringstream in(journal);
+  JournalReader reader(in, "j");
+  std::string told;
+  for (int tries = 0; tries < 9; ++tries) {
+    try {
+      auto const command = reader.Next();
+      if (!command) { return told; }
+      told += *command->Find("command")->As<std::string>() + std::to_string(reader.Line()) + " ";
+    } catch (JournalError const& error) { told += std::string("<") + error.what() + "> "; }
+  }
+  return told + "never ends";
+}
+
+TEST(JournalReader, TakesADocumentOfCommandsAndLinesOfComments) {
+  std::string const long_ = R"({"command": "undo", "x": ")" + std::string(16 << 20, 'x') + "\"}";
+  std::pair<std::string, char const*> const rows[] = {
+      {"# one\n{\"command\": \"undo\"}\n  # two\n\n{\"command\": \"redo\"}\n#", "undo2 redo5 "},
+      {R"({"commands": []})", ""},
+      {R"({"$schema": "s", "commands": [{"command": "undo"}, {"command":"redo", "x": ["]}", "\"", {"a": [1]}]}]})", "undo1 redo1 "},
+      {"\n# one\n{\n  \"$schema\": \"s\",\n  \"commands\": [\n    {\"command\":\n  \"undo\"}\n# two\n ,\n {\"command\": \"redo\"}\n  "
+       "]\n}\n",
+       "undo6 redo10 "},
+      {R"({ "commands" : [ {"command": "undo"} ] , "$schema": "s" } )", "undo1 "},
+      {R"({"commands": [{"command": "undo"}, 7, {"command": "redo"}]})",
+       "undo1 <j, line 1, column 36: expected a command, such as {\"command\": \"undo\"}.> redo1 "},
+      {"{\"commands\": [{\"command\":\n\"undo\" 1}]}", "<j, line 2, column 8: this is no JSON: unexpected number literal; expected '}'.> "},
+      {R"({"commands": [{"command": "undo"})", "undo1 <j, line 1, column 34: expected \",\" or \"]\" behind a command.> "},
+      {R"({"commands": [{"command": "undo"}]} {})", "undo1 <j, line 1, column 37: expected nothing behind the document.> "},
+      {R"({"$schema": "s"})", "<j, line 1, column 17: the document has no \"commands\".> "},
+      {R"({"$schema": 1, "commands": []})", "<j, line 1, column 13: \"$schema\" is a text.> "},
+      {R"({"commands": [], "more": 1})",
+       "<j, line 1, column 26: there is no member \"more\": a document has \"$schema\" and \"commands\".> "},
+      {R"({"commands": {}})", "<j, line 1, column 14: expected the list of commands.> "},
+      {R"({"commands": [)" + long_ + R"(, {"command": "redo"}]})",
+       "<j, line 1: the value has 16777244 bytes; a command has 16777216 at most.> redo1 "},
+  };
+  for (auto const& [journal, told] : rows) { EXPECT_EQ(ReadAll(journal), told) << journal.substr(0, 200); }
+}
 
 }  // namespace
 }  // namespace gattr

@@ -164,6 +164,12 @@ public:
 
   /// What tells a person of its status in a step: "%1$s" is the status's word, "%2$s" the step's name. Empty in a family without.
   virtual std::string_view StatusFormat() const { return {}; }
+
+  /// Calls \p visit with edits that the type knows beside its family's operations (kprC_TypeEdit), which make of an attribute whose other
+  /// records are there what it keeps beside its members; \p step is empty for an edit of no step.
+  using EditVisitor = std::function<void(std::string_view command, cow_String const& step, cls_Object const& arguments)>;
+  virtual void ForEachTypeEdit(EditVisitor const& /*visit*/) const {}
+
   /// What the attribute says over all steps, for a person to read; empty for a type that has no report.
   virtual atr_String Report() const { return {}; }
 
