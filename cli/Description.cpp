@@ -8,7 +8,7 @@
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "module/kpr/steps/kprC_Steps.h"
-#include "report/HistoryTable.h"
+#include "command/HistoryTable.h"
 #include "text/Text.h"
 
 namespace gattr::cli {

@@ -12,7 +12,7 @@
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "platform/CoreUtils/thr_Singleton.h"
-#include "report/HistoryTable.h"
+#include "command/HistoryTable.h"
 #include "report/TextTable.h"
 #include "store/ModelPath.h"
 

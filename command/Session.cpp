@@ -497,6 +497,15 @@ std::vector<ClassInfo> Session::ValueClasses() {
   return classes;
 }
 
+std::vector<KindInfo> Session::Kinds() {
+  std::vector<KindInfo> kinds = {{std::string(kprC_Step::stepCmd().View()), std::string(ddr_Model::stepsCmd().View())}};
+  ForEachRepository(ddr_Model(), [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+    kinds.push_back({std::string(repository.ItemCmd()), std::string(extension.View())});
+  });
+  for (ReferenceKind const& kind : ReferenceKinds()) { kinds.push_back({std::string(kind.kind), std::string(kind.extension)}); }
+  return kinds;
+}
+
 std::vector<ArgumentInfo> CommandInfo::Listed() const {
   std::vector<ArgumentInfo> listed = arguments;
   if (!kinds.empty()) {

@@ -96,6 +96,11 @@ struct CommandInfo {
   DDB_API std::vector<ArgumentInfo> Listed() const;
 };
 
+/// A kind of object that commands name, "boundaryCondition", and the model's member that holds all of that kind.
+struct KindInfo {
+  std::string kind, member;
+};
+
 class Arguments;
 struct Subject;
 
@@ -196,6 +201,8 @@ public:
   static std::vector<CommandInfo> Commands();
   /// The classes of values that arguments, and members of these, are given by, each once.
   static std::vector<ClassInfo> ValueClasses();
+  /// The kinds of named objects: steps, the families of attributes, and what those refer to.
+  static std::vector<KindInfo> Kinds();
 
 private:
   /// One undoable edit: the model on its other side, and what it added to the change history.

@@ -8,6 +8,11 @@
 namespace gattr {
 namespace {
 
+constexpr Style kStyles[kStatusCount] = {
+    Style::Faint, Style::New,  Style::Kept,    Style::Changed, Style::Off,  Style::Faint, Style::Faint, Style::Faint,
+    Style::Held,  Style::Kept, Style::Changed, Style::Off,     Style::Held, Style::Kept,  Style::Held,  Style::Changed,
+};
+
 constexpr std::size_t kGap = 2;
 constexpr std::size_t kLongestName = 32;      // of an attribute or a type in the first columns
 constexpr std::size_t kLongestStepName = 24;  // longer ones are cut in the table; lists and JSON give them whole
@@ -222,6 +227,8 @@ std::string_view CssClass(Style style) {
 }
 
 }  // namespace
+
+Style StyleOf(mdl_PropagationStatusEnm status) { return kStyles[static_cast<std::size_t>(status) % kStatusCount]; }
 
 void RenderText(std::ostream& out, HistoryTable const& table, TextLayout const& layout) { TextPage(out, table, layout).Print(); }
 

@@ -2,9 +2,13 @@
 
 #include <iosfwd>
 
-#include "report/HistoryTable.h"
+#include "command/HistoryTable.h"
+#include "report/Display.h"
 
 namespace gattr {
+
+/// How a status is shown.
+Style StyleOf(mdl_PropagationStatusEnm status);
 
 /// How a table is laid out for a terminal.
 struct TextLayout {

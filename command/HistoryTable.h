@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,12 +9,9 @@
 #include "command/Words.h"
 #include "framework/ddr_Model.h"
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
-#include "report/Display.h"
+#include "platform/CoreUtils/ddb_Export.h"
 
 namespace gattr {
-
-/// How a status is shown.
-Style StyleOf(mdl_PropagationStatusEnm status);
 
 /// The histories of a model as a table: a row per attribute, a column per step.
 struct HistoryTable {
@@ -54,11 +52,17 @@ struct HistoryFilter {
 };
 
 /// Attributes by kind and name, steps in their order. Linear in the records shown.
-HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter = {});
+DDB_API HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter = {});
+
+/// All statuses of a model, as many for each attribute as there are steps: what is in the rows of the table above, without it. Costs
+/// what changes from step to step, and the bytes.
+DDB_API void FillStatuses(ddr_Model const& model, std::span<std::uint8_t> statuses);
+/// The member's values in force where it is a real or whole number, in the same order; NaN where there is none.
+DDB_API void FillValues(ddr_Model const& model, std::string_view member, std::span<double> values);
 
 /// The names that a filter can give.
-std::vector<std::string> AttributeNames(ddr_Model const& model);
-std::vector<std::string> StepNames(ddr_Model const& model);
-std::vector<std::string> TypeNames(ddr_Model const& model);
+DDB_API std::vector<std::string> AttributeNames(ddr_Model const& model);
+DDB_API std::vector<std::string> StepNames(ddr_Model const& model);
+DDB_API std::vector<std::string> TypeNames(ddr_Model const& model);
 
 }  // namespace gattr

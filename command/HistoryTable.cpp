@@ -1,19 +1,15 @@
-#include "report/HistoryTable.h"
+#include "command/HistoryTable.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
-#include "text/Json.h"
+#include "text/JsonText.h"
 #include "text/Text.h"
 
 namespace gattr {
 namespace {
-
-constexpr Style kStyles[kStatusCount] = {
-    Style::Faint, Style::New,  Style::Kept,    Style::Changed, Style::Off,  Style::Faint, Style::Faint, Style::Faint,
-    Style::Held,  Style::Kept, Style::Changed, Style::Off,     Style::Held, Style::Kept,  Style::Held,  Style::Changed,
-};
 
 /// Calls \p visit(repository) for every repository of step-dependent attributes.
 template <class Visit> void ForEachFamily(ddr_Model const& model, Visit&& visit) {
@@ -31,8 +27,9 @@ std::string ValuesOf(cls_Object const& state) {
   std::string values;
   for (cls_MemberRow const& row : state.MemberRows()) {
     if (row.again || row.ops->isModified == nullptr || !row.ops->isModified(row.In(&state))) { continue; }
-    Json const value = ToJson(row.ToValue(&state));
-    values += (values.empty() ? "" : ", ") + std::string(row.name) + " " + (value.is_string() ? value.get<std::string>() : value.dump());
+    cls_Value const value = row.ToValue(&state);
+    auto const* const text = value.As<std::string>();
+    values += (values.empty() ? "" : ", ") + std::string(row.name) + " " + (text != nullptr ? *text : JsonText(value));
   }
   return values;
 }
@@ -50,9 +47,54 @@ std::vector<HistoryTable::Change> ChangesOf(kprC_StepAwareRepository const& fami
   return changes;
 }
 
+/// The statuses in all steps.
+void Fill(kprC_StepDependent const& item, std::uint8_t* statuses) {
+  item.ForEachRun([statuses](std::size_t begin, std::size_t end, mdl_PropagationStatusEnm status, cls_Object const*) {
+    std::fill(statuses + begin, statuses + end, static_cast<std::uint8_t>(status));
+  });
+}
+
+double NumberIn(cls_Object const& state, std::string_view member) {
+  constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  auto const rows = state.MemberRows();
+  auto const row = std::ranges::find_if(rows, [&](cls_MemberRow const& known) { return known.IsCalled(member); });
+  if (row == rows.end()) { return kNone; }
+  if (row->ops->realInForce != nullptr) {
+    double const* const value = row->ops->realInForce(row->In(&state));
+    return value == nullptr ? kNone : *value;
+  }
+  cls_Value const value = row->ToValue(&state);
+  if (auto const* const real = value.As<double>()) { return *real; }
+  auto const* const whole = value.As<long long>();
+  return whole == nullptr ? kNone : static_cast<double>(*whole);
+}
+
+/// Calls \p visit(item, index) for every attribute, the index being the one of its first place in a matrix of so many \p columns.
+template <class Visit> void ForEachPlace(ddr_Model const& model, std::size_t columns, Visit&& visit) {
+  std::size_t place = 0;
+  ForEachFamily(model, [&](kprC_StepAwareRepository const& family) {
+    family.ForEach([&](cow_String const&, kprC_StepDependent const& item) {
+      visit(item, place);
+      place += columns;
+    });
+  });
+}
+
 }  // namespace
 
-Style StyleOf(mdl_PropagationStatusEnm status) { return kStyles[static_cast<std::size_t>(status) % kStatusCount]; }
+void FillStatuses(ddr_Model const& model, std::span<std::uint8_t> statuses) {
+  ForEachPlace(model, kprC_Steps(model).Size(),
+               [&](kprC_StepDependent const& item, std::size_t place) { Fill(item, statuses.data() + place); });
+}
+
+void FillValues(ddr_Model const& model, std::string_view member, std::span<double> values) {
+  ForEachPlace(model, kprC_Steps(model).Size(), [&](kprC_StepDependent const& item, std::size_t place) {
+    item.ForEachRun([&](std::size_t begin, std::size_t end, mdl_PropagationStatusEnm, cls_Object const* state) {
+      double const value = state == nullptr ? std::numeric_limits<double>::quiet_NaN() : NumberIn(*state, member);
+      std::fill(values.data() + place + begin, values.data() + place + end, value);
+    });
+  });
+}
 
 HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
   HistoryTable table;
@@ -70,8 +112,10 @@ HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
     family.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
       if (!Shows(filter.attributes, name.View()) || !Shows(filter.types, item.ConstructionName())) { return; }
       HistoryTable::Row row{std::string(name.View()), std::string(family.ItemCmd()), item.ConstructionName(), item.IsSuppressed(), {}};
-      row.statuses.reserve(columns.size());
-      for (std::size_t const column : columns) { row.statuses.push_back(static_cast<std::uint8_t>(item.StatusAt(column))); }
+      row.statuses.resize(steps.Size());
+      Fill(item, row.statuses.data());
+      for (std::size_t i = 0; i < columns.size(); ++i) { row.statuses[i] = row.statuses[columns[i]]; }
+      row.statuses.resize(columns.size());
       auto const asked = [&](std::uint8_t status) {
         return std::ranges::find(filter.statuses, static_cast<mdl_PropagationStatusEnm>(status)) != filter.statuses.end();
       };
