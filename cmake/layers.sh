@@ -45,9 +45,10 @@ command: $library module text store
 embed: $tools
 report: $tools
 cli: $tools report
+python: $tools report
 "
 
-cmake/sources.sh platform framework module text store command embed report cli | xargs grep -nH '^ *# *include *"' | awk -v rooms="$rooms" '
+cmake/sources.sh platform framework module text store command embed report cli python | xargs grep -nH '^ *# *include *"' | awk -v rooms="$rooms" '
   function inside(path, room) { return path == room || index(path, room "/") == 1 }
   function room_of(path,  room, best) {
     for (room in allowed) { if (inside(path, room) && length(room) > length(best)) { best = room } }

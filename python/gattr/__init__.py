@@ -1,0 +1,23 @@
+"""One model of a finite-element analysis: its steps, and all that depends on their sequence.
+
+Everything is edited by commands, so everything is checked, journaled and can be undone::
+
+    m = gattr.Model()
+    m.StaticStep(name="Press", initialInc=0.1)
+    m.Set(name="Top")
+    bc = m.DisplacementBC(name="Punch", createStepName="Press", region="Top", u2=-10.0)
+    bc["Press"].u2 = -12.0
+    m.undo()
+"""
+
+from ._words import FREED, UNSET, Freed, Status, Unset
+from ._errors import Busy, Error, Gone, Refused, RefusedKey, RefusedValue, Unreadable
+from ._model import Finding, History, Model, Objects, Outcome, State, Steps, load, open, replay
+from ._objects import Handle, handles as _handles
+
+globals().update({_class.__name__: _class for _class in _handles})
+
+__all__ = [
+    "Busy", "Error", "FREED", "Finding", "Freed", "Gone", "Handle", "History", "Model", "Objects", "Outcome", "Refused",
+    "RefusedKey", "RefusedValue", "State", "Status", "Steps", "UNSET", "Unreadable", "Unset", "load", "open", "replay",
+] + [_class.__name__ for _class in _handles]

@@ -1,0 +1,277 @@
+"""Models, their tables and their files."""
+
+import collections.abc
+import html
+import typing
+
+from . import _gattr, _objects
+from ._gattr import State
+from ._words import Status
+
+
+class Outcome(typing.NamedTuple):
+    """What became of a command."""
+
+    changed: bool
+    message: str
+    history: dict
+    report: str
+
+
+class Finding(typing.NamedTuple):
+    """Something that a person should know of a model."""
+
+    id: str
+    severity: str
+    kind: str
+    name: str
+    step: str
+    member: str
+    module: str
+    code: int
+    text: str
+    detail: str
+    hint: str
+    suppressed: bool
+
+
+class Objects(collections.abc.Mapping):
+    """The objects of a kind by name."""
+
+    __slots__ = ("_model", "_kind")
+
+    def __init__(self, model, kind):
+        self._model, self._kind = model, kind
+
+    def __getitem__(self, name):
+        if not self._model._has(self._kind, name):
+            raise KeyError(name)
+        return self._model._handle(self._kind, name)
+
+    def __contains__(self, name):
+        return self._model._has(self._kind, name)
+
+    def __iter__(self):
+        return iter(self._model._names(self._kind))
+
+    def __len__(self):
+        return len(self._model._names(self._kind))
+
+    def __repr__(self):
+        return f"<{len(self)} {_objects.mappings_by_number[self._kind]}>"
+
+
+class Steps(Objects, collections.abc.Sequence):
+    """The steps in their order: by name, or by position; iterating gives their handles."""
+
+    __slots__ = ()
+
+    def __getitem__(self, key):
+        if isinstance(key, str):
+            return super().__getitem__(key)
+        names = self._model._names(self._kind)
+        if isinstance(key, slice):
+            return [self._model._handle(self._kind, name) for name in names[key]]
+        return self._model._handle(self._kind, names[key])
+
+    def __contains__(self, step):
+        return super().__contains__(step) if isinstance(step, str) else step in list(self)
+
+    def __iter__(self):
+        return iter([self._model._handle(self._kind, name) for name in self._model._names(self._kind)])
+
+    def __reversed__(self):
+        return reversed(list(self))
+
+    def keys(self):
+        """The names in their order."""
+        return self._model._names(self._kind)
+
+    def values(self):
+        """The handles in their order."""
+        return list(self)
+
+    def items(self):
+        """Names and handles in their order."""
+        return list(zip(self.keys(), self))
+
+    def index(self, step, start=0, stop=None):
+        """The position of a step, which may be a name."""
+        name = step if isinstance(step, str) else step.name
+        names = self.keys()
+        return names.index(name, start, len(names) if stop is None else stop)
+
+    def count(self, step):
+        """One where there is the step."""
+        return int(step in self)
+
+    __eq__ = object.__eq__
+    __hash__ = object.__hash__
+
+
+class History:
+    """The statuses of all attributes in all steps, at one time."""
+
+    __slots__ = ("_table",)
+
+    def __init__(self, table):
+        self._table = table
+
+    @property
+    def shape(self):
+        """The number of attributes and that of steps."""
+        return self._table.shape
+
+    @property
+    def steps(self):
+        """The names of the steps, a column each."""
+        return self._table.steps
+
+    @property
+    def attributes(self):
+        """Kind and name of the attributes, a row each."""
+        return self._table.attributes
+
+    def __len__(self):
+        return self._table.shape[0]
+
+    def numpy(self):
+        """The statuses by number: an array of uint8, a row for each attribute, a column for each step."""
+        import numpy
+
+        statuses = numpy.empty(self._table.shape, numpy.uint8)
+        self._table._fill(statuses)
+        return statuses
+
+    def values(self, member):
+        """The values of a member that are in force, as float64 in the same places; NaN where there is none."""
+        import numpy
+
+        values = numpy.empty(self._table.shape, numpy.float64)
+        self._table._fill_values(member, values)
+        return values
+
+    def frame(self, member=None):
+        """A frame of the statuses, or of the values of a member, by kind and name of the attribute and by step."""
+        import pandas
+
+        values = self.numpy() if member is None else self.values(member)
+        rows = pandas.MultiIndex.from_tuples(self.attributes, names=["kind", "name"])
+        return pandas.DataFrame(values, index=rows, columns=pandas.Index(self.steps, name="step"))
+
+    def __str__(self):
+        return str(self._table)
+
+    def __repr__(self):
+        rows, columns = self.shape
+        return f"<History of {rows} attributes in {columns} steps>"
+
+    def _repr_html_(self):
+        page = html.escape(self._table.html())
+        return f'<iframe srcdoc="{page}" style="width: 100%; height: {min(60 + 28 * len(self), 600)}px; border: none"></iframe>'
+
+
+class Model(_gattr.Model):
+    """A model under edit. Its methods and those of its handles are the session's commands."""
+
+    __slots__ = ()
+
+    @property
+    def steps(self):
+        """The steps in their order, by name or by position."""
+        return Steps(self, 0)
+
+    def execute(self, command):
+        """Runs a command as a journal has it: {"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Step-2"}."""
+        changed, message, history, report = self._execute(command)
+        return Outcome(changed, message, history, report)
+
+    def save(self, path=None, *, overwrite=False, progress=None):
+        """Saves the model (.gadb, .gattr.json), by default where it was opened or saved last."""
+        path = path if path is not None else self.path
+        if path is None:
+            raise ValueError("the model was not opened or saved before: a path is expected")
+        self._save(_path(path), overwrite, progress)
+
+    def history(self):
+        """The statuses of all attributes in all steps as they are now."""
+        return History(self._history())
+
+    def check(self):
+        """Everything that stands in the way of solving the model."""
+        return [Finding(*told) for told in self._check()]
+
+    def copy(self):
+        """Another model, equal to this one. Costs next to nothing; has no undo and no journal of its own yet."""
+        copied = type(self)()
+        copied._copy(self)
+        return copied
+
+    __copy__ = copy
+
+    def __deepcopy__(self, memo):
+        return self.copy()
+
+    def __reduce__(self):
+        return load, (self.dump(),)
+
+    def __enter__(self):
+        if self.path is None:
+            raise ValueError("the model has no path to be saved to: open or save it first")
+        return self
+
+    def __exit__(self, kind, value, traceback):
+        if kind is None:
+            self.save()
+
+    def __repr__(self):
+        return f"<Model {self.name!r} of {len(self.steps)} steps>"
+
+
+def _path(path):
+    import os
+
+    return os.fspath(path)
+
+
+def open(path, *, progress=None):
+    """Opens a model (.gadb, .gattr.json). As a context it is saved when the block ends without an exception."""
+    model = Model()
+    model._open(_path(path), progress)
+    return model
+
+
+def load(text):
+    """The model that a text says, which dump gave."""
+    model = Model()
+    model._load(text)
+    return model
+
+
+def replay(path, *, progress=None):
+    """Runs a journal on an empty model."""
+    model = Model()
+    model._replay(_path(path), progress)
+    return model
+
+
+def _mapping(number):
+    def objects(self):
+        return Objects(self, number)
+
+    objects.__doc__ = f"The objects by name that commands call {_objects.kinds[number]}."
+    return property(objects)
+
+
+def _complete():
+    made = {name: _mapping(number) for name, number in _objects.mappings.items() if number}
+    made.update({info.name: _objects.construction(info) for info in _objects.constructions()})
+    made.update({info.name: _objects.session_command(info) for info in _objects.session_commands()})
+    for name, attribute in made.items():
+        if hasattr(Model, name):
+            raise ImportError(f"the command {name!r} hides a method of Model")
+        setattr(Model, name, attribute)
+
+
+_objects.mappings_by_number = {number: name for name, number in _objects.mappings.items()}
+_complete()

@@ -1,0 +1,29 @@
+"""What values may be beside themselves, and what attributes do in steps."""
+
+import enum
+
+from . import _gattr
+
+
+class Unset(enum.Enum):
+    """Nothing is said: None sets the same."""
+
+    UNSET = "UNSET"
+
+    def __repr__(self):
+        return "gattr.UNSET"
+
+
+class Freed(enum.Enum):
+    """What earlier steps say is given up from this one on."""
+
+    FREED = "FREED"
+
+    def __repr__(self):
+        return "gattr.FREED"
+
+
+UNSET = Unset.UNSET
+FREED = Freed.FREED
+Status = enum.IntEnum("Status", [(text, number) for number, text in enumerate(_gattr.statuses())], module="gattr")
+Status.__doc__ = "What an attribute does in a step, by number."

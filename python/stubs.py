@@ -1,0 +1,350 @@
+"""Writes the stubs of the module: what commands take, by type, from the session's own list. stubs.py FILE"""
+
+import sys
+
+from gattr import _objects
+
+HEAD = '''# What the module offers, made of the session's list of commands.
+import enum
+import os
+from collections.abc import Callable, Iterator, Mapping, Sequence
+from types import TracebackType
+from typing import Any, ContextManager, Generic, Literal, NamedTuple, TypedDict, TypeVar, overload
+
+import numpy
+import numpy.typing
+import pandas
+
+_R = TypeVar("_R", covariant=True)
+_S = TypeVar("_S", contravariant=True)
+_H = TypeVar("_H", bound=Handle)
+_Progress = Callable[[int, int], object]
+_Json = None | bool | int | float | str | Sequence["_Json"] | Mapping[str, "_Json"]
+
+class _Member(Generic[_R, _S]):
+    @overload
+    def __get__(self, instance: None, owner: type[object]) -> _Member[_R, _S]: ...
+    @overload
+    def __get__(self, instance: object, owner: type[object]) -> _R: ...
+    def __set__(self, instance: object, value: _S) -> None: ...
+
+class Unset(enum.Enum):
+    UNSET = "UNSET"
+
+class Freed(enum.Enum):
+    FREED = "FREED"
+
+UNSET: Literal[Unset.UNSET]
+FREED: Literal[Freed.FREED]
+
+class Error(Exception): ...
+
+class Refused(Error):
+    module: str | None
+    code: int | None
+    text: str
+    object: str | None
+    step: str | None
+    member: str | None
+    hint: str | None
+
+class RefusedValue(Refused, ValueError): ...
+class RefusedKey(Refused, KeyError): ...
+class Gone(Error, LookupError): ...
+class Busy(Error, RuntimeError): ...
+class Unreadable(Error, OSError): ...
+
+class Outcome(NamedTuple):
+    changed: bool
+    message: str
+    history: dict[str, list[Status]]
+    report: str
+
+class Finding(NamedTuple):
+    id: str
+    severity: str
+    kind: str
+    name: str
+    step: str
+    member: str
+    module: str
+    code: int
+    text: str
+    detail: str
+    hint: str
+    suppressed: bool
+
+class ObjectChange(NamedTuple):
+    change: Literal["created", "changed", "renamed", "deleted"]
+    kind: str
+    name: str
+    before: str
+    steps: list[str]
+
+class Change(NamedTuple):
+    cause: Literal["command", "undo", "redo"]
+    label: str
+    objects: list[ObjectChange]
+
+class Subscription:
+    def end(self) -> None: ...
+
+class DryRun:
+    history: History
+    findings: list[Finding]
+
+class Objects(Mapping[str, _H]):
+    def __getitem__(self, name: str) -> _H: ...
+    def __iter__(self) -> Iterator[str]: ...
+    def __len__(self) -> int: ...
+
+class Steps(Sequence[Step]):
+    @overload
+    def __getitem__(self, key: str) -> Step: ...
+    @overload
+    def __getitem__(self, key: int) -> Step: ...
+    @overload
+    def __getitem__(self, key: slice) -> list[Step]: ...
+    def __len__(self) -> int: ...
+    def keys(self) -> list[str]: ...
+    def values(self) -> list[Step]: ...
+    def items(self) -> list[tuple[str, Step]]: ...
+
+class History:
+    @property
+    def shape(self) -> tuple[int, int]: ...
+    @property
+    def steps(self) -> list[str]: ...
+    @property
+    def attributes(self) -> list[tuple[str, str]]: ...
+    def __len__(self) -> int: ...
+    def numpy(self) -> numpy.typing.NDArray[numpy.uint8]: ...
+    def values(self, member: str) -> numpy.typing.NDArray[numpy.float64]: ...
+    def frame(self, member: str | None = None) -> pandas.DataFrame: ...
+    def _repr_html_(self) -> str: ...
+
+class State:
+    @property
+    def status(self) -> Status: ...
+    @property
+    def step(self) -> str: ...
+
+class Handle:
+    @property
+    def name(self) -> str: ...
+    @property
+    def model(self) -> Model: ...
+    @property
+    def exists(self) -> bool: ...
+    @property
+    def kind(self) -> str: ...
+
+class _Attribute(Handle):
+    def history(self) -> list[Status]: ...
+    @property
+    def command(self) -> str: ...
+    @property
+    def suppressed(self) -> bool: ...
+
+def open(path: str | os.PathLike[str], *, progress: _Progress | None = None) -> Model: ...
+def load(text: str) -> Model: ...
+def replay(path: str | os.PathLike[str], *, progress: _Progress | None = None) -> Model: ...
+'''
+
+MODEL = '''
+class Model:
+    def __init__(self) -> None: ...
+    @property
+    def path(self) -> str | None: ...
+    @property
+    def name(self) -> str: ...
+    @property
+    def space(self) -> str: ...
+    @property
+    def journal(self) -> list[dict[str, Any]]: ...
+    @property
+    def steps(self) -> Steps: ...
+    def execute(self, command: Mapping[str, _Json | Unset | Freed | Handle]) -> Outcome: ...
+    def save(self, path: str | os.PathLike[str] | None = None, *, overwrite: bool = False, progress: _Progress | None = None) -> None: ...
+    def dump(self) -> str: ...
+    def history(self) -> History: ...
+    def check(self) -> list[Finding]: ...
+    def copy(self) -> Model: ...
+    def transaction(self) -> ContextManager[None]: ...
+    def dry_run(self) -> ContextManager[DryRun]: ...
+    def on_change(self, callback: Callable[[Change], object]) -> Subscription: ...
+    def __enter__(self) -> Model: ...
+    def __exit__(self, kind: type[BaseException] | None, value: BaseException | None, traceback: TracebackType | None) -> None: ...
+'''
+
+PLAIN = {"integer": "int", "number": "float", "text": "str", "boolean": "bool"}
+
+
+def literal(texts):
+    return "Literal[" + ", ".join(f'"{text}"' for text in texts) + "]"
+
+
+def split(text):
+    """The parts of a union, not those inside brackets."""
+    parts, depth, part = [], 0, ""
+    for piece in text.split(" | "):
+        part = f"{part} | {piece}" if part else piece
+        depth += piece.count("[") - piece.count("]")
+        if depth == 0:
+            parts.append(part)
+            part = ""
+    return parts
+
+
+def union(*types):
+    """The types one after the other, each once, None last."""
+    seen = {part: None for text in types if text for part in split(text)}
+    nothing = seen.pop("None", 0) is None
+    return " | ".join([*seen, *(["None"] if nothing else [])])
+
+
+def base(argument, given):
+    """One value, as it is given or read."""
+    if argument.kind == "choice":
+        return literal(argument.permissible)
+    words = literal(argument.permissible) if argument.permissible else ""
+    if argument.refers:
+        return union("str", _objects.class_name(argument.refers) if given else "", "None")
+    if argument.kind == "object":
+        return union(f"_{argument.class_name}" if argument.class_name else "str", "None")
+    return union(PLAIN[argument.kind], words)
+
+
+def value(argument, given):
+    """The type of an argument, or of a member that is read."""
+    carried = ("Unset | Freed | None" if given else "Freed | None") if argument.per_step else ""
+    one = base(argument, given)
+    for _ in range(argument.depth):
+        inner = union(one, carried)
+        one = f"Sequence[{inner}]" if given else f"list[{inner}]"
+    nullable = not argument.required and argument.kind not in ("boolean", "choice") and not argument.of_state
+    return union(one, carried, "None" if nullable else "")
+
+
+def argument_text(known, positional):
+    taken = union(*(value(argument, True) for argument in known))
+    required = known[0].required
+    return f"{known[0].name}: {taken}" + ("" if required else " = ...")
+
+
+def signature(arguments, positional=()):
+    """self and the arguments: those that may stand by position first, the others by name alone."""
+    first = [argument_text(known, True) for name, known in arguments.items() if name in positional]
+    named = sorted((known for name, known in arguments.items() if name not in positional), key=lambda known: not known[0].required)
+    texts = [argument_text(known, False) for known in named]
+    return ", ".join(["self", *first, *(["*", *texts] if texts else [])])
+
+
+def members(known_by_name, indent="    "):
+    """Members as descriptors: what is read, what may be set."""
+    lines = []
+    for name, known in known_by_name.items():
+        read = union(*(value(argument, False) for argument in known))
+        given = union(*(value(argument, True) for argument in known))
+        lines.append(f"{indent}{name}: _Member[{read}, {given}]")
+    return lines
+
+
+def methods(infos, kind, makers, name, ignore=""):
+    lines = []
+    for info in infos:
+        arguments = _objects.with_members(info, kind, makers)
+        positional = [argument.name for argument in info.arguments if argument.required]
+        result = {"copy": name, "report": "str | None"}.get(info.name, "None")
+        lines.append(f"    def {info.name}({signature(arguments, positional)}) -> {result}: ...{ignore}")
+    return lines
+
+
+def state_class(name, state):
+    return [f"class {name}(State):", *members(state), ""] if state else []
+
+
+def setter(own, state, ignore=""):
+    """The method set, with what may be given."""
+    if not state:
+        return [f"    def set({signature(own)}) -> None: ...{ignore}"]
+    both = {**own}
+    for name, known in state.items():
+        both[name] = both.get(name, []) + known
+    given = signature(both).removeprefix("self")
+    carried = signature(state).removeprefix("self")
+    return [
+        "    @overload" + ignore,
+        f"    def set(self, stepName: str | Step, /{carried}) -> None: ...",
+        "    @overload",
+        f"    def set(self{given}) -> None: ...",
+    ]
+
+
+IGNORED = "  # type: ignore[override]"
+
+
+def handle_classes():
+    lines = []
+    for kind in _objects.kinds:
+        makers = [info for info in _objects.constructions() if info.makes == kind]
+        own, state = _objects.members_of(kind, makers)
+        name = _objects.class_name(kind)
+        lines += state_class(f"_{name}State", state)
+        lines.append(f"class {name}({'_Attribute' if state else 'Handle'}):")
+        lines += members(own)
+        if state:
+            lines.append(f"    def __getitem__(self, step: str | Step) -> _{name}State: ...")
+        lines += setter(own, state)
+        lines += methods(_objects.object_commands(kind), kind, makers, name)
+        lines.append("")
+        for known, info in _objects.of_class(kind).items():
+            if info.name == name:
+                continue
+            own, state = _objects.members_of(kind, [info])
+            lines += state_class(f"_{info.name}State", state)
+            lines.append(f"class {info.name}({name}):")
+            if state:
+                lines.append(f"    def __getitem__(self, step: str | Step) -> _{info.name}State: ...{IGNORED}")
+            lines += setter(own, state, IGNORED)
+            with_members = [command for command in _objects.object_commands(kind) if command.members and command.members != "procedure"]
+            copies = [command for command in _objects.object_commands(kind) if command.name == "copy"]
+            lines += methods(with_members, kind, [info], info.name, IGNORED)
+            lines += methods(copies, kind, [info], info.name)
+            lines += methods([more for more in _objects.commands if more.only_class == known], kind, [info], info.name)
+            lines.append("")
+    return lines
+
+
+def made_by(info):
+    known = _objects.of_class(info.makes).get(info.class_name)
+    return known.name if known is not None and known.name == info.name else _objects.class_name(info.makes)
+
+
+def value_classes():
+    lines = []
+    for one in _objects._gattr.classes():
+        lines.append(f"class _{one.name}(TypedDict, total=False):")
+        lines += [f"    {member.name}: {value(member, True)}" for member in one.members] or ["    pass"]
+        lines.append("")
+    return lines
+
+
+def model():
+    lines = MODEL.rstrip("\n").split("\n")
+    for name, number in _objects.mappings.items():
+        if number:
+            lines += ["    @property", f"    def {name}(self) -> Objects[{_objects.class_name(_objects.kinds[number])}]: ..."]
+    for info in [*_objects.constructions(), *_objects.session_commands()]:
+        arguments = {argument.name: [argument] for argument in info.arguments}
+        result = made_by(info) if info.makes else "None"
+        lines.append(f"    def {info.name}({signature(arguments)}) -> {result}: ...")
+    return lines
+
+
+def status():
+    return ["class Status(enum.IntEnum):", *(f"    {text} = {number}" for number, text in enumerate(_objects._gattr.statuses())), ""]
+
+
+with open(sys.argv[1], "w", encoding="utf-8") as file:
+    file.write("\n".join([HEAD, *status(), *value_classes(), *handle_classes(), *model()]) + "\n")
