@@ -50,7 +50,7 @@ bool Handle::Exists() const {
 }
 
 cls_Object const& Handle::Get() const {
-  cls_Object const* const object = model_->Find(kind_, Name());
+  cls_Object const* const object = name_->lost ? nullptr : model_->Find(kind_, Name());
   if (object == nullptr) { Raise(Defined().gone, "There is no " + Kinds()[static_cast<std::size_t>(kind_)].kind + " \"" + Name() + "\"."); }
   return *object;
 }

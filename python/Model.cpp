@@ -66,7 +66,21 @@ std::vector<std::string> Model::Names(int kind) const {
 }
 
 std::shared_ptr<ObjectName const> Model::Follow(int kind, std::string_view name) {
-  return std::make_shared<ObjectName const>(ObjectName{Kinds()[static_cast<std::size_t>(kind)].kind, std::string(name)});
+  return session_.Follow(Kinds()[static_cast<std::size_t>(kind)].kind, name);
+}
+
+std::shared_ptr<Subscription> Model::OnChange(py::object callback) {
+  Use const use(*this);
+  // The callable is let go of under the interpreter's lock, which whoever ends a model or a subscription holds.
+  auto kept = std::make_shared<Subscription>(
+      session_.Subscribe([callback = std::move(callback)](ChangeEvent const& event) { callback(Told(event)); }));
+  subscriptions_.push_back(kept);
+  return kept;
+}
+
+void Model::End(std::shared_ptr<Subscription> const& subscription) {
+  subscription->End();
+  std::erase(subscriptions_, subscription);
 }
 
 Model::File Model::FileOf(std::string const& path) {

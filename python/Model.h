@@ -14,13 +14,6 @@
 #include "store/ModelFile.h"
 #include "store/TextStore.h"
 
-namespace gattr {
-struct ObjectName {
-  std::string kind, name;
-  bool lost = false;
-};
-}  // namespace gattr
-
 namespace gattr::python {
 
 namespace py = pybind11;
@@ -65,6 +58,10 @@ public:
   std::shared_ptr<ObjectName const> Follow(int kind, std::string_view name);
   std::vector<std::string> Names(int kind) const;
 
+  /// Has \p callback told of every whole edit until the subscription ends, which the model keeps.
+  std::shared_ptr<Subscription> OnChange(py::object callback);
+  void End(std::shared_ptr<Subscription> const& subscription);
+
   /// Where the model was opened or saved last; empty where it was not.
   std::string const& Path() const { return path_; }
   /// Of a new model, in the place of what is here. \p progress is a callable or None, for all of these.
@@ -81,6 +78,7 @@ private:
   Session session_;
   std::string path_;
   std::optional<File> file_;
+  std::vector<std::shared_ptr<Subscription>> subscriptions_;
   std::thread::id owner_;
   int depth_ = 0;
   bool alone_ = false;

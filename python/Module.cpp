@@ -107,6 +107,8 @@ void Define(py::dict const& definitions) {
   defined.busy = take("busy");
   defined.unreadable = take("unreadable");
   defined.noAttribute = take("no_attribute");
+  defined.change = take("change");
+  defined.objectChange = take("object_change");
 }
 
 void BindDescriptions(py::module_& m) {
@@ -154,6 +156,7 @@ void BindDescriptions(py::module_& m) {
 }
 
 void BindModel(py::module_& m) {
+  py::class_<Subscription, std::shared_ptr<Subscription>>(m, "Token");
   py::class_<Model, std::shared_ptr<Model>>(m, "Model")
       .def(py::init<>())
       .def("_copy",
@@ -188,6 +191,24 @@ void BindModel(py::module_& m) {
              return History(self.Data());
            })
       .def("_check", &Findings)
+      .def("_begin",
+           [](Model& self) {
+             Model::Use const use(self);
+             if (self.Commands().IsInTransaction()) { throw std::runtime_error("a transaction or a dry run has begun already"); }
+             self.Commands().Begin();
+           })
+      .def("_commit",
+           [](Model& self) {
+             Model::Use const use(self);
+             self.Commands().Commit();
+           })
+      .def("_rollback",
+           [](Model& self) {
+             Model::Use const use(self);
+             self.Commands().Rollback();
+           })
+      .def("_on_change", &Model::OnChange)
+      .def("_end", &Model::End)
       .def_property_readonly(
           "path", [](Model const& self) { return self.Path().empty() ? py::object(py::none()) : Text(self.Path()); },
           "Where the model was opened or saved last; None where it was not.")

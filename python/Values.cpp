@@ -126,6 +126,18 @@ cls_MemberRow const* FindRow(cls_Object const& object, std::string_view name) {
   return row == rows.end() ? nullptr : &*row;
 }
 
+py::object Told(ChangeEvent const& event) {
+  constexpr char const *kCauses[] = {"command", "undo", "redo"}, *kChanges[] = {"created", "changed", "renamed", "deleted"};
+  py::list objects;
+  for (ObjectChange const& change : event.objects) {
+    py::list steps;
+    for (std::string const& step : change.steps) { steps.append(Text(step)); }
+    objects.append(Defined().objectChange(kChanges[static_cast<std::size_t>(change.change)], Text(change.kind), Text(change.name),
+                                          change.before.empty() ? py::object(py::none()) : Text(change.before), steps));
+  }
+  return Defined().change(kCauses[static_cast<std::size_t>(event.cause)], Text(event.label), objects);
+}
+
 void Raise(py::handle type, std::string const& text) {
   PyErr_SetObject(type.ptr(), Text(text).ptr());
   throw py::error_already_set();

@@ -21,7 +21,7 @@ struct Definitions {
   py::object unset, freed;
   std::array<py::object, 16> statuses;  ///< by number
   py::dict handles;                     ///< kind to class of handles, and (kind, class) where a class of objects has its own
-  py::object refused, gone, busy, unreadable, noAttribute;
+  py::object refused, gone, busy, unreadable, noAttribute, change, objectChange;
 };
 /// Never ends: the interpreter may be gone before it would.
 Definitions& Defined();
@@ -34,6 +34,9 @@ py::object ToPython(cls_Value const& value);
 py::object Read(cls_MemberRow const& row, cls_Object const& object);
 /// The member that commands call so and may set; null where there is none.
 cls_MemberRow const* FindRow(cls_Object const& object, std::string_view name);
+
+/// An edit as callbacks are told it.
+py::object Told(ChangeEvent const& event);
 
 /// Raises what the outcome tells.
 [[noreturn]] void Raise(Outcome const& outcome);

@@ -1,19 +1,22 @@
 """Writes the stubs of the module: what commands take, by type, from the session's own list. stubs.py FILE"""
 
+import re
 import sys
 
 from gattr import _objects
 
-HEAD = '''# What the module offers, made of the session's list of commands.
+HEAD = '''# What the module offers, made of the session's list of commands. A class of objects says more of its members than its kind does.
+# mypy: disable-error-code="override,import"
 import enum
 import os
 from collections.abc import Callable, Iterator, Mapping, Sequence
 from types import TracebackType
 from typing import Any, ContextManager, Generic, Literal, NamedTuple, TypedDict, TypeVar, overload
 
-import numpy
-import numpy.typing
-import pandas
+import gattr as _g
+import numpy as _numpy
+import numpy.typing as _typing
+import pandas as _pandas
 
 _R = TypeVar("_R", covariant=True)
 _S = TypeVar("_S", contravariant=True)
@@ -78,7 +81,7 @@ class ObjectChange(NamedTuple):
     change: Literal["created", "changed", "renamed", "deleted"]
     kind: str
     name: str
-    before: str
+    before: str | None
     steps: list[str]
 
 class Change(NamedTuple):
@@ -118,9 +121,9 @@ class History:
     @property
     def attributes(self) -> list[tuple[str, str]]: ...
     def __len__(self) -> int: ...
-    def numpy(self) -> numpy.typing.NDArray[numpy.uint8]: ...
-    def values(self, member: str) -> numpy.typing.NDArray[numpy.float64]: ...
-    def frame(self, member: str | None = None) -> pandas.DataFrame: ...
+    def numpy(self) -> _typing.NDArray[_numpy.uint8]: ...
+    def values(self, member: str) -> _typing.NDArray[_numpy.float64]: ...
+    def frame(self, member: str | None = None) -> _pandas.DataFrame: ...
     def _repr_html_(self) -> str: ...
 
 class State:
@@ -250,13 +253,13 @@ def members(known_by_name, indent="    "):
     return lines
 
 
-def methods(infos, kind, makers, name, ignore=""):
+def methods(infos, kind, makers, name):
     lines = []
     for info in infos:
         arguments = _objects.with_members(info, kind, makers)
         positional = [argument.name for argument in info.arguments if argument.required]
         result = {"copy": name, "report": "str | None"}.get(info.name, "None")
-        lines.append(f"    def {info.name}({signature(arguments, positional)}) -> {result}: ...{ignore}")
+        lines.append(f"    def {info.name}({signature(arguments, positional)}) -> {result}: ...")
     return lines
 
 
@@ -264,24 +267,21 @@ def state_class(name, state):
     return [f"class {name}(State):", *members(state), ""] if state else []
 
 
-def setter(own, state, ignore=""):
+def setter(own, state):
     """The method set, with what may be given."""
     if not state:
-        return [f"    def set({signature(own)}) -> None: ...{ignore}"]
+        return [f"    def set({signature(own)}) -> None: ..."]
     both = {**own}
     for name, known in state.items():
         both[name] = both.get(name, []) + known
     given = signature(both).removeprefix("self")
     carried = signature(state).removeprefix("self")
     return [
-        "    @overload" + ignore,
+        "    @overload",
         f"    def set(self, stepName: str | Step, /{carried}) -> None: ...",
         "    @overload",
         f"    def set(self{given}) -> None: ...",
     ]
-
-
-IGNORED = "  # type: ignore[override]"
 
 
 def handle_classes():
@@ -305,11 +305,11 @@ def handle_classes():
             lines += state_class(f"_{info.name}State", state)
             lines.append(f"class {info.name}({name}):")
             if state:
-                lines.append(f"    def __getitem__(self, step: str | Step) -> _{info.name}State: ...{IGNORED}")
-            lines += setter(own, state, IGNORED)
+                lines.append(f"    def __getitem__(self, step: str | Step) -> _{info.name}State: ...")
+            lines += setter(own, state)
             with_members = [command for command in _objects.object_commands(kind) if command.members and command.members != "procedure"]
             copies = [command for command in _objects.object_commands(kind) if command.name == "copy"]
-            lines += methods(with_members, kind, [info], info.name, IGNORED)
+            lines += methods(with_members, kind, [info], info.name)
             lines += methods(copies, kind, [info], info.name)
             lines += methods([more for more in _objects.commands if more.only_class == known], kind, [info], info.name)
             lines.append("")
@@ -339,7 +339,13 @@ def model():
         arguments = {argument.name: [argument] for argument in info.arguments}
         result = made_by(info) if info.makes else "None"
         lines.append(f"    def {info.name}({signature(arguments)}) -> {result}: ...")
-    return lines
+    names = "|".join(_class.__name__ for _class in _objects.handles)
+    return [outside(line, names) for line in lines]
+
+
+def outside(line, names):
+    """A line of the class Model, in which commands have the names of classes."""
+    return re.sub(rf'(?<!def )(?<!["._])\b({names})\b(?!["(])', r"_g.\1", line)
 
 
 def status():

@@ -10,14 +10,15 @@ Everything is edited by commands, so everything is checked, journaled and can be
     m.undo()
 """
 
-from ._words import FREED, UNSET, Freed, Status, Unset
+from ._words import FREED, UNSET, Change, Freed, ObjectChange, Status, Unset
 from ._errors import Busy, Error, Gone, Refused, RefusedKey, RefusedValue, Unreadable
-from ._model import Finding, History, Model, Objects, Outcome, State, Steps, load, open, replay
+from ._model import DryRun, Finding, History, Model, Objects, Outcome, State, Steps, Subscription, load, open, replay
 from ._objects import Handle, handles as _handles
 
 globals().update({_class.__name__: _class for _class in _handles})
 
 __all__ = [
-    "Busy", "Error", "FREED", "Finding", "Freed", "Gone", "Handle", "History", "Model", "Objects", "Outcome", "Refused",
-    "RefusedKey", "RefusedValue", "State", "Status", "Steps", "UNSET", "Unreadable", "Unset", "load", "open", "replay",
+    "Busy", "Change", "DryRun", "Error", "FREED", "Finding", "Freed", "Gone", "Handle", "History", "Model", "ObjectChange", "Objects",
+    "Outcome", "Refused", "RefusedKey", "RefusedValue", "State", "Status", "Steps", "Subscription", "UNSET", "Unreadable", "Unset", "load",
+    "open", "replay",
 ] + [_class.__name__ for _class in _handles]

@@ -1,6 +1,7 @@
 """Models, their tables and their files."""
 
 import collections.abc
+import contextlib
 import html
 import typing
 
@@ -171,6 +172,28 @@ class History:
         return f'<iframe srcdoc="{page}" style="width: 100%; height: {min(60 + 28 * len(self), 600)}px; border: none"></iframe>'
 
 
+class Subscription:
+    """Keeps a callback; ends with end(), or with the model."""
+
+    __slots__ = ("_model", "_token")
+
+    def __init__(self, model, token):
+        self._model, self._token = model, token
+
+    def end(self):
+        """The callback is told nothing more."""
+        self._model._end(self._token)
+
+
+class DryRun:
+    """What edits would have come to; filled when the block ends."""
+
+    __slots__ = ("history", "findings")
+
+    def __init__(self):
+        self.history, self.findings = None, []
+
+
 class Model(_gattr.Model):
     """A model under edit. Its methods and those of its handles are the session's commands."""
 
@@ -200,6 +223,34 @@ class Model(_gattr.Model):
     def check(self):
         """Everything that stands in the way of solving the model."""
         return [Finding(*told) for told in self._check()]
+
+    @contextlib.contextmanager
+    def transaction(self):
+        """What the block does is one edit, to be undone as one; where it raises, nothing of it is done."""
+        self._begin()
+        try:
+            yield
+        except BaseException:
+            self._rollback()
+            raise
+        self._commit()
+
+    @contextlib.contextmanager
+    def dry_run(self):
+        """Takes back all that the block does, and tells the histories and findings that it came to."""
+        told = DryRun()
+        self._begin()
+        try:
+            yield told
+            told.history, told.findings = self.history(), self.check()
+        finally:
+            self._rollback()
+
+    def on_change(self, callback):
+        """Has callback(change) called after every whole edit, undo and redo, once for a transaction, not for what is refused or tried.
+
+        It may read the model and edit it; what it raises passes to the caller of the edit, which stays done."""
+        return Subscription(self, self._on_change(callback))
 
     def copy(self):
         """Another model, equal to this one. Costs next to nothing; has no undo and no journal of its own yet."""

@@ -3,7 +3,7 @@
 import inspect
 
 from . import _errors, _gattr
-from ._words import FREED, UNSET, Status
+from ._words import FREED, UNSET, Change, ObjectChange, Status
 
 commands = _gattr.commands()
 kinds = [kind.kind for kind in _gattr.kinds()]
@@ -62,9 +62,12 @@ def constructions():
     return [info for info in commands if info.makes]
 
 
+CONTEXTS = ("transaction",)  # a block of commands: `with m.transaction():`
+
+
 def session_commands():
-    """The commands on the model itself."""
-    return [info for info in commands if not info.makes and not info.kinds]
+    """The commands on the model itself that are methods."""
+    return [info for info in commands if not info.makes and not info.kinds and info.name not in CONTEXTS]
 
 
 def object_commands(kind):
@@ -241,4 +244,6 @@ _gattr.define({
     "busy": _errors.Busy,
     "unreadable": _errors.Unreadable,
     "no_attribute": _errors.no_attribute,
+    "change": Change,
+    "object_change": ObjectChange,
 })

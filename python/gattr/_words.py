@@ -1,6 +1,7 @@
 """What values may be beside themselves, and what attributes do in steps."""
 
 import enum
+import typing
 
 from . import _gattr
 
@@ -27,3 +28,21 @@ UNSET = Unset.UNSET
 FREED = Freed.FREED
 Status = enum.IntEnum("Status", [(text, number) for number, text in enumerate(_gattr.statuses())], module="gattr")
 Status.__doc__ = "What an attribute does in a step, by number."
+
+
+class ObjectChange(typing.NamedTuple):
+    """What has become of one object: "created", "changed", "renamed" or "deleted"."""
+
+    change: str
+    kind: str
+    name: str
+    before: typing.Optional[str]
+    steps: list
+
+
+class Change(typing.NamedTuple):
+    """What one whole edit has changed; its cause is "command", "undo" or "redo"."""
+
+    cause: str
+    label: str
+    objects: list
