@@ -8,7 +8,7 @@ FUZZ ?= 60
 BUILD := build/release
 
 .DEFAULT_GOAL := help
-.PHONY: help setup build program libraries test asan edits attack demo bench pages docs format format-check lint abi abi-baseline install clean
+.PHONY: help setup build program libraries python wheel test asan edits attack demo bench pages docs format format-check lint abi abi-baseline install clean
 
 help: ## this list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / {printf "make %-13s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
@@ -24,9 +24,18 @@ libraries: setup
 	@cmake --preset release >/dev/null
 	@cmake --build --preset release -j $(JOBS) --target gattr_session
 
-build: setup ## library, tools, tests and benchmarks, in build/release
-	@cmake --preset release >/dev/null
+build: setup ## library, tools, Python module, tests and benchmarks, in build/release
+	@cmake/setup.sh python
+	@cmake --preset release -DGATTR_PYTHON=ON >/dev/null
 	@cmake --build --preset release -j $(JOBS)
+
+python: setup ## the Python module gattr, in build/release/python
+	@cmake/setup.sh python
+	@cmake --preset release -DGATTR_PYTHON=ON >/dev/null
+	@cmake --build --preset release -j $(JOBS) --target python
+
+wheel: python ## the module with its libraries as a wheel, in build/release/wheel; fetches nothing
+	@cmake --build --preset release -j $(JOBS) --target wheel
 
 test: build ## build and run all tests
 	@ctest --preset release -j $(JOBS)
@@ -59,6 +68,7 @@ demo: program ## replay an example, print its histories, leave a model file
 
 bench: build ## run the benchmarks; BENCH_ARGS goes to each
 	@for program in $(BUILD)/bin/bench_*; do echo "$${program##*/}"; "$$program" $(BENCH_ARGS) || exit 1; done
+	@echo "the Python module"; PYTHONPATH=$(BUILD)/python /usr/bin/python3 -P benchmarks/module.py
 
 pages: setup ## write what the library says of itself into the pages of docs/
 	@cmake --preset release >/dev/null
@@ -81,8 +91,9 @@ format-check: ## refuse what `make format` would change
 
 lint: setup ## clang-tidy, include directions, headers that compile alone
 	@cmake/setup.sh checks
+	@cmake/setup.sh python
 	@cmake/layers.sh
-	@cmake --preset release >/dev/null
+	@cmake --preset release -DGATTR_PYTHON=ON >/dev/null
 	@cmake --build --preset release -j $(JOBS) --target all_verify_interface_header_sets
 	@JOBS=$(JOBS) cmake/tidy.sh $(BUILD)
 

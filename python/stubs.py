@@ -11,7 +11,7 @@ import enum
 import os
 from collections.abc import Callable, Iterator, Mapping, Sequence
 from types import TracebackType
-from typing import Any, ContextManager, Generic, Literal, NamedTuple, TypedDict, TypeVar, overload
+from typing import ContextManager, Generic, Literal, NamedTuple, TypedDict, TypeVar, overload
 
 import gattr as _g
 import numpy as _numpy
@@ -164,7 +164,7 @@ class Model:
     @property
     def space(self) -> str: ...
     @property
-    def journal(self) -> list[dict[str, Any]]: ...
+    def journal(self) -> list[dict[str, _Json]]: ...
     @property
     def steps(self) -> Steps: ...
     def execute(self, command: Mapping[str, _Json | Unset | Freed | Handle]) -> Outcome: ...
