@@ -14,6 +14,8 @@ class Unset(enum.Enum):
     def __repr__(self):
         return "gattr.UNSET"
 
+    __str__ = __repr__
+
 
 class Freed(enum.Enum):
     """What earlier steps say is given up from this one on."""
@@ -22,6 +24,8 @@ class Freed(enum.Enum):
 
     def __repr__(self):
         return "gattr.FREED"
+
+    __str__ = __repr__
 
 
 UNSET = Unset.UNSET
