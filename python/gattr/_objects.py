@@ -15,6 +15,10 @@ def snake(name):
     return "".join("_" + letter.lower() if letter.isupper() else letter for letter in name)
 
 
+# the commands that set members, of the object and in a step
+SET = next(info.name for info in commands if info.members == "all")
+SET_IN_STEP = next(info.name for info in commands if info.members == "state")
+
 for _number, _kind in enumerate(_gattr.kinds()):
     mappings[snake(_kind.member)] = _number
 
@@ -156,7 +160,7 @@ class Handle(_gattr.Handle):
 
     def set(self, **members):
         """Sets members of the object; of an attribute, its own and those of its create step."""
-        self._do("setValues", members)
+        self._do(SET, members)
 
     def __repr__(self):
         return f"<{type(self).__name__} {self.name!r}>"
@@ -178,9 +182,9 @@ class Attribute(Handle):
     def set(self, stepName=None, /, **members):
         """Sets members from a step on; without one the object's own and those of its create step."""
         if stepName is None:
-            self._do("setValues", members)
+            self._do(SET, members)
         else:
-            self._do("setValuesInStep", {"stepName": stepName, **members})
+            self._do(SET_IN_STEP, {"stepName": stepName, **members})
 
     def history(self):
         """What it does in each step, in their order."""
