@@ -4,11 +4,12 @@
 #include <memory>
 
 #include "cli/Program.h"
+#include "command/HistoryTable.h"
 #include "command/Members.h"
+#include "command/Words.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "module/kpr/steps/kprC_Steps.h"
-#include "command/HistoryTable.h"
 #include "text/Text.h"
 
 namespace gattr::cli {

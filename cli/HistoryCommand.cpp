@@ -7,6 +7,7 @@
 
 #include "cli/Console.h"
 #include "cli/Program.h"
+#include "command/Words.h"
 #include "report/RenderHistory.h"
 #include "store/ModelPath.h"
 

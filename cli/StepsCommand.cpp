@@ -7,12 +7,13 @@
 
 #include "cli/Console.h"
 #include "cli/Program.h"
+#include "command/HistoryTable.h"
+#include "command/Words.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "platform/BasicUtils/nex_Exception.h"
 #include "platform/CoreUtils/thr_Singleton.h"
-#include "command/HistoryTable.h"
 #include "report/TextTable.h"
 #include "store/ModelPath.h"
 

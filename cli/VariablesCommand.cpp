@@ -8,11 +8,11 @@
 
 #include "cli/Console.h"
 #include "cli/Program.h"
+#include "command/HistoryTable.h"
 #include "command/Variables.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "platform/CoreUtils/thr_Singleton.h"
-#include "command/HistoryTable.h"
 #include "report/TextTable.h"
 #include "store/ModelPath.h"
 

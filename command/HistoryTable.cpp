@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "command/Words.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "text/JsonText.h"

@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "command/Words.h"
 #include "framework/ddr_Model.h"
 #include "platform/CaeUtils/mdl_PropagationStatus.h"
 #include "platform/CoreUtils/ddb_Export.h"

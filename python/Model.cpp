@@ -9,6 +9,7 @@
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "python/Values.h"
+#include "store/TextStore.h"
 
 namespace gattr::python {
 
@@ -83,12 +84,6 @@ void Model::End(std::shared_ptr<Subscription> const& subscription) {
   std::erase(subscriptions_, subscription);
 }
 
-Model::File Model::FileOf(std::string const& path) {
-  if (path.ends_with(".gadb")) { return ModelFile(path); }
-  if (path.ends_with(".json")) { return TextFile(path); }
-  throw py::value_error("\"" + path + "\" names no model: expected a name that ends in .gadb or .gattr.json");
-}
-
 namespace {
 
 /// Whether a long call goes on: asked of signals, and of the callable that is told how far it is. What either raises ends the call.
@@ -122,14 +117,12 @@ private:
 
 void Model::Open(std::string const& path, py::handle progress) {
   Use const use(*this, true);
-  File file = FileOf(path);
+  ModelPath file(path);
   Progress told(progress);
   std::optional<ddr_Model> model;
   {
     py::gil_scoped_release const unlocked;
-    if (told(0, 1)) {
-      model = std::visit([](auto& one) { return one.Open(); }, file);
-    }
+    if (told(0, 1)) { model = file.Open(); }
   }
   told.Done();
   session_ = Session(std::move(*model));
@@ -170,15 +163,13 @@ void Model::Replay(std::string const& path, py::handle progress) {
 
 void Model::Save(std::string const& path, bool overwrite, py::handle progress) {
   Use const use(*this, true);
-  std::optional<File> other;
-  if (path != path_ || !file_) { other = FileOf(path); }
-  File& file = other ? *other : *file_;
+  std::optional<ModelPath> other;
+  if (path != path_ || !file_) { other.emplace(path); }
+  ModelPath& file = other ? *other : *file_;
   Progress told(progress);
   {
     py::gil_scoped_release const unlocked;
-    if (told(0, 1)) {
-      std::visit([&](auto& one) { one.Save(Data(), overwrite ? Changed::Overwrite : Changed::Refuse); }, file);
-    }
+    if (told(0, 1)) { file.Save(Data(), overwrite ? Changed::Overwrite : Changed::Refuse); }
   }
   told.Done();
   if (other) { file_ = std::move(other); }

@@ -7,12 +7,10 @@
 #include <string>
 #include <string_view>
 #include <thread>
-#include <variant>
 #include <vector>
 
 #include "command/Session.h"
-#include "store/ModelFile.h"
-#include "store/TextStore.h"
+#include "store/ModelPath.h"
 
 namespace gattr::python {
 
@@ -72,12 +70,9 @@ public:
   void Load(std::string const& text);
 
 private:
-  using File = std::variant<ModelFile, TextFile>;
-  static File FileOf(std::string const& path);
-
   Session session_;
   std::string path_;
-  std::optional<File> file_;
+  std::optional<ModelPath> file_;
   std::vector<std::shared_ptr<Subscription>> subscriptions_;
   std::thread::id owner_;
   int depth_ = 0;

@@ -5,6 +5,7 @@
 
 #include "command/Check.h"
 #include "command/HistoryTable.h"
+#include "command/Words.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "python/Handles.h"

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "command/Refusal.h"
 #include "command/Session.h"
 #include "platform/BasicUtils/cls_Members.h"
 #include "platform/BasicUtils/cls_Value.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include "command/Words.h"
 #include "report/TextTable.h"
 
 namespace gattr {

@@ -255,7 +255,7 @@ class Files(unittest.TestCase):
             model.save(overwrite=True)
         self.assertRaises(gattr.Unreadable, gattr.open, self.path("none.gadb"))
         self.assertRaises(gattr.Unreadable, gattr.load, "{")
-        self.assertRaises(ValueError, gattr.open, "model.txt")
+        self.assertRaises(gattr.Unreadable, gattr.open, "model.txt")
         self.assertRaises(FileNotFoundError, gattr.replay, self.path("none.jsonl"))
 
     def test_a_replay_names_the_line_that_is_refused(self):
@@ -309,6 +309,13 @@ class Files(unittest.TestCase):
         tried.set()
         saver.join()
         self.assertEqual(len(refused), 5)
+        made = []
+        makers = [threading.Thread(target=lambda: made.append(forming()[0].dump())) for _ in range(4)]
+        for maker in makers:
+            maker.start()
+        for maker in makers:
+            maker.join()
+        self.assertEqual(made, [model.dump()] * 4)
         self.assertEqual(other.dump(), model.dump())
         self.assertEqual(punch["Form"].u2, -12)
 
