@@ -7,6 +7,7 @@ import sys
 import tempfile
 import unittest
 
+import gattr
 from support import BUILD, ROOT
 
 BEGIN = '''import gattr
@@ -75,6 +76,15 @@ class Types(unittest.TestCase):
     def test_stubs_say_no_any_and_no_rest_of_what_methods_take(self):
         for line in (BUILD / "python" / "gattr" / "__init__.pyi").read_text().splitlines():
             self.assertNotRegex(line, r"\bAny\b|\*\*|\*[a-z]")
+
+    def test_stubs_have_all_names_that_the_module_has(self):
+        text = (BUILD / "python" / "gattr" / "__init__.pyi").read_text()
+        for name in gattr.__all__:
+            self.assertRegex(text, rf"(?m)^(class |def )?{name}\b", name)
+        for owner in (gattr.Model, gattr.DisplacementBC, gattr.Step, gattr.Region, gattr.ContactExp, gattr.History, gattr.Objects):
+            for name in vars(owner):
+                if not name.startswith("_"):
+                    self.assertRegex(text, rf"(?m)^    def {name}\(", (owner, name))
 
 
 if __name__ == "__main__":
