@@ -9,6 +9,7 @@
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "python/Values.h"
+#include "python/Watch.h"
 #include "store/TextStore.h"
 
 namespace gattr::python {
@@ -84,47 +85,13 @@ void Model::End(std::shared_ptr<Subscription> const& subscription) {
   std::erase(subscriptions_, subscription);
 }
 
-namespace {
-
-/// Whether a long call goes on: asked of signals, and of the callable that is told how far it is. What either raises ends the call.
-class Progress {
-public:
-  explicit Progress(py::handle told) : told_(told) {}
-
-  /// With or without the interpreter's lock. False where the call has to end, which Done then raises.
-  bool operator()(std::size_t done, std::size_t total) {
-    py::gil_scoped_acquire const locked;
-    if (PyErr_CheckSignals() == 0) {
-      if (told_.is_none()) { return true; }
-      auto const answer = py::reinterpret_steal<py::object>(
-          PyObject_CallFunction(told_.ptr(), "KK", static_cast<unsigned long long>(done), static_cast<unsigned long long>(total)));
-      if (answer) { return true; }
-    }
-    raised_.emplace();
-    return false;
-  }
-  /// Raises what has ended the call.
-  void Done() {
-    if (raised_) { throw std::move(*raised_); }
-  }
-
-private:
-  py::handle told_;
-  std::optional<py::error_already_set> raised_;
-};
-
-}  // namespace
-
 void Model::Open(std::string const& path, py::handle progress) {
   Use const use(*this, true);
   ModelPath file(path);
-  Progress told(progress);
+  Watch watch(progress);
   std::optional<ddr_Model> model;
-  {
-    py::gil_scoped_release const unlocked;
-    if (told(0, 1)) { model = file.Open(); }
-  }
-  told.Done();
+  watch.Run([&](Progress const& told) { model = file.Open(told); });
+  watch.Raise();
   session_ = Session(std::move(*model));
   path_ = path;
   file_ = std::move(file);
@@ -136,27 +103,24 @@ void Model::Replay(std::string const& path, py::handle progress) {
   auto const size = static_cast<std::size_t>(std::filesystem::file_size(path, error));
   std::ifstream in(path, std::ios::binary);
   if (error || !in) { Raise(PyExc_FileNotFoundError, "cannot read \"" + path + "\""); }
-  Progress told(progress);
   Session session;
   JournalReader reader(in, path);
   std::optional<Outcome> refused;
-  {
-    py::gil_scoped_release const unlocked;
-    bool goesOn = true;
-    while (goesOn) {
+  Watch watch(progress);
+  watch.Run([&](Progress const& told) {
+    constexpr std::size_t kEvery = 64;
+    for (std::size_t done = 0; !refused; ++done) {
+      if (done % kEvery == 0 && !told(in.eof() ? size : static_cast<std::size_t>(in.tellg()), size)) { throw Cancelled(); }
       std::optional<cls_Value> const command = reader.Next();
       if (!command) { break; }
       Outcome outcome = session.Execute(*command);
-      if (!outcome.ok) {
-        outcome.message = path + ", line " + std::to_string(reader.Line()) + ": " + outcome.message;
-        refused = std::move(outcome);
-        break;
-      }
-      if (reader.Line() % 64 == 0) { goesOn = told(static_cast<std::size_t>(in.tellg()), size); }
+      if (outcome.ok) { continue; }
+      outcome.message = path + ", line " + std::to_string(reader.Line()) + ": " + outcome.message;
+      refused = std::move(outcome);
     }
-    if (goesOn && !refused) { told(size, size); }
-  }
-  told.Done();
+    if (!refused) { told(size, size); }
+  });
+  watch.Raise();
   if (refused) { Raise(*refused); }
   session_ = std::move(session);
 }
@@ -166,14 +130,11 @@ void Model::Save(std::string const& path, bool overwrite, py::handle progress) {
   std::optional<ModelPath> other;
   if (path != path_ || !file_) { other.emplace(path); }
   ModelPath& file = other ? *other : *file_;
-  Progress told(progress);
-  {
-    py::gil_scoped_release const unlocked;
-    if (told(0, 1)) { file.Save(Data(), overwrite ? Changed::Overwrite : Changed::Refuse); }
-  }
-  told.Done();
+  Watch watch(progress);
+  watch.Run([&](Progress const& told) { file.Save(Data(), overwrite ? Changed::Overwrite : Changed::Refuse, told); });
   if (other) { file_ = std::move(other); }
   path_ = path;
+  watch.Raise();
 }
 
 std::string Model::Dump() {

@@ -11,6 +11,7 @@
 #include "python/Handles.h"
 #include "python/Model.h"
 #include "python/Values.h"
+#include "python/Watch.h"
 #include "report/RenderHistory.h"
 #include "store/StoreError.h"
 
@@ -73,13 +74,12 @@ py::object Make(py::object const& self, std::string_view command, int kind, py::
   return MakeHandle(self, kind, TextOf(name));
 }
 
-py::list Findings(Model& model) {
+py::list Findings(Model& model, py::handle progress) {
   Model::Use const use(model, true);
   std::vector<Finding> found;
-  {
-    py::gil_scoped_release const unlocked;
-    found = Check(model.Data());
-  }
+  Watch watch(progress);
+  watch.Run([&](Progress const& told) { found = Check(model.Data(), told); });
+  watch.Raise();
   py::list findings;
   for (Finding const& finding : found) {
     FindingRow const& row = finding.Row();

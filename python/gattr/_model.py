@@ -220,9 +220,9 @@ class Model(_gattr.Model):
         """The statuses of all attributes in all steps as they are now."""
         return History(self._history())
 
-    def check(self):
+    def check(self, *, progress=None):
         """Everything that stands in the way of solving the model."""
-        return [Finding(*told) for told in self._check()]
+        return [Finding(*told) for told in self._check(progress)]
 
     @contextlib.contextmanager
     def transaction(self):

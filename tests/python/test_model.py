@@ -265,15 +265,24 @@ class Files(unittest.TestCase):
 
     def test_an_exception_in_a_progress_callback_cancels(self):
         model, punch = forming()
+        for number in range(300):
+            model.PinnedBC(name=f"Pin-{number}", createStepName="Form", region="Top")
         model.save(self.path("m.gadb"))
         punch.delete()
+        told = []
 
         def stop(done, total):
-            raise KeyboardInterrupt
+            told.append(done)
+            if done:
+                raise KeyboardInterrupt
 
+        for number in range(300):
+            model.boundary_conditions[f"Pin-{number}"].suppress()
         for call in (lambda: model.save(progress=stop), lambda: gattr.open(self.path("m.gadb"), progress=stop),
-                     lambda: gattr.replay(ROOT / "examples" / "forming.jsonl", progress=stop)):
+                     lambda: gattr.replay(ROOT / "examples" / "forming.jsonl", progress=stop), lambda: model.check(progress=stop)):
+            told.clear()
             self.assertRaises(KeyboardInterrupt, call)
+            self.assertEqual((told[0], len(told)), (0, 2))
         self.assertIn("Punch", gattr.open(self.path("m.gadb")).boundary_conditions)
         model.save()
 
