@@ -40,7 +40,8 @@ wheel: python ## the module with its libraries as a wheel, in build/release/whee
 test: build ## build and run all tests
 	@ctest --preset release -j $(JOBS)
 
-asan: setup ## the same under the address and undefined-behaviour sanitizers
+asan: setup ## the same but for the Python module under the address and undefined-behaviour sanitizers
+	@cmake/setup.sh python
 	@cmake --preset asan >/dev/null
 	@cmake --build --preset asan -j $(JOBS)
 	@ctest --preset asan -j $(JOBS)
