@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <cassert>
 #include <concepts>
 #include <cstddef>
@@ -96,17 +95,10 @@ private:
     if (object_ != nullptr) { object_->Retain(); }
   }
 
-  /// As dynamic_cast, which walks the bases by name: of the class that was asked for last the answer is kept, as whoever reads
-  /// many objects asks for it again and again.
+  /// As dynamic_cast, which walks the bases by name: an object that is a To and nothing else, as most are, needs no walk.
   template <class To> static To* Cast(T* object) noexcept {
     if constexpr (requires { static_cast<To*>(object); }) {
-      static constinit std::atomic<std::type_info const*> known{nullptr};  // a class whose objects are a To
-      if (object == nullptr) { return nullptr; }
-      std::type_info const* const type = &typeid(*object);
-      if (type == known.load(std::memory_order_relaxed)) { return static_cast<To*>(object); }
-      To* const cast = dynamic_cast<To*>(object);
-      if (cast != nullptr) { known.store(type, std::memory_order_relaxed); }
-      return cast;
+      if (object != nullptr && typeid(*object) == typeid(To)) { return static_cast<To*>(object); }
     }
     return dynamic_cast<To*>(object);
   }
