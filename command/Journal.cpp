@@ -45,6 +45,8 @@ void JournalReader::FindForm() {
     }
   }
   form_ = Form::Lines;
+  if (in_.bad()) { line_ = 1; }
+  AssertRead();
   if (look() != '{') { return; }
   ahead_ += static_cast<char>(in_.get());
   takeSpace();

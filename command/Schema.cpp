@@ -232,6 +232,9 @@ private:
     List any{value};
     if (member.many || member.propagating) { any.push_back(ListOf(value)); }
     if (member.kind != cls_MemberKind::Enumerated && !member.permissible.empty()) { any.push_back(Enum(member.permissible)); }
+    if (member.kind == cls_MemberKind::Integer && !member.permissible.empty()) {  // beside words, written as a text
+      any.push_back(Fields{{"type", "string"}, {"pattern", "^-?[0-9]+$"}});
+    }
     if (member.kind == cls_MemberKind::Object) {
       any.push_back(ObjectOf({{"components", ListOf(value)}}, {"components"}));
       any.push_back(

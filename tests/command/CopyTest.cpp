@@ -109,7 +109,7 @@ TEST_F(Copying, NamesSeveralObjectsAndStepsPairByPairAsOneEdit) {
   std::string const text = TextOf(session_.Model());
   for (auto const& [line, told] : std::vector<std::pair<std::string, std::string>>{
            {R"({"command": "deactivate", "boundaryCondition": ["Fix", "Fxi"], "stepName": "S2"})", "deactivate boundaryCondition \"Fxi\""},
-           {R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": ["S2", "S1"]})", "in step \"S1\": "},
+           {R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": ["S2", "S9"]})", "in step \"S9\": "},
            {R"({"command": "suppress", "boundaryCondition": []})", "A list of names is empty."},
            {R"({"command": "suppress", "boundaryCondition": ["Fix", 3]})", "\"boundaryCondition\" is a text, not 3."},
            {R"({"command": "PinnedBC", "name": ["P", "Q"], "createStepName": "S1"})", "\"name\" is a text, not a list."}}) {

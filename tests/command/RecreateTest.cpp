@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <array>
-#include <iostream>
 #include <random>
 #include <sstream>
 
@@ -172,7 +171,7 @@ bool IsMade(ddr_Model const& model, std::string const& what) {
     EXPECT_TRUE(outcome.ok) << what << ": " << outcome.message;
     journal += JsonText(command) + "\n";
   });
-  for (Unmade const& one : unmade) { EXPECT_FALSE(one.object.empty() || one.why.empty()) << one.Text(); std::cout << what << one.Text() << "\n"; }
+  for (Unmade const& one : unmade) { EXPECT_FALSE(one.object.empty() || one.why.empty()) << one.Text(); }
   if (unmade.empty()) { EXPECT_EQ(DumpOf(again.Model()), DumpOf(model)) << what << "\n" << journal; }
   return unmade.empty();
 }
@@ -198,7 +197,8 @@ TEST_F(Recreating, MakesWhatAnyCommandsMade) {
     }
   }
   EXPECT_GT(made, all * 9 / 10) << all;
-  std::cout << made << " of " << all << "\n";
+  RecordProperty("made", made);
+  RecordProperty("models", all);
 }
 
 TEST_F(Recreating, TellsWhatNoCommandMakes) {
