@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "command/Command.h"
-#include "command/Members.h"
+#include "command/Replay.h"
 #include "command/Session.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -78,6 +78,12 @@ void ModelBase::Open(std::string const& path, Progress const& progress) {
   core->session = Session(file.Open(progress));
   core->path = path;
   core->file = std::move(file);
+  core_ = std::move(core);
+}
+
+void ModelBase::Replay(std::string const& path, Progress const& progress) {
+  auto core = std::make_shared<Core>();
+  if (auto const refused = gattr::Replay(core->session, path, progress)) { throw Refused(*refused); }
   core_ = std::move(core);
 }
 

@@ -49,6 +49,10 @@ public:
   /// and Cancelled.
   void Save(std::string const& path, Progress const& progress = {});
 
+  /// Puts what a journal makes in the place of this model. Raises Refused, what gattr::Replay raises, and Cancelled; nothing has changed
+  /// then.
+  void Replay(std::string const& path, Progress const& progress = {});
+
   /// Runs one command; raises Refused.
   void Execute(cls_Value const& command);
   /// Runs a line of a journal. Raises Refused, and a JsonError where it is no JSON.

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
+#include "command/Replay.h"
 #include "framework/mdl_MapString2ObjCow.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -99,27 +99,11 @@ void Model::Open(std::string const& path, py::handle progress) {
 
 void Model::Replay(std::string const& path, py::handle progress) {
   Use const use(*this, true);
-  std::error_code error;
-  auto const size = static_cast<std::size_t>(std::filesystem::file_size(path, error));
-  std::ifstream in(path, std::ios::binary);
-  if (error || !in) { Raise(PyExc_FileNotFoundError, "cannot read \"" + path + "\""); }
+  if (!std::filesystem::exists(path)) { Raise(PyExc_FileNotFoundError, "cannot read \"" + path + "\""); }
   Session session;
-  JournalReader reader(in, path);
   std::optional<Outcome> refused;
   Watch watch(progress);
-  watch.Run([&](Progress const& told) {
-    constexpr std::size_t kEvery = 64;
-    for (std::size_t done = 0; !refused; ++done) {
-      if (done % kEvery == 0 && !told(in.eof() ? size : static_cast<std::size_t>(in.tellg()), size)) { throw Cancelled(); }
-      std::optional<cls_Value> const command = reader.Next();
-      if (!command) { break; }
-      Outcome outcome = session.Execute(*command);
-      if (outcome.ok) { continue; }
-      outcome.message = path + ", line " + std::to_string(reader.Line()) + ": " + outcome.message;
-      refused = std::move(outcome);
-    }
-    if (!refused) { told(size, size); }
-  });
+  watch.Run([&](Progress const& told) { refused = gattr::Replay(session, path, told); });
   watch.Raise();
   if (refused) { Raise(*refused); }
   session_ = std::move(session);

@@ -131,6 +131,15 @@ TEST_F(Embedded, LongWorkIsToldAndCanBeCancelledAtAnyMoment) {
     EXPECT_TRUE(other.Edits().Model().Equals(large)) << name;
   }
   tryAll([&](Progress const& progress) { Check(large, progress); }, [] {});
+  std::string const journal = ::testing::TempDir() + "progress.jsonl";
+  std::ofstream lines(journal);
+  for (cls_Value const& command : model_.Edits().Journal()) { lines << JsonText(command) << '\n'; }
+  lines.close();
+  Model replayed;
+  ddr_Model const empty = replayed.Edits().Model();
+  tryAll([&](Progress const& progress) { replayed.Replay(journal, progress); },
+         [&] { EXPECT_TRUE(replayed.Edits().Model().Equals(empty)); });
+  EXPECT_TRUE(replayed.Edits().Model().Equals(large));
 }
 
 }  // namespace
