@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "command/Command.h"
 #include "command/Words.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -11,13 +12,6 @@
 
 namespace gattr {
 namespace {
-
-/// Calls \p visit(repository) for every repository of step-dependent attributes.
-template <class Visit> void ForEachFamily(ddr_Model const& model, Visit&& visit) {
-  for (auto const& [member, extension] : model.Extensions()) {
-    if (auto const* family = mdl_ExtensionAs<kprC_StepAwareRepository>(extension.ConstGet())) { visit(*family); }
-  }
-}
 
 bool Shows(std::vector<std::string> const& names, std::string_view name) {
   return names.empty() || std::ranges::any_of(names, [&](std::string const& pattern) { return Fits(pattern, name); });
@@ -73,7 +67,7 @@ double NumberIn(cls_Object const& state, std::string_view member) {
 /// Calls \p visit(item, index) for every attribute, the index being the one of its first place in a matrix of so many \p columns.
 template <class Visit> void ForEachPlace(ddr_Model const& model, std::size_t columns, Visit&& visit) {
   std::size_t place = 0;
-  ForEachFamily(model, [&](kprC_StepAwareRepository const& family) {
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
     family.ForEach([&](cow_String const&, kprC_StepDependent const& item) {
       visit(item, place);
       place += columns;
@@ -109,7 +103,7 @@ HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
     unsigned const type = steps.ProcedureType(i);
     table.steps.push_back({std::string(steps.Name(i).View()), ProcedureText(type), kprC_perturbationProcedures.Contains(type)});
   }
-  ForEachFamily(model, [&](kprC_StepAwareRepository const& family) {
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
     family.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
       if (!Shows(filter.attributes, name.View()) || !Shows(filter.types, item.ConstructionName())) { return; }
       HistoryTable::Row row{std::string(name.View()), std::string(family.ItemCmd()), item.ConstructionName(), item.IsSuppressed(), {}};
@@ -130,7 +124,7 @@ HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
 
 std::vector<std::string> AttributeNames(ddr_Model const& model) {
   std::vector<std::string> names;
-  ForEachFamily(model, [&](kprC_StepAwareRepository const& family) {
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
     family.ForEach([&](cow_String const& name, kprC_StepDependent const&) { names.emplace_back(name.View()); });
   });
   return names;
@@ -138,7 +132,7 @@ std::vector<std::string> AttributeNames(ddr_Model const& model) {
 
 std::vector<std::string> TypeNames(ddr_Model const& model) {
   std::vector<std::string> names;
-  ForEachFamily(model, [&](kprC_StepAwareRepository const& family) {
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
     for (auto const& construction : family.Constructions()) { names.emplace_back(construction.command); }
   });
   return names;

@@ -88,11 +88,12 @@ void ModelBase::Replay(std::string const& path, Progress const& progress) {
 }
 
 void ModelBase::Save(std::string const& path, Progress const& progress) {
-  if (!core_->file || core_->path != path) {
-    core_->file.emplace(path);
-    core_->path = path;
-  }
-  core_->file->Save(core_->session.Model(), Changed::Refuse, progress);
+  std::optional<ModelPath> other;
+  if (!core_->file || core_->path != path) { other.emplace(path); }
+  (other ? *other : *core_->file).Save(core_->session.Model(), Changed::Refuse, progress);
+  if (!other) { return; }
+  core_->file = std::move(other);
+  core_->path = path;
 }
 
 void ModelBase::Execute(cls_Value const& command) {

@@ -1,7 +1,6 @@
 #include "python/Model.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <sstream>
 
 #include "command/Replay.h"
@@ -24,7 +23,7 @@ int KindNumber(std::string_view kind) { return static_cast<int>(std::ranges::fin
 Model::Use::Use(Model& model, bool alone) : model_(model), alone_(alone) {
   std::thread::id const here = std::this_thread::get_id();
   if (model.depth_ > 0 && model.owner_ != here) { Raise(Defined().busy, "The model is busy in another thread."); }
-  if (model.depth_ > 0 && (alone || model.alone_)) { Raise(Defined().busy, "The model is busy with the call that this one was made in."); }
+  if (model.alone_) { Raise(Defined().busy, "The model is busy with the call that this one was made in."); }
   model.owner_ = here;
   ++model.depth_;
   model.alone_ = alone;
@@ -74,15 +73,27 @@ std::shared_ptr<ObjectName const> Model::Follow(int kind, std::string_view name)
 std::shared_ptr<Subscription> Model::OnChange(py::object callback) {
   Use const use(*this);
   // The callable is let go of under the interpreter's lock, which whoever ends a model or a subscription holds.
-  auto kept = std::make_shared<Subscription>(
+  return std::make_shared<Subscription>(
       session_.Subscribe([callback = std::move(callback)](ChangeEvent const& event) { callback(Told(event)); }));
-  subscriptions_.push_back(kept);
-  return kept;
 }
 
-void Model::End(std::shared_ptr<Subscription> const& subscription) {
-  subscription->End();
-  std::erase(subscriptions_, subscription);
+void Model::Begin() {
+  Use const use(*this);
+  if (session_.IsInTransaction()) { throw std::runtime_error("a transaction or a dry run has begun already"); }
+  session_.Begin();
+  transaction_ = std::make_unique<Use>(*this);
+}
+
+void Model::Commit() {
+  Use const use(*this);
+  transaction_.reset();
+  session_.Commit();
+}
+
+void Model::Rollback() {
+  Use const use(*this);
+  transaction_.reset();
+  session_.Rollback();
 }
 
 void Model::Open(std::string const& path, py::handle progress) {
@@ -99,7 +110,6 @@ void Model::Open(std::string const& path, py::handle progress) {
 
 void Model::Replay(std::string const& path, py::handle progress) {
   Use const use(*this, true);
-  if (!std::filesystem::exists(path)) { Raise(PyExc_FileNotFoundError, "cannot read \"" + path + "\""); }
   Session session;
   std::optional<Outcome> refused;
   Watch watch(progress);

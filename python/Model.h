@@ -29,7 +29,7 @@ public:
   /// Of one call.
   class Use {
   public:
-    /// \p alone: nothing else may run meanwhile, callbacks of the same thread included.
+    /// \p alone: nothing else may begin meanwhile, callbacks of the same thread included.
     explicit Use(Model& model, bool alone = false);
     ~Use() {
       --model_.depth_;
@@ -43,9 +43,6 @@ public:
     bool alone_;
   };
 
-  Model() = default;
-  explicit Model(ddr_Model model) : session_(std::move(model)) {}
-
   /// Runs a command and raises what it refuses.
   Outcome Do(cls_Value const& command);
 
@@ -56,9 +53,13 @@ public:
   std::shared_ptr<ObjectName const> Follow(int kind, std::string_view name);
   std::vector<std::string> Names(int kind) const;
 
-  /// Has \p callback told of every whole edit until the subscription ends, which the model keeps.
+  /// Has \p callback told of every whole edit until the subscription, which the caller keeps, ends.
   std::shared_ptr<Subscription> OnChange(py::object callback);
-  void End(std::shared_ptr<Subscription> const& subscription);
+
+  /// From here to Commit or Rollback the model is in use by this thread.
+  void Begin();
+  void Commit();
+  void Rollback();
 
   /// Where the model was opened or saved last; empty where it was not.
   std::string const& Path() const { return path_; }
@@ -73,10 +74,10 @@ private:
   Session session_;
   std::string path_;
   std::optional<ModelPath> file_;
-  std::vector<std::shared_ptr<Subscription>> subscriptions_;
   std::thread::id owner_;
   int depth_ = 0;
   bool alone_ = false;
+  std::unique_ptr<Use> transaction_;  // last: it ends before what it uses
 };
 
 }  // namespace gattr::python

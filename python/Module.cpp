@@ -71,7 +71,7 @@ py::object Make(py::object const& self, std::string_view command, int kind, py::
     fields.emplace_back(TextOf(argument), unset ? cls_Value("UNSET") : ToValue(value));
   }
   self.cast<Model&>().Do(fields);
-  return MakeHandle(self, kind, TextOf(name));
+  return MakeHandle(self, kind, std::get<std::string>(ToValue(name).data));  // which the command has taken
 }
 
 py::list Findings(Model& model, py::handle progress) {
@@ -157,7 +157,7 @@ void BindDescriptions(py::module_& m) {
 }
 
 void BindModel(py::module_& m) {
-  py::class_<Subscription, std::shared_ptr<Subscription>>(m, "Token");
+  py::class_<Subscription, std::shared_ptr<Subscription>>(m, "Token").def("end", &Subscription::End);
   py::class_<Model, std::shared_ptr<Model>>(m, "Model")
       .def(py::init<>())
       .def("_copy",
@@ -192,24 +192,10 @@ void BindModel(py::module_& m) {
              return History(self.Data());
            })
       .def("_check", &Findings)
-      .def("_begin",
-           [](Model& self) {
-             Model::Use const use(self);
-             if (self.Commands().IsInTransaction()) { throw std::runtime_error("a transaction or a dry run has begun already"); }
-             self.Commands().Begin();
-           })
-      .def("_commit",
-           [](Model& self) {
-             Model::Use const use(self);
-             self.Commands().Commit();
-           })
-      .def("_rollback",
-           [](Model& self) {
-             Model::Use const use(self);
-             self.Commands().Rollback();
-           })
+      .def("_begin", &Model::Begin)
+      .def("_commit", &Model::Commit)
+      .def("_rollback", &Model::Rollback)
       .def("_on_change", &Model::OnChange)
-      .def("_end", &Model::End)
       .def_property_readonly(
           "path", [](Model const& self) { return self.Path().empty() ? py::object(py::none()) : Text(self.Path()); },
           "Where the model was opened or saved last; None where it was not.")
@@ -260,7 +246,8 @@ void BindHandles(py::module_& m) {
            })
       .def("_members", &Handle::MemberNames)
       .def("_do", [](Handle const& self, std::string_view command, py::dict const& arguments) { return Text(self.Do(command, arguments)); })
-      .def("_again", [](Handle const& self, py::handle name) { return MakeHandle(self.Owner(), self.Kind(), TextOf(name)); })
+      .def("_again", [](Handle const& self,
+                        py::handle name) { return MakeHandle(self.Owner(), self.Kind(), std::get<std::string>(ToValue(name).data)); })
       .def("_command",
            [](Handle const& self) {
              Model::Use const use(self.In());

@@ -29,12 +29,28 @@ py::object Shown(cls_Value const& value, bool carried, bool isName) {
 cls_Value Whole(py::handle number) {
   int overflow = 0;
   long long const whole = PyLong_AsLongLongAndOverflow(number.ptr(), &overflow);
-  if (overflow != 0) { return PyLong_AsDouble(number.ptr()); }  // as in a journal
+  if (overflow != 0) {  // as in a journal
+    double const real = PyLong_AsDouble(number.ptr());
+    if (PyErr_Occurred() != nullptr) { throw py::error_already_set(); }
+    return real;
+  }
   if (whole == -1 && PyErr_Occurred() != nullptr) { throw py::error_already_set(); }
   return whole;
 }
 
+/// Bounds how deep values lie in each other as the interpreter bounds its calls.
+class Deeper {
+public:
+  Deeper() {
+    if (Py_EnterRecursiveCall(" in a command") != 0) { throw py::error_already_set(); }
+  }
+  ~Deeper() { Py_LeaveRecursiveCall(); }
+  Deeper(Deeper const&) = delete;
+  Deeper& operator=(Deeper const&) = delete;
+};
+
 cls_Value Several(PyObject* sequence) {
+  Deeper const deeper;
   auto const items = py::reinterpret_steal<py::object>(PySequence_Fast(sequence, "a value is expected"));
   if (!items) { throw py::error_already_set(); }
   cls_Value::List list;
@@ -62,6 +78,7 @@ cls_Value ToValue(py::handle object) {
   if (object.is(Defined().unset)) { return kUnset; }
   if (object.is(Defined().freed)) { return kFreed; }
   if (PyDict_Check(value)) {
+    Deeper const deeper;
     cls_Value::Fields fields;
     fields.reserve(static_cast<std::size_t>(PyDict_GET_SIZE(value)));
     for (auto const& [name, field] : py::reinterpret_borrow<py::dict>(object)) {

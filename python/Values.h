@@ -43,6 +43,9 @@ py::object Told(ChangeEvent const& event);
 [[noreturn]] void Raise(py::handle type, std::string const& text);
 
 inline std::string_view TextOf(py::handle text) {
+  if (PyUnicode_Check(text.ptr()) == 0) {
+    throw py::type_error("a text is expected, not " + std::string(py::str(py::type::of(text).attr("__name__"))));
+  }
   Py_ssize_t size = 0;
   char const* const bytes = PyUnicode_AsUTF8AndSize(text.ptr(), &size);
   if (bytes == nullptr) { throw py::error_already_set(); }

@@ -212,7 +212,7 @@ def base(argument, given):
         return literal(argument.permissible)
     words = literal(argument.permissible) if argument.permissible else ""
     if argument.refers:
-        return union("str", _objects.class_name(argument.refers) if given else "", "None")
+        return union("str", _objects.class_name(argument.refers) if given else "", "" if given and argument.required else "None")
     if argument.kind == "object":
         return union(f"_{argument.class_name}" if argument.class_name else "str", "None")
     return union(PLAIN[argument.kind], words)
@@ -229,17 +229,19 @@ def value(argument, given):
     return union(one, carried, "None" if nullable else "")
 
 
-def argument_text(known, positional):
+def argument_text(known):
     taken = union(*(value(argument, True) for argument in known))
+    if known[0].name == "stepName":  # every one of several
+        taken = union(taken, "Sequence[str | Step]")
     required = known[0].required
     return f"{known[0].name}: {taken}" + ("" if required else " = ...")
 
 
 def signature(arguments, positional=()):
     """self and the arguments: those that may stand by position first, the others by name alone."""
-    first = [argument_text(known, True) for name, known in arguments.items() if name in positional]
+    first = [argument_text(known) for name, known in arguments.items() if name in positional]
     named = sorted((known for name, known in arguments.items() if name not in positional), key=lambda known: not known[0].required)
-    texts = [argument_text(known, False) for known in named]
+    texts = [argument_text(known) for known in named]
     return ", ".join(["self", *first, *(["*", *texts] if texts else [])])
 
 
@@ -278,7 +280,7 @@ def setter(own, state):
     carried = signature(state).removeprefix("self")
     return [
         "    @overload",
-        f"    def set(self, stepName: str | Step, /{carried}) -> None: ...",
+        f"    def set(self, stepName: str | Step | Sequence[str | Step], /{carried}) -> None: ...",
         "    @overload",
         f"    def set(self{given}) -> None: ...",
     ]

@@ -56,6 +56,8 @@ def refused(message, exception, module, code, text, object, step, member, hint):
 def no_attribute(object, name):
     """What is raised where a handle has no such attribute."""
     text = f"{type(object).__name__} has no attribute {name!r}"
+    if hasattr(type(object), name):
+        return AttributeError(f"{name!r} of {type(object).__name__} cannot be set", name=name, obj=object)
     if not name.startswith("_"):
         near = difflib.get_close_matches(name, [known for known in dir(object) if not known.startswith("_")], 1)
         text += f"; did you mean {near[0]!r}?" if near else ""

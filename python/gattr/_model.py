@@ -4,6 +4,7 @@ import collections.abc
 import contextlib
 import html
 import typing
+import weakref
 
 from . import _gattr, _objects
 from ._gattr import State
@@ -148,6 +149,8 @@ class History:
         """The values of a member that are in force, as float64 in the same places; NaN where there is none."""
         import numpy
 
+        if member not in _objects.state_members:
+            raise ValueError(f"no attribute says {member!r} in steps")
         values = numpy.empty(self._table.shape, numpy.float64)
         self._table._fill_values(member, values)
         return values
@@ -175,14 +178,17 @@ class History:
 class Subscription:
     """Keeps a callback; ends with end(), or with the model."""
 
-    __slots__ = ("_model", "_token")
+    __slots__ = ("_model", "_callback", "_token", "__weakref__")
 
-    def __init__(self, model, token):
-        self._model, self._token = model, token
+    def __init__(self, model, callback):
+        self._model, self._callback = model, callback
+        here = weakref.ref(self)  # the collector does not see what the session holds
+        self._token = model._on_change(lambda change: here()._callback(change))
 
     def end(self):
         """The callback is told nothing more."""
-        self._model._end(self._token)
+        self._token.end()
+        self._model._subscriptions.discard(self)
 
 
 class DryRun:
@@ -197,7 +203,11 @@ class DryRun:
 class Model(_gattr.Model):
     """A model under edit. Its methods and those of its handles are the session's commands."""
 
-    __slots__ = ()
+    __slots__ = ("_subscriptions",)
+
+    def __init__(self):
+        super().__init__()
+        self._subscriptions = set()
 
     @property
     def steps(self):
@@ -250,7 +260,9 @@ class Model(_gattr.Model):
         """Has callback(change) called after every whole edit, undo and redo, once for a transaction, not for what is refused or tried.
 
         It may read the model and edit it; what it raises passes to the caller of the edit, which stays done."""
-        return Subscription(self, self._on_change(callback))
+        subscription = Subscription(self, callback)
+        self._subscriptions.add(subscription)
+        return subscription
 
     def copy(self):
         """Another model, equal to this one. Costs next to nothing; has no undo and no journal of its own yet."""

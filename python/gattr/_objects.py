@@ -100,6 +100,9 @@ def members_of(kind, infos=None):
     return own, state
 
 
+state_members = frozenset(name for kind in kinds for name in members_of(kind)[1])
+
+
 def with_members(info, kind, infos=None):
     """The arguments of a command on objects of the kind, and the members of the object that are arguments too."""
     arguments = {argument.name: [argument] for argument in info.arguments if argument.name != "previous" or kind == "step"}

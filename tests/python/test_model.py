@@ -1,6 +1,7 @@
 """Models, handles and what refuses."""
 
 import copy
+import gc
 import inspect
 import math
 import pathlib
@@ -9,6 +10,7 @@ import signal
 import tempfile
 import threading
 import unittest
+import weakref
 
 import gattr
 from gattr import _gattr
@@ -78,9 +80,15 @@ class Commands(unittest.TestCase):
                 self.assertEqual(getattr(raised.exception, name), value)
             self.assertIn(raised.exception.text, str(raised.exception))
             self.assertEqual(str(pickle.loads(pickle.dumps(raised.exception))), str(raised.exception))
-        self.assertEqual(model.dump(), before)
         with self.assertRaises(TypeError):
             punch.set("Form", u2=object())
+        with self.assertRaises(OverflowError):
+            punch.set("Form", u2=10**400)
+        endless = []
+        endless.append(endless)
+        with self.assertRaises(RecursionError):
+            punch.set("Form", u2=endless)
+        self.assertEqual(model.dump(), before)
         with self.assertRaises(TypeError):
             punch.deactivate("Form", "Form")
 
@@ -159,6 +167,11 @@ class Editing(unittest.TestCase):
             punch.deactivate("Nope")
         self.assertEqual((model.dump(), told), (before, []))
         with model.transaction():
+            other = threading.Thread(target=lambda: told.append(self.assertRaises(gattr.Busy, model.dump)))
+            other.start()
+            other.join()
+            self.assertEqual(told, [None], "it is in use until it ends")
+            told.clear()
             punch["Form"].u1 = 1
             punch.rename("Stamp")
         self.assertEqual([len(told), told[0].objects[0].before, told[0].objects[0].steps], [1, "Punch", ["Form"]])
@@ -169,6 +182,16 @@ class Editing(unittest.TestCase):
         subscription.end()
         model.redo()
         self.assertEqual(len(told), 2)
+
+    def test_a_callback_that_names_its_model_does_not_keep_it(self):
+        model, punch = forming()
+        told, kept = [], weakref.ref(model)
+        model.on_change(lambda change: told.append(len(model.history())))
+        punch.deactivate("Form")
+        self.assertEqual(told, [1])
+        del model, punch
+        gc.collect()
+        self.assertIsNone(kept())
 
     def test_a_dry_run_tells_what_would_be_and_changes_nothing(self):
         model, punch = forming()
@@ -215,6 +238,7 @@ class Tables(unittest.TestCase):
         model.boundary_conditions["Punch"].delete()
         self.assertEqual(table.numpy().dtype, "uint8")
         self.assertEqual(table.shape, (len(table.attributes), len(table.steps)))
+        self.assertRaises(ValueError, table.values, "u22")
         values, frame = table.values("u2"), table.frame()
         kinds = {"boundaryCondition": model.boundary_conditions, "fieldOutputRequest": model.field_outputs}
         for row, (kind, name) in enumerate(table.attributes):
@@ -256,7 +280,7 @@ class Files(unittest.TestCase):
         self.assertRaises(gattr.Unreadable, gattr.open, self.path("none.gadb"))
         self.assertRaises(gattr.Unreadable, gattr.load, "{")
         self.assertRaises(gattr.Unreadable, gattr.open, "model.txt")
-        self.assertRaises(FileNotFoundError, gattr.replay, self.path("none.jsonl"))
+        self.assertRaises(gattr.Unreadable, gattr.replay, self.path("none.jsonl"))
 
     def test_a_replay_names_the_line_that_is_refused(self):
         self.path("j.jsonl").write_text('{"command": "StaticStep", "name": "A"}\n{"command": "StaticStep", "name": "A"}\n')
@@ -289,8 +313,8 @@ class Files(unittest.TestCase):
     def test_an_interrupt_cancels_a_long_replay(self):
         journal = self.path("long.jsonl")
         journal.write_text("".join(f'{{"command": "Set", "name": "S{i}"}}\n' for i in range(100000)))
-        signal.setitimer(signal.ITIMER_REAL, 0.05)
         previous = signal.signal(signal.SIGALRM, signal.default_int_handler)
+        signal.setitimer(signal.ITIMER_REAL, 0.05)
         try:
             self.assertRaises(KeyboardInterrupt, gattr.replay, journal)
         finally:

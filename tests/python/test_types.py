@@ -18,6 +18,7 @@ bc = m.DisplacementBC(name="Punch", createStepName="Press", region="Top", u2=-10
 # What is wrong in one way each, and what is said of it.
 WRONG = (
     ('m.DisplacementBC(name="P", createStepName="A", region="T", u9=1.0)', "u9"),
+    ('bc.deactivate(None)', "deactivate"),
     ('m.DisplacementBC(name="P", region="T", u1=1.0)', "createStepName"),
     ('m.DisplacementBC("P", createStepName="A")', "positional"),
     ('m.DisplacementBC(name="P", createStepName="A", u1="deep")', "u1"),
@@ -42,6 +43,7 @@ bc["Press"].u2 = gattr.FREED
 bc["Press"].u2 = None
 bc.set("Press", u2=3, amplitude=gattr.UNSET)
 bc.set(region="Top", u2=1.5)
+bc.deactivate(["Press", m.steps["A"]])
 depth = bc["Press"].u2
 if isinstance(depth, float):
     depth += 1
