@@ -62,7 +62,7 @@ void AddDo(CLI::App& program, Action& action) {
       ->type_name("")
       ->expected(-1);
   command.add_option("--results", options->results, kResultsHelp)->type_name("FOLDER");
-  command.add_flag("--dry-run", options->dryRun, "tell what would become of it, and change nothing");
+  command.add_flag("--dry-run", options->dryRun, "tell whether it would be refused, and change nothing");
   command.add_flag("--force", options->force, "write the model also where somebody else has changed it meanwhile");
   command.footer(kDoFooter);
   command.callback([options, &action] { action = [options] { return Run(*options); }; });

@@ -25,7 +25,7 @@ int Run(JournalOptions const& options) {
   UseResults(options.results);
   ddr_Model const model = ModelPath(options.model).Open();
   PythonScript const script;
-  if (options.python) { std::cout << script.Head(); }
+  if (options.python) { std::cout << PythonScript::Head(); }
   std::vector<Unmade> const unmade = Recreate(model, [&](cls_Value const& command) {
     std::cout << JsonEscaped(options.python ? script.Line(command) : JsonText(command)) << '\n';
   });

@@ -16,22 +16,23 @@ constexpr int kKeptLines = 1000;
 
 // The package calls back without an argument of ours, and its own state is one for the process.
 LineReader::Completer const* activeCompleter = nullptr;
-std::vector<std::string> offered;
+std::vector<std::string> completions;
 
 char* NextFound(char const* /*text*/, int index) {
   auto const at = static_cast<std::size_t>(index);
-  return at < offered.size() ? ::strdup(offered[at].c_str()) : nullptr;
+  return at < completions.size() ? ::strdup(completions[at].c_str()) : nullptr;
 }
 
 char** Complete(char const* text, int /*begin*/, int end) {
   ::rl_attempted_completion_over = 1;  // no names of files
   if (activeCompleter == nullptr) { return nullptr; }
   try {
-    offered = (*activeCompleter)(std::string(::rl_line_buffer, static_cast<std::size_t>(end)));
-    std::erase_if(offered, [&](std::string const& one) { return !one.starts_with(text); });
-  } catch (std::exception const&) { offered.clear(); }  // must not pass through the package
-  ::rl_completion_append_character = offered.size() == 1 && offered[0].ends_with('=') ? '\0' : ' ';
-  return offered.empty() ? nullptr : ::rl_completion_matches(text, &NextFound);
+    completions = (*activeCompleter)(std::string(::rl_line_buffer, static_cast<std::size_t>(end)));
+    std::erase_if(completions, [&](std::string const& one) { return !one.starts_with(text); });
+  } catch (std::exception const&) { completions.clear(); }  // must not pass through the package
+  constexpr int kNothing = 0, kBlank = ' ';
+  ::rl_completion_append_character = completions.size() == 1 && completions[0].ends_with('=') ? kNothing : kBlank;
+  return completions.empty() ? nullptr : ::rl_completion_matches(text, &NextFound);
 }
 
 }  // namespace

@@ -243,7 +243,7 @@ void AddReplay(CLI::App& program, Action& action) {
   command.add_option("-o,--output", options->output, "write the model when everything was done (.gadb, .gattr.json)")->type_name("MODEL");
   command.add_option("--on", options->on, "begin with this model instead of an empty one")->type_name("MODEL");
   command.add_option("--results", options->results, kResultsHelp)->type_name("FOLDER");
-  command.add_option("--record", options->record, "append the commands that are done to this journal")->type_name("LOG");
+  command.add_option("--record", options->record, "append the commands that are done to this journal of lines")->type_name("LOG");
   command.add_flag("--trace", options->trace, "print a JSON object per line: the outcome, and the histories it made");
   command.add_flag("--keep-going", options->keepGoing, "go on after a command that is refused");
   command.add_flag("--force", options->force, "write the model also where somebody else has changed it since it was opened");

@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
-#include <sstream>
 #include <stdexcept>
 
 #include "cli/Console.h"
@@ -110,15 +109,24 @@ private:
   void Journal(std::vector<std::string> const& /*words*/) {
     for (cls_Value const& command : session_.Journal()) { std::cout << JsonEscaped(JsonText(command)) << '\n'; }
   }
+  static void TellOf(std::string_view command, std::string_view meaning) { std::cout << fmt::format("{:<28}{}\n", command, meaning); }
   void Help(std::vector<std::string> const& words) {
     if (words.size() == 1) {
-      for (Own const& own : OwnCommands()) { std::cout << fmt::format("{:<28}{}\n", own.name, own.meaning); }
-      for (CommandInfo const& info : Session::Commands()) { std::cout << fmt::format("{:<28}{}\n", info.name, info.meaning); }
+      for (Own const& own : OwnCommands()) { TellOf(own.name, own.meaning); }
+      for (CommandInfo const& info : Session::Commands()) { TellOf(info.name, info.meaning); }
       return;
     }
     std::vector<std::string> const command(words.begin() + 1, words.end());
     std::vector<ArgumentInfo> const arguments = words_.Arguments(session_.Model(), command);
-    if (arguments.empty()) { return Refuse("there is nothing to tell of " + Quoted(command[0])); }
+    if (arguments.empty()) {
+      for (Own const& own : OwnCommands()) {
+        if (own.name == command[0]) { return TellOf(own.name, own.meaning); }
+      }
+      for (CommandInfo const& info : Session::Commands()) {
+        if (info.name == command[0]) { return TellOf(info.name, info.meaning); }
+      }
+      return Refuse("there is nothing to tell of " + Quoted(command[0]));
+    }
     for (ArgumentInfo const& argument : arguments) {
       std::cout << fmt::format("{:<28}{:<20}{}\n", argument.name, argument.Type(), argument.meaning);
     }

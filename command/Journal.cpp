@@ -39,7 +39,7 @@ void JournalReader::FindForm() {
   auto const takeSpace = [&] {
     while (isSpace(look()) && ahead_.size() < kLongestLine) { ahead_ += static_cast<char>(in_.get()); }
   };
-  for (takeSpace(); look() == '#'; takeSpace()) {
+  for (takeSpace(); look() == '#' && ahead_.size() < kLongestLine; takeSpace()) {
     while (look() != std::istream::traits_type::eof() && look() != '\n' && ahead_.size() < kLongestLine) {
       ahead_ += static_cast<char>(in_.get());
     }
@@ -61,13 +61,13 @@ bool JournalReader::ReadLine() {
   text_.clear();
   std::size_t size = 0;
   bool ends = false;
-  bool const isAhead = !ahead_.empty();
+  bool const isAhead = taken_ < ahead_.size();
   if (isAhead) {
-    std::size_t const end = ahead_.find('\n');
+    std::size_t const end = ahead_.find('\n', taken_);
     ends = end != std::string::npos;
-    text_ = ahead_.substr(0, end);
+    text_ = ahead_.substr(taken_, end == std::string::npos ? end : end - taken_);
     size = text_.size();
-    ahead_.erase(0, ends ? end + 1 : end);
+    taken_ = ends ? end + 1 : ahead_.size();
   } else if (in_.eof() || !in_.good()) {
     return false;
   }
@@ -112,18 +112,14 @@ cls_Value JournalReader::Parsed(std::string_view text, std::size_t column) const
 // ---- a document
 
 int JournalReader::Look() {
-  if (!ahead_.empty()) { return static_cast<unsigned char>(ahead_.front()); }
+  if (taken_ < ahead_.size()) { return static_cast<unsigned char>(ahead_[taken_]); }
   return in_.good() ? in_.peek() : std::istream::traits_type::eof();
 }
 
 int JournalReader::Take() {
   int const c = Look();
   if (c == std::istream::traits_type::eof()) { return c; }
-  if (ahead_.empty()) {
-    in_.get();
-  } else {
-    ahead_.erase(0, 1);
-  }
+  taken_ < ahead_.size() ? void(++taken_) : void(in_.get());
   if (c == '\n') {
     ++at_;
     inLine_ = 0;

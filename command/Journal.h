@@ -67,6 +67,7 @@ private:
   std::string name_;
   std::string text_;                            // a line, or a value of a document
   std::string ahead_;                           // what was read to find the form
+  std::size_t taken_ = 0;                       // of that
   std::size_t line_ = 0, column_ = 0, at_ = 1;  // of the last command; the line that is being read
   std::size_t inLine_ = 0;                      // bytes of that line that were taken
   bool blankSoFar_ = true, hasCommands_ = false;

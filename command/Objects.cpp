@@ -170,7 +170,9 @@ ObjectCommand const* OtherCommand(ddr_Model const& model, std::string_view name)
     return FindOperation(repository, name) != nullptr;
   };
   auto const isTypeEdit = [&](auto const&, kprC_StepAwareRepository const& repository) { return HasTypeEdit(repository, name); };
-  auto const isCopy = [&](auto const&, kprC_StepAwareRepository const& repository) { return repository.CopyCmd() == name; };
+  auto const isCopy = [&](auto const&, kprC_StepAwareRepository const& repository) {
+    return !name.empty() && repository.CopyCmd() == name;
+  };
   if (FindRepository(model, isOperation)) { return &OperationCommand(); }
   if (FindRepository(model, isTypeEdit)) { return &TypeEditCommand(); }
   return kprC_Step::copyCmd() == name || FindRepository(model, isCopy) ? &CopyCommand() : nullptr;
@@ -214,7 +216,8 @@ std::optional<std::vector<cls_Value>> Spread(ddr_Model const& model, cls_Value c
     if (!isList((*fields)[i]) || (argument != kind && argument != kStepName)) { continue; }
     any = true;
     std::vector<cls_Value> longer;
-    for (cls_Value const& one : spread) {
+    for (cls_Value& one : spread) {
+      std::get<cls_Value::Fields>(one.data)[i].second = {};  // not copied with each
       for (cls_Value const& element : *value.As<cls_Value::List>()) {
         std::get<cls_Value::Fields>(longer.emplace_back(one).data)[i].second = element;
       }

@@ -1,7 +1,6 @@
 #include "command/PythonScript.h"
 
 #include <algorithm>
-#include <array>
 
 #include "command/Command.h"
 #include "text/JsonText.h"
@@ -59,12 +58,7 @@ std::string Literal(cls_Value const& value, bool words) {
 }  // namespace
 
 PythonScript::PythonScript() : commands_(Session::Commands()) {
-  ddr_Model const model;
-  ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
-    mappings_.emplace_back(repository.ItemCmd(), Snake(extension.View()));
-  });
-  mappings_.emplace_back(kprC_Step::stepCmd().View(), Snake(ddr_Model::stepsCmd()));
-  for (ReferenceKind const& kind : ReferenceKinds()) { mappings_.emplace_back(kind.kind, Snake(kind.extension)); }
+  for (KindInfo const& kind : Session::Kinds()) { mappings_.emplace_back(kind.kind, Snake(kind.member)); }
 }
 
 std::string PythonScript::Head() { return "import gattr\n\nm = gattr.Model()\n"; }
@@ -88,12 +82,14 @@ std::string PythonScript::Line(cls_Value const& command) const {
     bool const isObject = info != nullptr && on == "m" && std::ranges::find(info->kinds, argument) != info->kinds.end();
     if (isObject && mapping != mappings_.end()) {
       on = "m." + mapping->second + "[" + Literal(value, false) + "]";
-    } else if (!makes && (argument == "stepName" || argument == "fromStepName" || argument == "toStepName")) {
-      arguments.insert(arguments.begin() + (argument == "toStepName" && !arguments.empty() ? 1 : 0), Literal(value, false));
+    } else if (!makes && argument == "stepName") {
+      arguments.insert(arguments.begin(), Literal(value, false));
     } else if (IsWordOfTheLanguage(argument)) {
       apart.push_back(JsonText(cls_Value(argument)) + ": " + Literal(value, true));
     } else {
-      arguments.push_back(argument + "=" + Literal(value, true));
+      auto const known = makes ? std::ranges::find(info->arguments, argument, &ArgumentInfo::name) : decltype(info->arguments.begin())();
+      bool const carried = !makes || (known != info->arguments.end() && known->perStep);  // a name may be "UNSET"
+      arguments.push_back(argument + "=" + Literal(value, carried));
     }
   }
   if (method == "setValues" || method == "setValuesInStep") { method = "set"; }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <optional>
 #include <set>
-#include <tuple>
 #include <utility>
 
 #include "command/Command.h"
@@ -123,8 +122,9 @@ private:
   void Miss(std::string object, Trial const& trial, std::string step = {}, std::string member = {}) {
     Outcome const& refused = trial.refused;
     if (refused.ok) { return unmade_.push_back({std::move(object), std::move(step), std::move(member), "it comes out otherwise"}); }
-    unmade_.push_back({std::move(object), refused.step.empty() ? std::move(step) : refused.step,
-                       refused.member.empty() ? std::move(member) : refused.member, refused.message});
+    if (!refused.step.empty()) { step = refused.step; }
+    if (!refused.member.empty()) { member = refused.member; }
+    unmade_.push_back({std::move(object), std::move(step), std::move(member), refused.message});
   }
 
   void MakeSettings() {
@@ -589,8 +589,9 @@ private:
       fresh->Begin(cow_String(step), 0);
       for (bool const withValues : {false, true}) {
         Fields command = Begin(construction.command);
-        std::string name = std::to_string(number);
-        name = step + "-" + std::string(name.size() < 6 ? 6 - name.size() : 0, '0') + name;  // they go in the order of their names
+        std::string const digits = std::to_string(number);
+        std::string name = step + "-";
+        name.append(digits.size() < 6 ? 6 - digits.size() : 0, '0').append(digits);  // they go in the order of their names
         Add(command, kName, name);
         Add(command, "createStepName", step);
         bool onRegion = false;

@@ -157,7 +157,6 @@ private:
   }
 
   Session const& session_;
-  ddr_Model const fresh_;
   std::mt19937 random_;
   std::vector<std::pair<kprC_StepAwareRepository const*, std::string_view>> types_;
 };
@@ -196,7 +195,7 @@ TEST_F(Recreating, MakesWhatAnyCommandsMade) {
       ASSERT_FALSE(HasFailure());
     }
   }
-  EXPECT_GT(made, all * 9 / 10) << all;
+  EXPECT_GE(made, all * 96 / 100) << all;
   RecordProperty("made", made);
   RecordProperty("models", all);
 }
