@@ -54,8 +54,8 @@ kprC_StepTable::kprC_StepTable(kprC_StepSequence const& steps) : body_(cow_Handl
     body.procedures += entry.step->pair.procedure ? 1 : 0;
   }
   std::ranges::sort(numbers);  // what comes in order is put down fastest
-  auto const doubled = std::ranges::unique(numbers, {}, &std::pair<Key, Number>::first);
-  numbers.erase(doubled.begin(), doubled.end());
+  auto const isSame = [](auto const& one, auto const& other) { return one.first == other.first; };
+  numbers.erase(std::unique(numbers.begin(), numbers.end(), isSame), numbers.end());
   for (auto& [key, first] : numbers) { body.numbers.Insert(std::move(key), first); }
   Fill(body, std::move(entries));
 }
