@@ -53,7 +53,7 @@ LineReader::LineReader(Completer take) : terminal_(isatty(STDIN_FILENO) != 0 && 
   activeCompleter = &completer_;
   ::rl_readline_name = programName;
   ::rl_initialize();
-  ::rl_completer_word_break_characters = blanks;
+  ::rl_basic_word_break_characters = ::rl_completer_word_break_characters = blanks;  // which of both counts depends on the package
   ::rl_attempted_completion_function = &Complete;
   ::using_history();
   ::stifle_history(kKeptLines);

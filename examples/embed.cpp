@@ -3,17 +3,13 @@
 
 #include "embed/Commands.h"
 
-using gattr::FREED;
-
 int main() {
   gattr::Model model;
-  model.StaticStep("Press", {.nlgeom = "ON", .initialInc = 0.1});
-  model.StaticStep("Form", {.nlgeom = "ON", .initialInc = 0.1});
-  model.StaticStep("Release", {.nlgeom = "ON", .initialInc = 0.1});
+  for (char const* step : {"Press", "Form", "Release"}) { model.StaticStep(step, {.nlgeom = "ON", .initialInc = 0.1}); }
   model.Set("Top");
   auto punch = model.DisplacementBC("Punch", "Press", {.region = "Top", .u1 = 0.0, .u2 = -10.0});
   punch.In("Form").Set({.u2 = -12.0});
-  punch.In("Release").Set({.u1 = FREED});
+  punch.In("Release").Set({.u1 = gattr::FREED});
   punch.rename("Stamp");
   try {
     punch.move("Form", "Nowhere");

@@ -11,8 +11,9 @@ using test::Ran;
 
 class Streams : public test::Program {
 protected:
-  /// What the program shows on a terminal of ten lines, and its exit status.
-  static std::pair<std::string, int> OnTerminal(std::vector<std::string> arguments, std::string const& pager) {
+  /// What the program shows on a terminal of ten lines, and its exit status. \p typed are lines, each typed when it prompts.
+  std::pair<std::string, int> OnTerminal(std::vector<std::string> arguments, std::string const& pager,
+                                         std::vector<std::string> const& typed = {}) const {
     arguments.insert(arguments.begin(), "gattr");
     winsize const size{.ws_row = 10, .ws_col = 80, .ws_xpixel = 0, .ws_ypixel = 0};
     int terminal = -1;
@@ -23,12 +24,21 @@ protected:
       words.push_back(nullptr);
       setenv("TERM", "xterm", 1);
       setenv("PAGER", pager.c_str(), 1);
+      setenv("XDG_STATE_HOME", Path("state").c_str(), 1);
       execv(GATTR_PROGRAM, words.data());
       _exit(127);
     }
     std::string shown;
     char piece[4096];
-    for (ssize_t got = 0; (got = read(terminal, piece, sizeof piece)) > 0;) { shown.append(piece, static_cast<std::size_t>(got)); }
+    auto line = typed.begin();
+    for (ssize_t got = 0; (got = read(terminal, piece, sizeof piece)) > 0;) {
+      shown.append(piece, static_cast<std::size_t>(got));
+      if (line != typed.end() && shown.ends_with("> ")) {
+        EXPECT_EQ(write(terminal, line->data(), line->size()), static_cast<ssize_t>(line->size()));
+        ++line;
+      }
+    }
+    EXPECT_EQ(line, typed.end()) << shown;
     int status = 0;
     waitpid(child, &status, 0);
     close(terminal);
@@ -62,6 +72,15 @@ TEST_F(Streams, MayBePipesOnBothSides) {
                   "$G replay u -o u.gattr.json && ! grep -q StaticStep u.gattr.json"),
             0)
       << "an undo is found however it is spelled";
+}
+
+TEST_F(Streams, ThatAreTerminalsCompleteWhatIsTypedAndRememberIt) {
+  Write("j.jsonl", kJournal);
+  ASSERT_EQ(Shell("$G replay j.jsonl -o m.gadb && mkdir state"), 0);
+  auto const [shown, status] = OnTerminal({"shell", Path("m.gadb")}, "", {"deact\tboundaryC\tFi\tstepN\tStep-2\n", "save\n", "quit\n"});
+  EXPECT_EQ(status, 0) << shown;
+  EXPECT_NE(Gattr({"dump", "m.gadb"}).out.find("\"off\":"), std::string::npos) << shown;
+  EXPECT_NE(Read("state/gattr/history").find("deactivate"), std::string::npos);
 }
 
 TEST_F(Streams, ThatAreTerminalsGetNothingThatSteersThem) {
