@@ -258,7 +258,8 @@ std::optional<Session::Told> Session::Do(cls_Value const& command, Arguments& ar
   if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
   if (!outcome.report.empty() || arguments.DryRun()) { return {}; }
   std::optional<Told> told;
-  if (effect.changed) { told = Told{ChangeEvent::Cause::Command, subject.Text(), touched.renames}; }
+  bool const isHeard = !touched.renames.empty() || !listeners_.IsEmpty();
+  if (effect.changed && isHeard) { told = Told{ChangeEvent::Cause::Command, subject.Text(), touched.renames}; }
   if (open_ != nullptr) {
     open_->commands.empty() ? void(open_->touched = std::move(touched)) : open_->touched.Add(touched);
     open_->commands.push_back(command);
