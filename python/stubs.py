@@ -2,8 +2,9 @@
 
 import re
 import sys
+import typing
 
-from gattr import _objects
+from gattr import _model, _objects, _words
 
 HEAD = '''# What the module offers, made of the session's list of commands. A class of objects says more of its members than its kind does.
 # mypy: disable-error-code="override,import"
@@ -57,38 +58,7 @@ class Gone(Error, LookupError): ...
 class Busy(Error, RuntimeError): ...
 class Unreadable(Error, OSError): ...
 
-class Outcome(NamedTuple):
-    changed: bool
-    message: str
-    history: dict[str, list[Status]]
-    report: str
-
-class Finding(NamedTuple):
-    id: str
-    severity: str
-    kind: str
-    name: str
-    step: str
-    member: str
-    module: str
-    code: int
-    text: str
-    detail: str
-    hint: str
-    suppressed: bool
-
-class ObjectChange(NamedTuple):
-    change: Literal["created", "changed", "renamed", "deleted"]
-    kind: str
-    name: str
-    before: str | None
-    steps: list[str]
-
-class Change(NamedTuple):
-    cause: Literal["command", "undo", "redo"]
-    label: str
-    objects: list[ObjectChange]
-
+@TUPLES@
 class Subscription:
     def end(self) -> None: ...
 
@@ -204,6 +174,17 @@ def union(*types):
     seen = {part: None for text in types if text for part in split(text)}
     nothing = seen.pop("None", 0) is None
     return " | ".join([*seen, *(["None"] if nothing else [])])
+
+
+def tuples():
+    """The tuples that the module gives, as their classes declare them."""
+    lines = []
+    for told in (_model.Outcome, _model.Finding, _words.ObjectChange, _words.Change):
+        lines.append(f"class {told.__name__}(NamedTuple):")
+        for name, kind in told.__annotations__.items():
+            lines.append(f"    {name}: {kind.__forward_arg__ if isinstance(kind, typing.ForwardRef) else kind.__name__}")
+        lines.append("")
+    return "\n".join(lines)
 
 
 def base(argument, given):
@@ -355,4 +336,4 @@ def status():
 
 
 with open(sys.argv[1], "w", encoding="utf-8") as file:
-    file.write("\n".join([HEAD, *status(), *value_classes(), *handle_classes(), *model()]) + "\n")
+    file.write("\n".join([HEAD.replace("@TUPLES@", tuples()), *status(), *value_classes(), *handle_classes(), *model()]) + "\n")

@@ -16,7 +16,7 @@ class Outcome(typing.NamedTuple):
 
     changed: bool
     message: str
-    history: dict
+    history: "dict[str, list[Status]]"
     report: str
 
 

@@ -37,16 +37,16 @@ Status.__doc__ = "What an attribute does in a step, by number."
 class ObjectChange(typing.NamedTuple):
     """What has become of one object: "created", "changed", "renamed" or "deleted"."""
 
-    change: str
+    change: 'Literal["created", "changed", "renamed", "deleted"]'
     kind: str
     name: str
-    before: typing.Optional[str]
-    steps: list
+    before: "str | None"
+    steps: "list[str]"
 
 
 class Change(typing.NamedTuple):
     """What one whole edit has changed; its cause is "command", "undo" or "redo"."""
 
-    cause: str
+    cause: 'Literal["command", "undo", "redo"]'
     label: str
-    objects: list
+    objects: "list[ObjectChange]"
