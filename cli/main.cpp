@@ -12,7 +12,7 @@
 
 #include "cli/Console.h"
 #include "cli/Program.h"
-#include "module/DDB_GeometricAttributes.h"
+#include "command/Library.h"
 #include "report/Display.h"
 #include "text/Text.h"
 
@@ -26,16 +26,6 @@ constexpr char const* kProgramFooter = R"(Examples:
 
 Exit status: 0 all done, 1 something was refused or found, 2 bad use or unreadable input.
 `gattr SUBCOMMAND --help` tells more and gives an example.)";
-
-/// Runs the library as long as it lives.
-struct Library {
-  Library() { DDB_GeometricAttributes_initialize(count); }
-  ~Library() { DDB_GeometricAttributes_finalize(count); }
-  Library(Library const&) = delete;
-  Library& operator=(Library const&) = delete;
-
-  int count = 0;
-};
 
 /// Messages may hold names from files and arguments.
 int Fail(std::string_view message) {

@@ -139,13 +139,13 @@ std::vector<std::string> WordsOf(std::string_view line) {
   return words;
 }
 
-CommandInfo const* CommandWords::Find(std::string_view name) const {
-  auto const found = std::ranges::find(commands_, name, &CommandInfo::name);
-  return found == commands_.end() ? nullptr : &*found;
+CommandInfo const* FindCommand(std::span<CommandInfo const> commands, std::string_view name) {
+  auto const found = std::ranges::find(commands, name, &CommandInfo::name);
+  return found == commands.end() ? nullptr : &*found;
 }
 
 std::vector<ArgumentInfo> CommandWords::Arguments(ddr_Model const& model, std::span<std::string const> words) const {
-  CommandInfo const* const info = words.empty() ? nullptr : Find(words[0]);
+  CommandInfo const* const info = words.empty() ? nullptr : FindCommand(commands_, words[0]);
   if (info == nullptr) { return {}; }
   std::vector<ArgumentInfo> arguments;
   std::string maker;
@@ -161,7 +161,7 @@ std::vector<ArgumentInfo> CommandWords::Arguments(ddr_Model const& model, std::s
   } else if (info->members != ObjectMembers::None && named != info->kinds.end()) {
     maker = MakerOf(model, *named, ValueOf(words, *named));
   }
-  CommandInfo const* const construction = Find(maker);
+  CommandInfo const* const construction = FindCommand(commands_, maker);
   if (construction == nullptr) { return arguments; }
   std::ranges::copy_if(construction->arguments, std::back_inserter(arguments), [&](ArgumentInfo const& argument) {
     return argument.of == ArgumentOf::State || (argument.of == ArgumentOf::Object && info->members != ObjectMembers::OfState);

@@ -14,6 +14,9 @@ namespace gattr {
 /// inside brackets or braces stays one word with its quotes, as JSON. An unclosed one ends with the line.
 std::vector<std::string> WordsOf(std::string_view line);
 
+/// The command of that name; null where there is none.
+CommandInfo const* FindCommand(std::span<CommandInfo const> commands, std::string_view name);
+
 /// Understands typed commands. The list of commands is read once.
 class CommandWords {
 public:
@@ -33,7 +36,6 @@ public:
   std::vector<std::string> Completions(ddr_Model const& model, std::span<std::string const> words) const;
 
 private:
-  CommandInfo const* Find(std::string_view name) const;
   std::vector<CommandInfo> commands_;
 };
 

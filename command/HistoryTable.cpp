@@ -138,10 +138,6 @@ std::vector<std::string> TypeNames(ddr_Model const& model) {
   return names;
 }
 
-std::vector<std::string> StepNames(ddr_Model const& model) {
-  std::vector<std::string> names;
-  for (cow_String const& name : kprC_Steps(model).Names()) { names.emplace_back(name.View()); }
-  return names;
-}
+std::vector<std::string> StepNames(ddr_Model const& model) { return Texts(kprC_Steps(model).Names()); }
 
 }  // namespace gattr

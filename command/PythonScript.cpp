@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "command/Command.h"
+#include "command/CommandWords.h"
 #include "text/JsonText.h"
 
 namespace gattr {
@@ -63,16 +63,11 @@ PythonScript::PythonScript() : commands_(Session::Commands()) {
 
 std::string PythonScript::Head() { return "import gattr\n\nm = gattr.Model()\n"; }
 
-CommandInfo const* PythonScript::Find(std::string_view name) const {
-  auto const found = std::ranges::find(commands_, name, &CommandInfo::name);
-  return found == commands_.end() ? nullptr : &*found;
-}
-
 std::string PythonScript::Line(cls_Value const& command) const {
   auto const& fields = *command.As<cls_Value::Fields>();
   auto const* const name = command.Find("command");
   std::string const called = name == nullptr || name->As<std::string>() == nullptr ? "" : *name->As<std::string>();
-  CommandInfo const* const info = Find(called);
+  CommandInfo const* const info = FindCommand(commands_, called);
   std::vector<std::string> arguments, apart;
   std::string on = "m", method = called;
   bool const makes = info != nullptr && !info->makes.empty();

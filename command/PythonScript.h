@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "command/Session.h"
@@ -19,7 +20,6 @@ public:
   std::string Line(cls_Value const& command) const;
 
 private:
-  CommandInfo const* Find(std::string_view name) const;
   std::vector<CommandInfo> commands_;
   std::vector<std::pair<std::string, std::string>> mappings_;  // by kind: "boundary_conditions" of "boundaryCondition"
 };

@@ -321,26 +321,24 @@ private:
       again = !member.empty() && also.insert(member).second;
     }
     if (!trial.refused.ok) { return trial; }
-    {
-      Records const records = RecordsOf(repository, item, create);
-      std::vector<Commands> ways{records.changes};
-      ways.back().insert(ways.back().end(), records.offs.rbegin(), records.offs.rend());
-      if (records.inOrder.size() > 1) {  // what reads best comes first
-        ways.insert(ways.begin(), records.inOrder);
-        ways.emplace_back(records.inOrder.rbegin(), records.inOrder.rend());
-      }
-      for (Commands& way : ways) {
-        Commands commands = construction;
-        commands.insert(commands.end(), way.begin(), way.end());
-        if (item.IsSuppressed()) { commands.push_back(Suppressing(repository, item)); }
-        Trial whole = Try(trial.model, {commands.begin() + 1, commands.end()});
-        kprC_StepDependent const* const made = whole.model.ConstGet<kprC_StepAwareRepository>(extension).ConstItem(name.View());
-        bool const isMade = whole.refused.ok && made != nullptr && (!compared || made->Equals(item));
-        if (isMade || &way == &ways.back()) {
-          whole.commands = std::move(commands);
-          whole.differs = whole.refused.ok && !isMade;
-          return whole;
-        }
+    Records const records = RecordsOf(repository, item, create);
+    std::vector<Commands> ways{records.changes};
+    ways.back().insert(ways.back().end(), records.offs.rbegin(), records.offs.rend());
+    if (records.inOrder.size() > 1) {  // what reads best comes first
+      ways.insert(ways.begin(), records.inOrder);
+      ways.emplace_back(records.inOrder.rbegin(), records.inOrder.rend());
+    }
+    for (Commands& way : ways) {
+      Commands commands = construction;
+      commands.insert(commands.end(), way.begin(), way.end());
+      if (item.IsSuppressed()) { commands.push_back(Suppressing(repository, item)); }
+      Trial whole = Try(trial.model, {commands.begin() + 1, commands.end()});
+      kprC_StepDependent const* const made = whole.model.ConstGet<kprC_StepAwareRepository>(extension).ConstItem(name.View());
+      bool const isMade = whole.refused.ok && made != nullptr && (!compared || made->Equals(item));
+      if (isMade || &way == &ways.back()) {
+        whole.commands = std::move(commands);
+        whole.differs = whole.refused.ok && !isMade;
+        return whole;
       }
     }
     return trial;

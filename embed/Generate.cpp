@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "command/Library.h"
 #include "command/Session.h"
-#include "module/DDB_GeometricAttributes.h"
 
 namespace gattr {
 namespace {
@@ -255,10 +255,8 @@ int main(int argc, char** argv) {
     std::cerr << "usage: gattr_embed HEADER\n";
     return 2;
   }
-  int count = 0;
-  DDB_GeometricAttributes_initialize(count);
+  gattr::Library const library;
   std::ofstream out(argv[1]);
   gattr::Writer(out).Write();
-  DDB_GeometricAttributes_finalize(count);
   return out.flush() ? 0 : 1;
 }

@@ -3,9 +3,9 @@
 #include <optional>
 
 #include "command/Command.h"
+#include "command/Library.h"
 #include "command/Replay.h"
 #include "command/Session.h"
-#include "module/DDB_GeometricAttributes.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "store/ModelPath.h"
 #include "text/JsonText.h"
@@ -14,16 +14,6 @@
 namespace gattr {
 
 namespace {
-
-/// Keeps the library started.
-struct Library {
-  Library() { DDB_GeometricAttributes_initialize(count); }
-  ~Library() { DDB_GeometricAttributes_finalize(count); }
-  Library(Library const&) = delete;
-  Library& operator=(Library const&) = delete;
-
-  int count = 0;
-};
 
 cls_Value::Fields Joined(cls_Value::Fields first, cls_Value::Fields second) {
   first.insert(first.end(), std::make_move_iterator(second.begin()), std::make_move_iterator(second.end()));
