@@ -13,6 +13,19 @@
 
 namespace gattr {
 
+/// A command and the object that it names, as messages and the undo stack tell them.
+struct Label {
+  std::string command;
+  std::string_view kind = {};  ///< of the object, "boundaryCondition"; empty where the command says it
+  std::string name = {};
+  std::size_t others = 0;  ///< how many more objects it names
+
+  /// 'boundaryCondition "Fix"', 'boundaryCondition "Fix" and 2 more'; empty where no object is named.
+  std::string Object() const;
+  /// 'deactivate boundaryCondition "Fix"'.
+  std::string Text() const;
+};
+
 /// What a message about a command names, filled in while the command runs.
 struct Subject : Label {
   std::string step;

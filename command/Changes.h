@@ -1,14 +1,11 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -62,45 +59,10 @@ private:
   std::shared_ptr<Listener const> listener_;
 };
 
-/// The listeners of a session.
-class DDB_API Listeners {
-public:
-  Subscription Add(Listener listener);
-  DDB_LOCAL bool IsEmpty() const;
-  /// Tells all, in the order in which they came. What is to be told while this runs comes behind it. Of what they throw the first
-  /// passes, when all are told.
-  DDB_LOCAL void Tell(ChangeEvent event);
-
-private:
-  std::vector<std::weak_ptr<Listener const>> listeners_;
-  std::deque<ChangeEvent> waiting_;
-  bool telling_ = false;
-};
-
 /// An object by its name, which follows when the object is renamed, and when that is undone.
 struct ObjectName {
   std::string kind, name;
   bool lost = false;  ///< the session is no more
-};
-
-/// The names that somebody outside a session holds.
-class DDB_API ObjectNames {
-public:
-  ObjectNames() = default;
-  ObjectNames(ObjectNames&&) noexcept = default;
-  ObjectNames& operator=(ObjectNames&& other) noexcept;
-  ~ObjectNames() { Lose(); }
-
-  /// The one name that all share who hold it of that object.
-  std::shared_ptr<ObjectName const> Follow(std::string_view kind, std::string_view name);
-  DDB_LOCAL void Renamed(Rename const& rename);
-
-private:
-  DDB_LOCAL static std::string KeyOf(std::string_view kind, std::string_view name);
-  void Lose();
-
-  // several of one key where a name that is held was free when another object was given it
-  std::unordered_multimap<std::string, std::weak_ptr<ObjectName>> names_;
 };
 
 }  // namespace gattr

@@ -19,6 +19,17 @@ struct Finding;
 
 inline constexpr std::string_view kName = "name", kNewName = "newName", kStepName = "stepName";
 
+/// Whose histories a command touches.
+struct Touched {
+  bool all = false;                    ///< a command on a step: every attribute
+  cow_String extension = {};           ///< member name of the attribute's repository; empty when no attribute is named
+  std::vector<cow_String> names = {};  ///< of the attribute, before and after
+  std::vector<Rename> renames = {};    ///< of any object, in their order
+
+  /// Adds what a further command has touched.
+  void Add(Touched const& other);
+};
+
 /// One command while it runs.
 struct Call {
   ddr_Model& model;

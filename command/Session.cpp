@@ -1,13 +1,16 @@
 #include "command/Session.h"
 
 #include <algorithm>
+#include <deque>
 #include <functional>
 #include <new>
+#include <optional>
 #include <stdexcept>
 
 #include "command/Command.h"
 #include "command/Hints.h"
 #include "command/Journal.h"
+#include "command/Listeners.h"
 #include "command/Members.h"
 #include "framework/mdl_MapString2ObjCow.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -198,10 +201,101 @@ void Touched::Add(Touched const& other) {
   }
 }
 
+/// What a session keeps, and how it edits.
+struct Session::Impl {
+  explicit Impl(ddr_Model model);
+
+  Outcome Execute(cls_Value const& command);
+  void Begin();
+  void Commit();
+  void Rollback();
+  void ForgetPast();
+
+  /// One undoable edit: the model on its other side, and what it added to the change history.
+  struct Edit {
+    ddr_Model model;
+    Label label;
+    Touched touched;
+    std::size_t weight;         ///< what only this snapshot holds, roughly, in bytes
+    std::size_t changes;        ///< length of the change history before the edit
+    omu_ChangeHistory records;  ///< what the edit added to it, while it is undone
+  };
+
+  /// What a command has done to the model: whether it is another than before, and what keeping that costs, roughly, in bytes.
+  struct Effect {
+    bool changed;
+    std::size_t weight;
+  };
+  /// Looks at what the command has touched. Where that is an attribute, it costs what differs of that.
+  Effect EffectSince(ddr_Model const& before, Touched const& touched) const;
+  bool Differs(ddr_Model const& before) const;
+  /// What there is to tell of an edit.
+  struct Told {
+    ChangeEvent::Cause cause;
+    std::string label;
+    std::vector<Rename> renames;
+  };
+  /// Runs a command and keeps it; nothing is to be told where the model is as it was.
+  std::optional<Told> Do(cls_Value const& command, Arguments& arguments, Subject& subject, Outcome& outcome);
+  std::optional<Told> UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject, Outcome& outcome);
+  /// Has names follow, and listeners told, what has led from \p before to the present model.
+  void Tell(Told const& told, ddr_Model const& before);
+  void TellListeners(Told const& told, ddr_Model const& before);
+  void Keep(cls_Value const& command, Edit edit);
+  /// What keeping \p before costs beside the present model. Costs what differs between both.
+  std::size_t Weight(ddr_Model const& before) const;
+  void UndoEdit();
+  void RedoEdit();
+  std::vector<NamedHistory> Histories(Touched const& touched) const;
+
+  ddr_Model model_;
+  omu_ChangeHistory changes_;
+  std::deque<Edit> undo_, redo_;  // the next one last
+  std::size_t undoWeight_ = 0, undoMemory_ = std::size_t{512} << 20;
+  KeptJournal journal_;
+  /// What was done since Begin.
+  struct Open {
+    ddr_Model before;
+    std::size_t changes;
+    Touched touched;
+    cls_Value::List commands;
+  };
+  std::unique_ptr<Open> End();
+  std::unique_ptr<Open> open_;
+  Listeners listeners_;
+  ObjectNames names_;
+  bool trace_ = false, keepsPast_ = true;
+};
+
 Session::Session() : Session(ddr_Model()) {}
+Session::Session(ddr_Model model) : impl_(std::make_unique<Impl>(std::move(model))) {}
+Session::Session(Session&& other) noexcept = default;
+Session& Session::operator=(Session&& other) noexcept = default;
+Session::~Session() = default;
+
+ddr_Model const& Session::Model() const { return impl_->model_; }
+omu_ChangeHistory const& Session::Changes() const { return impl_->changes_; }
+Outcome Session::Execute(cls_Value const& command) { return impl_->Execute(command); }
+void Session::Begin() { impl_->Begin(); }
+void Session::Commit() { impl_->Commit(); }
+void Session::Rollback() { impl_->Rollback(); }
+bool Session::IsInTransaction() const { return impl_->open_ != nullptr; }
+Subscription Session::Subscribe(Listener listener) { return impl_->listeners_.Add(std::move(listener)); }
+std::shared_ptr<ObjectName const> Session::Follow(std::string_view kind, std::string_view name) { return impl_->names_.Follow(kind, name); }
+std::vector<cls_Value> Session::Journal() const { return impl_->journal_.Commands(); }
+void Session::SetTrace(bool on) { impl_->trace_ = on; }
+void Session::SetUndoMemory(std::size_t bytes) { impl_->undoMemory_ = bytes; }
+void Session::ForgetPast() { impl_->ForgetPast(); }
+
+bool Session::CanUndo() const { return !impl_->undo_.empty(); }
+bool Session::CanRedo() const { return !impl_->redo_.empty(); }
+bool Session::Undo() { return Execute(cls_Value::Fields{{"command", kUndo}}).ok; }
+bool Session::Redo() { return Execute(cls_Value::Fields{{"command", kRedo}}).ok; }
+std::string Session::UndoLabel() const { return CanUndo() ? impl_->undo_.back().label.Text() : ""; }
+std::string Session::RedoLabel() const { return CanRedo() ? impl_->redo_.back().label.Text() : ""; }
 
 // The repositories of a new model are empty and do not know its steps yet; that they learn them is no change.
-Session::Session(ddr_Model model) : model_(std::move(model)) {
+Session::Impl::Impl(ddr_Model model) : model_(std::move(model)) {
   omu_ChangeHistory unrecorded;
   CurrentHistory const current(unrecorded);
   ddr_Model const before = model_;
@@ -211,7 +305,7 @@ Session::Session(ddr_Model model) : model_(std::move(model)) {
   });
 }
 
-Outcome Session::Execute(cls_Value const& command) {
+Outcome Session::Impl::Execute(cls_Value const& command) {
   ddr_Model const before = model_;
   std::size_t const changes = changes_.Size();
   Subject subject;
@@ -238,7 +332,7 @@ Outcome Session::Execute(cls_Value const& command) {
   return outcome;
 }
 
-std::optional<Session::Told> Session::Do(cls_Value const& command, Arguments& arguments, Subject& subject, Outcome& outcome) {
+std::optional<Session::Impl::Told> Session::Impl::Do(cls_Value const& command, Arguments& arguments, Subject& subject, Outcome& outcome) {
   ddr_Model const before = model_;
   std::size_t const changes = changes_.Size();
   Touched touched;
@@ -269,17 +363,17 @@ std::optional<Session::Told> Session::Do(cls_Value const& command, Arguments& ar
   return told;
 }
 
-void Session::Begin() {
+void Session::Impl::Begin() {
   if (open_ != nullptr) { throw std::logic_error("a transaction has begun already"); }
   open_ = std::make_unique<Open>(Open{model_, changes_.Size(), {}, {}});
 }
 
-std::unique_ptr<Session::Open> Session::End() {
+std::unique_ptr<Session::Impl::Open> Session::Impl::End() {
   if (open_ == nullptr) { throw std::logic_error("no transaction has begun"); }
   return std::move(open_);
 }
 
-void Session::Commit() {
+void Session::Impl::Commit() {
   std::unique_ptr<Open> const open = End();
   if (open->commands.empty()) { return; }
   Effect const effect = EffectSince(open->before, open->touched);
@@ -289,25 +383,25 @@ void Session::Commit() {
   if (effect.changed) { TellListeners(told, open->before); }  // names have followed command by command
 }
 
-void Session::Rollback() {
+void Session::Impl::Rollback() {
   std::unique_ptr<Open> const open = End();
   model_ = open->before;
   changes_.TruncateTo(open->changes);
   for (Rename const& rename : Reversed(open->touched.renames)) { names_.Renamed(rename); }
 }
 
-void Session::Tell(Told const& told, ddr_Model const& before) {
+void Session::Impl::Tell(Told const& told, ddr_Model const& before) {
   for (Rename const& rename : told.renames) { names_.Renamed(rename); }
   if (open_ == nullptr) { TellListeners(told, before); }
 }
 
-void Session::TellListeners(Told const& told, ddr_Model const& before) {
+void Session::Impl::TellListeners(Told const& told, ddr_Model const& before) {
   if (listeners_.IsEmpty()) { return; }
   std::vector<ObjectChange> changes = ChangesBetween(before, model_, told.renames);
   if (!changes.empty()) { listeners_.Tell({told.cause, told.label, std::move(changes)}); }  // what changed nothing can be undone too
 }
 
-Session::Effect Session::EffectSince(ddr_Model const& before, Touched const& touched) const {
+Session::Impl::Effect Session::Impl::EffectSince(ddr_Model const& before, Touched const& touched) const {
   if (touched.extension.IsEmpty()) { return {Differs(before), Weight(before)}; }
   auto const& was = before.ConstGet<kprC_StepAwareRepository>(touched.extension);
   auto const& is = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
@@ -321,7 +415,7 @@ Session::Effect Session::EffectSince(ddr_Model const& before, Touched const& tou
   return effect;
 }
 
-bool Session::Differs(ddr_Model const& before) const {
+bool Session::Impl::Differs(ddr_Model const& before) const {
   if (model_.Name() != before.Name() || model_.Space() != before.Space()) { return true; }
   auto const differs = [&](std::string_view member) {
     mdl_Extension const *const was = before.ConstExtension(member), *const is = model_.ConstExtension(member);
@@ -334,7 +428,8 @@ bool Session::Differs(ddr_Model const& before) const {
   return false;
 }
 
-std::optional<Session::Told> Session::UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject, Outcome& outcome) {
+std::optional<Session::Impl::Told> Session::Impl::UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject,
+                                                             Outcome& outcome) {
   arguments.AssertNoRest({});
   bool const undo = arguments.Command() == kUndo;
   if (open_ != nullptr) { RefuseEdit(subject, "A transaction has begun: commit it or roll it back first."); }
@@ -354,9 +449,7 @@ std::optional<Session::Told> Session::UndoOrRedo(cls_Value const& command, Argum
   return told;
 }
 
-std::vector<cls_Value> Session::Journal() const { return journal_.Commands(); }
-
-void Session::ForgetPast() {
+void Session::Impl::ForgetPast() {
   keepsPast_ = false;
   undo_.clear();
   redo_.clear();
@@ -365,13 +458,7 @@ void Session::ForgetPast() {
   changes_.TruncateTo(0);
 }
 
-bool Session::Undo() { return Execute(cls_Value::Fields{{"command", kUndo}}).ok; }
-bool Session::Redo() { return Execute(cls_Value::Fields{{"command", kRedo}}).ok; }
-
-std::string Session::UndoLabel() const { return undo_.empty() ? "" : undo_.back().label.Text(); }
-std::string Session::RedoLabel() const { return redo_.empty() ? "" : redo_.back().label.Text(); }
-
-void Session::Keep(cls_Value const& command, Edit edit) {
+void Session::Impl::Keep(cls_Value const& command, Edit edit) {
   if (!keepsPast_) { return changes_.TruncateTo(0); }
   redo_.clear();
   journal_.Append(command);
@@ -380,7 +467,7 @@ void Session::Keep(cls_Value const& command, Edit edit) {
   for (; undoWeight_ > undoMemory_ && undo_.size() > 1; undo_.pop_front()) { undoWeight_ -= undo_.front().weight; }
 }
 
-std::size_t Session::Weight(ddr_Model const& before) const {
+std::size_t Session::Impl::Weight(ddr_Model const& before) const {
   std::size_t weight = kEditWeight;
   kprC_StepTable const &steps = kprC_Steps(model_).Table(), &stepsBefore = kprC_Steps(before).Table();
   bool const grown = !steps.Same(stepsBefore) && steps.Continues(stepsBefore) && steps.Disturbed() == 0;  // no record has changed
@@ -407,7 +494,7 @@ std::size_t Session::Weight(ddr_Model const& before) const {
   return weight;
 }
 
-void Session::UndoEdit() {
+void Session::Impl::UndoEdit() {
   Edit edit = std::move(undo_.back());
   undo_.pop_back();
   undoWeight_ -= edit.weight;
@@ -417,7 +504,7 @@ void Session::UndoEdit() {
   redo_.push_back(std::move(edit));
 }
 
-void Session::RedoEdit() {
+void Session::Impl::RedoEdit() {
   Edit edit = std::move(redo_.back());
   redo_.pop_back();
   changes_.AppendFrom(edit.records);
@@ -427,7 +514,7 @@ void Session::RedoEdit() {
   undo_.push_back(std::move(edit));
 }
 
-std::vector<NamedHistory> Session::Histories(Touched const& touched) const {
+std::vector<NamedHistory> Session::Impl::Histories(Touched const& touched) const {
   std::vector<NamedHistory> histories;
   auto const tell = [&](std::string name, kprC_StepDependent const& item) {
     std::vector<int> statuses;

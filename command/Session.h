@@ -1,16 +1,13 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "command/Changes.h"
-#include "command/Journal.h"
 #include "framework/Refusal.h"
 #include "framework/ddr_Model.h"
 #include "platform/BasicUtils/cls_Members.h"
@@ -101,33 +98,6 @@ struct KindInfo {
   std::string kind, member;
 };
 
-class Arguments;
-struct Subject;
-
-/// A command and the object that it names, as messages and the undo stack tell them.
-struct Label {
-  std::string command;
-  std::string_view kind = {};  ///< of the object, "boundaryCondition"; empty where the command says it
-  std::string name = {};
-  std::size_t others = 0;  ///< how many more objects it names
-
-  /// 'boundaryCondition "Fix"', 'boundaryCondition "Fix" and 2 more'; empty where no object is named.
-  std::string Object() const;
-  /// 'deactivate boundaryCondition "Fix"'.
-  std::string Text() const;
-};
-
-/// Whose histories a command touches.
-struct Touched {
-  bool all = false;                    ///< a command on a step: every attribute
-  cow_String extension = {};           ///< member name of the attribute's repository; empty when no attribute is named
-  std::vector<cow_String> names = {};  ///< of the attribute, before and after
-  std::vector<Rename> renames = {};    ///< of any object, in their order
-
-  /// Adds what a further command has touched.
-  void Add(Touched const& other);
-};
-
 /// A model under edit. Commands are the only way to change it: each either succeeds whole or leaves the model, its change
 /// history and the undo stack as they were, also where a call of the library would leave a partial change. The library
 /// must have been started (DDB_GeometricAttributes_initialize).
@@ -142,6 +112,9 @@ public:
   /// Begins with an empty model.
   Session();
   explicit Session(ddr_Model model);
+  Session(Session&& other) noexcept;
+  Session& operator=(Session&& other) noexcept;
+  ~Session();
 
   /// Runs one command: {"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Step-2"}. Refusals come back in
   /// the outcome; only running out of memory throws. ParseJson (text/JsonText.h) makes a command of its text. With "dryRun": true the
@@ -149,10 +122,10 @@ public:
   /// for every pair in the order written, whole or not at all; it is one line of the journal and one step of undo.
   Outcome Execute(cls_Value const& command);
 
-  ddr_Model const& Model() const { return model_; }
+  ddr_Model const& Model() const;
 
-  bool CanUndo() const { return !undo_.empty(); }
-  bool CanRedo() const { return !redo_.empty(); }
+  bool CanUndo() const;
+  bool CanRedo() const;
   /// What Undo would take back, "deactivate Fix"; empty when there is nothing.
   std::string UndoLabel() const;
   std::string RedoLabel() const;
@@ -168,30 +141,30 @@ public:
   void Commit();
   /// Puts back the model as it was at Begin.
   void Rollback();
-  bool IsInTransaction() const { return open_ != nullptr; }
+  bool IsInTransaction() const;
 
   /// Has \p listener told of every whole edit from here on, as long as the subscription is kept: after a command that has changed
   /// something, after undo, redo and Commit; of a refusal and of a dry run nothing. It may read the session and run commands, which are
   /// told behind what is being told, and end subscriptions. What it throws passes to the caller of the edit, which stays done. While
   /// anybody listens, an edit costs a comparison (ChangesBetween) more.
-  [[nodiscard]] Subscription Subscribe(Listener listener) { return listeners_.Add(std::move(listener)); }
+  [[nodiscard]] Subscription Subscribe(Listener listener);
 
   /// A name that follows the object's renames and their undo, whether or not there is such an object now.
-  std::shared_ptr<ObjectName const> Follow(std::string_view kind, std::string_view name) { return names_.Follow(kind, name); }
+  std::shared_ptr<ObjectName const> Follow(std::string_view kind, std::string_view name);
 
   /// The commands that succeeded, undo and redo among them; running them on the model that the session began with gives
   /// the present one. Made anew, as they are kept as lines.
   std::vector<cls_Value> Journal() const;
   /// What the commands recorded: one tuple for each change in a repository.
-  omu_ChangeHistory const& Changes() const { return changes_; }
+  omu_ChangeHistory const& Changes() const;
 
   /// Whether outcomes tell histories: of the attribute that a command names, of all attributes after a command on a step, with
   /// its kind where another family uses the name too. Off at first, as the latter costs as much as the whole model; always
   /// told of a dry run.
-  void SetTrace(bool on) { trace_ = on; }
+  void SetTrace(bool on);
 
   /// What the snapshots of edits that can be undone may hold, roughly, in bytes; 512 MiB at first. The last edit is always kept.
-  void SetUndoMemory(std::size_t bytes) { undoMemory_ = bytes; }
+  void SetUndoMemory(std::size_t bytes);
 
   /// Lets go of what was done, to be undone or to be told, and keeps no more of it from here on: neither undo stack nor journal
   /// nor changes. For whoever runs many commands and wants the model alone.
@@ -205,60 +178,8 @@ public:
   static std::vector<KindInfo> Kinds();
 
 private:
-  /// One undoable edit: the model on its other side, and what it added to the change history.
-  struct Edit {
-    ddr_Model model;
-    Label label;
-    Touched touched;
-    std::size_t weight;         ///< what only this snapshot holds, roughly, in bytes
-    std::size_t changes;        ///< length of the change history before the edit
-    omu_ChangeHistory records;  ///< what the edit added to it, while it is undone
-  };
-
-  /// What a command has done to the model: whether it is another than before, and what keeping that costs, roughly, in bytes.
-  struct Effect {
-    bool changed;
-    std::size_t weight;
-  };
-  /// Looks at what the command has touched. Where that is an attribute, it costs what differs of that.
-  DDB_LOCAL Effect EffectSince(ddr_Model const& before, Touched const& touched) const;
-  DDB_LOCAL bool Differs(ddr_Model const& before) const;
-  /// What there is to tell of an edit.
-  struct Told {
-    ChangeEvent::Cause cause;
-    std::string label;
-    std::vector<Rename> renames;
-  };
-  /// Runs a command and keeps it; nothing is to be told where the model is as it was.
-  DDB_LOCAL std::optional<Told> Do(cls_Value const& command, Arguments& arguments, Subject& subject, Outcome& outcome);
-  DDB_LOCAL std::optional<Told> UndoOrRedo(cls_Value const& command, Arguments const& arguments, Subject& subject, Outcome& outcome);
-  /// Has names follow, and listeners told, what has led from \p before to the present model.
-  DDB_LOCAL void Tell(Told const& told, ddr_Model const& before);
-  DDB_LOCAL void TellListeners(Told const& told, ddr_Model const& before);
-  DDB_LOCAL void Keep(cls_Value const& command, Edit edit);
-  /// What keeping \p before costs beside the present model. Costs what differs between both.
-  DDB_LOCAL std::size_t Weight(ddr_Model const& before) const;
-  DDB_LOCAL void UndoEdit();
-  DDB_LOCAL void RedoEdit();
-  DDB_LOCAL std::vector<NamedHistory> Histories(Touched const& touched) const;
-
-  ddr_Model model_;
-  omu_ChangeHistory changes_;
-  std::deque<Edit> undo_, redo_;  // the next one last
-  std::size_t undoWeight_ = 0, undoMemory_ = std::size_t{512} << 20;
-  KeptJournal journal_;
-  /// What was done since Begin.
-  struct Open {
-    ddr_Model before;
-    std::size_t changes;
-    Touched touched;
-    cls_Value::List commands;
-  };
-  DDB_LOCAL std::unique_ptr<Open> End();
-  std::unique_ptr<Open> open_;
-  Listeners listeners_;
-  ObjectNames names_;
-  bool trace_ = false, keepsPast_ = true;
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
 };
 
 }  // namespace gattr
