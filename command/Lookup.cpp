@@ -1,0 +1,62 @@
+#include "command/Lookup.h"
+
+#include "command/Command.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "text/Text.h"
+
+namespace gattr {
+
+namespace {
+
+/// Those of the families of one kind, of all where that is empty, that have an attribute called \p name.
+std::vector<FoundAttribute> FindIn(ddr_Model const& model, std::string_view kind, std::string_view name) {
+  std::vector<FoundAttribute> found;
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
+    kprC_StepDependent const* const item = kind.empty() || family.ItemCmd() == kind ? family.ConstItem(name) : nullptr;
+    if (item != nullptr) { found.push_back({&family, item}); }
+  });
+  return found;
+}
+
+}  // namespace
+
+FoundAttribute FindAttribute(ddr_Model const& model, std::string_view name) {
+  std::vector<FoundAttribute> found = FindIn(model, {}, name);
+  std::string_view kind;
+  if (found.empty() && name.find(':') != std::string_view::npos) {
+    std::string_view const before = name.substr(0, name.find(':'));
+    bool const isKind =
+        FindRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) { return family.ItemCmd() == before; });
+    if (isKind) {
+      kind = before;
+      name.remove_prefix(kind.size() + 1);
+      found = FindIn(model, kind, name);
+    }
+  }
+  if (found.size() == 1) { return found.front(); }
+  if (found.empty()) {
+    std::vector<std::string> known, kinds;
+    ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
+      if (!kind.empty() && family.ConstItem(name) != nullptr) { kinds.emplace_back(family.ItemCmd()); }
+      if (!kind.empty() && family.ItemCmd() != kind) { return; }
+      for (std::string& one : Texts(family.Keys())) { known.push_back(std::move(one)); }
+    });
+    std::string const hint =
+        kinds.empty() ? Suggestion(name, known, "There are") : Quoted(name) + " is " + WithArticle(kinds.front()) + ".";
+    throw UnknownName("There is no " + ObjectText(kind.empty() ? "attribute" : kind, name) + ". " + hint);
+  }
+  std::vector<std::string> meant;
+  for (FoundAttribute const& one : found) { meant.push_back(std::string(one.family->ItemCmd()).append(":").append(name)); }
+  throw UnknownName(std::to_string(found.size()) + " attributes are called " + Quoted(name) + ": say which of " +
+                    QuotedList(meant, meant.size()) + ".");
+}
+
+std::size_t FindStep(ddr_Model const& model, std::string_view name) {
+  kprC_StepTable const& steps = kprC_Steps(model).Table();
+  std::size_t const index = steps.Find(name);
+  if (index != kprC_StepTable::npos) { return index; }
+  throw UnknownName("There is no " + ObjectText(kprC_Step::stepCmd(), name) + ". " +
+                    Suggestion(name, Texts(kprC_Steps(model).Names()), "Steps"));
+}
+
+}  // namespace gattr
