@@ -14,6 +14,7 @@
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/records/kprC_TimePoint.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
+#include "platform/NonGeometricAttributes/ampC_Curves.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -54,6 +55,15 @@ constexpr Declaration kDeclarations[] = {
     {"Set", "region", "declares a set: a region of the model that attributes act on", &MakeRegion<rgnC_Set>},
     {"Surface", "region", "declares a surface: a region of the model that attributes act on", &MakeRegion<rgnC_Surface>},
     {"Amplitude", "amplitude", "declares a variation over time that attributes refer to by its name", &Make<ampC_Amplitude>},
+    {ampC_TabularAmplitude::constructorCmd(), "amplitude", "declares a variation over time along straight lines from point to point",
+     &Make<ampC_TabularAmplitude>},
+    {ampC_SmoothStepAmplitude::constructorCmd(), "amplitude",
+     "declares a variation over time that goes from point to point with neither speed nor acceleration at either",
+     &Make<ampC_SmoothStepAmplitude>},
+    {ampC_PeriodicAmplitude::constructorCmd(), "amplitude", "declares a variation over time that swings: a Fourier series",
+     &Make<ampC_PeriodicAmplitude>},
+    {ampC_DecayAmplitude::constructorCmd(), "amplitude", "declares a variation over time that jumps and decays",
+     &Make<ampC_DecayAmplitude>},
     {"Connector", "connector", "declares a connector element and the components of relative motion that it offers", &Make<conC_Connector>},
     {kfdC_Field::constructorCmd(), "field", "declares a variation in space that attributes refer to by its name", &Make<kfdC_Field>},
     {kprC_TimePoint::constructorCmd(), "timePoint", "declares a sequence of times that output requests refer to by its name",

@@ -2,7 +2,7 @@
 
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 #include "platform/CoreUtils/ddb_CallCounter.h"
-#include "platform/NonGeometricAttributes/ampC_Amplitude.h"
+#include "platform/NonGeometricAttributes/ampC_Curves.h"
 #include "platform/NonGeometricAttributes/conC_Connector.h"
 #include "platform/NonGeometricAttributes/lcsC_LoadCase.h"
 

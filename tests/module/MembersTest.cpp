@@ -24,6 +24,7 @@
 #include "module/kpr/records/kprC_TimePoint.h"
 #include "module/kpr/steps/kprC_Steps.h"
 #include "platform/CoreGeometry/dtmC_DatumRef.h"
+#include "platform/NonGeometricAttributes/ampC_Curves.h"
 #include "tests/support/Library.h"
 
 namespace {

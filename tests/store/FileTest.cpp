@@ -247,6 +247,7 @@ std::map<std::string, std::string> RowsOf(std::filesystem::path const& path) {
   char const* const sql =
       "SELECT 'attribute ' || name, data FROM attributes UNION ALL SELECT 'object ' || name, data FROM objects UNION ALL "
       "SELECT 'extension ' || name, data FROM extensions UNION ALL SELECT 'step ' || position, name || data FROM steps UNION ALL "
+      "SELECT 'class ' || number, name || members FROM classes UNION ALL "
       "SELECT 'saves', value FROM meta WHERE key = 'generation'";
   auto const take = [](void* into, int, char** values, char**) {
     (*static_cast<std::map<std::string, std::string>*>(into))[values[0]] = values[1];
@@ -440,6 +441,17 @@ TEST(ModelFile, OfTheFirstVersionOpensAndIsSavedInThePresentOne) {
   file.Save(model);
   EXPECT_EQ(Dump(gattr::ModelFile(path).Open()), Dump(model));
   EXPECT_FALSE(RowsOf(path).empty());
+}
+
+TEST(EitherFile, OfAmplitudesWithoutCurvesIsWrittenAsItWasBeforeThereWereCurves) {
+  std::filesystem::path const stored = std::filesystem::path(GATTR_SOURCE_DIR) / "tests/store/data";
+  ddr_Model const model = gattr::ReadTextFile(stored / "plain_amplitude.gattr.json");
+  EXPECT_EQ(Dump(model), BytesOf(stored / "plain_amplitude.gattr.json"));
+  ScratchFolder folder;
+  std::filesystem::copy_file(stored / "plain_amplitude.gadb", folder / "Old.gadb");
+  EXPECT_TRUE(gattr::ModelFile(folder / "Old.gadb").Open().Equals(model));
+  gattr::ModelFile(folder / "New.gadb").Save(model);
+  EXPECT_EQ(RowsOf(folder / "New.gadb"), RowsOf(folder / "Old.gadb"));
 }
 
 TEST(ModelFile, CanBeLookedAtByViews) {
