@@ -18,7 +18,8 @@ struct DescribeOptions {
   std::string color;
 };
 
-constexpr std::string_view kDryRun = R"(as every command it takes "dryRun": true, tells what would come of it, and changes nothing)";
+constexpr std::string_view kDryRun =
+    R"(as every command it takes "dryRun": true (--dry-run in `gattr do`): tells what would be refused, created, changed and deleted, and changes nothing)";
 
 std::string Joined(std::vector<std::string> const& texts) {
   std::string joined;

@@ -10,6 +10,7 @@
 #include "cli/ResultsFiles.h"
 #include "command/CommandWords.h"
 #include "report/Display.h"
+#include "report/RenderEffects.h"
 #include "store/ModelPath.h"
 #include "text/Text.h"
 
@@ -19,6 +20,7 @@ namespace {
 struct DoOptions {
   std::string model, results;
   std::vector<std::string> words;
+  Format format = Format::Text;
   bool dryRun = false, force = false;
 };
 
@@ -32,7 +34,12 @@ int Run(DoOptions const& options) {
   } catch (std::invalid_argument const& error) { throw BadInput(error.what()); }
   if (options.dryRun) { std::get<cls_Value::Fields>(command.data).emplace_back("dryRun", true); }
   Outcome const outcome = session.Execute(command);
-  std::cout << ShownLines(outcome.report);
+  if (options.format == Format::Json) {
+    std::cout << JsonPage(ToJson(outcome)) << '\n';
+  } else {
+    std::cout << ShownLines(outcome.report);
+    RenderText(std::cout, outcome.effects, {TerminalWidth(), UseColor("auto")});
+  }
   if (!outcome.message.empty()) {
     std::cout.flush();
     Tell(fmt::format("gattr: {}\n", Shown(outcome.message)));
@@ -62,7 +69,8 @@ void AddDo(CLI::App& program, Action& action) {
       ->type_name("")
       ->expected(-1);
   command.add_option("--results", options->results, kResultsHelp)->type_name("FOLDER");
-  command.add_flag("--dry-run", options->dryRun, "tell whether it would be refused, and change nothing");
+  command.add_flag("--dry-run", options->dryRun, kDryRunHelp);
+  AddFormat(command, options->format, {"text", "json"});
   command.add_flag("--force", options->force, "write the model also where somebody else has changed it meanwhile");
   command.footer(kDoFooter);
   command.callback([options, &action] { action = [options] { return Run(*options); }; });

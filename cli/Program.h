@@ -48,6 +48,9 @@ inline constexpr char const* kModelHelp = "model file: .gadb, or .gattr.json for
 enum class Format { Text, Csv, Json, Html };
 /// Adds --format with the texts of \p offered.
 void AddFormat(CLI::App& command, Format& format, std::vector<std::string> const& offered);
+inline constexpr char const* kDryRunHelp =
+    "tell what would be refused, created, changed and deleted, with statuses before and after; write nothing";
+
 /// Adds --color.
 void AddColor(CLI::App& command, std::string& choice);
 

@@ -16,6 +16,7 @@
 #include "command/Journal.h"
 #include "command/Session.h"
 #include "report/Display.h"
+#include "report/RenderEffects.h"
 #include "store/ModelPath.h"
 #include "text/JsonText.h"
 #include "text/Text.h"
@@ -25,7 +26,7 @@ namespace {
 
 struct ReplayOptions {
   std::string journal, on, output, results, record;
-  bool trace = false, keepGoing = false, force = false;
+  bool trace = false, keepGoing = false, force = false, dryRun = false;
 };
 
 /// A journal as a stream, and how much of it has been read.
@@ -159,19 +160,11 @@ private:
   void Trace(std::size_t line, Json const& command, Outcome const& outcome) const {
     if (!trace_) {
       std::cout << ShownLines(outcome.report);
+      RenderText(std::cout, outcome.effects, {TerminalWidth(), UseColor("auto")});
       return;
     }
-    Json told = {{"line", line}, {"command", command}, {"ok", outcome.ok}};
-    if (outcome.ok) {
-      Json& histories = told["history"] = Json::object();
-      for (auto const& [name, statuses] : outcome.history) { histories[name] = statuses; }
-      if (!outcome.changed) { told["changed"] = false; }
-      if (!outcome.report.empty()) { told["report"] = outcome.report; }
-    } else {
-      Refusal const& refused = outcome.refused;
-      told["refused"] = {{"module", refused.module}, {"code", refused.code}, {"exception", refused.exception}, {"message", refused.message},
-                         {"object", outcome.object}, {"step", outcome.step}, {"member", outcome.member},       {"hint", outcome.hint}};
-    }
+    Json told = {{"line", line}, {"command", command}};
+    told.update(gattr::ToJson(outcome));
     std::cout << JsonLine(told) << '\n';
   }
 
@@ -186,6 +179,14 @@ private:
 
 std::string Counted(std::size_t count, std::string_view what) { return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s"); }
 
+void PrintEffects(Effects const& effects, bool asJson) {
+  if (asJson) {
+    std::cout << JsonLine({{"effects", gattr::ToJson(effects)}}) << '\n';
+  } else {
+    RenderText(std::cout, effects, {TerminalWidth(), UseColor("auto")});
+  }
+}
+
 int Run(ReplayOptions const& options) {
   UseResults(options.results);
   std::optional<ModelPath> on, output;
@@ -195,6 +196,17 @@ int Run(ReplayOptions const& options) {
   JournalFile journal(options.journal);
   Session session = on ? Session(on->Open()) : Session();
   if (!journal.MayUndo()) { session.ForgetPast(); }
+  ddr_Model const before = session.Model();
+  std::vector<Rename> renames;
+  Subscription renaming;
+  if (options.dryRun) {
+    if (target != nullptr || !options.record.empty()) { throw BadInput("--dry-run writes nothing: leave --output and --record out"); }
+    renaming = session.Subscribe([&renames](ChangeEvent const& event) {
+      for (ObjectChange const& object : event.objects) {
+        if (object.change == ChangeKind::Renamed) { renames.push_back({object.kind, object.before, object.name}); }
+      }
+    });
+  }
 
   Record record(options.record, options.journal);
   Replay replay(session, journal, record, options.trace);
@@ -205,6 +217,7 @@ int Run(ReplayOptions const& options) {
     if (!options.keepGoing) { break; }
   }
   record.Finish();
+  if (options.dryRun) { PrintEffects(EffectsBetween(before, session.Model(), renames), options.trace); }
   if (replay.Done() + replay.Refused() == 0) { throw BadInput(Quoted(journal.Name()) + " holds no commands"); }
   if (status != kDone && !options.keepGoing) {
     if (target != nullptr) { Tell(fmt::format("gattr: {} was not written\n", Shown(options.output))); }
@@ -245,6 +258,7 @@ void AddReplay(CLI::App& program, Action& action) {
   command.add_option("--results", options->results, kResultsHelp)->type_name("FOLDER");
   command.add_option("--record", options->record, "append the commands that are done to this journal of lines")->type_name("LOG");
   command.add_flag("--trace", options->trace, "print a JSON object per line: the outcome, and the histories it made");
+  command.add_flag("--dry-run", options->dryRun, kDryRunHelp);
   command.add_flag("--keep-going", options->keepGoing, "go on after a command that is refused");
   command.add_flag("--force", options->force, "write the model also where somebody else has changed it since it was opened");
   command.footer(kFooter);

@@ -13,7 +13,7 @@
 #include "cli/ResultsFiles.h"
 #include "command/CommandWords.h"
 #include "report/Display.h"
-#include "report/RenderHistory.h"
+#include "report/RenderEffects.h"
 #include "store/ModelPath.h"
 #include "store/StoreError.h"
 #include "text/JsonText.h"
@@ -71,10 +71,14 @@ private:
     if (begin == std::string::npos || line[begin] == '#') { return; }
     try {
       if (line[begin] == '{') { return Execute(ParseJson(line)); }
-      std::vector<std::string> const words = WordsOf(line);
+      std::vector<std::string> words = WordsOf(line);
+      bool const dryRun = std::erase(words, "--dry-run") != 0;
+      if (words.empty()) { throw BadInput("--dry-run stands behind a command"); }
       auto const own = std::ranges::find(OwnCommands(), words[0], &Own::name);
       if (own != OwnCommands().end()) { return (this->*own->run)(words); }
-      Execute(words_.Read(session_.Model(), words));
+      cls_Value command = words_.Read(session_.Model(), words);
+      if (dryRun) { std::get<cls_Value::Fields>(command.data).emplace_back("dryRun", true); }
+      Execute(command);
     } catch (JsonError const& error) {
       Refuse(std::string("this is no JSON: ") + error.what() + ".");
     } catch (std::invalid_argument const& error) { Refuse(error.what()); } catch (BadInput const& error) {
@@ -89,7 +93,9 @@ private:
   }
   void Execute(cls_Value const& command) {
     Outcome const outcome = session_.Execute(command);
-    std::cout << ShownLines(outcome.report) << std::flush;
+    std::cout << ShownLines(outcome.report);
+    RenderText(std::cout, outcome.effects, {TerminalWidth(), UseColor("auto")});
+    std::cout.flush();
     if (!outcome.ok) { return Refuse(outcome.message, outcome.badInput ? kBadInput : kRefused); }
     if (!outcome.message.empty()) { gattr::cli::Tell(fmt::format("gattr: {}\n", Shown(outcome.message))); }
   }
@@ -176,7 +182,8 @@ private:
 };
 
 constexpr char const* kShellFooter =
-    R"(A line is a command as `gattr do` takes it, or a JSON object as journals have it; "undo" and "redo" are commands too.
+    R"(A line is a command as `gattr do` takes it, or a JSON object as journals have it; "undo" and "redo" are commands too. With
+--dry-run behind it a command tells what it would change, create and delete, and changes nothing.
 "help" lists them, and save, history, check, journal and quit. At a terminal, the tabulator key completes commands, arguments,
 steps and names, and what was typed is kept for the next time in gattr/history below $XDG_STATE_HOME (~/.local/state). Nothing is
 written before "save"; at a terminal, quitting asks. From a pipe, the exit status is 1 where something was refused or not saved.

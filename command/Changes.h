@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "framework/ddr_Model.h"
+#include "platform/CaeUtils/mdl_PropagationStatus.h"
 #include "platform/CoreUtils/ddb_Export.h"
 
 /// What commands change, told to whoever listens.
@@ -21,6 +23,9 @@ struct Rename {
 };
 
 enum class ChangeKind : std::uint8_t { Created, Changed, Renamed, Deleted };
+
+/// "created", "changed", "renamed", "deleted".
+DDB_API std::string_view ChangeText(ChangeKind change);
 
 /// What has become of one object.
 struct ObjectChange {
@@ -45,6 +50,25 @@ struct ChangeEvent {
 /// from others is not told: statuses and carried values where a step has come or gone. Costs what differs; where the steps differ, a
 /// look at what each attribute says of its own.
 DDB_API std::vector<ObjectChange> ChangesBetween(ddr_Model const& before, ddr_Model const& now, std::span<Rename const> renames);
+
+/// A run of neighbouring steps in which an attribute does something else than before.
+struct StatusChange {
+  std::string kind, name;           ///< of the attribute; what it is called now, or of one that is deleted, was called
+  std::string firstStep, lastStep;  ///< the same of steps
+  std::optional<mdl_PropagationStatusEnm> before, after;  ///< nothing where there is no such step; without the attribute NotYetCreated
+
+  friend bool operator==(StatusChange const&, StatusChange const&) = default;
+};
+
+/// What an edit has come to, or would come to.
+struct Effects {
+  std::vector<ObjectChange> objects;   ///< as ChangesBetween has them
+  std::vector<StatusChange> statuses;  ///< what follows of it too, by kind, name and step
+};
+
+/// What has led from \p before to \p now, and what it means for every attribute. Costs what differs; where the steps differ, as much
+/// as all statuses.
+DDB_API Effects EffectsBetween(ddr_Model const& before, ddr_Model const& now, std::span<Rename const> renames);
 
 using Listener = std::function<void(ChangeEvent const&)>;
 

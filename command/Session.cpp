@@ -280,6 +280,10 @@ void Session::Begin() { impl_->Begin(); }
 void Session::Commit() { impl_->Commit(); }
 void Session::Rollback() { impl_->Rollback(); }
 bool Session::IsInTransaction() const { return impl_->open_ != nullptr; }
+Effects Session::EffectsSinceBegin() const {
+  auto const* const open = impl_->open_.get();
+  return open == nullptr ? Effects() : EffectsBetween(open->before, impl_->model_, open->touched.renames);
+}
 Subscription Session::Subscribe(Listener listener) { return impl_->listeners_.Add(std::move(listener)); }
 std::shared_ptr<ObjectName const> Session::Follow(std::string_view kind, std::string_view name) { return impl_->names_.Follow(kind, name); }
 std::vector<cls_Value> Session::Journal() const { return impl_->journal_.Commands(); }
@@ -350,6 +354,7 @@ std::optional<Session::Impl::Told> Session::Impl::Do(cls_Value const& command, A
     gattr::Tell(outcome, subject, {"", -1, "", "Nothing has changed."});
   }
   if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
+  if (arguments.DryRun()) { outcome.effects = EffectsBetween(before, model_, touched.renames); }
   if (!outcome.report.empty() || arguments.DryRun()) { return {}; }
   std::optional<Told> told;
   bool const isHeard = !touched.renames.empty() || !listeners_.IsEmpty();
@@ -439,9 +444,11 @@ std::optional<Session::Impl::Told> Session::Impl::UndoOrRedo(cls_Value const& co
   Touched const touched = edit.touched;
   Told told{undo ? ChangeEvent::Cause::Undo : ChangeEvent::Cause::Redo, edit.label.Text(),
             undo ? Reversed(touched.renames) : touched.renames};
+  ddr_Model const before = model_;
   undo ? UndoEdit() : RedoEdit();
   if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
   if (arguments.DryRun()) {
+    outcome.effects = EffectsBetween(before, model_, told.renames);
     undo ? RedoEdit() : UndoEdit();
     return {};
   }

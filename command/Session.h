@@ -30,6 +30,7 @@ struct Outcome {
   std::string object, step, member;   ///< what the message names, empty where it names none
   std::string hint;                   ///< what would do
   std::vector<NamedHistory> history;  ///< see Session::SetTrace
+  Effects effects = {};               ///< of a dry run
   std::string report = {};            ///< of a command that only tells something, which is neither journaled nor undone
 };
 
@@ -118,8 +119,9 @@ public:
 
   /// Runs one command: {"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Step-2"}. Refusals come back in
   /// the outcome; only running out of memory throws. ParseJson (text/JsonText.h) makes a command of its text. With "dryRun": true the
-  /// outcome is the same and nothing changes. Where a command on objects has a list of names for its object or for "stepName", it is run
-  /// for every pair in the order written, whole or not at all; it is one line of the journal and one step of undo.
+  /// outcome is the same, tells besides what would change, and nothing changes. Where a command on objects has a list of names for its
+  /// object or for "stepName", it is run for every pair in the order written, whole or not at all; it is one line of the journal and one
+  /// step of undo.
   Outcome Execute(cls_Value const& command);
 
   ddr_Model const& Model() const;
@@ -142,6 +144,8 @@ public:
   /// Puts back the model as it was at Begin.
   void Rollback();
   bool IsInTransaction() const;
+  /// What the commands since Begin have come to so far; nothing where none has begun.
+  Effects EffectsSinceBegin() const;
 
   /// Has \p listener told of every whole edit from here on, as long as the subscription is kept: after a command that has changed
   /// something, after undo, redo and Commit; of a refusal and of a dry run nothing. It may read the session and run commands, which are

@@ -5,6 +5,7 @@
 
 #include "command/Check.h"
 #include "command/HistoryTable.h"
+#include "command/Journal.h"
 #include "command/Words.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -50,14 +51,14 @@ private:
   std::optional<HistoryTable> table_;
 };
 
-py::tuple Told(Outcome const& outcome) {
+py::tuple AsTuple(Outcome const& outcome) {
   py::dict history;
   for (auto const& [name, statuses] : outcome.history) {
     py::list list;
     for (int const status : statuses) { list.append(Defined().statuses[static_cast<std::size_t>(status)]); }
     history[Text(name)] = list;
   }
-  return py::make_tuple(outcome.changed, Text(outcome.message), history, Text(outcome.report));
+  return py::make_tuple(outcome.changed, Text(outcome.message), history, Text(outcome.report), Told(outcome.effects));
 }
 
 /// Makes an object and gives its handle. None says "UNSET" for the members named by \p carried.
@@ -110,6 +111,7 @@ void Define(py::dict const& definitions) {
   defined.noAttribute = take("no_attribute");
   defined.change = take("change");
   defined.objectChange = take("object_change");
+  defined.statusChange = take("status_change");
 }
 
 void BindDescriptions(py::module_& m) {
@@ -170,7 +172,12 @@ void BindModel(py::module_& m) {
       .def("_save", &Model::Save)
       .def("_load", &Model::Load)
       .def("_make", &Make)
-      .def("_execute", [](Model& self, py::handle command) { return Told(self.Do(ToValue(command))); })
+      .def("_effects",
+           [](Model& self) {
+             Model::Use const use(self);
+             return Told(self.Commands().EffectsSinceBegin());
+           })
+      .def("_execute", [](Model& self, py::handle command) { return AsTuple(self.Do(ToValue(command))); })
       .def("_names",
            [](Model& self, int kind) {
              Model::Use const use(self);

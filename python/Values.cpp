@@ -143,16 +143,37 @@ cls_MemberRow const* FindRow(cls_Object const& object, std::string_view name) {
   return row == rows.end() ? nullptr : &*row;
 }
 
-py::object Told(ChangeEvent const& event) {
-  constexpr char const *kCauses[] = {"command", "undo", "redo"}, *kChanges[] = {"created", "changed", "renamed", "deleted"};
+namespace {
+
+py::list Told(std::vector<ObjectChange> const& changes) {
   py::list objects;
-  for (ObjectChange const& change : event.objects) {
+  for (ObjectChange const& change : changes) {
     py::list steps;
     for (std::string const& step : change.steps) { steps.append(Text(step)); }
-    objects.append(Defined().objectChange(kChanges[static_cast<std::size_t>(change.change)], Text(change.kind), Text(change.name),
+    objects.append(Defined().objectChange(Text(ChangeText(change.change)), Text(change.kind), Text(change.name),
                                           change.before.empty() ? py::object(py::none()) : Text(change.before), steps));
   }
-  return Defined().change(kCauses[static_cast<std::size_t>(event.cause)], Text(event.label), objects);
+  return objects;
+}
+
+py::object Told(std::optional<mdl_PropagationStatusEnm> status) {
+  return status ? Defined().statuses[static_cast<std::size_t>(*status)] : py::object(py::none());
+}
+
+}  // namespace
+
+py::object Told(ChangeEvent const& event) {
+  constexpr char const* kCauses[] = {"command", "undo", "redo"};
+  return Defined().change(kCauses[static_cast<std::size_t>(event.cause)], Text(event.label), Told(event.objects));
+}
+
+py::object Told(Effects const& effects) {
+  py::list statuses;
+  for (StatusChange const& change : effects.statuses) {
+    statuses.append(Defined().statusChange(Text(change.kind), Text(change.name), Text(change.firstStep), Text(change.lastStep),
+                                           Told(change.before), Told(change.after)));
+  }
+  return py::make_tuple(Told(effects.objects), statuses);
 }
 
 void Raise(py::handle type, std::string const& text) {

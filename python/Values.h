@@ -20,7 +20,7 @@ struct Definitions {
   py::object unset, freed;
   std::array<py::object, 16> statuses;  ///< by number
   py::dict handles;                     ///< kind to class of handles, and (kind, class) where a class of objects has its own
-  py::object refused, gone, busy, unreadable, noAttribute, change, objectChange;
+  py::object refused, gone, busy, unreadable, noAttribute, change, objectChange, statusChange;
 };
 /// Never ends: the interpreter may be gone before it would.
 Definitions& Defined();
@@ -36,6 +36,8 @@ cls_MemberRow const* FindRow(cls_Object const& object, std::string_view name);
 
 /// An edit as callbacks are told it.
 py::object Told(ChangeEvent const& event);
+/// The objects and the statuses.
+py::object Told(Effects const& effects);
 
 /// Raises what the outcome tells.
 [[noreturn]] void Raise(Outcome const& outcome);

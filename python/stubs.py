@@ -65,6 +65,8 @@ class Subscription:
 class DryRun:
     history: History
     findings: list[Finding]
+    changes: list[ObjectChange]
+    statuses: list[StatusChange]
 
 class Objects(Mapping[str, _H]):
     def __getitem__(self, name: str) -> _H: ...
@@ -179,7 +181,7 @@ def union(*types):
 def tuples():
     """The tuples that the module gives, as their classes declare them."""
     lines = []
-    for told in (_model.Outcome, _model.Finding, _words.ObjectChange, _words.Change):
+    for told in (_model.Outcome, _model.Finding, _words.ObjectChange, _words.StatusChange, _words.Change):
         lines.append(f"class {told.__name__}(NamedTuple):")
         for name, kind in told.__annotations__.items():
             lines.append(f"    {name}: {kind.__forward_arg__ if isinstance(kind, typing.ForwardRef) else kind.__name__}")

@@ -10,7 +10,7 @@ Everything is edited by commands, so everything is checked, journaled and can be
     m.undo()
 """
 
-from ._words import FREED, UNSET, Change, Freed, ObjectChange, Status, Unset
+from ._words import FREED, UNSET, Change, Freed, ObjectChange, Status, StatusChange, Unset
 from ._errors import Busy, Error, Gone, Refused, RefusedKey, RefusedValue, Unreadable
 from ._model import DryRun, Finding, History, Model, Objects, Outcome, State, Steps, Subscription, load, open, replay
 from ._objects import Handle, handles as _handles
@@ -19,6 +19,6 @@ globals().update({_class.__name__: _class for _class in _handles})
 
 __all__ = [
     "Busy", "Change", "DryRun", "Error", "FREED", "Finding", "Freed", "Gone", "Handle", "History", "Model", "ObjectChange", "Objects",
-    "Outcome", "Refused", "RefusedKey", "RefusedValue", "State", "Status", "Steps", "Subscription", "UNSET", "Unreadable", "Unset", "load",
+    "Outcome", "Refused", "RefusedKey", "RefusedValue", "State", "Status", "StatusChange", "Steps", "Subscription", "UNSET", "Unreadable", "Unset", "load",
     "open", "replay",
 ] + [_class.__name__ for _class in _handles]

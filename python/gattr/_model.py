@@ -8,7 +8,7 @@ import weakref
 
 from . import _gattr, _objects
 from ._gattr import State
-from ._words import Status
+from ._words import ObjectChange, Status, StatusChange
 
 
 class Outcome(typing.NamedTuple):
@@ -18,6 +18,8 @@ class Outcome(typing.NamedTuple):
     message: str
     history: "dict[str, list[Status]]"
     report: str
+    changes: "list[ObjectChange]"
+    statuses: "list[StatusChange]"
 
 
 class Finding(typing.NamedTuple):
@@ -194,10 +196,10 @@ class Subscription:
 class DryRun:
     """What edits would have come to; filled when the block ends."""
 
-    __slots__ = ("history", "findings")
+    __slots__ = ("history", "findings", "changes", "statuses")
 
     def __init__(self):
-        self.history, self.findings = None, []
+        self.history, self.findings, self.changes, self.statuses = None, [], [], []
 
 
 class Model(_gattr.Model):
@@ -216,8 +218,8 @@ class Model(_gattr.Model):
 
     def execute(self, command):
         """Runs a command as a journal has it: {"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Step-2"}."""
-        changed, message, history, report = self._execute(command)
-        return Outcome(changed, message, history, report)
+        changed, message, history, report, effects = self._execute(command)
+        return Outcome(changed, message, history, report, *effects)
 
     def save(self, path=None, *, overwrite=False, progress=None):
         """Saves the model (.gadb, .gattr.json), by default where it was opened or saved last."""
@@ -247,12 +249,13 @@ class Model(_gattr.Model):
 
     @contextlib.contextmanager
     def dry_run(self):
-        """Takes back all that the block does, and tells the histories and findings that it came to."""
+        """Takes back all that the block does, and tells what it came to: histories, findings, objects and statuses that changed."""
         told = DryRun()
         self._begin()
         try:
             yield told
             told.history, told.findings = self.history(), self.check()
+            told.changes, told.statuses = self._effects()
         finally:
             self._rollback()
 

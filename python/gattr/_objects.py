@@ -3,7 +3,7 @@
 import inspect
 
 from . import _errors, _gattr
-from ._words import FREED, UNSET, Change, ObjectChange, Status
+from ._words import FREED, UNSET, Change, ObjectChange, Status, StatusChange
 
 commands = _gattr.commands()
 kinds = [kind.kind for kind in _gattr.kinds()]
@@ -253,4 +253,5 @@ _gattr.define({
     "no_attribute": _errors.no_attribute,
     "change": Change,
     "object_change": ObjectChange,
+    "status_change": StatusChange,
 })

@@ -44,6 +44,17 @@ class ObjectChange(typing.NamedTuple):
     steps: "list[str]"
 
 
+class StatusChange(typing.NamedTuple):
+    """A run of steps in which an attribute does something else than before; None where there is no such step."""
+
+    kind: str
+    name: str
+    firstStep: str
+    lastStep: str
+    before: "Status | None"
+    after: "Status | None"
+
+
 class Change(typing.NamedTuple):
     """What one whole edit has changed; its cause is "command", "undo" or "redo"."""
 

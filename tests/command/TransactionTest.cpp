@@ -21,10 +21,9 @@ public:
 private:
   void Add(ChangeEvent const& event) {
     constexpr char const* kCauses[] = {"", "undo: ", "redo: "};
-    constexpr char const* kChanges[] = {"created ", "changed ", "renamed ", "deleted "};
     for (ObjectChange const& change : event.objects) {
       std::string line = kCauses[static_cast<int>(event.cause)];
-      line += kChanges[static_cast<int>(change.change)] + change.kind + " ";
+      line += std::string(ChangeText(change.change)) + " " + change.kind + " ";
       line += change.before.empty() ? change.name : change.before + " to " + change.name;
       for (std::string const& step : change.steps) { line += (step == change.steps.front() ? " in " : ", ") + step; }
       lines_.push_back(line);

@@ -3,8 +3,10 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <map>
 #include <random>
 #include <set>
+#include <tuple>
 
 #include "tests/command/CommandTest.h"
 
@@ -109,6 +111,61 @@ void AssertSound(Session const& session) {
   });
 }
 
+/// The statuses of boundary conditions by name and step; 0 goes without saying.
+using Statuses = std::map<std::pair<std::string, std::string>, int>;
+Statuses StatusesOf(Session const& session) {
+  Statuses statuses;
+  BoundaryConditions(session).ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
+    for (std::size_t i = 0; i < item.Steps().Size(); ++i) {
+      int const status = static_cast<int>(item.StatusAt(i));
+      if (status != 0) { statuses[{std::string(name.View()), std::string(item.Steps().Name(i).View())}] = status; }
+    }
+  });
+  return statuses;
+}
+
+/// What a dry run tells of statuses is every difference between those before and those that the command then gives.
+void AssertForeseen(Effects const& effects, Statuses const& before, Statuses const& after) {
+  auto const nameBefore = [&](std::string_view kind, std::string const& name) {
+    auto const renamed = std::ranges::find_if(effects.objects, [&](ObjectChange const& change) {
+      return change.change == ChangeKind::Renamed && change.kind == kind && change.name == name;
+    });
+    return renamed == effects.objects.end() ? name : renamed->before;
+  };
+  auto const at = [](Statuses const& statuses, std::string const& name, std::string const& step) {
+    auto const found = statuses.find({name, step});
+    return found == statuses.end() ? 0 : found->second;
+  };
+  std::set<std::tuple<std::string, int, int>> told, differing;
+  for (StatusChange const& change : effects.statuses) {
+    int const was = static_cast<int>(change.before.value_or(mdl_PropagationStatusEnm::NotYetCreated));
+    int const is = static_cast<int>(change.after.value_or(mdl_PropagationStatusEnm::NotYetCreated));
+    told.emplace(change.name, was, is);
+    for (std::string const& step : {change.firstStep, change.lastStep}) {
+      EXPECT_EQ(at(before, nameBefore("boundaryCondition", change.name), nameBefore("step", step)), was) << change.name << " in " << step;
+      EXPECT_EQ(at(after, change.name, step), is) << change.name << " in " << step;
+    }
+  }
+  Statuses was = before;
+  for (auto const& [place, status] : after) {
+    auto const& [name, step] = place;
+    std::pair const old(nameBefore("boundaryCondition", name), nameBefore("step", step));
+    if (int const one = at(before, old.first, old.second); one != status) { differing.emplace(name, one, status); }
+    was.erase(old);
+  }
+  for (auto const& [place, status] : was) {  // what is nowhere any more, by the names of today
+    std::string name = place.first;
+    for (ObjectChange const& change : effects.objects) {
+      if (change.change == ChangeKind::Renamed && change.kind == "boundaryCondition" && change.before == name) {
+        name = change.name;
+        break;
+      }
+    }
+    differing.emplace(name, status, 0);
+  }
+  ASSERT_EQ(told, differing);
+}
+
 class RandomScripts : public CommandTest, public ::testing::WithParamInterface<unsigned> {};
 
 TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
@@ -127,6 +184,7 @@ TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
     Outcome const dry = session.Execute(CommandOf(trial));
     ASSERT_TRUE(session.Model().Equals(before)) << "a dry run changes nothing: " << command;
     ASSERT_EQ(session.Changes().Size(), changes);
+    Statuses const statuses = StatusesOf(session);
     session.SetTrace(true);
     Outcome const outcome = session.Execute(CommandOf(command));
     ASSERT_EQ(dry.ok, outcome.ok) << command;
@@ -134,6 +192,7 @@ TEST_P(RandomScripts, LeaveSoundModelsAndAreUndoneAndRedoneWhole) {
     ASSERT_EQ(dry.history, outcome.history) << command;
     if (outcome.ok) {
       ++succeeded;
+      AssertForeseen(dry.effects, statuses, StatusesOf(session));
     } else {
       ASSERT_TRUE(session.Model().Equals(before)) << command;
       ASSERT_EQ(session.Changes().Size(), changes) << command;
