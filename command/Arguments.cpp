@@ -121,10 +121,12 @@ kprC_Arguments Arguments::Rest() const {
   return rest;
 }
 
-void Arguments::AssertNoRest(std::vector<std::string> const& known) const {
-  for (auto const& [name, value] : Rest()) {
-    RefuseUnknown(subject_, "There is no argument " + Quoted(name) + ".", Suggestion(name, known, "Its arguments"));
-  }
+void Arguments::AssertNoRest(std::initializer_list<std::string_view> known) const {
+  std::string const* unknown = nullptr;
+  ForEachRest([&](std::string const& name, cls_Value const&) { unknown = unknown == nullptr ? &name : unknown; });
+  if (unknown == nullptr) { return; }
+  std::vector<std::string> const names(known.begin(), known.end());
+  RefuseUnknown(subject_, "There is no argument " + Quoted(*unknown) + ".", Suggestion(*unknown, names, "Its arguments"));
 }
 
 }  // namespace gattr

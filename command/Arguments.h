@@ -1,5 +1,6 @@
 #pragma once
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -68,7 +69,7 @@ public:
   }
   kprC_Arguments Rest() const;
   /// Refuses what nobody has taken; \p known are the names that would have been.
-  void AssertNoRest(std::vector<std::string> const& known) const;
+  void AssertNoRest(std::initializer_list<std::string_view> known) const;
 
 private:
   /// The argument of that name, and nobody else asks for it; null where it is left out.

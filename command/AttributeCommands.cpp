@@ -31,72 +31,91 @@ std::string InWords(std::string_view member) {
 
 /// Members of a command, those of the attribute apart from those of a state.
 struct Members {
-  std::vector<MemberArgument> ownArguments, stateArguments;
   kprC_Arguments own, state;
+  /// Those that name something of the model, by their places.
+  struct Naming {
+    cls_MemberInfo const* info;
+    std::size_t at;
+  };
+  std::vector<Naming> ownNaming, stateNaming;
 };
 
-/// Sorts what is left of the arguments into \p ownArguments, of the attribute, and those of \p state. Refuses an argument that is neither.
-Members Sorted(Call& call, std::vector<MemberArgument> ownArguments, cls_Object const& state) {
+/// Sorts what is left of the arguments into those of \p item, where such are taken, and those of \p state. Refuses an argument that is
+/// neither.
+Members Sorted(Call& call, kprC_StepDependent const* item, cls_Object const& state) {
+  cls_ClassMetadata const* const ownType = item == nullptr ? nullptr : &ClassOf(*item);
+  cls_ClassMetadata const& stateType = ClassOf(state);
   Members members;
-  members.ownArguments = std::move(ownArguments);
-  members.stateArguments = MemberArguments(state);
-  members.state.reserve(members.stateArguments.size());
-  call.arguments.ForEachRest([&](std::string const& name, cls_Value value) {
-    if (MemberArgument const* own = FindArgument(members.ownArguments, name)) {
-      FitNull(call.subject, *own, value);
-      members.own.emplace_back(name, std::move(value));
-    } else if (MemberArgument const* ofState = FindArgument(members.stateArguments, name)) {
-      FitNull(call.subject, *ofState, value);
-      members.state.emplace_back(name, std::move(value));
-    } else {
-      std::vector<std::string> known = ArgumentNames(members.ownArguments);
-      for (std::string const& other : ArgumentNames(members.stateArguments)) { known.push_back(other); }
-      RefuseUnknown(call.subject, "There is no argument " + Quoted(name) + ".", Suggestion(name, known, "Its arguments"));
-    }
+  members.state.reserve(stateType.members.size());
+  cls_MemberInfo const *own = nullptr, *ofState = nullptr;
+  bool hasAliases = false;
+  auto const take = [&](kprC_Arguments& taken, std::vector<Members::Naming>& naming, cls_MemberInfo const& info, std::string const& name,
+                        cls_Value const& value) {
+    FitNull(call.subject, info, taken.emplace_back(name, value).second);
+    if (NamesSomething(info)) { naming.push_back({&info, taken.size() - 1}); }
+    hasAliases = hasAliases || info.again;
+  };
+  call.arguments.ForEachRest([&](std::string const& name, cls_Value const& value) {
+    cls_MemberInfo const* info = ownType == nullptr ? nullptr : FindArgument(*ownType, name, own);
+    if (info != nullptr) { return take(members.own, members.ownNaming, *(own = info), name, value); }
+    info = FindArgument(stateType, name, ofState);
+    if (info != nullptr) { return take(members.state, members.stateNaming, *(ofState = info), name, value); }
+    std::vector<std::string> known = ownType == nullptr ? std::vector<std::string>() : ArgumentNames(*ownType);
+    for (std::string const& other : ArgumentNames(stateType)) { known.push_back(other); }
+    RefuseUnknown(call.subject, "There is no argument " + Quoted(name) + ".", Suggestion(name, known, "Its arguments"));
   });
-  AssertNamesAgree(call.subject, state, members.stateArguments, members.state);
+  if (hasAliases) { AssertNamesAgree(call.subject, state, members.state); }
   return members;
 }
 
 /// Completes what names something of the model.
 void ResolveReferences(Call& call, kprC_StepAwareRepository const& repository, Members& members) {
-  ResolveReferences(call, &repository, members.ownArguments, members.own);
-  ResolveReferences(call, &repository, members.stateArguments, members.state);
+  for (auto const& [info, at] : members.ownNaming) { ResolveReference(call, &repository, *info, members.own[at]); }
+  for (auto const& [info, at] : members.stateNaming) { ResolveReference(call, &repository, *info, members.state[at]); }
 }
 
 void SetOwn(Call& call, kprC_StepDependent& item, Members const& members) {
-  ExplainValues(call.subject, item, members.ownArguments, members.own, [&] {
-    for (auto const& [name, value] : members.own) { item.SetMember(FindArgument(members.ownArguments, name)->info->name, value); }
+  ExplainValues(call.subject, item, members.own, [&] {
+    for (auto const& [name, value] : members.own) { item.SetMember(name, value); }
   });
 }
 
-void SetState(Call& call, kprC_StepDependent& item, cow_String const& step, cls_Object const& state, Members const& members) {
-  ExplainValues(call.subject, state, members.stateArguments, members.state, [&] {
-    kprC_StepContainer const& steps = kprC_Steps(call.model);
+void SetState(Call& call, kprC_StepDependent& item, cow_String const& step, kprC_StepFacts facts, cls_Object const& state,
+              Members const& members) {
+  ExplainValues(call.subject, state, members.state, [&] {
     kprC_Arguments said = members.state;
-    item.Complete(said, steps.Table().Facts(steps.Index(step)));
+    item.Complete(said, facts);
     std::string unknown;
     item.SetInStep(step, said, &unknown);
   });
 }
 
+/// A step that a command names.
+struct NamedStep {
+  cow_String name;
+  std::size_t index = kprC_StepTable::npos;  ///< in the model's sequence; npos where that has none of the name
+  kprC_StepFacts facts = kprC_StepFacts(nullptr);
+
+  bool IsKnown() const { return index != kprC_StepTable::npos; }
+};
+
 /// The step of a command on an attribute; where the model has none of that name, the message says which it has.
-cow_String StepArgument(Call& call, std::string_view argument) {
+NamedStep StepArgument(Call& call, std::string_view argument) {
   std::string const& name = call.arguments.Text(argument);
   call.subject.step = name;
   kprC_StepTable const& steps = kprC_Steps(call.model).Table();
-  if (std::size_t const index = steps.Find(name); index != kprC_StepTable::npos) { return steps.Name(index); }
+  if (std::size_t const index = steps.Find(name); index != kprC_StepTable::npos) { return {steps.Name(index), index, steps.Facts(index)}; }
   call.subject.hint = Suggestion(name, Texts(kprC_Steps(call.model).Names()), "Steps");
   call.subject.atFault = true;
-  return cow_String(name);
+  return {cow_String(name)};
 }
 
 void AssertNotSuppressed(AttributeTarget const& target) {
   if (target.item.IsSuppressed()) { target.repository.Refuse(target.repository.EditRefusals().suppressed); }
 }
 
-void AssertKnown(Call const& call, AttributeTarget const& target, cow_String const& step) {
-  if (!kprC_Steps(call.model).IsMember(step)) { target.repository.Refuse(target.repository.EditRefusals().unknownStep); }
+void AssertKnown(AttributeTarget const& target, NamedStep const& step) {
+  if (!step.IsKnown()) { target.repository.Refuse(target.repository.EditRefusals().unknownStep); }
 }
 void AssertEditable(Call& call, AttributeTarget const& target, cow_String const& step) {
   if (target.item.IsEditable(step)) { return; }
@@ -113,26 +132,24 @@ void AssertEditable(Call& call, AttributeTarget const& target, cow_String const&
 }
 
 /// Refuses a creation in the initial step, in a family that has none there.
-void AssertNotInInitialStep(Call const& call, kprC_StepAwareRepository const& repository, cow_String const& step) {
+void AssertNotInInitialStep(kprC_StepAwareRepository const& repository, NamedStep const& step) {
   std::optional<int> const code = repository.EditRefusals().inInitialStep;
-  if (code && kprC_Steps(call.model).Index(step) == 0) { repository.Refuse(*code); }
+  if (code && step.index == 0) { repository.Refuse(*code); }
 }
 
 /// Refuses a creation that the type has not refused itself: in a perturbation step, or in one that does not admit the type.
-void AssertAdmitted(Call const& call, kprC_StepAwareRepository const& repository, kprC_StepDependent const& item, cow_String const& step) {
+void AssertAdmitted(kprC_StepAwareRepository const& repository, kprC_StepDependent const& item, kprC_StepFacts facts) {
   kprC_EditRefusalCodes const& codes = repository.EditRefusals();
-  kprC_StepFacts const facts = kprC_Steps(call.model).Table().Facts(kprC_Steps(call.model).Index(step));
   if (codes.inPerturbation && kprC_perturbationProcedures.Contains(facts.procedureType)) { repository.Refuse(*codes.inPerturbation); }
   if (codes.typeNotAdmitted && !item.Admits(facts, false)) { repository.Refuse(*codes.typeNotAdmitted); }
 }
 
 /// An attribute of the type as \p step would create it, for one whose creation has been removed: setting values creates it anew.
-std::unique_ptr<kprC_StepDependent> Anew(Call& call, AttributeTarget const& target, cow_String const& step) {
-  AssertKnown(call, target, step);
-  AssertNotInInitialStep(call, target.repository, step);
-  kprC_StepContainer const& steps = kprC_Steps(call.model);
+std::unique_ptr<kprC_StepDependent> Anew(AttributeTarget const& target, NamedStep const& step) {
+  AssertKnown(target, step);
+  AssertNotInInitialStep(target.repository, step);
   std::unique_ptr<kprC_StepDependent> fresh = target.repository.Construct(target.item.ConstructionName());
-  fresh->Begin(step, steps.Table().ProcedureType(steps.Index(step)));
+  fresh->Begin(step.name, step.facts.procedureType);
   return fresh;
 }
 
@@ -164,12 +181,14 @@ template <class Fn> void Edit(Call& call, AttributeTarget const& target, Fn&& ed
       });
   AssertInModel(call, item);
   repository.RecordModify(item);
+  call.was = &target.item;
+  call.is = &item;
 }
 
 /// A command that takes one step and runs one operation of the attribute there.
 template <class Fn> void EditInStep(Call& call, AttributeTarget const& target, Fn&& operation) {
-  cow_String const step = StepArgument(call, kStepName);
-  call.arguments.AssertNoRest({std::string(kStepName)});
+  cow_String const step = StepArgument(call, kStepName).name;
+  call.arguments.AssertNoRest({kStepName});
   AssertNotSuppressed(target);
   Edit(call, target, [&](kprC_StepDependent& item) { operation(item, step); });
 }
@@ -264,7 +283,7 @@ void Repeat(Call& call, AttributeTarget const& target, cow_String const& from, c
     target.repository.Refuse(item.IsActiveIn(to) ? target.repository.EditRefusals().readOnlyInStep
                                                  : target.repository.EditRefusals().notInStep);
   }
-  ResolveReferences(call, &target.repository, MemberArguments(*there), said);
+  ResolveReferences(call, &target.repository, ClassOf(*there), said);
   std::string unknown;
   edit([&](kprC_StepDependent& own) { own.SetInStep(to, said, &unknown); });
 }
@@ -312,28 +331,29 @@ bool ConstructAttribute(Call& call) {
   cow_String const name = FreeName(call, kName, repository, cow_String());
   call.subject.name = name.View();
   call.touched = {false, family, {name}};
-  kprC_StepContainer const& steps = kprC_Steps(call.model);
-  cow_String const step = StepArgument(call, kCreateStep);
+  kprC_StepTable const& steps = kprC_Steps(call.model).Table();
+  NamedStep const step = StepArgument(call, kCreateStep);
   if (steps.Size() == 0 && codes.noSteps) { repository.Refuse(*codes.noSteps); }
-  if (!steps.IsMember(step)) { repository.Refuse(codes.unknownStep); }
-  AssertNotInInitialStep(call, repository, step);
+  if (!step.IsKnown()) { repository.Refuse(codes.unknownStep); }
+  AssertNotInInitialStep(repository, step);
 
-  item->Begin(step, steps.Table().ProcedureType(steps.Index(step)));  // with a default state, which tells what it takes
-  Members members = Sorted(call, MemberArguments(*item), *CreateState(*item));
+  item->Begin(step.name, step.facts.procedureType);  // with a default state, which tells what it takes
+  cls_Object const& state = *CreateState(*item);
+  Members members = Sorted(call, item.get(), state);
   ResolveReferences(call, repository, members);
   SetOwn(call, *item, members);
-  SetState(call, *item, step, *CreateState(*item), members);
+  SetState(call, *item, step.name, step.facts, state, members);
   auto& target = call.model.Get<kprC_StepAwareRepository>(family);
   Hinting(
       call,
       [&] {
         RefusingInOrder(
             target, [&] { target.InsertItem(name, *item); }, [&] { item->AssertInModel(call.model); });
-        AssertAdmitted(call, target, *item, step);
+        AssertAdmitted(target, *item, step.facts);
       },
       [&](Refusal const& refused) {
-        std::string const hint = OutputHint(*item, members.state, steps.Table().Facts(steps.Index(step)), refused);
-        return hint.empty() ? AdmissionHint(*item, steps.Table(), step) : hint;
+        std::string const hint = OutputHint(*item, members.state, step.facts, refused);
+        return hint.empty() ? AdmissionHint(*item, steps, step.name) : hint;
       });
   AssertInModel(call, *target.ConstItem(name));
   return true;
@@ -345,7 +365,7 @@ void SetAttributeValues(Call& call, AttributeTarget const& target) {
     call.subject.hint = "Its creation has been removed; setValuesInStep creates it anew.";
     target.repository.Refuse(target.repository.EditRefusals().notInStep);
   }
-  Members members = Sorted(call, MemberArguments(target.item), *state);
+  Members members = Sorted(call, &target.item, *state);
   AssertNotSuppressed(target);
   ResolveReferences(call, target.repository, members);
   Edit(call, target, [&](kprC_StepDependent& item) {
@@ -355,32 +375,31 @@ void SetAttributeValues(Call& call, AttributeTarget const& target) {
     kprC_StepTable const& steps = item.Steps();
     kprC_StepFacts const step = steps.Facts(steps.Find(item.CreateStepName().View()));
     Hinting(
-        call, [&] { SetState(call, item, item.CreateStepName(), *state, members); },
+        call, [&] { SetState(call, item, item.CreateStepName(), step, *state, members); },
         [&](Refusal const& refused) { return OutputHint(target.item, members.state, step, refused); });
   });
 }
 
 void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
-  cow_String const step = StepArgument(call, kStepName);
+  NamedStep const step = StepArgument(call, kStepName);
   cls_Object const* state = CreateState(target.item);
-  std::unique_ptr<kprC_StepDependent> const anew = state == nullptr ? Anew(call, target, step) : nullptr;
+  std::unique_ptr<kprC_StepDependent> const anew = state == nullptr ? Anew(target, step) : nullptr;
   if (anew) { state = anew->StateAt(0); }
-  Members members = Sorted(call, {}, *state);  // what is the attribute's own is the same in all steps
+  Members members = Sorted(call, nullptr, *state);  // what is the attribute's own is the same in all steps
   AssertNotSuppressed(target);
-  AssertKnown(call, target, step);
-  if (!anew) { AssertEditable(call, target, step); }
+  AssertKnown(target, step);
+  if (!anew) { AssertEditable(call, target, step.name); }
   ResolveReferences(call, target.repository, members);
   Edit(call, target, [&](kprC_StepDependent& item) {
     Hinting(
         call,
         [&] {
-          SetState(call, item, step, *state, members);
-          if (anew) { AssertAdmitted(call, target.repository, item, step); }
+          SetState(call, item, step.name, step.facts, *state, members);
+          if (anew) { AssertAdmitted(target.repository, item, step.facts); }
         },
         [&](Refusal const& refused) {
-          kprC_StepTable const& steps = kprC_Steps(call.model).Table();
-          std::string const hint = OutputHint(target.item, members.state, steps.Facts(steps.Find(step.View())), refused);
-          return hint.empty() && anew ? AdmissionHint(*anew, steps, step) : hint;
+          std::string const hint = OutputHint(target.item, members.state, step.facts, refused);
+          return hint.empty() && anew ? AdmissionHint(*anew, kprC_Steps(call.model).Table(), step.name) : hint;
         });
   });
 }
@@ -404,10 +423,10 @@ void PerformOnAttribute(Call& call, AttributeTarget const& target) {
   if (operation.effect != kprC_Effect::Move) {
     return EditInStep(call, target, [&](kprC_StepDependent& item, cow_String const& step) { perform(item, step, step); });
   }
-  cow_String const from = StepArgument(call, kFromStep);
+  cow_String const from = StepArgument(call, kFromStep).name;
   cow_String const to(call.arguments.Text(kToStep));
   if (!call.subject.atFault) { StepArgument(call, kToStep); }
-  call.arguments.AssertNoRest({std::string(kFromStep), std::string(kToStep)});
+  call.arguments.AssertNoRest({kFromStep, kToStep});
   AssertNotSuppressed(target);
   Edit(call, target, [&](kprC_StepDependent& item) { perform(item, from, to); });
 }
@@ -420,16 +439,16 @@ void EditByType(Call& call, AttributeTarget const& target) {
     RefuseUnknown(call.subject, Quoted(call.arguments.Command()) + " is no command on " + WithArticle(target.repository.ItemCmd()) +
                                     " of the type " + Quoted(target.item.Label()) + ".");
   }
-  cow_String const step = edit->inStep ? StepArgument(call, kStepName) : cow_String();
+  NamedStep const step = edit->inStep ? StepArgument(call, kStepName) : NamedStep();
   std::unique_ptr<cls_Object> const arguments = edit->arguments();
   SetObjectMembers(call, &target.repository, *arguments, call.arguments.Rest());
   AssertNotSuppressed(target);
   if (edit->inStep) {
-    AssertKnown(call, target, step);
-    AssertEditable(call, target, step);
+    AssertKnown(target, step);
+    AssertEditable(call, target, step.name);
   }
   Edit(call, target, [&](kprC_StepDependent& item) {
-    std::string const whyNot = edit->perform(item, step, *arguments);
+    std::string const whyNot = edit->perform(item, step.name, *arguments);
     if (!whyNot.empty()) { RefuseEdit(call.subject, whyNot); }
   });
 }
@@ -459,7 +478,7 @@ void ResumeAttribute(Call& call, AttributeTarget const& target) {
 
 void RenameAttribute(Call& call, AttributeTarget const& target) {
   cow_String const newName = FreeName(call, kNewName, target.repository, target.name);
-  call.arguments.AssertNoRest({std::string(kNewName)});
+  call.arguments.AssertNoRest({kNewName});
   if (newName == target.name) { return; }
   call.model.Get<kprC_StepAwareRepository>(target.extension).RenameItem(target.name, newName);
   RenameInLoadCases(call, target.repository.ItemCmd(), target.name, newName);
@@ -471,7 +490,7 @@ void RenameAttribute(Call& call, AttributeTarget const& target) {
 void CopyAttribute(Call& call, AttributeTarget const& target) {
   std::string_view const argument = CopyNameArgument(call, target.repository.ItemCmd(), target.repository.CopyCmd());
   cow_String const newName = FreeName(call, argument, target.repository, cow_String());
-  call.arguments.AssertNoRest({std::string(argument)});
+  call.arguments.AssertNoRest({argument});
   auto& repository = call.model.Get<kprC_StepAwareRepository>(target.extension);
   repository.InsertItem(newName, target.item);
   AssertInModel(call, *repository.ConstItem(newName));

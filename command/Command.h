@@ -37,6 +37,8 @@ struct Call {
   Subject& subject;
   Touched& touched;
   std::string& report;  ///< what a command tells that changes nothing
+  /// The attribute before and after, where the command has edited one and done nothing else.
+  kprC_StepDependent const *was = nullptr, *is = nullptr;
 };
 
 /// The attribute that a command names. Repository and item are those before the command, kept by the session's snapshot.
@@ -167,10 +169,14 @@ void RenameInReferences(Call& call, kprC_StepAwareRepository const& repository, 
 /// Refuses to delete an attribute that others name.
 void AssertInNoReference(Call& call, kprC_StepAwareRepository const& repository, cow_String const& name);
 
-/// Completes the values of members that name something of the model, in lists and nested objects too, and refuses what the
+/// Whether the member may name something of the model, itself or in what it holds.
+inline bool NamesSomething(cls_MemberInfo const& info) { return info.refers != cls_Reference::None || info.typeId != 0; }
+/// Completes the value of such a member that is an argument of the command; refused as below.
+void ResolveReference(Call& call, kprC_StepAwareRepository const* repository, cls_MemberInfo const& info,
+                      kprC_Arguments::value_type& argument);
+/// Completes the values of members of a class that name something of the model, in lists and nested objects too, and refuses what the
 /// model does not have: by the number of \p repository's family where that has one.
-void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, std::vector<MemberArgument> const& settable,
-                       kprC_Arguments& members);
+void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, cls_ClassMetadata const& type, kprC_Arguments& members);
 /// Sets members of \p object, which may be a step, what others refer to by name or a command's arguments, and completes what they name;
 /// refuses what does not fit and, as ResolveReferences does, what the model does not have.
 void SetObjectMembers(Call& call, kprC_StepAwareRepository const* repository, cls_Object& object, kprC_Arguments members);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cmath>
+#include <cstring>
 #include <istream>
 #include <system_error>
 #include <utility>
@@ -251,27 +253,125 @@ std::optional<cls_Value> JournalReader::Next() {
   return std::nullopt;
 }
 
-void KeptJournal::Append(cls_Value const& command) {
-  constexpr std::size_t kBlock = 1 << 16;  // none grows so long that copying it would be felt
-  if (blocks_.empty() || blocks_.back().size() > kBlock) { blocks_.emplace_back(); }
-  std::string& block = blocks_.back();
-  std::size_t const begin = block.size();
-  try {
-    AppendJson(block, command);
-    block += '\n';
-  } catch (...) {
-    block.resize(begin);
-    throw;
+// ---- commands as bytes: what a value is, then the value; a text or list has its length before it
+
+namespace {
+
+constexpr unsigned char kBriefReal = 7;  // behind the kinds of a value: a real that single precision holds
+
+struct Counter {
+  std::size_t size = 0;
+  void Put(void const*, std::size_t count) { size += count; }
+};
+struct Writer {
+  char* at;
+  void Put(void const* from, std::size_t count) {
+    std::memcpy(at, from, count);
+    at += count;
   }
+};
+
+template <class Sink> void PutSize(Sink& to, std::size_t size) {
+  auto const brief = static_cast<unsigned char>(std::min<std::size_t>(size, 0xFF));
+  to.Put(&brief, 1);
+  if (brief == 0xFF) { to.Put(&size, sizeof size); }
+}
+template <class Sink> void PutText(Sink& to, std::string_view text) {
+  PutSize(to, text.size());
+  to.Put(text.data(), text.size());
+}
+template <class Sink> void PutValue(Sink& to, cls_Value const& value) {
+  auto const* const real = value.As<double>();
+  auto const brief = static_cast<float>(real != nullptr && std::abs(*real) < 1e30 ? *real : 0.0);
+  bool const isBrief = real != nullptr && static_cast<double>(brief) == *real;
+  unsigned char const kind = isBrief ? kBriefReal : static_cast<unsigned char>(value.data.index());
+  to.Put(&kind, 1);
+  if (isBrief) { return to.Put(&brief, sizeof brief); }
+  if (real != nullptr) { return to.Put(real, sizeof *real); }
+  if (auto const* const text = value.As<std::string>()) { return PutText(to, *text); }
+  if (auto const* const whole = value.As<long long>()) { return to.Put(whole, sizeof *whole); }
+  if (auto const* const flag = value.As<bool>()) { return to.Put(flag, sizeof *flag); }
+  if (auto const* const list = value.As<cls_Value::List>()) {
+    PutSize(to, list->size());
+    for (cls_Value const& element : *list) { PutValue(to, element); }
+  } else if (auto const* const fields = value.As<cls_Value::Fields>()) {
+    PutSize(to, fields->size());
+    for (auto const& [name, element] : *fields) {
+      PutText(to, name);
+      PutValue(to, element);
+    }
+  }
+}
+
+class Reader {
+public:
+  explicit Reader(char const* at) : at_(at) {}
+
+  char const* At() const { return at_; }
+  cls_Value Value() {
+    switch (Plain<unsigned char>()) {
+      case 1: return Plain<bool>();
+      case 2: return Plain<long long>();
+      case 3: return Plain<double>();
+      case 4: return Text();
+      case 5: {
+        cls_Value::List list(Size());
+        for (cls_Value& element : list) { element = Value(); }
+        return list;
+      }
+      case 6: {
+        cls_Value::Fields fields(Size());
+        for (auto& [name, element] : fields) {
+          name = Text();
+          element = Value();
+        }
+        return fields;
+      }
+      case kBriefReal: return static_cast<double>(Plain<float>());
+      default: return {};
+    }
+  }
+
+private:
+  template <class T> T Plain() {
+    T value;
+    std::memcpy(&value, at_, sizeof value);
+    at_ += sizeof value;
+    return value;
+  }
+  std::size_t Size() {
+    unsigned char const brief = Plain<unsigned char>();
+    return brief == 0xFF ? Plain<std::size_t>() : brief;
+  }
+  std::string Text() {
+    std::size_t const size = Size();
+    return std::string(std::exchange(at_, at_ + size), size);
+  }
+
+  char const* at_;
+};
+
+}  // namespace
+
+void KeptJournal::Append(cls_Value const& command) {
+  constexpr std::size_t kBlock = 1 << 16;
+  Counter counted;
+  PutValue(counted, command);
+  if (blocks_.empty() || blocks_.back().size - blocks_.back().used < counted.size) {
+    std::size_t const size = std::max(kBlock, counted.size);
+    blocks_.push_back({std::make_unique_for_overwrite<char[]>(size), size});
+  }
+  Block& block = blocks_.back();
+  Writer writer{block.bytes.get() + block.used};
+  PutValue(writer, command);
+  block.used += counted.size;
 }
 
 std::vector<cls_Value> KeptJournal::Commands() const {
   std::vector<cls_Value> commands;
-  for (std::string_view rest : blocks_) {
-    for (std::size_t end; !rest.empty(); rest.remove_prefix(end + 1)) {
-      end = rest.find('\n');
-      commands.push_back(ParseJson(rest.substr(0, end)));
-    }
+  for (Block const& block : blocks_) {
+    Reader reader(block.bytes.get());
+    while (reader.At() != block.bytes.get() + block.used) { commands.push_back(reader.Value()); }
   }
   return commands;
 }

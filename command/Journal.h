@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstddef>
-#include <deque>
 #include <iosfwd>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -74,7 +74,7 @@ private:
   Form form_ = Form::Unknown;
 };
 
-/// The commands of a session one behind the other, as lines: a fraction of the memory that they take as they come.
+/// The commands of a session one behind the other, as bytes: a fraction of the memory that they take as they come.
 class KeptJournal {
 public:
   void Append(cls_Value const& command);
@@ -83,7 +83,11 @@ public:
   std::vector<cls_Value> Commands() const;
 
 private:
-  std::deque<std::string> blocks_;  // of whole lines
+  struct Block {
+    std::unique_ptr<char[]> bytes;
+    std::size_t size, used = 0;
+  };
+  std::vector<Block> blocks_;  // of whole commands
 };
 
 }  // namespace gattr

@@ -32,25 +32,24 @@ bool Takes(cls_Object& object, std::string_view member, cls_Value const& value) 
   return false;
 }
 
-[[noreturn]] void RefuseMember(Subject& subject, MemberArgument const& member, cls_Value const& value, std::exception const& error) {
-  auto const* const fields = IsOfObjects(*member.info) ? value.As<cls_Value::Fields>() : nullptr;
-  cls_ClassMetadata const* const type = fields == nullptr ? nullptr : cls_MetadataRegistrar::Registrar().Find(member.info->typeId);
+[[noreturn]] void RefuseMember(Subject& subject, cls_MemberInfo const& member, cls_Value const& value, std::exception const& error) {
+  auto const* const fields = IsOfObjects(member) ? value.As<cls_Value::Fields>() : nullptr;
+  cls_ClassMetadata const* const type = fields == nullptr ? nullptr : cls_MetadataRegistrar::Registrar().Find(member.typeId);
   if (type != nullptr && type->make != nullptr) {  // the member of the object is to blame
     std::unique_ptr<cls_Object> const object = type->make();
-    subject.member = member.argument;
+    subject.member = member.command;
     subject.atFault = true;
-    ExplainRefusal(subject, *object, MemberArguments(*object), *fields, error);
+    ExplainRefusal(subject, *object, *fields, error);
   }
-  if (IsOfObjects(*member.info) && value.As<cls_Value::List>() != nullptr) {  // the refusal names what is wrong in which object
-    RefuseValue(subject, Quoted(member.argument) + ": " + RefusalOf(error).message);
+  if (IsOfObjects(member) && value.As<cls_Value::List>() != nullptr) {  // the refusal names what is wrong in which object
+    RefuseValue(subject, Quoted(member.command) + ": " + RefusalOf(error).message);
   }
   std::string hint;
-  if (auto const* text = value.As<std::string>(); text != nullptr && !member.info->permissible.empty()) {
-    if (auto const nearest = Nearest(*text, member.info->permissible); !nearest.empty()) { hint = "Did you mean " + Quoted(nearest) + "?"; }
+  if (auto const* text = value.As<std::string>(); text != nullptr && !member.permissible.empty()) {
+    if (auto const nearest = Nearest(*text, member.permissible); !nearest.empty()) { hint = "Did you mean " + Quoted(nearest) + "?"; }
   }
   RefuseValue(subject,
-              "Invalid value for " + Quoted(member.argument) + ": " + ShownValue(value) + "; expected " + ExpectedValue(*member.info) + ".",
-              hint);
+              "Invalid value for " + Quoted(member.command) + ": " + ShownValue(value) + "; expected " + ExpectedValue(member) + ".", hint);
 }
 
 }  // namespace
@@ -69,15 +68,21 @@ std::vector<MemberArgument> MemberArguments(cls_Object const& object) {
   return arguments;
 }
 
-MemberArgument const* FindArgument(std::vector<MemberArgument> const& arguments, std::string_view name) {
-  auto const found = std::ranges::find(arguments, name, &MemberArgument::argument);
-  return found == arguments.end() ? nullptr : &*found;
+cls_MemberInfo const* FindArgument(cls_ClassMetadata const& type, std::string_view name, cls_MemberInfo const* after) {
+  cls_MemberInfo const *const begin = type.members.data(), *const end = begin + type.members.size();
+  cls_MemberInfo const* info = after == nullptr ? begin : after + 1;
+  for (std::size_t left = type.members.size(); left > 0; --left, ++info) {
+    if (info == end) { info = begin; }
+    if (info->settable && info->command == name) { return info; }
+  }
+  return nullptr;
 }
 
-std::vector<std::string> ArgumentNames(std::vector<MemberArgument> const& arguments) {
+std::vector<std::string> ArgumentNames(cls_ClassMetadata const& type) {
   std::vector<std::string> names;
-  names.reserve(arguments.size());
-  for (MemberArgument const& argument : arguments) { names.emplace_back(argument.argument); }
+  for (cls_MemberInfo const& info : type.members) {
+    if (info.settable) { names.push_back(info.command); }
+  }
   return names;
 }
 
@@ -174,14 +179,14 @@ std::string ExpectedValue(cls_MemberInfo const& info) {
   return info.propagating ? expected + R"(, "UNSET" or "FREED")" : expected;
 }
 
-void AssertNamesAgree(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable,
-                      kprC_Arguments const& members) {
-  auto const memberOf = [&settable](std::string_view name) {
-    cls_MemberInfo const* info = FindArgument(settable, name)->info;
+void AssertNamesAgree(Subject& subject, cls_Object const& object, kprC_Arguments const& members) {
+  cls_ClassMetadata const& type = ClassOf(object);
+  if (std::ranges::none_of(type.members, [](cls_MemberInfo const& info) { return info.settable && info.again; })) { return; }
+  auto const memberOf = [&type](std::string_view name) {
+    cls_MemberInfo const* info = FindArgument(type, name);
     while (info->again) { --info; }
     return info;
   };
-  if (std::ranges::none_of(settable, [](MemberArgument const& argument) { return argument.info->again; })) { return; }
   for (auto said = members.begin(); said != members.end(); ++said) {
     auto const other = std::find_if(members.begin(), said, [&](auto const& one) { return memberOf(one.first) == memberOf(said->first); });
     if (other == said) { continue; }
@@ -194,43 +199,43 @@ void AssertNamesAgree(Subject& subject, cls_Object const& object, std::vector<Me
   }
 }
 
-void FitNull(Subject& subject, MemberArgument const& argument, cls_Value& value) {
+void FitNull(Subject& subject, cls_MemberInfo const& info, cls_Value& value) {
   if (!value.IsNull()) { return; }
-  cls_MemberInfo const& info = *argument.info;
   bool const isText = info.kind == cls_MemberKind::String || (info.kind == cls_MemberKind::Object && !IsOfObjects(info));
   if (isText) {
     value = info.propagating ? "UNSET" : "";
   } else if (info.propagating) {
-    subject.member = argument.argument;
+    subject.member = info.command;
     RefuseValue(
         subject, "null says nothing of a value that steps carry.",
         R"(Leave the argument out to keep what there is; "UNSET" leaves it open in the create step, "FREED" gives it up from a later one on.)");
   }
 }
 
-void SetMembers(Subject& subject, cls_Object& object, std::vector<MemberArgument> const& settable, kprC_Arguments members) {
+void SetMembers(Subject& subject, cls_Object& object, kprC_Arguments members) {
+  cls_ClassMetadata const& type = ClassOf(object);
   for (auto& [name, value] : members) {
-    MemberArgument const* argument = FindArgument(settable, name);
-    if (argument == nullptr) {
-      RefuseUnknown(subject, "There is no argument " + Quoted(name) + ".", Suggestion(name, ArgumentNames(settable), "Its arguments"));
+    cls_MemberInfo const* const info = FindArgument(type, name);
+    if (info == nullptr) {
+      RefuseUnknown(subject, "There is no argument " + Quoted(name) + ".", Suggestion(name, ArgumentNames(type), "Its arguments"));
     }
-    FitNull(subject, *argument, value);
+    FitNull(subject, *info, value);
   }
-  ExplainValues(subject, object, settable, members, [&] {
-    for (auto const& [name, value] : members) { object.SetMember(FindArgument(settable, name)->info->name, value); }
+  ExplainValues(subject, object, members, [&] {
+    for (auto const& [name, value] : members) { object.SetMember(name, value); }
   });
 }
 
-void ExplainRefusal(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable, kprC_Arguments const& members,
-                    std::exception const& error) {
+void ExplainRefusal(Subject& subject, cls_Object const& object, kprC_Arguments const& members, std::exception const& error) {
+  cls_ClassMetadata const& type = ClassOf(object);
   std::unique_ptr<cls_Object> const trial = object.Copy();
   for (auto const& [name, value] : members) {
-    MemberArgument const* argument = FindArgument(settable, name);
-    if (argument == nullptr || Takes(*trial, argument->info->name, value)) { continue; }
-    if (RefusalOf(error).code < 0) { RefuseMember(subject, *argument, value, error); }
+    cls_MemberInfo const* const info = FindArgument(type, name);
+    if (info == nullptr || Takes(*trial, info->name, value)) { continue; }
+    if (RefusalOf(error).code < 0) { RefuseMember(subject, *info, value, error); }
     subject.member = name;
     subject.atFault = true;
-    subject.hint = "Expected " + ExpectedValue(*argument->info) + ".";
+    subject.hint = "Expected " + ExpectedValue(*info) + ".";
     throw;
   }
   auto const word = std::ranges::find_if(members, [](auto const& member) {

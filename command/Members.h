@@ -21,8 +21,10 @@ cls_ClassMetadata const& ClassOf(cls_Object const& object);
 
 /// The members of \p object that commands may set.
 std::vector<MemberArgument> MemberArguments(cls_Object const& object);
-MemberArgument const* FindArgument(std::vector<MemberArgument> const& arguments, std::string_view name);
-std::vector<std::string> ArgumentNames(std::vector<MemberArgument> const& arguments);
+/// The member of the class that the argument called \p name sets; null where there is none. Who asks for one after the other gives the one
+/// before as \p after: it is quickest to find them in the order of the members.
+cls_MemberInfo const* FindArgument(cls_ClassMetadata const& type, std::string_view name, cls_MemberInfo const* after = nullptr);
+std::vector<std::string> ArgumentNames(cls_ClassMetadata const& type);
 /// What help tells of an argument; \p object has its default.
 ArgumentInfo Describe(MemberArgument const& argument, cls_Object const& object, bool required = false);
 /// All members of a class under their own names.
@@ -33,26 +35,22 @@ bool IsStateWord(std::string_view text);
 /// What fits the member: "a finite number, "UNSET" or "FREED"".
 std::string ExpectedValue(cls_MemberInfo const& info);
 /// Refuses two names of one member that \p members give values that do not go together in \p object.
-void AssertNamesAgree(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable,
-                      kprC_Arguments const& members);
+void AssertNamesAgree(Subject& subject, cls_Object const& object, kprC_Arguments const& members);
 /// null as the way of a text or a name to say nothing: "UNSET" where steps carry it, else the empty text. Refused for any other value
 /// that steps carry, which has more than one way.
-void FitNull(Subject& subject, MemberArgument const& argument, cls_Value& value);
+void FitNull(Subject& subject, cls_MemberInfo const& member, cls_Value& value);
 
-/// Sets members of \p object. An argument that is none of \p settable is refused with the nearest; a refused value with what
-/// would have fitted, under the class's own number where it has one.
-void SetMembers(Subject& subject, cls_Object& object, std::vector<MemberArgument> const& settable, kprC_Arguments members);
+/// Sets members of \p object. An argument that sets none is refused with the nearest; a refused value with what would have fitted,
+/// under the class's own number where it has one.
+void SetMembers(Subject& subject, cls_Object& object, kprC_Arguments members);
 /// While a refusal of \p members is handled: finds the member of \p object whose value is to blame, tells the subject, and words
 /// a refusal without a number anew.
-[[noreturn]] void ExplainRefusal(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable,
-                                 kprC_Arguments const& members, std::exception const& error);
+[[noreturn]] void ExplainRefusal(Subject& subject, cls_Object const& object, kprC_Arguments const& members, std::exception const& error);
 /// Runs \p set and explains what it refuses.
-template <class Set>
-void ExplainValues(Subject& subject, cls_Object const& object, std::vector<MemberArgument> const& settable, kprC_Arguments const& members,
-                   Set&& set) {
+template <class Set> void ExplainValues(Subject& subject, cls_Object const& object, kprC_Arguments const& members, Set&& set) {
   try {
     set();
-  } catch (std::exception const& error) { ExplainRefusal(subject, object, settable, members, error); }
+  } catch (std::exception const& error) { ExplainRefusal(subject, object, members, error); }
 }
 
 }  // namespace gattr

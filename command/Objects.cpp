@@ -166,16 +166,15 @@ ObjectCommand const& CopyCommand() {
 
 /// The command that is none of the common ones; null where there is no such command.
 ObjectCommand const* OtherCommand(ddr_Model const& model, std::string_view name) {
-  auto const isOperation = [&](auto const&, kprC_StepAwareRepository const& repository) {
+  bool isTypeEdit = false, isCopy = kprC_Step::copyCmd() == name;
+  bool const isOperation = FindRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) {
+    isTypeEdit = isTypeEdit || HasTypeEdit(repository, name);
+    isCopy = isCopy || (!name.empty() && repository.CopyCmd() == name);
     return FindOperation(repository, name) != nullptr;
-  };
-  auto const isTypeEdit = [&](auto const&, kprC_StepAwareRepository const& repository) { return HasTypeEdit(repository, name); };
-  auto const isCopy = [&](auto const&, kprC_StepAwareRepository const& repository) {
-    return !name.empty() && repository.CopyCmd() == name;
-  };
-  if (FindRepository(model, isOperation)) { return &OperationCommand(); }
-  if (FindRepository(model, isTypeEdit)) { return &TypeEditCommand(); }
-  return kprC_Step::copyCmd() == name || FindRepository(model, isCopy) ? &CopyCommand() : nullptr;
+  });
+  if (isOperation) { return &OperationCommand(); }
+  if (isTypeEdit) { return &TypeEditCommand(); }
+  return isCopy ? &CopyCommand() : nullptr;
 }
 
 /// The command on objects of that name; null where there is none.

@@ -280,23 +280,26 @@ cls_Object const& Referred(Call& call, ReferenceKind const& kind, std::string_vi
   return *object;
 }
 
-void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, std::vector<MemberArgument> const& settable,
-                       kprC_Arguments& members) {
-  for (auto& [name, value] : members) {
-    MemberArgument const* const argument = FindArgument(settable, name);
-    if (argument == nullptr || (argument->info->refers == cls_Reference::None && argument->info->typeId == 0)) { continue; }
-    std::string const before = std::exchange(call.subject.member, name);
-    Resolve(call, repository, *argument->info, value);
-    call.subject.member = before;
+void ResolveReference(Call& call, kprC_StepAwareRepository const* repository, cls_MemberInfo const& info,
+                      kprC_Arguments::value_type& argument) {
+  std::string const before = std::exchange(call.subject.member, argument.first);
+  Resolve(call, repository, info, argument.second);
+  call.subject.member = before;
+}
+
+void ResolveReferences(Call& call, kprC_StepAwareRepository const* repository, cls_ClassMetadata const& type, kprC_Arguments& members) {
+  for (auto& argument : members) {
+    cls_MemberInfo const* const info = FindArgument(type, argument.first);
+    if (info != nullptr && NamesSomething(*info)) { ResolveReference(call, repository, *info, argument); }
   }
 }
 
 void SetObjectMembers(Call& call, kprC_StepAwareRepository const* repository, cls_Object& object, kprC_Arguments members) {
-  std::vector<MemberArgument> const settable = MemberArguments(object);
-  SetMembers(call.subject, object, settable, members);
-  ResolveReferences(call, repository, settable, members);
+  SetMembers(call.subject, object, members);
+  cls_ClassMetadata const& type = ClassOf(object);
+  ResolveReferences(call, repository, type, members);
   for (auto& [name, value] : members) {  // what is held whole is complete now
-    FitNull(call.subject, *FindArgument(settable, name), value);
+    FitNull(call.subject, *FindArgument(type, name), value);
     object.SetMember(name, value);
   }
 }
@@ -368,7 +371,7 @@ void SetReferenceValues(Call& call, ReferenceKind const& kind, cow_String const&
 
 void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
   cow_String const newName = FreeName(call, kNewName, kind, name);
-  call.arguments.AssertNoRest({std::string(kNewName)});
+  call.arguments.AssertNoRest({kNewName});
   if (newName == name) { return; }
   std::vector<User> const users = UsersOf(call.model, kind.reference, name);
   std::unique_ptr<cls_Object> const object = Referred(call, kind, name).Copy();
@@ -382,7 +385,7 @@ void RenameReference(Call& call, ReferenceKind const& kind, cow_String const& na
 void CopyReference(Call& call, ReferenceKind const& kind, cow_String const& name) {
   CopyNameArgument(call, kind.kind, {});
   cow_String const newName = FreeName(call, kNewName, kind);
-  call.arguments.AssertNoRest({std::string(kNewName)});
+  call.arguments.AssertNoRest({kNewName});
   std::unique_ptr<cls_Object> const object = Referred(call, kind, name).Copy();
   kind.In(call.model).Put(newName, *object);
 }

@@ -60,7 +60,7 @@ bool SetModelSpace(Call& call) {
   std::string const text = call.arguments.Text(space.argument);
   std::string const argument(space.argument);
   call.arguments.AssertNoRest({argument});
-  SetMembers(call.subject, call.model, {space}, {{argument, text}});
+  SetMembers(call.subject, call.model, {{argument, text}});
   ForEachRepository(call.model, [&](auto const&, kprC_StepAwareRepository const& repository) {
     repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
       AskOther(call, repository, name, [&] { AssertInModel(call, item); });
@@ -125,7 +125,7 @@ bool RunOnSeveral(Call& call) {
 bool RunTransaction(Call& call) {
   if (call.arguments.Command() != kTransaction) { return false; }
   cls_Value::List const& commands = call.arguments.List(kCommands);
-  call.arguments.AssertNoRest({std::string(kCommands)});
+  call.arguments.AssertNoRest({kCommands});
   for (std::size_t i = 0; i < commands.size(); ++i) {
     Subject subject;
     Touched touched;
@@ -172,12 +172,11 @@ void Tell(Outcome& outcome, Subject const& subject, Refusal const& told) {
   outcome.hint = subject.hint;
 }
 
-Outcome Refused(Subject const& subject, std::exception const& error) {
-  Outcome outcome;
+void TellRefused(Outcome& outcome, Subject const& subject, std::exception const& error) {
+  outcome = Outcome();
   outcome.refused = RefusalOf(error);
   outcome.badInput = subject.atFault;
   Tell(outcome, subject, outcome.refused);
-  return outcome;
 }
 
 }  // namespace
@@ -228,6 +227,7 @@ struct Session::Impl {
   };
   /// Looks at what the command has touched. Where that is an attribute, it costs what differs of that.
   Effect EffectSince(ddr_Model const& before, Touched const& touched) const;
+  static void Add(Effect& effect, kprC_StepDependent const* was, kprC_StepDependent const* is);
   bool Differs(ddr_Model const& before) const;
   /// What there is to tell of an edit.
   struct Told {
@@ -330,7 +330,8 @@ Outcome Session::Impl::Execute(cls_Value const& command) {
     throw;
   } catch (std::exception const& error) {
     putBack();
-    return Refused(subject, error);
+    TellRefused(outcome, subject, error);
+    return outcome;
   }
   if (told) { Tell(*told, before); }
   return outcome;
@@ -340,12 +341,17 @@ std::optional<Session::Impl::Told> Session::Impl::Do(cls_Value const& command, A
   ddr_Model const before = model_;
   std::size_t const changes = changes_.Size();
   Touched touched;
+  Call call{model_, arguments, subject, touched, outcome.report};
   {
     CurrentHistory const current(changes_);
-    Call call{model_, arguments, subject, touched, outcome.report};
     Run(call);
   }
-  Effect const effect = outcome.report.empty() ? EffectSince(before, touched) : Effect{true, 0};
+  Effect effect{!outcome.report.empty(), kEditWeight};
+  if (call.is != nullptr) {
+    Add(effect, call.was, call.is);
+  } else if (outcome.report.empty()) {
+    effect = EffectSince(before, touched);
+  }
   if (!effect.changed) {
     kprC_StepDependent const* const item =
         touched.extension.IsEmpty() ? nullptr
@@ -411,13 +417,14 @@ Session::Impl::Effect Session::Impl::EffectSince(ddr_Model const& before, Touche
   auto const& was = before.ConstGet<kprC_StepAwareRepository>(touched.extension);
   auto const& is = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
   Effect effect{false, kEditWeight};
-  for (cow_String const& name : touched.names) {
-    kprC_StepDependent const *const one = was.ConstItem(name), *const other = is.ConstItem(name);
-    if (one == other) { continue; }
-    effect.changed = effect.changed || one == nullptr || other == nullptr || !one->Equals(*other);
-    effect.weight += one == nullptr ? kObjectWeight : one->WeightBeside(other);
-  }
+  for (cow_String const& name : touched.names) { Add(effect, was.ConstItem(name), is.ConstItem(name)); }
   return effect;
+}
+
+void Session::Impl::Add(Effect& effect, kprC_StepDependent const* was, kprC_StepDependent const* is) {
+  if (was == is) { return; }
+  effect.changed = effect.changed || was == nullptr || is == nullptr || !was->Equals(*is);
+  effect.weight += was == nullptr ? kObjectWeight : was->WeightBeside(is);
 }
 
 bool Session::Impl::Differs(ddr_Model const& before) const {
@@ -442,7 +449,7 @@ std::optional<Session::Impl::Told> Session::Impl::UndoOrRedo(cls_Value const& co
   if (edits.empty()) { RefuseEdit(subject, undo ? "There is nothing to undo." : "There is nothing to redo."); }
   Edit const& edit = edits.back();
   Touched const touched = edit.touched;
-  Told told{undo ? ChangeEvent::Cause::Undo : ChangeEvent::Cause::Redo, edit.label.Text(),
+  Told told{undo ? ChangeEvent::Cause::Undo : ChangeEvent::Cause::Redo, listeners_.IsEmpty() ? std::string() : edit.label.Text(),
             undo ? Reversed(touched.renames) : touched.renames};
   ddr_Model const before = model_;
   undo ? UndoEdit() : RedoEdit();

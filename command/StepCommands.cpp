@@ -173,7 +173,7 @@ void CopyStep(Call& call, cow_String const& name) {
   std::string const argument(CopyNameArgument(call, kprC_Step::stepCmd(), kprC_Step::copyCmd()));
   cow_String const newName = NewStepName(call, argument);
   cow_String const previous = PreviousStep(call, name);
-  call.arguments.AssertNoRest({argument, std::string(kprC_AnalysisStep::previousCmd())});
+  call.arguments.AssertNoRest({argument, kprC_AnalysisStep::previousCmd().View()});
   kprC_StepContainer const& steps = kprC_Steps(call.model);
   if (steps.Index(name) == 0) { RefuseEdit(call.subject, "There is one initial step: it cannot be copied."); }
   kprC_StepHandle step = steps.Handle(steps.Index(name));

@@ -134,13 +134,15 @@ std::size_t kprC_StepTable::Position(Number number) const {
 
 std::size_t kprC_StepTable::Find(std::string_view name) const {
   if (body_->loose) { return Name(0) == name ? 0 : npos; }
-  // an edit asks for its step again and again; a version never changes, and no two have a number in common
+  // an edit asks again and again for its step, and for the create step; a version never changes, and no two have a number in common
   struct Found {
     std::uint64_t version;
     std::size_t index;
   };
-  [[gnu::tls_model("initial-exec")]] constinit static thread_local Found lately{0, 0};
-  if (lately.version == body_->version && Name(lately.index) == name) { return lately.index; }
+  [[gnu::tls_model("initial-exec")]] constinit static thread_local Found lately[] = {{0, 0}, {0, 0}};
+  for (Found const& found : lately) {
+    if (found.version == body_->version && Name(found.index) == name) { return found.index; }
+  }
   struct Sought {
     std::size_t hash;
     std::string_view name;
@@ -150,8 +152,8 @@ std::size_t kprC_StepTable::Find(std::string_view name) const {
   };
   Number const* const number = body_->numbers.ConstFind(Sought{HashOf(name), name});
   if (number == nullptr) { return npos; }
-  lately = {body_->version, Position(*number)};
-  return lately.index;
+  lately[1] = std::exchange(lately[0], {body_->version, Position(*number)});
+  return lately[0].index;
 }
 
 std::size_t kprC_StepTable::SegmentEnd(std::size_t index) const {
