@@ -115,7 +115,7 @@ int List(DescribeOptions const& options) {
   return kDone;
 }
 
-int Describe(DescribeOptions const& options) {
+int Run(DescribeOptions const& options) {
   if (options.name.empty()) { return List(options); }
   Description const description = DescriptionOf(options.name);
   if (options.format == Format::Json) {
@@ -128,6 +128,8 @@ int Describe(DescribeOptions const& options) {
 
 }  // namespace
 
+int Describe(std::string const& name) { return Run({name, Format::Text, "auto"}); }
+
 void AddDescribe(CLI::App& program, Action& action) {
   auto const options = std::make_shared<DescribeOptions>();
   CLI::App& command = *program.add_subcommand("describe", "What a command or class takes: members, types, texts, units, procedures");
@@ -138,7 +140,7 @@ void AddDescribe(CLI::App& program, Action& action) {
   AddFormat(command, options->format, {"text", "json"});
   AddColor(command, options->color);
   command.footer("Example: gattr describe StaticStep");
-  command.callback([options, &action] { action = [options] { return Describe(*options); }; });
+  command.callback([options, &action] { action = [options] { return Run(*options); }; });
 }
 
 }  // namespace gattr::cli

@@ -99,7 +99,7 @@ void AddHistory(CLI::App& program, Action& action) {
       ->type_name("NAME")
       ->allow_extra_args(false);
   command.add_option("--step", options->filter.steps, "only this one; * and ? stand for letters; may be given several times")
-      ->type_name("NAME")
+      ->type_name("STEP")
       ->allow_extra_args(false);
   command.add_option("--type", options->filter.types, "only attributes of this construction command, as DisplacementBC or *BC")
       ->type_name("TYPE")

@@ -3,11 +3,34 @@
 #include <CLI/App.hpp>
 #include <CLI/Validators.hpp>
 #include <algorithm>
+#include <sstream>
 #include <utility>
 
 #include "text/Text.h"
 
 namespace gattr::cli {
+
+std::vector<CLI::App const*> Subcommands(CLI::App const& program) {
+  return program.get_subcommands([](CLI::App const*) { return true; });
+}
+
+// The parser asks a validator, but does not tell what it would take; its name does.
+void AddChoice(CLI::Option& option, std::vector<std::string> const& choices) {
+  std::string name;
+  for (std::string const& choice : choices) { name += choice + "\n"; }
+  option.check(CLI::IsMember(choices).description("").name(name));
+}
+
+std::vector<std::string> ChoicesOf(CLI::Option const& option) {
+  std::vector<std::string> choices;
+  CLI::Validator const* validator = nullptr;
+  try {
+    validator = const_cast<CLI::Option&>(option).get_validator(0);  // changes nothing
+  } catch (CLI::OptionNotFound const&) { return choices; }
+  std::istringstream names(validator->get_name());
+  for (std::string choice; std::getline(names, choice);) { choices.push_back(choice); }
+  return choices;
+}
 
 void AddFormat(CLI::App& command, Format& format, std::vector<std::string> const& offered) {
   static constexpr std::pair<char const*, Format> kFormats[] = {
@@ -19,16 +42,13 @@ void AddFormat(CLI::App& command, Format& format, std::vector<std::string> const
   };
   std::string texts;
   for (std::string const& text : offered) { texts += (texts.empty() ? "" : ", ") + text; }
-  command.add_option_function<std::string>("--format", take, texts + " (default: text)")
-      ->check(CLI::IsMember(offered).description(""))
-      ->type_name("FORMAT");
+  AddChoice(*command.add_option_function<std::string>("--format", take, texts + " (default: text)")->type_name("FORMAT"), offered);
 }
 
 void AddColor(CLI::App& command, std::string& choice) {
   choice = "auto";
-  command.add_option("--color", choice, "auto (on a terminal, unless NO_COLOR is set), always, never")
-      ->check(CLI::IsMember({"auto", "always", "never"}).description(""))
-      ->type_name("WHEN");
+  AddChoice(*command.add_option("--color", choice, "auto (on a terminal, unless NO_COLOR is set), always, never")->type_name("WHEN"),
+            {"auto", "always", "never"});
 }
 
 void AssertKnown(std::string const& what, std::string const& name, std::vector<std::string> const& known) {

@@ -7,7 +7,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 class ddr_Model;
 
 /// What the subcommands share. Each file <Name>Command.cpp declares one or two of them to the parser and runs them.
@@ -40,12 +41,19 @@ void AddSteps(CLI::App& program, Action& action);
 void AddDump(CLI::App& program, Action& action);
 void AddLoad(CLI::App& program, Action& action);
 void AddDescribe(CLI::App& program, Action& action);
+void AddHelp(CLI::App& program, Action& action);
+void AddCompletion(CLI::App& program, Action& action);
 void AddCodes(CLI::App& program, Action& action);
 void AddVariables(CLI::App& program, Action& action);
 
 inline constexpr char const* kModelHelp = "model file: .gadb, or .gattr.json for the text form";
 
 enum class Format { Text, Csv, Json, Html };
+std::vector<CLI::App const*> Subcommands(CLI::App const& program);
+/// Has an option take one of \p choices alone, which completion then offers.
+void AddChoice(CLI::Option& option, std::vector<std::string> const& choices);
+/// The choices of an option; none where it takes others too.
+std::vector<std::string> ChoicesOf(CLI::Option const& option);
 /// Adds --format with the texts of \p offered.
 void AddFormat(CLI::App& command, Format& format, std::vector<std::string> const& offered);
 inline constexpr char const* kDryRunHelp =
@@ -53,6 +61,9 @@ inline constexpr char const* kDryRunHelp =
 
 /// Adds --color.
 void AddColor(CLI::App& command, std::string& choice);
+
+/// Prints what a command or class takes; refuses an unknown one.
+int Describe(std::string const& name);
 
 /// Prints what is wrong in a model as a table, or that nothing was found; answers the exit status of `check`.
 int PrintFindings(ddr_Model const& model, Format format = Format::Text, std::string const& color = "auto");

@@ -1,5 +1,4 @@
 #include <CLI/App.hpp>
-#include <CLI/Validators.hpp>
 #include <iostream>
 #include <memory>
 
@@ -13,7 +12,7 @@ namespace gattr::cli {
 void AddSchema(CLI::App& program, Action& action) {
   auto const of = std::make_shared<std::string>();
   CLI::App& command = *program.add_subcommand("schema", "Print the JSON Schema of journals or of models as text");
-  command.add_option("OF", *of, "journal or model")->required()->check(CLI::IsMember({"journal", "model"}).description(""))->type_name("");
+  AddChoice(*command.add_option("OF", *of, "journal or model")->required()->type_name(""), {"journal", "model"});
   command.footer(R"(Draft-07. That of journals is for a document, {"commands": [...]}, and for one line of any other journal.
 
 Example: gattr schema journal > journal.schema.json)");

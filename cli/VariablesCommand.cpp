@@ -1,7 +1,6 @@
 #include <fmt/format.h>
 
 #include <CLI/App.hpp>
-#include <CLI/Validators.hpp>
 #include <algorithm>
 #include <iostream>
 #include <memory>
@@ -129,9 +128,8 @@ void AddVariables(CLI::App& program, Action& action) {
   command.add_option("--procedure", options->procedure, "those that steps of a procedure have, STATIC_GENERAL or StaticStep for instance")
       ->type_name("PROCEDURE")
       ->excludes(step);
-  command.add_option("--channel", options->channel, "field, history (default: both)")
-      ->check(CLI::IsMember({"field", "history"}).description(""))
-      ->type_name("CHANNEL");
+  AddChoice(*command.add_option("--channel", options->channel, "field, history (default: both)")->type_name("CHANNEL"),
+            {"field", "history"});
   command.add_option("--category", options->category, "those of a category, Stresses for instance")->type_name("CATEGORY");
   AddFormat(command, options->format, {"text", "csv", "json"});
   AddColor(command, options->color);

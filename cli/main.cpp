@@ -62,7 +62,7 @@ void OccupyStandardStreams() {
 
 int Parse(CLI::App& program, int argc, char** argv, Action& action) {
   std::vector<std::string> known;
-  for (CLI::App const* command : program.get_subcommands([](CLI::App*) { return true; })) { known.push_back(command->get_name()); }
+  for (CLI::App const* command : Subcommands(program)) { known.push_back(command->get_name()); }
   if (argc == 1) {
     Tell(program.help());
     return kBadInput;
@@ -99,6 +99,8 @@ int RunProgram(int argc, char** argv) {
   AddDump(program, action);
   AddLoad(program, action);
   AddDescribe(program, action);
+  AddHelp(program, action);
+  AddCompletion(program, action);
   AddCodes(program, action);
   AddVariables(program, action);
   Library const library;
