@@ -53,13 +53,54 @@ void AddSaid(Fields& to, cls_Object const& state) {
   }
 }
 
+/// Whether it is given already.
+bool HasField(Fields const& arguments, std::string_view name) {
+  return std::ranges::find(arguments, name, &Fields::value_type::first) != arguments.end();
+}
+
 /// Any values for the members of a state that take numbers, for an attribute that has to say something to be created.
 void AddAnyValues(Fields& to, cls_Object const& state) {
   for (MemberArgument const& argument : MemberArguments(state)) {
     bool const isNumber = argument.info->kind == cls_MemberKind::Real && argument.info->propagating && !argument.info->again;
-    if (!isNumber || std::ranges::find(to, argument.argument, &Fields::value_type::first) != to.end()) { continue; }
+    if (!isNumber || HasField(to, argument.argument)) { continue; }
     to.emplace_back(argument.argument, argument.info->many ? cls_Value(cls_Value::List{1.0}) : cls_Value(1.0));
   }
+}
+
+/// What may be tried for each member of a state, one value after the other.
+Fields ValuesToTry(cls_Object const& state) {
+  Fields values;
+  for (MemberArgument const& argument : MemberArguments(state)) {
+    cls_MemberInfo const& info = *argument.info;
+    if (info.again || info.refers != cls_Reference::None) { continue; }
+    cls_Value::List any;
+    switch (info.kind) {
+      case cls_MemberKind::Integer:
+      case cls_MemberKind::Real: any = {1}; break;
+      case cls_MemberKind::Boolean: any = {true}; break;
+      case cls_MemberKind::Enumerated: any = {info.permissible.begin(), info.permissible.end()}; break;
+      case cls_MemberKind::String: any = {"Any"}; break;
+      case cls_MemberKind::Object: break;
+    }
+    for (cls_Value& one : any) {
+      values.emplace_back(argument.argument, info.many ? cls_Value(cls_Value::List{std::move(one)}) : std::move(one));
+    }
+  }
+  return values;
+}
+
+/// Calls \p does(fields) with nothing, then with each of \p values, then with each two of them, until it says yes.
+template <class Does> bool TryUpToTwo(Fields const& values, Does&& does) {
+  if (does(Fields{})) { return true; }
+  for (auto const& one : values) {
+    if (does(Fields{one})) { return true; }
+  }
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    for (std::size_t j = i + 1; j < values.size(); ++j) {
+      if (values[i].first != values[j].first && does(Fields{values[i], values[j]})) { return true; }
+    }
+  }
+  return false;
 }
 
 class Maker {
@@ -75,6 +116,7 @@ public:
     MakeReferences(true);
     MakeDangling();
     CompareRest();
+    for (cls_Value const& command : commands_) { take_(command); }
     return std::move(unmade_);
   }
 
@@ -117,7 +159,7 @@ private:
   }
   void Keep(Trial trial) {
     made_ = std::move(trial.model);
-    for (cls_Value const& command : trial.commands) { take_(command); }
+    commands_.insert(commands_.end(), std::make_move_iterator(trial.commands.begin()), std::make_move_iterator(trial.commands.end()));
   }
   void Miss(std::string object, Trial const& trial, std::string step = {}, std::string member = {}) {
     Outcome const& refused = trial.refused;
@@ -233,13 +275,20 @@ private:
       if (kind.assertInModel == nullptr) { continue; }
       for (cow_String const& name : kind.In(model_).Keys()) { kind.In(bare).Remove(name); }
     }
-    made_ = std::move(bare);
-    ForEachRepository(model_, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
-      repository.ForEach([&](cow_String const&, kprC_StepDependent const& item) { MakeOnOtherSteps(extension, repository, item); });
-    });
-    ForEachRepository(model_, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
-      for (cow_String const& name : repository.Keys()) { MakeAttribute(extension, repository, name); }
-    });
+    // Most are made on the steps as they are. One that is not was made while they were others: it comes before all that stand on them.
+    auto const begun = begun_;
+    std::size_t const commands = commands_.size(), unmade = unmade_.size();
+    for (std::size_t hard = 0;; hard = hard_.size()) {
+      begun_ = begun;
+      commands_.resize(commands);
+      unmade_.resize(unmade);
+      made_ = bare;
+      MakeHard();
+      ForEachRepository(model_, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
+        for (cow_String const& name : repository.Keys()) { MakeAttribute(extension, repository, name); }
+      });
+      if (hard_.size() == hard) { break; }
+    }
   }
 
   /// Makes the attributes that \p object names.
@@ -253,6 +302,11 @@ private:
     });
   }
 
+  /// An attribute, by its repository and name.
+  struct User {
+    cow_String extension, name;
+    friend bool operator==(User const&, User const&) = default;
+  };
   struct Records {
     Commands changes, offs, inOrder;
   };
@@ -275,18 +329,43 @@ private:
       (isOff ? records.offs : records.changes).emplace_back(command);
       records.inOrder.emplace_back(std::move(command));
     });
-    bool edited = false;
+    Commands edits = TypeEditsOf(repository, item);
+    if (edits.empty()) { return records; }
+    records.inOrder.clear();  // they are done where it is not switched off yet
+    records.changes.insert(records.changes.end(), std::make_move_iterator(edits.begin()), std::make_move_iterator(edits.end()));
+    return records;
+  }
+
+  /// What edits of its type have made. Those of steps that have gone are done \p instead, or in a step that is made for them.
+  Commands TypeEditsOf(kprC_StepAwareRepository const& repository, kprC_StepDependent const& item, cow_String const& instead = {}) const {
+    Commands commands;
+    std::string const goneStep = instead.IsEmpty() ? FreeStepName() : std::string(instead.View());
+    bool gone = false;
     item.ForEachTypeEdit([&](std::string_view command, cow_String const& step, cls_Object const& arguments) {
+      auto const inStep =
+          std::ranges::any_of(repository.TypeEdits(), [&](kprC_TypeEdit const& edit) { return edit.command == command && edit.inStep; });
+      gone = gone || (inStep && step.IsEmpty());
       Fields edit = Begin(command);
       Add(edit, repository.ItemCmd(), item.Name().View());
-      if (!step.IsEmpty()) { Add(edit, kStepName, step.View()); }
+      if (inStep) { Add(edit, kStepName, step.IsEmpty() ? goneStep : step.View()); }
       std::unique_ptr<cls_Object> const fresh = ClassOf(arguments).make();
       AddDiffering(edit, arguments, *fresh);
-      records.changes.emplace_back(std::move(edit));
-      edited = true;
+      commands.emplace_back(std::move(edit));
     });
-    if (edited) { records.inOrder.clear(); }  // they are done where it is not switched off yet
-    return records;
+    if (!gone || !instead.IsEmpty()) { return commands; }
+    for (Candidate const& candidate : Candidates()) {
+      kprC_StepHandle const step = kprC_ConstructStep(candidate.procedure);
+      if (step->Perturbation() || !item.Admits(kprC_StepFacts(step.ConstGet()), true)) { continue; }
+      commands.insert(commands.begin(), Constructing(candidate, goneStep));
+      commands.emplace_back(Deleting(goneStep));
+      break;
+    }
+    return commands;
+  }
+  static cls_Value Deleting(std::string_view step) {
+    Fields command = Begin("delete");
+    Add(command, kprC_Step::stepCmd(), step);
+    return command;
   }
 
   void MakeAttribute(cow_String const& extension, kprC_StepAwareRepository const& repository, cow_String const& name) {
@@ -297,23 +376,36 @@ private:
     cow_String const createStep = item.CreateStepName();
     std::size_t const create = item.Steps().Find(createStep.View());
     if (create == kprC_StepTable::npos) { return MakeEmpty(extension, repository, item); }
-    Trial trial = TryAttribute(made_, extension, repository, item);
+    Trial trial = TryAttribute(made_, extension, repository, item, [&](Trial const& made) { return Comes(made, extension, item); });
     if (trial.IsDone()) { return Keep(std::move(trial)); }
+    if (std::ranges::find(hard_, User{extension, name}) == hard_.end()) { hard_.push_back({extension, name}); }
     MissAttribute(object, repository, item, trial);
     made_.Get<kprC_StepAwareRepository>(extension).InsertItem(name, item);
   }
 
-  /// Makes the attribute on \p on; the commands that do, or what is refused or, where \p compared, comes out otherwise.
+  /// Whether what was made is the attribute.
+  using Accept = std::function<bool(Trial const& trial)>;
+
+  /// Makes the attribute on \p on; the commands that do, or what is refused or comes out otherwise.
   Trial TryAsCreated(ddr_Model const& on, cow_String const& extension, kprC_StepAwareRepository const& repository,
-                     kprC_StepDependent const& item, bool compared) const {
+                     kprC_StepDependent const& item, Accept const& accept) const {
     cow_String const& name = item.Name();
     std::size_t const create = item.Steps().Find(item.CreateStepName().View());
     Trial trial;
     std::set<std::string_view> also;
     Commands construction;
     for (bool again = create != kprC_StepTable::npos; again;) {
-      construction = {Construction(repository, item, create, also)};
-      trial = Try(on, construction);
+      Commands with{Construction(repository, item, create, also)};
+      Trial then = Try(on, with);
+      if (!then.refused.ok && !construction.empty()) { break; }  // it may become so when its step does
+      for (MemberArgument const& argument : MemberArguments(*item.StateAt(create))) {
+        if (then.refused.ok) { break; }
+        if (argument.info->kind != cls_MemberKind::Enumerated || argument.info->again) { continue; }
+        with = {Construction(repository, item, create, {argument.argument})};  // a choice that is left out may follow from the rest
+        then = Try(on, with);
+      }
+      construction = std::move(with);
+      trial = std::move(then);
       kprC_StepDependent const* const made = trial.model.ConstGet<kprC_StepAwareRepository>(extension).ConstItem(name.View());
       if (!trial.refused.ok || made == nullptr) { break; }
       std::string_view member = DifferingMember(*made->StateAt(create), *item.StateAt(create), true);
@@ -333,8 +425,7 @@ private:
       commands.insert(commands.end(), way.begin(), way.end());
       if (item.IsSuppressed()) { commands.push_back(Suppressing(repository, item)); }
       Trial whole = Try(trial.model, {commands.begin() + 1, commands.end()});
-      kprC_StepDependent const* const made = whole.model.ConstGet<kprC_StepAwareRepository>(extension).ConstItem(name.View());
-      bool const isMade = whole.refused.ok && made != nullptr && (!compared || made->Equals(item));
+      bool const isMade = whole.refused.ok && accept(whole);
       if (isMade || &way == &ways.back()) {
         whole.commands = std::move(commands);
         whole.differs = whole.refused.ok && !isMade;
@@ -343,13 +434,16 @@ private:
     }
     return trial;
   }
-  /// The same, and where that does not do as one that begins switched off.
+  /// The same, and where that does not do as one that was created in another step.
   Trial TryAttribute(ddr_Model const& on, cow_String const& extension, kprC_StepAwareRepository const& repository,
-                     kprC_StepDependent const& item, bool compared = true) const {
-    Trial trial = TryAsCreated(on, extension, repository, item, compared);
-    if (trial.IsDone() || item.Status(item.CreateStepName()) == mdl_PropagationStatusEnm::Created) { return trial; }
-    Trial off = TryCreatedOff(on, extension, repository, item, compared);
-    return off.IsDone() ? off : trial;
+                     kprC_StepDependent const& item, Accept const& accept) const {
+    Trial trial = TryAsCreated(on, extension, repository, item, accept);
+    if (trial.IsDone()) { return trial; }
+    bool const isOff = item.Status(item.CreateStepName()) != mdl_PropagationStatusEnm::Created;
+    Trial other;
+    if (isOff) { other = TryCreatedOff(on, repository, item, accept); }
+    if (!other.IsDone()) { other = TryMoved(on, repository, item, accept); }
+    return other.IsDone() ? other : trial;
   }
 
   /// One without any record: its creation has been taken back. Where none of the steps creates it, one does that is made for it.
@@ -365,12 +459,11 @@ private:
     std::string const step = FreeStepName();
     for (Candidate const& candidate : Candidates()) {
       for (std::string_view const previous : {std::string_view(), std::string_view(kprC_Step::initialCmd())}) {
-        Fields insert = Constructing(candidate, step), remove = Begin("delete");
+        Fields insert = Constructing(candidate, step);
         if (!previous.empty()) { Add(insert, "previous", previous); }
-        Add(remove, kprC_Step::stepCmd(), step);
         Trial apart = Try(made_, {std::move(insert)});
         if (!apart.refused.ok || !MakeEmptyIn(apart, repository, item, cow_String(step), candidate.procedureType)) { continue; }
-        apart.Then(*this, {std::move(remove)});
+        apart.Then(*this, {Deleting(step)});
         if (Comes(apart, extension, item)) { return Keep(std::move(apart)); }
       }
     }
@@ -382,22 +475,28 @@ private:
                    unsigned procedureType) const {
     std::unique_ptr<kprC_StepDependent> const fresh = repository.Construct(item.ConstructionName());
     fresh->Begin(step, procedureType);
-    for (bool const withValues : {false, true}) {
-      Fields construction = Begin(item.ConstructionName()), remove = Begin("remove");
-      Add(construction, kName, item.Name().View());
-      Add(construction, "createStepName", step.View());
-      AddDiffering(construction, item, *fresh);
-      if (withValues) { AddAnyValues(construction, *fresh->StateAt(0)); }
-      Add(remove, repository.ItemCmd(), item.Name().View());
-      Add(remove, kStepName, step.View());
+    Fields construction = Begin(item.ConstructionName()), remove = Begin("remove");
+    Add(construction, kName, item.Name().View());
+    Add(construction, "createStepName", step.View());
+    AddDiffering(construction, item, *fresh);
+    Add(remove, repository.ItemCmd(), item.Name().View());
+    Add(remove, kStepName, step.View());
+    auto const make = [&](Fields const& values) {
+      Fields with = construction;
+      with.insert(with.end(), values.begin(), values.end());
       Trial then = trial;
-      then.Then(*this, {std::move(construction), std::move(remove)});
+      then.Then(*this, {with});
+      if (!then.refused.ok) { return false; }
+      then.Then(*this, TypeEditsOf(repository, item, step));
+      if (then.refused.ok) { then.Then(*this, {remove}); }
       if (then.refused.ok && item.IsSuppressed()) { then.Then(*this, {Suppressing(repository, item)}); }
-      if (!then.refused.ok) { continue; }
+      if (!then.refused.ok) { return false; }
       trial = std::move(then);
       return true;
-    }
-    return false;
+    };
+    Fields numbers;
+    AddAnyValues(numbers, *fresh->StateAt(0));
+    return make({}) || make(numbers) || TryUpToTwo(ValuesToTry(*fresh->StateAt(0)), make);
   }
   static bool Comes(Trial const& trial, cow_String const& extension, kprC_StepDependent const& item) {
     auto const* const made = trial.model.ConstGet<kprC_StepAwareRepository>(extension).ConstItem(item.Name().View());
@@ -405,8 +504,8 @@ private:
   }
 
   /// One that begins switched off: it was created in an earlier step, switched off, and that creation taken back.
-  Trial TryCreatedOff(ddr_Model const& on, cow_String const& extension, kprC_StepAwareRepository const& repository,
-                      kprC_StepDependent const& item, bool compared) const {
+  Trial TryCreatedOff(ddr_Model const& on, kprC_StepAwareRepository const& repository, kprC_StepDependent const& item,
+                      Accept const& accept) const {
     std::size_t const create = item.Steps().Find(item.CreateStepName().View());
     Records const records = RecordsOf(repository, item, create);
     Trial trial{on, {}, {}};
@@ -420,7 +519,34 @@ private:
       commands.emplace_back(std::move(remove));
       if (item.IsSuppressed()) { commands.push_back(Suppressing(repository, item)); }
       trial = Try(on, std::move(commands));
-      if (trial.refused.ok && (!compared || Comes(trial, extension, item))) { return trial; }
+      if (trial.refused.ok && accept(trial)) { return trial; }
+    }
+    trial.differs = trial.refused.ok;
+    return trial;
+  }
+
+  /// One that was created in another step and moved.
+  Trial TryMoved(ddr_Model const& on, kprC_StepAwareRepository const& repository, kprC_StepDependent const& item,
+                 Accept const& accept) const {
+    std::size_t const create = item.Steps().Find(item.CreateStepName().View());
+    auto const operations = repository.Operations();
+    auto const move = std::ranges::find(operations, kprC_Effect::Move, &kprC_Operation::effect);
+    Trial trial{on, {}, {}};
+    if (move == operations.end()) { return trial; }
+    Records const records = RecordsOf(repository, item, create);
+    for (std::size_t at = 0; at < item.Steps().Size(); ++at) {
+      if (at == create) { continue; }
+      Commands commands{Construction(repository, item, create, {}, at)};
+      Fields moving = Begin(move->command);
+      Add(moving, repository.ItemCmd(), item.Name().View());
+      Add(moving, "fromStepName", item.Steps().Name(at).View());
+      Add(moving, "toStepName", item.CreateStepName().View());
+      commands.emplace_back(std::move(moving));
+      commands.insert(commands.end(), records.changes.begin(), records.changes.end());
+      commands.insert(commands.end(), records.offs.rbegin(), records.offs.rend());
+      if (item.IsSuppressed()) { commands.push_back(Suppressing(repository, item)); }
+      trial = Try(on, std::move(commands));
+      if (trial.refused.ok && accept(trial)) { return trial; }
     }
     trial.differs = trial.refused.ok;
     return trial;
@@ -432,38 +558,87 @@ private:
     return suppress;
   }
 
-  // A suppressed attribute may say something in steps that no longer take it: their procedures have been replaced since.
+  // An attribute may say something in steps that no longer take it: their procedures have been replaced since, while it was suppressed
+  // or switched off earlier.
 
-  /// Makes such an attribute while the steps are others. Nothing else stands on them yet but what is suppressed, too.
-  void MakeOnOtherSteps(cow_String const& extension, kprC_StepAwareRepository const& repository, kprC_StepDependent const& item) {
-    if (!item.IsSuppressed() || item.CreateStepName().IsEmpty()) { return; }
-    if (TryAttribute(made_, extension, repository, item).IsDone()) { return; }
-    std::vector<std::size_t> others;
-    item.ForEachRecord([&](std::size_t index, mdl_PropagationStatusEnm, cls_Object const* state) {
-      bool const isOwn = state != nullptr && index > 0 && kprC_StepAwareRepository::SaysSomething(item, index);
-      bool const isCreation = item.Steps().Name(index) == item.CreateStepName();
-      if (isOwn && (isCreation || !item.Admits(item.Steps().Facts(index), true))) { others.push_back(index); }
-    });
-    for (Candidate const& candidate : Candidates()) {
-      kprC_StepHandle const other = kprC_ConstructStep(candidate.procedure);
-      if (!item.Admits(kprC_StepFacts(other.ConstGet()), false)) { continue; }
-      Trial trial{made_, Done(), {}};
-      for (std::size_t const at : others) {
-        if (trial.refused.ok) { trial.Then(*this, {Replacing(at, candidate.procedure, candidate.members)}); }
-      }
-      if (!trial.refused.ok) { continue; }
-      Trial made = TryAttribute(trial.model, extension, repository, item, false);  // on these steps it is another one
-      if (!made.IsDone()) { continue; }
-      trial.commands.insert(trial.commands.end(), made.commands.begin(), made.commands.end());
-      trial.model = std::move(made.model);
-      for (std::size_t i = others.size(); i-- > 0 && trial.refused.ok;) { ReplaceBack(trial, others[i]); }
-      auto const* const came = trial.model.ConstGet<kprC_StepAwareRepository>(extension).ConstItem(item.Name().View());
-      if (!trial.refused.ok || came == nullptr || !came->Equals(item)) { continue; }
-      begun_.emplace(extension.View(), item.Name().View());
-      return Keep(std::move(trial));
+  /// Makes those that are not made on the steps as they are: on others, before anything else stands on them. All are suppressed until
+  /// the last is there.
+  void MakeHard() {
+    Commands resumed;
+    for (User const& user : hard_) {
+      auto const& repository = model_.ConstGet<kprC_StepAwareRepository>(user.extension);
+      kprC_StepDependent const& item = *repository.ConstItem(user.name.View());
+      ddr_Model scratch = model_;
+      kprC_StepDependent& suppressed = *scratch.Get<kprC_StepAwareRepository>(user.extension).Item(user.name.View());
+      suppressed.Suppress();
+      Fields resume = Begin("resume");
+      Add(resume, repository.ItemCmd(), user.name.View());
+      bool isMade = MakeOnOtherSteps(user, repository, suppressed, [&](Trial const& trial) {
+        if (item.IsSuppressed()) { return true; }
+        return Comes(Try(trial.model, {resume}), user.extension, item);
+      });
+      if (isMade && !item.IsSuppressed()) { resumed.emplace_back(std::move(resume)); }
+      isMade = isMade || (!item.IsSuppressed() && MakeOnOtherSteps(user, repository, item, [](Trial const&) { return true; }));
+      if (isMade) { begun_.emplace(user.extension.View(), user.name.View()); }
     }
+    Keep(Try(made_, std::move(resumed)));
   }
 
+  template <class Goes>
+  bool MakeOnOtherSteps(User const& user, kprC_StepAwareRepository const& repository, kprC_StepDependent const& item, Goes&& goes) {
+    if (item.CreateStepName().IsEmpty()) { return false; }
+    MakeNamed(item);
+    auto const isIt = [&](Trial const& made) { return Comes(made, user.extension, item) && goes(made); };
+    if (Trial alone = TryAttribute(made_, user.extension, repository, item, isIt); alone.IsDone()) {
+      Keep(std::move(alone));
+      return true;
+    }
+    std::vector<std::size_t> own, all, unfit;
+    for (std::size_t i = 1; i < item.Steps().Size(); ++i) { all.push_back(i); }
+    item.ForEachRecord([&](std::size_t index, mdl_PropagationStatusEnm, cls_Object const* state) {
+      if (state == nullptr || index == 0 || !kprC_StepAwareRepository::SaysSomething(item, index)) { return; }
+      bool const isCreation = item.Steps().Name(index) == item.CreateStepName();
+      own.push_back(index);
+      if (isCreation || !item.Admits(item.Steps().Facts(index), true)) { unfit.push_back(index); }
+    });
+    std::vector<Candidate> const candidates = Candidates();
+    for (std::vector<std::size_t> const& others : {unfit, own, all}) {
+      for (Candidate const& candidate : candidates) {
+        Trial trial{made_, Done(), {}};
+        for (std::size_t const at : others) {
+          if (trial.refused.ok) { trial.Then(*this, {Replacing(at, candidate.procedure, PlainMembers(at, candidate))}); }
+        }
+        if (!trial.refused.ok) { continue; }
+        Trial whole;
+        Trial const made = TryAttribute(trial.model, user.extension, repository, item, [&](Trial const& attribute) {
+          whole = {attribute.model, Done(), {}};
+          for (std::size_t i = others.size(); i-- > 0 && whole.refused.ok;) { ReplaceBack(whole, others[i]); }
+          return isIt(whole);
+        });
+        if (!made.IsDone()) { continue; }
+        trial.commands.insert(trial.commands.end(), made.commands.begin(), made.commands.end());
+        trial.commands.insert(trial.commands.end(), whole.commands.begin(), whole.commands.end());
+        trial.model = std::move(whole.model);
+        Keep(std::move(trial));
+        return true;
+      }
+    }
+    return false;
+  }
+
+  /// Parameters that make a step of the procedure a plain one: those of the step before it would stay.
+  Fields PlainMembers(std::size_t at, Candidate const& candidate) const {
+    Fields members = candidate.members;
+    kprC_Step const& step = kprC_Steps(model_).Step(at);
+    kprC_StepHandle const plain = kprC_ConstructStep(candidate.procedure);
+    for (cls_MemberRow const& row : plain->MemberRows()) {
+      bool const isFlag = row.text.settable && !row.again && plain->Member(row.name).As<bool>() != nullptr;
+      if (isFlag && step.Member(row.name) != plain->Member(row.name) && !HasField(members, ArgumentName(row))) {
+        members.emplace_back(ArgumentName(row), plain->Member(row.name));
+      }
+    }
+    return members;
+  }
   cls_Value Replacing(std::size_t at, std::string_view procedure, Fields members) const {
     Fields command = Begin("replace");
     Add(command, kprC_Step::stepCmd(), kprC_Steps(model_).Name(at).View());
@@ -485,7 +660,9 @@ private:
       back.Then(*this, {Replacing(at, procedure, std::move(members))});
       std::string_view const member = back.refused.ok ? DifferingMember(kprC_Steps(std::as_const(back.model)).Step(at), step, true) : "";
       again = !member.empty() && also.insert(member).second;
-      if (!again) { trial = std::move(back); }
+      if (again) { continue; }
+      trial = std::move(back);
+      trial.refused.ok = trial.refused.ok && kprC_Steps(std::as_const(trial.model)).Step(at).Equals(step);
     }
   }
 
@@ -569,9 +746,7 @@ private:
       }
       if (!trial.refused.ok || !PutOn(trial, repository, region, step, number++)) { return false; }
     }
-    Fields remove = Begin("delete");
-    Add(remove, kprC_Step::stepCmd(), step);
-    trial.Then(*this, {remove});
+    trial.Then(*this, {Deleting(step)});
     if (trial.refused.ok) { trial.Then(*this, after); }
     mdl_Extension const* const made = trial.model.ConstExtension(extension);
     if (!trial.refused.ok || !made->Equals(*model_.ConstExtension(extension))) { return false; }
@@ -612,27 +787,24 @@ private:
     return false;
   }
 
-  /// What a step can be made with: what those of the model are, then procedures with as little as may do.
-  std::vector<Candidate> const& Candidates() {
+  /// The procedures, each with as little as will do.
+  std::vector<Candidate> const& Candidates() const {
     if (!candidates_.empty()) { return candidates_; }
-    kprC_StepContainer const& steps = kprC_Steps(model_);
-    for (std::size_t i = 1; i < steps.Size(); ++i) {
-      kprC_Step const& step = steps.Step(i);
-      std::string const procedure(kprC_FindProcedure(step.DynTypeId())->command.View());
-      bool const isKnown = std::ranges::find(candidates_, procedure, &Candidate::procedure) != candidates_.end();
-      if (isKnown) { continue; }
-      Candidate& one = candidates_.emplace_back(Candidate{step.ProcedureType(), procedure, {}});
-      AddDiffering(one.members, step, *kprC_ConstructStep(procedure));
-    }
+    ddr_Model const bare = Session().Model();
     for (kprC_ProcedureRow const& row : kprC_procedures) {
       if (row.label.Size() == 0) { continue; }
-      std::string const procedure(row.command.View());
-      candidates_.push_back({row.type, procedure, {}});
-      kprC_StepHandle const fresh = kprC_ConstructStep(procedure);
+      Candidate candidate{row.type, std::string(row.command.View()), {}};
+      kprC_StepHandle const fresh = kprC_ConstructStep(candidate.procedure);
+      Fields open;
       for (cls_MemberRow const& member : fresh->MemberRows()) {
         bool const isOpen = member.text.settable && !member.again && member.IsUnset(fresh.ConstGet());
-        if (isOpen) { candidates_.push_back({row.type, procedure, {{std::string(ArgumentName(member)), 1}}}); }
+        if (isOpen) { open.emplace_back(ArgumentName(member), 1); }
       }
+      bool const isFound = TryUpToTwo(open, [&](Fields const& members) {
+        candidate.members = members;
+        return Try(bare, {Constructing(candidate, "Any")}).refused.ok;
+      });
+      if (isFound) { candidates_.push_back(std::move(candidate)); }
     }
     return candidates_;
   }
@@ -664,7 +836,9 @@ private:
   ddr_Model const& model_;
   std::function<void(cls_Value const&)> const& take_;
   ddr_Model made_ = Session().Model();
-  std::vector<Candidate> candidates_;
+  Commands commands_;
+  mutable std::vector<Candidate> candidates_;
+  std::vector<User> hard_;                               // that are not made on the steps as they are
   std::set<std::pair<std::string, std::string>> begun_;  // extension and name
   std::vector<Unmade> unmade_;
 };

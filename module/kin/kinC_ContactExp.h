@@ -169,6 +169,8 @@ private:
   /// Has \p edit change every own state, and \p list with it.
   template <class Fn> void EditAll(Pairs_& list, Pairs_ changed, Fn&& edit);
 
+  DDB_LOCAL void TellPairs(EditVisitor const& visit) const;
+
   Pairs_ includedPairs_, excludedPairs_;
 #define DDB_ASSIGNMENT(Kind, Value, regions, ...) Pairs_ regions##_;
 #include "module/kin/kinC_Assignments.def"

@@ -93,6 +93,9 @@ Text DeleteAssignments(kprC_StepDependent& item, cow_String const& /*step*/, cls
 
 namespace {
 
+/// The step of a record that has gone: what it told of is still there, nothing is said of it.
+constexpr std::size_t kGone = kprC_StepTable::npos;
+
 /// What own records say of the element of a list, by their steps.
 template <class V> using SaidBySteps = std::vector<std::pair<std::size_t, V>>;
 
@@ -117,14 +120,17 @@ public:
   Joining(Joining const&) = delete;
   Joining& operator=(Joining const&) = delete;
 
-  template <class Add> void Join(std::string_view command, std::size_t step, Add&& add) {
-    if (command != command_ || step != step_) { Flush(); }
+  /// \p apart: edits in which it differs are never one.
+  template <class Add> void Join(std::string_view command, std::size_t step, Add&& add, bool apart = false) {
+    if (command != command_ || step != step_ || apart != apart_) { Flush(); }
     command_ = command;
     step_ = step;
+    apart_ = apart;
     add(arguments_);
   }
   void Flush() {
-    if (!command_.empty()) { visit_(command_, contact_.Steps().Name(step_), arguments_); }
+    bool const isGone = step_ == kGone;
+    if (!command_.empty()) { visit_(command_, isGone ? cow_String() : contact_.Steps().Name(step_), arguments_); }
     arguments_ = Arguments();
     command_ = {};
   }
@@ -134,11 +140,13 @@ private:
   kprC_StepDependent::EditVisitor const& visit_;
   std::string_view command_;
   std::size_t step_ = 0;
+  bool apart_ = false;
   Arguments arguments_;
 };
 
 /// The edits that have a pair take part where \p said says so, in an order in which each can be done.
 SaidBySteps<bool> PairEdits(SaidBySteps<bool> const& said) {
+  if (said.empty()) { return {{kGone, true}}; }
   SaidBySteps<bool> edits;
   bool repeated = false, takesPart = false;
   for (auto const& [step, is] : said) {
@@ -161,52 +169,77 @@ SaidBySteps<bool> PairEdits(SaidBySteps<bool> const& said) {
 
 }  // namespace
 
-void kinC_ContactExp::ForEachTypeEdit(EditVisitor const& visit) const {
-  for (bool const excluded : {false, true}) {
-    Pairs_ const& pairs = Domain(excluded);
-    auto const said = Said(*this, pairs.Size(), excluded ? &State_::activeExcludedPairs : &State_::activeIncludedPairs);
-    std::vector<std::pair<std::size_t, std::pair<std::size_t, bool>>> later;
-    Joining<kinC_PairArguments> joining(*this, visit);
-    auto const tell = [&](std::size_t pair, std::size_t step, bool takesPart) {
-      joining.Join(takesPart ? addPairsCmd() : removePairsCmd(), step, [&](kinC_PairArguments& arguments) {
-        arguments.pairs.Append(pairs[pair]);
-        arguments.excluded = excluded;
-      });
+void kinC_ContactExp::TellPairs(EditVisitor const& visit) const {
+  Joining<kinC_PairArguments> joining(*this, visit);
+  auto const tell = [&](bool excluded, std::size_t pair, std::size_t step, bool takesPart) {
+    auto const add = [&](kinC_PairArguments& arguments) {
+      arguments.pairs.Append(Domain(excluded)[pair]);
+      arguments.excluded = excluded;
     };
-    for (std::size_t i = 0; i < pairs.Size(); ++i) {
-      SaidBySteps<bool> const edits = PairEdits(said[i]);
-      for (std::size_t at = 0; at < edits.size(); ++at) {
-        at == 0 ? tell(i, edits[at].first, edits[at].second) : void(later.emplace_back(i, edits[at]));
+    joining.Join(takesPart ? addPairsCmd() : removePairsCmd(), step, add, excluded);
+  };
+  bool inBoth = false;
+  for (kinC_RegionPair const& one : includedPairs_) {
+    for (kinC_RegionPair const& other : excludedPairs_) { inBoth = inBoth || one.Equals(other); }
+  }
+  std::vector<SaidBySteps<bool>> said[2];
+  for (bool const excluded : {false, true}) {
+    std::size_t const size = Domain(excluded).Size();
+    said[excluded] = Said(*this, size, excluded ? &State_::activeExcludedPairs : &State_::activeIncludedPairs);
+    if (inBoth) {  // one is in the other's way: all are named first where it does not matter
+      for (bool const takesPart : {true, false}) {
+        for (std::size_t i = 0; i < size; ++i) { tell(excluded, i, kGone, takesPart); }
+      }
+      continue;
+    }
+    std::vector<std::pair<std::size_t, std::pair<std::size_t, bool>>> later;
+    for (std::size_t i = 0; i < size; ++i) {
+      SaidBySteps<bool> const edits = PairEdits(said[excluded][i]);
+      tell(excluded, i, edits[0].first, edits[0].second);
+      for (std::size_t at = 1; at < edits.size(); ++at) { later.emplace_back(i, edits[at]); }
+    }
+    for (auto const& [pair, edit] : later) { tell(excluded, pair, edit.first, edit.second); }
+  }
+  for (std::size_t step = inBoth ? Steps().Size() : 0; step-- > 0;) {  // and are said from behind, where nothing is said before
+    for (bool const excluded : {false, true}) {
+      for (std::size_t i = 0; i < said[excluded].size(); ++i) {
+        for (auto const& [at, takesPart] : said[excluded][i]) {
+          if (at == step) { tell(excluded, i, step, true); }
+          if (at == step && !takesPart) { tell(excluded, i, step, false); }
+        }
       }
     }
-    for (auto const& [pair, edit] : later) { tell(pair, edit.first, edit.second); }
-    joining.Flush();
   }
-#define DDB_ASSIGNMENT(Kind, Value, regions, values, command, ...)                             \
-  {                                                                                            \
-    auto const said = Said(*this, regions##_.Size(), &State_::values);                         \
-    Joining<kinC_AppendArguments> joining(*this, visit);                                       \
-    for (std::size_t i = 0; i < said.size(); ++i) {                                            \
-      if (said[i].empty()) { continue; }                                                       \
-      joining.Join(appendInStepCmd(), said[i][0].first, [&](kinC_AppendArguments& arguments) { \
-        arguments.pairs.Append(regions##_[i]);                                                 \
-        arguments.command.Append(said[i][0].second);                                           \
-      });                                                                                      \
-    }                                                                                          \
-    joining.Flush();                                                                           \
-    Joining<kinC_ChangeArguments> changing(*this, visit);                                      \
-    for (std::size_t step = 0; step < Steps().Size(); ++step) {                                \
-      for (std::size_t i = 0; i < said.size(); ++i) {                                          \
-        for (std::size_t at = 1; at < said[i].size(); ++at) {                                  \
-          if (said[i][at].first != step) { continue; }                                         \
-          changing.Join(changeValuesInStepCmd(), step, [&](kinC_ChangeArguments& arguments) {  \
-            arguments.indices.Append(static_cast<int>(i));                                     \
-            arguments.command.Append(said[i][at].second);                                      \
-          });                                                                                  \
-        }                                                                                      \
-      }                                                                                        \
-    }                                                                                          \
-    changing.Flush();                                                                          \
+  joining.Flush();
+}
+
+void kinC_ContactExp::ForEachTypeEdit(EditVisitor const& visit) const {
+  TellPairs(visit);
+#define DDB_ASSIGNMENT(Kind, Value, regions, values, command, ...)                            \
+  {                                                                                           \
+    auto const said = Said(*this, regions##_.Size(), &State_::values);                        \
+    Joining<kinC_AppendArguments> joining(*this, visit);                                      \
+    for (std::size_t i = 0; i < said.size(); ++i) {                                           \
+      std::size_t const step = said[i].empty() ? kGone : said[i][0].first;                    \
+      joining.Join(appendInStepCmd(), step, [&](kinC_AppendArguments& arguments) {            \
+        arguments.pairs.Append(regions##_[i]);                                                \
+        arguments.command.Append(said[i].empty() ? Value() : said[i][0].second);              \
+      });                                                                                     \
+    }                                                                                         \
+    joining.Flush();                                                                          \
+    Joining<kinC_ChangeArguments> changing(*this, visit);                                     \
+    for (std::size_t step = 0; step < Steps().Size(); ++step) {                               \
+      for (std::size_t i = 0; i < said.size(); ++i) {                                         \
+        for (std::size_t at = 1; at < said[i].size(); ++at) {                                 \
+          if (said[i][at].first != step) { continue; }                                        \
+          changing.Join(changeValuesInStepCmd(), step, [&](kinC_ChangeArguments& arguments) { \
+            arguments.indices.Append(static_cast<int>(i));                                    \
+            arguments.command.Append(said[i][at].second);                                     \
+          });                                                                                 \
+        }                                                                                     \
+      }                                                                                       \
+    }                                                                                         \
+    changing.Flush();                                                                         \
   }
 #include "module/kin/kinC_Assignments.def"
 }

@@ -166,7 +166,7 @@ public:
   virtual std::string_view StatusFormat() const { return {}; }
 
   /// Calls \p visit with edits that the type knows beside its family's operations (kprC_TypeEdit), which make of an attribute whose other
-  /// records are there what it keeps beside its members; \p step is empty for an edit of no step.
+  /// records are there what it keeps beside its members; \p step is empty for an edit of no step, and of one that has gone since.
   using EditVisitor = std::function<void(std::string_view command, cow_String const& step, cls_Object const& arguments)>;
   virtual void ForEachTypeEdit(EditVisitor const& /*visit*/) const {}
 
