@@ -100,7 +100,7 @@ int Help(CLI::App const& program, HelpOptions const& options) {
     return kDone;
   }
   if (options.name.empty()) {
-    std::cout << program.get_formatter()->make_help(&program, "",
+    std::cout << program.get_formatter()->make_help(&program, program.get_name(),
                                                     CLI::AppFormatMode::Normal);  // help() is of what was parsed: this subcommand
     return kDone;
   }

@@ -52,6 +52,7 @@ printf '[%s]' "${COMPREPLY[@]}")");
 TEST_F(Help, SaysTheSameByTopicByFlagAndOnAManualPage) {
   ASSERT_EQ(Shell("mkdir man && \"$G\" help --man man"), 0);
   std::string const all = Gattr({"help"}).out;
+  EXPECT_EQ(all, Gattr({"--help"}).out);
   std::size_t pages = 0;
   for (auto const& entry : std::filesystem::directory_iterator(Path("man"))) {
     ++pages;
