@@ -31,6 +31,7 @@ public:
 using Action = std::function<int()>;
 
 void AddReplay(CLI::App& program, Action& action);
+void AddReport(CLI::App& program, Action& action);
 void AddDo(CLI::App& program, Action& action);
 void AddJournal(CLI::App& program, Action& action);
 void AddHistory(CLI::App& program, Action& action);

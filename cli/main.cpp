@@ -93,6 +93,7 @@ int RunProgram(int argc, char** argv) {
   AddJournal(program, action);
   AddHistory(program, action);
   AddCheck(program, action);
+  AddReport(program, action);
   AddSteps(program, action);
   AddShell(program, action);
   AddSchema(program, action);

@@ -222,12 +222,12 @@ std::string_view CsvWord(mdl_PropagationStatusEnm status) {
   return status == mdl_PropagationStatusEnm::NotYetCreated ? WordOf(status).meaning : WordOf(status).word;
 }
 
+}  // namespace
+
 std::string_view CssClass(Style style) {
   constexpr std::string_view kNames[] = {"", "strong", "faint", "new", "kept", "changed", "off", "held"};
   return kNames[static_cast<std::size_t>(style)];
 }
-
-}  // namespace
 
 Style StyleOf(mdl_PropagationStatusEnm status) { return kStyles[static_cast<std::size_t>(status) % kStatusCount]; }
 

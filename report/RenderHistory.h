@@ -9,6 +9,8 @@ namespace gattr {
 
 /// How a status is shown.
 Style StyleOf(mdl_PropagationStatusEnm status);
+/// What a page calls that style.
+std::string_view CssClass(Style style);
 
 /// How a table is laid out for a terminal.
 struct TextLayout {
