@@ -10,6 +10,7 @@
 #include "command/Check.h"
 #include "command/Command.h"
 #include "command/Members.h"
+#include "command/Origins.h"
 #include "command/Words.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "report/PageText.inc"
@@ -126,8 +127,8 @@ public:
     ForEachRepository(model_, [&](auto const&, kprC_StepAwareRepository const& family) {
       std::size_t const kind = KindOf(family);
       family.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
-        out_ << std::exchange(separator, ",\n") << '[' << TextOf(name.View()) << ',' << TypeOf(family, kind, item) << ','
-             << (item.IsSuppressed() ? 1 : 0) << ",\"" << Runs(item) << "\"," << Fixed(family, item) << ',' << Events(item) << ']';
+        out_ << std::exchange(separator, ",\n") << '[' << TextOf(name.View()) << ',' << TypeOf(kind, item) << ','
+             << (item.IsSuppressed() ? 1 : 0) << ",\"" << Runs(item) << "\"," << Fixed(item) << ',' << Events(family, item) << ']';
         tick();
       });
     });
@@ -159,22 +160,8 @@ private:
                   TextOf(family.ItemCmd()) + "]");
   }
 
-  /// Of an attribute of a known type: its number, and a new one of it.
-  struct Type {
-    std::size_t number;
-    std::unique_ptr<kprC_StepDependent> fresh;
-    std::vector<MemberArgument> members;
-  };
-  Type const& TypeEntry(kprC_StepAwareRepository const& family, std::size_t kind, kprC_StepDependent const& item) {
-    auto const [place, isNew] = known_.try_emplace(item.DynTypeId());
-    if (isNew) {
-      std::string const command = item.ConstructionName();
-      place->second = {types_("[" + TextOf(command) + "," + std::to_string(kind) + "]"), family.Construct(command), MemberArguments(item)};
-    }
-    return place->second;
-  }
-  std::size_t TypeOf(kprC_StepAwareRepository const& family, std::size_t kind, kprC_StepDependent const& item) {
-    return TypeEntry(family, kind, item).number;
+  std::size_t TypeOf(std::size_t kind, kprC_StepDependent const& item) {
+    return types_("[" + TextOf(item.ConstructionName()) + "," + std::to_string(kind) + "]");
   }
 
   /// A letter for each run of steps with one status, "a" for the first status, and how many they are where that is not one.
@@ -205,68 +192,42 @@ private:
   std::size_t Say(std::string pairs) { return says_("[" + std::move(pairs) + "]"); }
 
   /// What is the same in all steps, where it is not what a new attribute of the type has.
-  std::size_t Fixed(kprC_StepAwareRepository const& family, kprC_StepDependent const& item) {
-    Type const& type = TypeEntry(family, 0, item);
+  std::size_t Fixed(kprC_StepDependent const& item) {
     std::string pairs;
-    for (cls_MemberRow const& row : item.MemberRows()) {
-      if (row.again || !row.text.settable || FindArgument(type.members, ArgumentName(row)) == nullptr) { continue; }
-      void const *const member = row.In(static_cast<void const*>(&item)), *const preset =
-                                                                              row.In(static_cast<void const*>(type.fresh.get()));
-      if (row.ops->equal(member, preset)) { continue; }
-      AppendNumber(pairs, static_cast<long long>(MemberOf(row)));
-      AppendNumber(pairs, Value(row.ToValue(&item)));
+    for (Origin const& origin : OwnMembers(item)) {
+      if (origin.standing != Standing::Set) { continue; }
+      AppendNumber(pairs, static_cast<long long>(MemberOf(*origin.row)));
+      AppendNumber(pairs, Value(origin.Value()));
     }
     return Say(std::move(pairs));
   }
 
-  /// What is in force of a member, and the step that said it.
-  struct InForce {
-    long long value = kNoValue;
-    std::size_t origin = 0;
-    friend bool operator==(InForce const&, InForce const&) = default;
-  };
   /// [step, says, ...]: from that step on the members have those values, which the step says. Where another step said them, as after a
   /// step whose change was for it alone, the number is -1 less, and that step follows.
-  std::string Events(kprC_StepDependent const& item) {
-    std::vector<InForce> now;
-    std::vector<std::vector<std::pair<std::size_t, long long>>> said;  // by member: what steps have set that later ones may carry
+  std::string Events(kprC_StepAwareRepository const& family, kprC_StepDependent const& item) {
     std::string events = "[";
-    item.ForEachRun([&](std::size_t begin, std::size_t, mdl_PropagationStatusEnm, cls_Object const* state) {
-      if (state == nullptr) { return; }
-      auto const rows = state->MemberRows();
-      now.resize(std::max(now.size(), rows.size()));
-      said.resize(now.size());
-      std::map<std::size_t, std::string> news;  // by the step that said it
-      for (std::size_t i = 0; i < rows.size(); ++i) {
-        cls_MemberRow const& row = rows[i];
-        if (row.again || row.ops->isModified == nullptr) { continue; }
-        void const* const member = row.In(static_cast<void const*>(state));
-        InForce then;
-        if (row.ops->isModified(member)) {
-          then = {row.ops->isConditionModified(member) ? kFreed : Value(row.ToValue(state)), begin};
-          said[i].emplace_back(begin, then.value);
-        } else {
-          cls_Value const value = row.ToValue(state);
-          auto const* const text = value.As<std::string>();
-          if (text == nullptr || *text != "UNSET") {
-            then.value = Value(value);
-            auto const by = std::find_if(said[i].rbegin(), said[i].rend(), [&](auto const& one) { return one.second == then.value; });
-            then.origin = by == said[i].rend() ? begin : by->first;
-          } else if (now[i].value < 0) {
-            then = now[i];  // still freed
-          }
-        }
-        if (then == now[i]) { continue; }
-        now[i] = then;
-        std::string& pairs = news[then.origin];
-        AppendNumber(pairs, static_cast<long long>(MemberOf(row)));
-        AppendNumber(pairs, then.value);
+    std::vector<std::pair<std::size_t, long long>> now;  // by the member's place, who said what
+    std::map<std::size_t, std::string> news;             // by the step that said it
+    ForEachOriginRun(family, item, [&](OriginRun const& run) {
+      news.clear();
+      now.resize(std::max(now.size(), run.members.size()), {kNoStep, kNoValue});
+      for (std::uint32_t const place : run.differing) {
+        Origin const& origin = run.members[place];
+        std::size_t const step = origin.step == kNoStep ? run.begin : origin.step;
+        std::pair const then{step, origin.standing == Standing::Set     ? Value(origin.Value())
+                                   : origin.standing == Standing::Freed ? kFreed
+                                                                        : kNoValue};
+        if (then == now[place] || (then.second == kNoValue && now[place].second == kNoValue)) { continue; }
+        now[place] = then;
+        std::string& pairs = news[step];
+        AppendNumber(pairs, static_cast<long long>(MemberOf(*origin.row)));
+        AppendNumber(pairs, then.second);
       }
-      for (auto& [origin, pairs] : news) {
+      for (auto& [step, pairs] : news) {
         auto const say = static_cast<long long>(Say(std::move(pairs)));
-        AppendNumber(events, static_cast<long long>(begin));
-        AppendNumber(events, origin == begin ? say : -1 - say);
-        if (origin != begin) { AppendNumber(events, static_cast<long long>(origin)); }
+        AppendNumber(events, static_cast<long long>(run.begin));
+        AppendNumber(events, step == run.begin ? say : -1 - say);
+        if (step != run.begin) { AppendNumber(events, static_cast<long long>(step)); }
       }
     });
     return events += ']';
@@ -276,7 +237,6 @@ private:
   ddr_Model const& model_;
   kprC_StepContainer const& steps_;
   Numbered kinds_, types_, members_, values_, says_;
-  std::map<unsigned, Type> known_;
 };
 
 // ---- what is there without a script, too
@@ -291,8 +251,8 @@ void WriteParameters(std::ostream& out, kprC_Step const& step) {
     bool const isOwn =
         fresh != nullptr && !row.ops->equal(row.In(static_cast<void const*>(&step)), row.In(static_cast<void const*>(fresh.get())));
     std::string& to = isOwn ? own : others;
-    to += "<span title=\"" + HtmlText(row.text.meaning) + "\"><i>" + HtmlText(ArgumentName(row)) + "</i> " +
-          HtmlText(ValueText(row.ToValue(&step))) + "</span> ";
+    to += (isOwn ? "<span title=\"" + HtmlText(row.text.meaning) + "\"><i>" : std::string("<span><i>")) + HtmlText(ArgumentName(row)) +
+          "</i> " + HtmlText(ValueText(row.ToValue(&step))) + "</span> ";
   }
   out << own;
   if (!others.empty()) { out << "<details><summary>as a new step has them</summary>" << others << "</details>"; }
@@ -325,13 +285,11 @@ void WriteFindings(std::ostream& out, std::vector<Finding> const& findings) {
     FindingRow const& row = finding.Row();
     std::string message = OneLine(finding.refusal.message);
     for (std::string const& more : {finding.detail, finding.hint}) { message += (more.empty() ? "" : " ") + OneLine(more); }
-    out << "<tr class=\"" << SeverityText(row.severity) << "\" data-kind=\"" << HtmlText(finding.kind) << "\" data-step=\""
-        << HtmlText(finding.step) << "\"><td title=\"" << HtmlText(row.meaning) << "\">" << row.id << "</td><td><b>"
-        << SeverityText(row.severity) << "</b></td><td>" << HtmlText(Spaced(finding.kind)) << (finding.suppressed ? " (suppressed)" : "")
-        << "</td><th scope=\"row\">" << HtmlText(finding.name) << "</th><td>" << HtmlText(finding.step) << "</td><td>"
-        << HtmlText(finding.member) << "</td><td>" << HtmlText(message) << "</td><td>";
+    out << "<tr class=" << SeverityText(row.severity) << "><td>" << row.id << "<td><b>" << SeverityText(row.severity) << "</b><td>"
+        << HtmlText(Spaced(finding.kind)) << (finding.suppressed ? " (suppressed)" : "") << "<th>" << HtmlText(finding.name) << "<td>"
+        << HtmlText(finding.step) << "<td>" << HtmlText(finding.member) << "<td>" << HtmlText(message) << "<td>";
     if (finding.refusal.code >= 0) { out << HtmlText(finding.refusal.module) << ' ' << finding.refusal.code; }
-    out << "</td></tr>\n";
+    out << '\n';
   }
   out << "</tbody></table></section>\n";
 }

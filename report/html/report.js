@@ -230,7 +230,7 @@
     return { select, label: make("label", {}, label, select) };
   }
   const bar = make("div", { id: "filters", role: "search", "aria-label": "Filters" });
-  const search = make("input", { type: "search", placeholder: "name, or pattern with * and ?", "aria-label": "name", id: "name-filter" });
+  const search = make("input", { type: "search", placeholder: "name, * and ? as wildcards", "aria-label": "name", id: "name-filter" });
   search.addEventListener("input", () => {
     filter.text = search.value;
     applyFilters();
@@ -258,7 +258,7 @@
   const count = make("span", { id: "count", role: "status", "aria-live": "polite" });
   bar.append(search, kindChoice.label, typeChoice.label, fromChoice.label, toChoice.label);
   bar.append(make("label", { for: "changes", title: "only steps and attributes in which something is said" }, changes, "changes only"));
-  bar.append(layout.label, count);
+  bar.append(layout.label);
 
   const legend = make("div", { id: "legend", role: "group", "aria-label": "Statuses: what the signs mean, and a filter" });
   for (const status of [...used].sort((a, b) => a - b)) {
@@ -272,6 +272,7 @@
     });
     legend.append(button);
   }
+  legend.append(count);
 
   // ---- the table
 
@@ -343,13 +344,15 @@
 
   /** Draws what has come into sight and gives away what has gone. */
   function update() {
-    const height = grid.clientHeight - headHeight;
+    // all that is asked of the layout comes before all that changes it
+    const { clientHeight, clientWidth, scrollTop, scrollLeft } = grid;
+    const height = clientHeight - headHeight;
     const scale = rowHeight === ROW ? 1 : (rows.length * ROW - height) / Math.max(1, rows.length * rowHeight - height);
-    const scrolled = grid.scrollTop * scale;
+    const scrolled = scrollTop * scale;
     const top = Math.max(0, Math.floor(scrolled / ROW) - SPARE_ROWS);
     const bottom = Math.min(rows.length, Math.ceil((scrolled + height) / ROW) + SPARE_ROWS);
-    const seenLeft = Math.floor(grid.scrollLeft / columnWidth);
-    const seenRight = Math.ceil((grid.scrollLeft + grid.clientWidth - leftWidth) / columnWidth);
+    const seenLeft = Math.floor(scrollLeft / columnWidth);
+    const seenRight = Math.ceil((scrollLeft + clientWidth - leftWidth) / columnWidth);
     if (seenLeft < window_.left || seenRight > window_.right || window_.right === 0) {
       window_.left = Math.max(0, seenLeft - SPARE_COLUMNS);
       window_.right = Math.min(columns.length, Math.max(seenRight, seenLeft) + SPARE_COLUMNS);
@@ -370,7 +373,7 @@
         }
         drawn.set(place, row);
       }
-      fillRow(row, place, grid.scrollTop - scrolled);
+      fillRow(row, place, scrollTop - scrolled);
     }
     for (const row of free) row.element.remove();
     fillHead();
@@ -638,7 +641,7 @@
     const { word, meaning, style } = words[status];
     const run = runAt(attribute, step);
     const begin = run === 0 ? 0 : attribute.ends[run - 1];
-    const line = make("p", {}, make("span", { class: `badge ${style}` }, word), " ", meaning);
+    const line = make("p", {}, make("span", { class: `badge ${style}` }, word), word === meaning ? "" : ` ${meaning}`);
     if (begin < step && !isActive(attribute, status) && status !== 0) line.append(" (", stepLink(begin), ")");
     const parts = [make("h3", {}, `${step} ${steps[step].name}, ${steps[step].procedure}`), line];
     const values = valuesAt(attribute, step);
@@ -660,12 +663,13 @@
   function findingParts(attribute) {
     const own = findingRows.filter((row) => Number(row.dataset.index) === attribute.index);
     if (own.length === 0) return [];
-    const body = make("tbody");
-    for (const row of own) {
-      const [id, severity, , , , what, code] = [...row.cells].filter((_, i) => i !== 3).map((cell) => cell.textContent);
-      body.append(make("tr", { class: row.className }, make("td", {}, id), make("td", {}, make("b", {}, severity)), make("td", {}, code ? `${what} [${code}]` : what)));
-    }
-    return [make("h3", {}, "Findings"), make("table", {}, body)];
+    const parts = own.map((row) => {
+      const [id, severity, , , step, member, what, code] = [...row.cells].map((cell) => cell.textContent);
+      const where = [step && `in ${step}`, member].filter(Boolean).join(", ");
+      const about = `${id} ${where ? `${where}: ` : ""}${what}${code ? ` [${code}]` : ""}`;
+      return make("p", { class: row.className }, make("b", {}, severity), ` ${about}`);
+    });
+    return [make("h3", {}, "Findings"), ...parts];
   }
 
   // ---- values over steps
@@ -764,9 +768,10 @@
   // ---- findings lead to their attribute
 
   const byName = new Map();
-  for (const attribute of attributes) byName.set(`${attribute.kind.name} ${attribute.name}`, attribute.index);
+  for (const attribute of attributes) byName.set(`${attribute.kind.label} ${attribute.name}`, attribute.index);
   for (const row of findingRows) {
-    const index = byName.get(`${row.dataset.kind} ${row.querySelector("th").textContent}`);
+    const [, , kind, name, step] = [...row.cells].map((cell) => cell.textContent);
+    const index = byName.get(`${kind.replace(" (suppressed)", "")} ${name}`);
     if (index === undefined) continue;
     row.dataset.index = String(index);
     row.tabIndex = 0;
@@ -776,7 +781,7 @@
       show(histories);
       opened = true;
       panel.hidden = false;
-      moveTo(index, steps.findIndex((step) => step.name === row.dataset.step));
+      moveTo(index, steps.findIndex((known) => known.name === step));
       grid.focus();
     };
     row.addEventListener("click", go);
@@ -788,7 +793,7 @@
   function clearFilters() {
     Object.assign(filter, { text: "", kind: "", type: "", from: 0, to: steps.length - 1, changes: false });
     filter.statuses.clear();
-    for (const button of legend.children) button.setAttribute("aria-pressed", "false");
+    for (const button of legend.querySelectorAll("button")) button.setAttribute("aria-pressed", "false");
     for (const { select } of [kindChoice, typeChoice]) select.value = "";
     search.value = "";
     fromChoice.select.value = "0";
