@@ -8,7 +8,7 @@ FUZZ ?= 60
 BUILD := build/release
 
 .DEFAULT_GOAL := help
-.PHONY: help setup build program libraries python wheel test asan edits attack demo bench pages docs format format-check lint abi abi-baseline install clean
+.PHONY: help setup build program libraries python wheel test browser asan edits attack demo bench pages docs format format-check lint abi abi-baseline install clean
 
 help: ## this list
 	@awk -F ':.*## ' '/^[a-z-]+:.*## / {printf "make %-13s %s\n", $$1, $$2}' $(MAKEFILE_LIST)
@@ -39,6 +39,10 @@ wheel: python ## the module with its libraries as a wheel, in build/release/whee
 
 test: build ## build and run all tests
 	@ctest --preset release -j $(JOBS)
+
+browser: program ## what `gattr report` writes, in a headless browser
+	@cmake/setup.sh browser
+	@GATTR_PROGRAM=$(CURDIR)/$(BUILD)/bin/gattr /usr/bin/python3 -B tests/browser/test_report.py
 
 asan: setup ## the same but for the Python module under the address and undefined-behaviour sanitizers
 	@cmake/setup.sh python

@@ -1,6 +1,5 @@
 #include <fmt/core.h>
 #include <spawn.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,8 +19,6 @@
 #include "report/Display.h"
 #include "report/HtmlReport.h"
 #include "store/ModelPath.h"
-#include "store/ReplacingFile.h"
-#include "store/StoreError.h"
 #include "text/Text.h"
 
 namespace gattr::cli {
@@ -58,11 +55,7 @@ void WriteReport(ddr_Model const& model, std::string const& path) {
     line.Show(done, total == 0 ? -1.0 : static_cast<double>(done) / static_cast<double>(total));
     return true;
   };
-  try {
-    ReplacingFile file(path);
-    WriteHtmlReport(file.Stream(), model, progress);
-    file.Commit();
-  } catch (StoreError const& error) { throw BadInput(path + ": " + error.what()); }
+  WriteHtmlReportFile(model, path, progress);
 }
 
 int Report(ReportOptions const& options) {

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the build and its tests need, with "python" those of the Python module and its tests, with "checks"
-# those of format, lint, documentation and the second compiler, with "fuzz" the fuzz targets' runtime, with "abi" what reads the layout of
-# types. Silent where nothing is missing.
+# those of format, lint, documentation and the second compiler, with "browser" what reports are tried in, with "fuzz" the fuzz targets'
+# runtime, with "abi" what reads the layout of types. Silent where nothing is missing.
 set -eu
 case "${1:-build}" in
   build) packages=(g++ cmake ninja-build pkg-config git ccache
@@ -9,9 +9,10 @@ case "${1:-build}" in
     libsqlite3-dev nlohmann-json3-dev libcli11-dev libfmt-dev libedit-dev) ;;
   python) packages=(python3 python3-dev python3-venv pybind11-dev mypy python3-numpy python3-pandas python3-jsonschema) ;;
   checks) packages=(clang clang-format clang-tidy doxygen) ;;
+  browser) packages=(python3 chromium fonts-dejavu-core) ;;
   fuzz) packages=(clang libclang-rt-dev) ;;
   abi) packages=(abigail-tools) ;;
-  *) echo "setup: build, python, checks, fuzz or abi, not $1" >&2; exit 2 ;;
+  *) echo "setup: build, python, checks, browser, fuzz or abi, not $1" >&2; exit 2 ;;
 esac
 
 if ! command -v dpkg-query >/dev/null; then

@@ -13,6 +13,7 @@
 #include "python/Model.h"
 #include "python/Values.h"
 #include "python/Watch.h"
+#include "report/HtmlReport.h"
 #include "report/RenderHistory.h"
 #include "store/StoreError.h"
 
@@ -89,6 +90,13 @@ py::list Findings(Model& model, py::handle progress) {
                                    Text(finding.refusal.message), Text(finding.detail), Text(finding.hint), finding.suppressed));
   }
   return findings;
+}
+
+void Report(Model& model, std::string const& path, py::handle progress) {
+  Model::Use const use(model, true);
+  Watch watch(progress);
+  watch.Run([&](Progress const& told) { WriteHtmlReportFile(model.Data(), path, told); });
+  watch.Raise();
 }
 
 py::list StatusTexts() {
@@ -199,6 +207,7 @@ void BindModel(py::module_& m) {
              return History(self.Data());
            })
       .def("_check", &Findings)
+      .def("_report", &Report)
       .def("_begin", &Model::Begin)
       .def("_commit", &Model::Commit)
       .def("_rollback", &Model::Rollback)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
 #include "framework/ddr_Model.h"
 #include "text/Progress.h"
@@ -14,6 +15,9 @@ namespace gattr {
 /// is carried the page works out. Linear in the records; the text of the histories is a sign for each attribute and step. \p progress
 /// counts attributes, twice each; where it does not want to go on, Cancelled is raised.
 void WriteHtmlReport(std::ostream& out, ddr_Model const& model, Progress const& progress = {});
+
+/// The same into a file, which is written whole or stays as it was. Raises a StoreError with its name.
+void WriteHtmlReportFile(ddr_Model const& model, std::string const& path, Progress const& progress = {});
 
 /// How every such page begins.
 extern char const kHtmlReportMark[];

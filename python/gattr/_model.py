@@ -236,6 +236,10 @@ class Model(_gattr.Model):
         """Everything that stands in the way of solving the model."""
         return [Finding(*told) for told in self._check(progress)]
 
+    def report(self, path, *, progress=None):
+        """Writes the model as a page for a browser: histories, values, plots, steps, findings."""
+        self._report(_path(path), progress)
+
     @contextlib.contextmanager
     def transaction(self):
         """What the block does is one edit, to be undone as one; where it raises, nothing of it is done."""

@@ -1,12 +1,13 @@
 "use strict";
 // The live part of a report: the table of histories, of which only what is seen is in the document, its filters, and the panel of an
 // opened cell. Everything is made of nodes and texts, never of markup: names in a model may hold any.
-(() => {
+document.documentElement.classList.add("scripted"); // what only readers without script see need not be laid out
+document.addEventListener("DOMContentLoaded", () => {
   /** How high a row is; the style says the same. */
   const ROW = 26;
   /** Rows and columns that are kept beyond what is seen. */
-  const SPARE_ROWS = 8;
-  const SPARE_COLUMNS = 6;
+  const SPARE_ROWS = 4;
+  const SPARE_COLUMNS = 4;
   /** A browser's limit to the height of an element, well within. */
   const MOST_HEIGHT = 8_000_000;
   const FREED = -1;
@@ -86,7 +87,7 @@
   }
   const statusAt = (attribute, step) => attribute.statuses[runAt(attribute, step)];
   const saysIn = (attribute, status) => ((attribute.kind.own >> status) & 1) === 1;
-  const isActive = (attribute, status) => ((attribute.kind.active >> status) & 1) === 1;
+  const isActive = (attribute, status) => !attribute.suppressed && ((attribute.kind.active >> status) & 1) === 1;
 
   /** Calls visit(begin, member, value, origin) for what changes of an attribute's members, in the order of steps. */
   function forEachEvent(attribute, visit) {
@@ -230,7 +231,7 @@
     return { select, label: make("label", {}, label, select) };
   }
   const bar = make("div", { id: "filters", role: "search", "aria-label": "Filters" });
-  const search = make("input", { type: "search", placeholder: "name, * and ? as wildcards", "aria-label": "name", id: "name-filter" });
+  const search = make("input", { type: "search", placeholder: "name or pattern", title: "part of a name, or a pattern with * and ?", "aria-label": "name", id: "name-filter" });
   search.addEventListener("input", () => {
     filter.text = search.value;
     applyFilters();
@@ -624,13 +625,16 @@
     }
     panel.append(make("h3", {}, "History"));
     const body = make("tbody");
-    attribute.ends.forEach((end, run) => {
-      const begin = run === 0 ? 0 : attribute.ends[run - 1];
-      const { word, meaning, style } = words[attribute.statuses[run]];
-      const badge = make("span", { class: `badge ${style}`, title: meaning }, word);
-      const where = stepLink(begin);
-      where.textContent = runText(begin, end);
-      body.append(make("tr", step >= begin && step < end ? { class: "own" } : {}, make("td", {}, badge), make("td", {}, where)));
+    attribute.ends.forEach((runEnd, run) => {
+      const status = attribute.statuses[run];
+      const { word, meaning, style } = words[status];
+      for (let begin = run === 0 ? 0 : attribute.ends[run - 1], end; begin < runEnd; begin = end) {
+        end = saysIn(attribute, status) ? begin + 1 : runEnd; // what steps say stands by itself
+        const where = stepLink(begin);
+        where.textContent = runText(begin, end);
+        const badge = make("span", { class: `badge ${style}`, title: meaning }, word);
+        body.append(make("tr", step >= begin && step < end ? { class: "own" } : {}, make("td", {}, badge), make("td", {}, where)));
+      }
     });
     panel.append(make("table", {}, body));
     panel.append(...findingParts(attribute));
@@ -677,24 +681,30 @@
   /** The members whose plots are wanted; null: the first few. */
   let plotted = null;
 
-  /** By member the pieces [begin, end, value] with a number. */
-  function piecesOf(attribute) {
+  /** By amplitude its lines, one for each step. */
+  const curves = new Map(data.curves.map(([name, lines]) => [name, lines]));
+
+  /** By member the pieces with a number: begin, end, value, whether it is said there. */
+  function piecesOf(attribute, wants) {
     const pieces = new Map();
-    const openPieces = new Map();
-    const end = (member, step) => {
-      const piece = openPieces.get(member);
-      if (piece) piece.end = step;
-      openPieces.delete(member);
-    };
+    const open = new Map();
     forEachEvent(attribute, (begin, member, value, origin) => {
-      end(member, begin);
-      if (value < 0 || typeof data.values[value] !== "number") return;
+      if (open.has(member)) open.get(member).end = begin;
+      open.delete(member);
+      if (value < 0 || !wants(member, data.values[value])) return;
       const piece = { begin, end: steps.length, value: data.values[value], own: origin === begin };
       if (!pieces.has(member)) pieces.set(member, []);
       pieces.get(member).push(piece);
-      openPieces.set(member, piece);
+      open.set(member, piece);
     });
     return pieces;
+  }
+
+  /** The points [step and part of it, value, ...] of a value in a step, where its amplitude has a curve; else null. */
+  function curveIn(amplitudes, step, value) {
+    const name = amplitudes.find((piece) => piece.begin <= step && step < piece.end)?.value;
+    const line = curves.get(name)?.[step] ?? -1;
+    return line < 0 ? null : data.lines[line].map((number, i) => (i % 2 === 0 ? step + number : value * number));
   }
 
   /** About so many round numbers from low to high. */
@@ -709,12 +719,13 @@
   const short = (number) => String(Number(number.toPrecision(6)));
 
   function plotParts(attribute, step) {
-    const pieces = piecesOf(attribute);
+    const pieces = piecesOf(attribute, (_, value) => typeof value === "number");
     const members = [...pieces.keys()];
     if (members.length === 0) return [];
     const names = members.map((member) => data.members[member][0]);
-    const wanted = names.filter((name) => plotted === null || plotted.has(name));
-    const chosen = new Set(wanted.length > 0 ? wanted : names.slice(0, 6));
+    const wanted = names.filter((name) => plotted !== null && plotted.has(name));
+    const telling = names.filter((_, i) => pieces.get(members[i]).some((piece) => piece.value !== 0));
+    const chosen = new Set(wanted.length > 0 ? wanted : (telling.length > 0 ? telling : names).slice(0, 6));
     const choices = make("div", { class: "choices", role: "group", "aria-label": "Members in the plot" });
     names.forEach((name, i) => {
       const isChosen = chosen.has(name);
@@ -731,12 +742,41 @@
 
   function plot(attribute, pieces, members, chosen, step) {
     const box = { left: 52, right: 392, top: 8, bottom: 152 };
-    const shownPieces = members.flatMap((member, i) => (chosen.has(data.members[member][0]) ? pieces.get(member).map((piece) => ({ ...piece, member, color: i % 6 })) : []));
-    let low = Math.min(0, ...shownPieces.map((piece) => piece.value));
-    let high = Math.max(0, ...shownPieces.map((piece) => piece.value));
+    const amplitudes = [...piecesOf(attribute, (member) => data.members[member][3] === 1).values()].flat();
+    /** A part of a piece in which one status holds, and its points. */
+    const parts = [];
+    let low = 0;
+    let high = 0;
+    members.forEach((member, i) => {
+      if (!chosen.has(data.members[member][0])) return;
+      for (const piece of pieces.get(member)) {
+        for (let begin = piece.begin; begin < piece.end; ) {
+          const run = runAt(attribute, begin);
+          const end = Math.min(attribute.ends[run], piece.end);
+          const idle = !isActive(attribute, attribute.statuses[run]);
+          const points = [];
+          let curved = false;
+          for (let at = begin; at < end; ++at) {
+            const curve = idle ? null : curveIn(amplitudes, at, piece.value);
+            if (curve) points.push(...curve);
+            else points.push(at, piece.value, at + 1, piece.value);
+            curved ||= curve !== null;
+          }
+          for (let k = 1; k < points.length; k += 2) {
+            low = Math.min(low, points[k]);
+            high = Math.max(high, points[k]);
+          }
+          parts.push({ member, color: i % 6, begin, end, value: piece.value, own: piece.own && begin === piece.begin, idle, curved, points });
+          begin = end;
+        }
+      }
+    });
     if (low === high) high = low + 1;
-    const x = (at) => box.left + ((box.right - box.left) * at) / steps.length;
-    const y = (value) => box.bottom - ((box.bottom - box.top) * (value - low)) / (high - low);
+    const margin = (high - low) * 0.06;
+    if (low < 0) low -= margin;
+    if (high > 0) high += margin;
+    const x = (at) => Math.round((box.left + ((box.right - box.left) * at) / steps.length) * 100) / 100;
+    const y = (value) => Math.round((box.bottom - ((box.bottom - box.top) * (value - low)) / (high - low)) * 100) / 100;
     const svg = draw("svg", { viewBox: "0 0 400 180", role: "img", "aria-label": `${[...chosen].join(", ")} of ${attribute.name} over the steps` });
     for (const tick of ticks(low, high, 4)) {
       svg.append(draw("line", { class: "axis", x1: box.left, x2: box.right, y1: y(tick), y2: y(tick) }));
@@ -749,18 +789,16 @@
       svg.append(draw("text", { x: x(i) + 1, y: box.bottom + 15 }, name.length > 11 ? `${name.slice(0, 10)}…` : name));
     }
     if (step >= 0) svg.append(draw("line", { class: "now", x1: x(step + 0.5), x2: x(step + 0.5), y1: box.top, y2: box.bottom }));
-    for (const piece of shownPieces) {
-      // in force in some of its steps: those are drawn through
-      for (let begin = piece.begin; begin < piece.end; ) {
-        const run = runAt(attribute, begin);
-        const end = Math.min(attribute.ends[run], piece.end);
-        const idle = isActive(attribute, attribute.statuses[run]) ? "" : " idle";
-        const line = draw("path", { class: `line p${piece.color}${idle}`, d: `M${x(begin)} ${y(piece.value)}H${x(end)}` });
-        line.append(draw("title", {}, `${data.members[piece.member][0]} ${piece.value} in ${runText(begin, end)}`));
-        svg.append(line);
-        begin = end;
-      }
-      if (piece.own) svg.append(draw("circle", { class: `p${piece.color}`, cx: x(piece.begin), cy: y(piece.value), r: 3 }));
+    for (const part of parts) {
+      let path = "";
+      for (let k = 0; k < part.points.length; k += 2) path += `${k === 0 ? "M" : "L"}${x(part.points[k])} ${y(part.points[k + 1])}`;
+      const line = draw("path", { class: `line p${part.color}${part.idle ? " idle" : ""}`, d: path });
+      const text = `${data.members[part.member][0]} ${part.value}${part.curved ? " by its amplitude" : ""} in ${runText(part.begin, part.end)}`;
+      line.append(draw("title", {}, text));
+      svg.append(line);
+    }
+    for (const part of parts) {
+      if (part.own) svg.append(draw("circle", { class: `p${part.color}`, cx: x(part.begin), cy: y(part.points[1]), r: 3 }));
     }
     return svg;
   }
@@ -823,4 +861,5 @@
   show(histories);
   applyFilters();
   grid.focus({ preventScroll: true });
-})();
+  performance.mark("drawn");
+});

@@ -77,6 +77,7 @@ def tearDownModule():
 SEEN = """[...document.querySelectorAll('#sizer > .row:not(.head)')]
   .sort((a, b) => a.getAttribute('aria-rowindex') - b.getAttribute('aria-rowindex'))
   .map(row => [row.querySelector('.name').textContent, ...[...row.querySelectorAll('.cell')].map(cell => cell.getAttribute('aria-label'))])"""
+TITLES = "[...document.querySelectorAll('#panel svg path title')].map(title => title.textContent)"
 COUNT = "document.getElementById('count').textContent"
 PANEL = "document.getElementById('panel').hidden ? null : document.getElementById('panel').innerText"
 VALUES = """Object.fromEntries([...document.querySelectorAll('#cell-values tbody tr')].map(
@@ -171,11 +172,34 @@ class Report(unittest.TestCase):
             page.press("ArrowRight")
         self.assertEqual(seen[:5], [{}, press, carried, form, hold])
         self.assertIn("Not in force here", page.run(PANEL))
-        self.assertEqual(page.run("[...document.querySelectorAll('#panel svg path title')].map(t => t.textContent)"), [
-            "u1 0 in Press", "u1 0 in Modes", "u1 0 in Form", "u1 0 in Hold", "u1 0 in Off", "u2 -10 in Press", "u2 -10 in Modes", "u2 -12.5 in Form",
-            "u2 -12.5 in Hold", "u2 -12.5 in Off", "ur1 0.5 in Press", "ur1 0.5 in Modes"])
-        page.run("[...document.querySelectorAll('#panel .choices button')].find(b => b.textContent === 'u2').click()")
-        self.assertNotIn("u2", "".join(page.run("[...document.querySelectorAll('#panel svg path title')].map(t => t.textContent)")))
+        u2 = [f"u2 {value} in {step}" for value, step in
+              [("-10", "Press"), ("-10", "Modes"), ("-12.5", "Form"), ("-12.5", "Hold"), ("-12.5", "Off")]]
+        self.assertEqual(page.run(TITLES), [*u2, "ur1 0.5 in Press", "ur1 0.5 in Modes"])  # u1 is 0 throughout
+        for name in ("u1", "ur1"):
+            page.run(f"[...document.querySelectorAll('#panel .choices button')].find(b => b.textContent === '{name}').click()")
+        self.assertEqual(page.run(TITLES), [f"u1 0 in {step}" for step in model.steps[1:]] + u2)
+
+    def test_a_plot_follows_the_curve_of_the_amplitude(self):
+        model = Model("curve", [
+            {"command": "Set", "name": "S"},
+            {"command": "SmoothStepAmplitude", "name": "Smooth", "points": [[0, 0], [1, 1]]},
+            {"command": "StaticStep", "name": "Press", "initialInc": 0.1},
+            {"command": "StaticStep", "name": "Slow", "initialInc": 0.1, "timePeriod": 4.0},
+            {"command": "DisplacementBC", "name": "Punch", "createStepName": "Press", "region": "S", "u2": -10.0, "amplitude": "Smooth"},
+        ])
+        page = self.page(model)
+        page.press("Enter")
+        self.assertEqual(page.run(TITLES), ["u2 -10 by its amplitude in Press", "u2 -10 by its amplitude in Slow"])
+        axis = {text: y for text, y in page.run("[...document.querySelectorAll('#panel svg line[x2=\"392\"] + text')].map(t => [t.textContent, t.getAttribute('y') - 3])")}
+        scale = (axis["-10"] - axis["0"]) / -10
+        for part, (begin, period) in enumerate([(1, 1.0), (2, 4.0)]):
+            path = page.run(f"document.querySelectorAll('#panel svg path')[{part}].getAttribute('d')")
+            points = [tuple(map(float, point.split())) for point in path[1:].split("L")]
+            at = [((x - 52) / 340 * 3 - begin, (y - axis["0"]) / scale) for x, y in points]
+            self.assertGreater(len(at), 10)
+            for share, value in at:
+                time = min(1.0, max(0.0, share * period))
+                self.assertAlmostEqual(value, -10 * time ** 3 * (10 - 15 * time + 6 * time ** 2), delta=0.2, msg=f"at {share} of step {begin}")
 
     def test_keys_move_open_close_and_filter(self):
         page = self.page(wide)
