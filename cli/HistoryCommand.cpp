@@ -19,7 +19,7 @@ enum class Layout { Table, Compact, Ranges, Changes };
 struct HistoryOptions {
   std::string model;
   HistoryFilter filter;
-  std::vector<std::string> statuses;
+  std::vector<std::string> statuses, values;
   Layout layout = Layout::Table;
   Format format = Format::Text;
   std::string color;
@@ -71,6 +71,9 @@ int History(HistoryOptions const& options) {
   if (options.layout != Layout::Table && options.format != Format::Text) {
     throw BadInput("--compact, --ranges and --changes are layouts of the text; --format has its own");
   }
+  if (options.layout != Layout::Table && !options.values.empty()) {
+    throw BadInput("--values are for the table, not for --compact, --ranges and --changes");
+  }
   HistoryFilter filter = options.filter;
   filter.statuses = StatusesOf(options.statuses);
   filter.changes = options.layout == Layout::Changes;
@@ -78,6 +81,8 @@ int History(HistoryOptions const& options) {
   for (auto const& name : filter.attributes) { AssertKnown("attribute", name, AttributeNames(model)); }
   for (auto const& name : filter.steps) { AssertKnown("step", name, StepNames(model)); }
   for (auto const& name : filter.types) { AssertKnown("type", name, TypeNames(model)); }
+  filter.values = options.values;
+  for (auto const& name : filter.values) { AssertKnown("member", name, MemberNames(model)); }
   HistoryTable const table = HistoriesOf(model, filter);
   if (options.format == Format::Text && TerminalWidth() != 0) {
     std::ostringstream text;
@@ -106,6 +111,12 @@ void AddHistory(CLI::App& program, Action& action) {
       ->allow_extra_args(false);
   command.add_option("--status", options->statuses, "only attributes that are so in a step shown, by a word of the list below")
       ->type_name("WORD")
+      ->allow_extra_args(false);
+  command
+      .add_option("--values", options->values,
+                  "what these members are in place of the status words, of attributes that have one; * where the step itself says it")
+      ->type_name("MEMBER,...")
+      ->delimiter(',')
       ->allow_extra_args(false);
   std::vector<CLI::Option*> layouts;
   auto const addLayout = [&](char const* flag, Layout layout, char const* meaning) {

@@ -92,6 +92,9 @@ int RunProgram(int argc, char** argv) {
   AddDo(program, action);
   AddJournal(program, action);
   AddHistory(program, action);
+  AddShow(program, action);
+  AddExplain(program, action);
+  AddInForce(program, action);
   AddCheck(program, action);
   AddReport(program, action);
   AddSteps(program, action);

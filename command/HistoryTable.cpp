@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <limits>
+#include <set>
 
 #include "command/Command.h"
+#include "command/Origins.h"
 #include "command/Words.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -40,6 +42,36 @@ std::vector<HistoryTable::Change> ChangesOf(kprC_StepAwareRepository const& fami
     changes.push_back({i, state == nullptr ? "" : ValuesOf(*state)});
   }
   return changes;
+}
+
+/// Whether the attribute has any of the members in its steps.
+bool HasAny(kprC_StepDependent const& item, std::vector<std::string> const& members) {
+  std::size_t const create = item.Steps().Find(item.CreateStepName().View());
+  if (create == kprC_StepTable::npos) { return false; }
+  return std::ranges::any_of(item.StateAt(create)->MemberRows(), [&](cls_MemberRow const& row) {
+    return IsTold(row) && std::ranges::find(members, ArgumentName(row)) != members.end();
+  });
+}
+
+/// What \p members are in the steps of \p columns.
+void Hold(HistoryTable::Row& row, kprC_StepAwareRepository const& family, kprC_StepDependent const& item,
+          std::vector<std::size_t> const& columns, std::vector<std::string> const& members) {
+  row.heldAt.resize(columns.size());
+  std::size_t column = 0;
+  ForEachOriginRun(family, item, [&](OriginRun const& run) {
+    if (column == columns.size() || columns[column] >= run.end) { return; }
+    HistoryTable::Held held{std::vector<cls_Value>(members.size()), std::vector<bool>(members.size())};
+    for (Origin const& origin : run.members) {
+      auto const asked = static_cast<std::size_t>(std::ranges::find(members, origin.Member()) - members.begin());
+      if (asked == members.size() || !run.inForce) { continue; }
+      held.values[asked] = origin.Value();
+      held.own[asked] = origin.own;
+    }
+    row.held.push_back(std::move(held));
+    for (; column < columns.size() && columns[column] < run.end; ++column) {
+      row.heldAt[column] = static_cast<std::uint32_t>(row.held.size() - 1);
+    }
+  });
 }
 
 /// The statuses in all steps.
@@ -95,6 +127,7 @@ HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
   HistoryTable table;
   table.model = model.Name().View();
   table.space = model.Space();
+  table.members = filter.values;
   kprC_StepTable const& steps = kprC_Steps(model).Table();
   std::vector<std::size_t> columns;
   for (std::size_t i = 0; i < steps.Size(); ++i) {
@@ -106,6 +139,7 @@ HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
   ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
     family.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
       if (!Shows(filter.attributes, name.View()) || !Shows(filter.types, item.ConstructionName())) { return; }
+      if (!filter.values.empty() && !HasAny(item, filter.values)) { return; }
       HistoryTable::Row row{std::string(name.View()), std::string(family.ItemCmd()), item.ConstructionName(), item.IsSuppressed(), {}};
       row.statuses.resize(steps.Size());
       Fill(item, row.statuses.data());
@@ -116,6 +150,7 @@ HistoryTable HistoriesOf(ddr_Model const& model, HistoryFilter const& filter) {
       };
       if (!filter.statuses.empty() && std::ranges::none_of(row.statuses, asked)) { return; }
       if (filter.changes) { row.changes = ChangesOf(family, item, columns); }
+      if (!filter.values.empty()) { Hold(row, family, item, columns, filter.values); }
       table.rows.push_back(std::move(row));
     });
   });
@@ -136,6 +171,21 @@ std::vector<std::string> TypeNames(ddr_Model const& model) {
     for (auto const& construction : family.Constructions()) { names.emplace_back(construction.command); }
   });
   return names;
+}
+
+std::vector<std::string> MemberNames(ddr_Model const& model) {
+  std::set<std::string> names;
+  std::set<unsigned> seen;
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
+    family.ForEach([&](cow_String const&, kprC_StepDependent const& item) {
+      std::size_t const create = item.Steps().Find(item.CreateStepName().View());
+      if (create == kprC_StepTable::npos || !seen.insert(item.DynTypeId()).second) { return; }
+      for (cls_MemberRow const& row : item.StateAt(create)->MemberRows()) {
+        if (IsTold(row)) { names.emplace(ArgumentName(row)); }
+      }
+    });
+  });
+  return {names.begin(), names.end()};
 }
 
 std::vector<std::string> StepNames(ddr_Model const& model) { return Texts(kprC_Steps(model).Names()); }

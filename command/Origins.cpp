@@ -4,6 +4,8 @@
 
 #include "command/Members.h"
 #include "module/kpr/procedures/kprC_Procedures.h"
+#include "text/JsonText.h"
+#include "text/Text.h"
 
 namespace gattr {
 
@@ -12,6 +14,11 @@ namespace {
 /// How a member stands that steps do not say, beside one of a new object.
 Standing PlainStanding(cls_MemberRow const& row, cls_Object const& object, cls_Object const* fresh) {
   if (row.IsUnset(&object)) { return Standing::Unset; }
+  if (row.text.refers != cls_Reference::None) {  // an empty name names nothing
+    bool names = false;
+    cls_ForEachReference({&row, 1}, &object, [&names](cls_Reference, std::string_view, cls_Object const*) { names = true; });
+    if (!names) { return Standing::Unset; }
+  }
   void const* const member = row.In(static_cast<void const*>(&object));
   if (fresh != nullptr && row.ops->equal(member, row.In(static_cast<void const*>(fresh)))) { return Standing::Default; }
   return Standing::Set;
@@ -39,6 +46,14 @@ Standing SaidStanding(cls_MemberRow const& row, cls_Object const& state) {
 std::string_view StandingText(Standing standing) {
   constexpr std::string_view kTexts[] = {"unset", "set", "freed", "default"};
   return kTexts[static_cast<std::size_t>(standing)];
+}
+
+std::string ValueText(cls_Value const& value) {
+  if (auto const* const text = value.As<std::string>()) { return *text; }
+  auto const* const real = value.As<double>();
+  if (real == nullptr) { return JsonText(value); }
+  char digits[32];
+  return std::string(Digits(*real, digits));
 }
 
 bool IsTold(cls_MemberRow const& row) {

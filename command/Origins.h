@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -85,6 +86,9 @@ DDB_API void ForEachOriginRun(kprC_StepAwareRepository const& family, kprC_StepD
 
 /// The members of the attribute itself, which are the same in all steps: region, distribution, ...
 DDB_API std::vector<Origin> OwnMembers(kprC_StepDependent const& item);
+
+/// A value as a person reads it: -10, Smooth, ["S","U"].
+DDB_API std::string ValueText(cls_Value const& value);
 
 /// Whether a member tells something of what an attribute is, and not of how it is kept; each is told under one name.
 DDB_API bool IsTold(cls_MemberRow const& row);

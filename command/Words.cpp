@@ -61,6 +61,12 @@ std::string ProcedureText(unsigned procedureType) {
   return row == nullptr ? "" : std::string(row->command.View());
 }
 
+std::string ProcedureWords(std::string_view label) {
+  std::string words(label);
+  for (char& c : words) { c = c == '_' ? ' ' : c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+  return words;
+}
+
 std::string_view ActsOnText(kprC_ActsOn actsOn) {
   switch (actsOn) {
     case kprC_ActsOn::Anything: return "";

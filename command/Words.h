@@ -21,6 +21,9 @@ StatusWord const& WordOf(mdl_PropagationStatusEnm status);
 /// What a procedure type is called: its label, "INITIAL" for the initial step, the class's name where there is no label.
 std::string ProcedureText(unsigned procedureType);
 
+/// A procedure's label in small letters: "static general" of "STATIC_GENERAL".
+std::string ProcedureWords(std::string_view label);
+
 /// What a type acts on, in a word or two; empty where nobody has said.
 std::string_view ActsOnText(kprC_ActsOn actsOn);
 

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <ostream>
 
+#include "command/Origins.h"
 #include "command/Words.h"
+#include "report/StepGrid.h"
 #include "report/TextTable.h"
 
 namespace gattr {
@@ -15,16 +17,7 @@ constexpr Style kStyles[kStatusCount] = {
 };
 
 constexpr std::size_t kGap = 2;
-constexpr std::size_t kLongestName = 32;      // of an attribute or a type in the first columns
-constexpr std::size_t kLongestStepName = 24;  // longer ones are cut in the table; lists and JSON give them whole
-constexpr std::size_t kLongestProcedure = 19;
-
-/// "STATIC_GENERAL" as "static general".
-std::string Lower(std::string_view label) {
-  std::string text(label);
-  for (char& c : text) { c = c == '_' ? ' ' : c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-  return text;
-}
+constexpr std::size_t kLongestName = 32;  // of an attribute or a type in the first columns
 
 std::string TypeText(HistoryTable::Row const& row) { return row.suppressed ? row.type + " (suppressed)" : row.type; }
 
@@ -35,103 +28,22 @@ std::string SpaceText(HistoryTable const& table) {
   return table.space == ddr_Model::THREE_D ? "" : "space: " + std::string(SpaceName(table));
 }
 
-struct Column {
-  std::string name, procedure;  // shown
-  std::size_t width;
-};
-
-/// The text of a table, block by block.
-class TextPage {
-public:
-  TextPage(std::ostream& out, HistoryTable const& table, TextLayout const& layout) : out_(out), table_(table), layout_(layout) {
-    for (std::size_t i = 0; i < table.steps.size(); ++i) {
-      Column column{Shown(table.steps[i].name), Lower(table.steps[i].procedure), 0};
-      column.width = std::max(std::min(Width(column.name), kLongestStepName), std::min(Width(column.procedure), kLongestProcedure));
-      unsigned used = 0;
-      for (auto const& row : table.rows) { used |= 1U << row.statuses[i]; }
-      for (std::size_t status = 0; status < kStatusCount; ++status) {
-        if ((used >> status & 1U) != 0) { column.width = std::max(column.width, WordAt(status).word.size()); }
-      }
-      columns_.push_back(std::move(column));
-    }
-    for (auto const& row : table.rows) {
-      names_.push_back(Shown(row.name));
-      nameWidth_ = std::max(nameWidth_, std::min(Width(names_.back()), kLongestName));
-      typeWidth_ = std::max(typeWidth_, std::min(Width(TypeText(row)), kLongestName));
-    }
+/// What members are there, "u2 -12*", the asterisk where the step says it.
+std::string ValuesText(HistoryTable const& table, HistoryTable::Held const& held, std::string_view between, std::string_view mark) {
+  std::string text;
+  for (std::size_t i = 0; i < table.members.size(); ++i) {
+    if (held.values[i].IsNull()) { continue; }
+    if (!text.empty()) { text += between; }
+    if (table.members.size() > 1) { text.append(table.members[i]).append(" "); }
+    text.append(ValueText(held.values[i])).append(held.own[i] ? mark : "");
   }
-
-  void Print() {
-    std::string const space = SpaceText(table_);
-    if (!space.empty()) { out_ << Styled(space, Style::Faint, layout_.color) << '\n'; }
-    std::size_t begin = 0;
-    do {
-      bool const withTypes = begin == 0;
-      std::size_t used = nameWidth_ + (withTypes ? kGap + typeWidth_ : 0), end = begin;
-      while (end < columns_.size() && (end == begin || layout_.width == 0 || used + kGap + columns_[end].width <= layout_.width)) {
-        used += kGap + columns_[end++].width;
-      }
-      PrintBlock(begin, end, withTypes);
-      begin = end;
-    } while (begin < columns_.size());
-  }
-
-private:
-  static StatusWord const& WordAt(std::size_t status) { return WordOf(static_cast<mdl_PropagationStatusEnm>(status)); }
-
-  void PrintBlock(std::size_t begin, std::size_t end, bool withTypes) {
-    if (end - begin < columns_.size()) {
-      std::string const title =
-          "steps " + std::to_string(begin + 1) + " to " + std::to_string(end) + " of " + std::to_string(columns_.size());
-      out_ << (begin == 0 ? "" : "\n") << Styled(title, Style::Faint, layout_.color) << '\n';
-    }
-    Put("attribute", nameWidth_, Style::Strong);
-    if (withTypes) { Put("type", typeWidth_, Style::Strong); }
-    for (std::size_t i = begin; i < end; ++i) { Put(columns_[i].name, columns_[i].width, Style::Strong); }
-    EndLine();
-    Put("", nameWidth_, Style::Plain);
-    if (withTypes) { Put("", typeWidth_, Style::Plain); }
-    for (std::size_t i = begin; i < end; ++i) { Put(columns_[i].procedure, columns_[i].width, Style::Faint); }
-    EndLine();
-    for (std::size_t r = 0; r < table_.rows.size(); ++r) {
-      auto const& row = table_.rows[r];
-      Put(names_[r], nameWidth_, row.suppressed ? Style::Faint : Style::Strong);
-      if (withTypes) { Put(TypeText(row), typeWidth_, Style::Faint); }
-      for (std::size_t i = begin; i < end; ++i) {
-        Put(WordOf(row.Status(i)).word, columns_[i].width, row.suppressed ? Style::Faint : StyleOf(row.Status(i)));
-      }
-      EndLine();
-    }
-  }
-
-  /// Blanks are written only before the next cell, so that no line ends in them.
-  void Put(std::string_view shown, std::size_t width, Style style) {
-    std::size_t const own = Width(shown);
-    if (own == 0) {
-      pending_ += width + kGap;
-      return;
-    }
-    line_.append(pending_, ' ');
-    if (layout_.color) { line_ += StyleOn(style); }
-    own > width ? line_ += Fitted(shown, width) : line_ += shown;
-    if (layout_.color) { line_ += StyleOff(style); }
-    pending_ = kGap + (own < width ? width - own : 0);
-  }
-  void EndLine() {
-    out_ << line_ << '\n';
-    line_.clear();
-    pending_ = 0;
-  }
-
-  std::ostream& out_;
-  HistoryTable const& table_;
-  TextLayout const& layout_;
-  std::vector<Column> columns_;
-  std::vector<std::string> names_;
-  std::size_t nameWidth_ = 9, typeWidth_ = 4;  // of the headings
-  std::string line_;
-  std::size_t pending_ = 0;
-};
+  return text;
+}
+/// What a cell shows: the status, or what members are.
+std::string CellText(HistoryTable const& table, HistoryTable::Row const& row, std::size_t column) {
+  std::string text = table.members.empty() ? std::string() : ValuesText(table, row.At(column), ", ", "*");
+  return text.empty() ? std::string(WordOf(row.Status(column)).word) : text;
+}
 
 /// A sign per step, block by block.
 class CompactPage {
@@ -231,7 +143,20 @@ std::string_view CssClass(Style style) {
 
 Style StyleOf(mdl_PropagationStatusEnm status) { return kStyles[static_cast<std::size_t>(status) % kStatusCount]; }
 
-void RenderText(std::ostream& out, HistoryTable const& table, TextLayout const& layout) { TextPage(out, table, layout).Print(); }
+void RenderText(std::ostream& out, HistoryTable const& table, TextLayout const& layout) {
+  std::string const space = SpaceText(table);
+  if (!space.empty()) { out << Styled(space, Style::Faint, layout.color) << '\n'; }
+  StepGrid grid{{"attribute", "type"}, {}, {}, [&table](std::size_t r, std::size_t column) {
+                  HistoryTable::Row const& row = table.rows[r];
+                  return StepGrid::Cell{CellText(table, row, column), row.suppressed ? Style::Faint : StyleOf(row.Status(column))};
+                }};
+  for (auto const& step : table.steps) { grid.steps.push_back({step.name, ProcedureWords(step.procedure)}); }
+  for (auto const& row : table.rows) {
+    grid.rows.push_back(
+        {StepGrid::Cell{row.name, row.suppressed ? Style::Faint : Style::Strong}, StepGrid::Cell{TypeText(row), Style::Faint}});
+  }
+  grid.Print(out, layout);
+}
 
 void RenderCompact(std::ostream& out, HistoryTable const& table, TextLayout const& layout) { CompactPage(out, table, layout).Print(); }
 
@@ -263,7 +188,9 @@ void RenderCsv(std::ostream& out, HistoryTable const& table) {
   out << "\r\n";
   for (auto const& row : table.rows) {
     out << CsvField(row.name) << ',' << CsvField(row.kind) << ',' << CsvField(row.type) << ',' << (row.suppressed ? "true" : "false");
-    for (std::size_t i = 0; i < row.statuses.size(); ++i) { out << ',' << CsvWord(row.Status(i)); }
+    for (std::size_t i = 0; i < row.statuses.size(); ++i) {
+      out << ',' << (table.members.empty() ? std::string(CsvWord(row.Status(i))) : CsvField(ValuesText(table, row.At(i), "; ", "")));
+    }
     out << "\r\n";
   }
 }
@@ -279,9 +206,12 @@ void RenderJson(std::ostream& out, HistoryTable const& table) {
   out << "\n  ],\n  \"attributes\": [";
   separator = "";
   for (auto const& row : table.rows) {
-    out << separator << "\n    "
-        << JsonLine(
-               {{"name", row.name}, {"kind", row.kind}, {"type", row.type}, {"suppressed", row.suppressed}, {"history", row.statuses}});
+    Json line = {{"name", row.name}, {"kind", row.kind}, {"type", row.type}, {"suppressed", row.suppressed}, {"history", row.statuses}};
+    for (std::size_t i = 0; i < table.members.size(); ++i) {
+      Json& values = line["values"][table.members[i]] = Json::array();
+      for (std::size_t column = 0; column < row.heldAt.size(); ++column) { values.push_back(ToJson(row.At(column).values[i])); }
+    }
+    out << separator << "\n    " << JsonLine(line);
     separator = ",";
   }
   out << "\n  ]\n}\n";
@@ -304,7 +234,7 @@ small, .faint { color: #999; font-weight: normal }
       << "</h1>\n"
       << (space.empty() ? "" : "<p>" + space + "</p>\n") << "<table>\n<tr><th>attribute</th><th>type</th>";
   for (auto const& step : table.steps) {
-    out << "<th>" << HtmlText(step.name) << "<br><small>" << HtmlText(Lower(step.procedure)) << "</small></th>";
+    out << "<th>" << HtmlText(step.name) << "<br><small>" << HtmlText(ProcedureWords(step.procedure)) << "</small></th>";
   }
   out << "</tr>\n";
   for (auto const& row : table.rows) {
@@ -312,7 +242,8 @@ small, .faint { color: #999; font-weight: normal }
         << "</td>";
     for (std::size_t i = 0; i < row.statuses.size(); ++i) {
       StatusWord const& word = WordOf(row.Status(i));
-      out << "<td class=\"" << CssClass(StyleOf(row.Status(i))) << "\" title=\"" << word.meaning << "\">" << word.word << "</td>";
+      out << "<td class=\"" << CssClass(StyleOf(row.Status(i))) << "\" title=\"" << word.meaning << "\">"
+          << HtmlText(CellText(table, row, i)) << "</td>";
     }
     out << "</tr>\n";
   }

@@ -1,0 +1,168 @@
+#include "report/RenderMembers.h"
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <ostream>
+
+#include "command/Words.h"
+#include "module/kpr/model/kprC_ModelSteps.h"
+#include "report/RenderHistory.h"
+#include "report/TextTable.h"
+#include "text/Text.h"
+
+namespace gattr {
+namespace {
+
+std::string NameOf(kprC_StepTable const& steps, std::size_t step) { return std::string(steps.Name(step).View()); }
+
+/// "-12*" where the step says it, "-12 (Draw-1)" where that did; "freed" where it was given up.
+std::string OriginText(Origin const& origin, kprC_StepTable const& steps) {
+  std::string const text = origin.HasValue() ? ValueText(origin.Value()) : std::string(StandingText(origin.standing));
+  if (origin.own) { return text + "*"; }
+  return origin.step == kNoStep ? text : text + " (" + NameOf(steps, origin.step) + ")";
+}
+
+/// "region Top, csys Global": what is given of the attribute itself.
+std::string GivenText(kprC_StepDependent const& item) {
+  std::string text;
+  for (Origin const& origin : gattr::OwnMembers(item)) {
+    if (origin.standing != Standing::Set) { continue; }
+    text.append(text.empty() ? "" : ", ").append(origin.Member()).append(" ").append(ValueText(origin.Value()));
+  }
+  return text;
+}
+
+/// What the attribute acts on: the regions that it names.
+std::string RegionText(kprC_StepDependent const& item) {
+  std::string text;
+  for (Origin const& origin : gattr::OwnMembers(item)) {
+    if (origin.row->text.refers != cls_Reference::Region || !origin.HasValue()) { continue; }
+    std::string const region = ValueText(origin.Value());
+    if (!region.empty()) { text.append(text.empty() ? "" : ", ").append(region); }
+  }
+  return text;
+}
+
+std::string Titled(std::string_view kind, std::string_view name) { return std::string(kind) + " " + Quoted(name); }
+
+constexpr std::string_view kMarks = "* said in that step; (...) the step that said it";
+
+}  // namespace
+
+void RenderMembers(std::ostream& out, FoundAttribute const& attribute, TextLayout const& layout) {
+  kprC_StepDependent const& item = *attribute.item;
+  kprC_StepTable const& steps = item.Steps();
+  std::vector<std::pair<mdl_PropagationStatusEnm, std::map<std::string_view, StepGrid::Cell>>> runs;  // cells by members
+  std::vector<std::size_t> runAt(steps.Size());
+  std::vector<std::string_view> members;
+  ForEachOriginRun(*attribute.family, item, [&](OriginRun const& run) {
+    auto& [status, cells] = runs.emplace_back();
+    status = run.status;
+    for (Origin const& origin : run.members) {
+      bool const isTold = origin.standing != Standing::Unset || origin.own;
+      if (isTold && std::ranges::find(members, origin.Member()) == members.end()) { members.push_back(origin.Member()); }
+      if (!isTold || !(run.inForce || item.IsSuppressed() || origin.own)) { continue; }
+      cells[origin.Member()] = {OriginText(origin, steps), origin.own ? Style::Strong : Style::Faint};
+    }
+    std::fill(runAt.begin() + static_cast<std::ptrdiff_t>(run.begin), runAt.begin() + static_cast<std::ptrdiff_t>(run.end),
+              runs.size() - 1);
+  });
+  out << Styled(Shown(Titled(attribute.family->ItemCmd(), item.Name().View())), Style::Strong, layout.color) << ": "
+      << Shown(item.ConstructionName()) << (item.IsSuppressed() ? ", suppressed" : "") << '\n';
+  if (std::string const given = GivenText(item); !given.empty()) {
+    for (std::string const& line : WrappedLines("in all steps: " + Shown(given), layout.width)) { out << line << '\n'; }
+  }
+  out << '\n';
+  StepGrid grid{{"member", ""}, {}, {{StepGrid::Cell{"status"}}}, [&](std::size_t row, std::size_t step) {
+                  auto const& [status, cells] = runs[runAt[step]];
+                  if (row == 0) { return StepGrid::Cell{std::string(WordOf(status).word), StyleOf(status)}; }
+                  auto const found = cells.find(members[row - 1]);
+                  return found == cells.end() ? StepGrid::Cell() : found->second;
+                }};
+  for (std::size_t i = 0; i < steps.Size(); ++i) {
+    grid.steps.push_back({NameOf(steps, i), ProcedureWords(ProcedureText(steps.ProcedureType(i)))});
+  }
+  for (std::string_view const member : members) { grid.rows.push_back({StepGrid::Cell{std::string(member), Style::Strong}}); }
+  grid.Print(out, layout);
+  if (!members.empty()) { out << '\n' << Styled(kMarks, Style::Faint, layout.color) << '\n'; }
+}
+
+void RenderMembersCsv(std::ostream& out, FoundAttribute const& attribute) {
+  kprC_StepTable const& steps = attribute.item->Steps();
+  out << "step,status,member,value,standing,own,from\r\n";
+  ForEachOriginRun(*attribute.family, *attribute.item, [&](OriginRun const& run) {
+    for (std::size_t step = run.begin; step < run.end; ++step) {
+      for (Origin const& origin : run.members) {
+        if (origin.standing == Standing::Unset && !origin.own) { continue; }
+        std::string const value = origin.HasValue() ? ValueText(origin.Value()) : std::string();
+        // a number is no text that a spreadsheet could take for a formula
+        bool const isNumber = origin.Value().As<double>() != nullptr || origin.Value().As<long long>() != nullptr;
+        out << CsvField(NameOf(steps, step)) << ',' << WordOf(run.status).word << ',' << CsvField(origin.Member()) << ','
+            << (isNumber ? value : CsvField(value)) << ',' << StandingText(origin.standing) << ',' << (origin.own ? "true" : "false") << ','
+            << (origin.step == kNoStep ? std::string() : CsvField(NameOf(steps, origin.step))) << "\r\n";
+      }
+    }
+  });
+}
+
+void RenderExplanation(std::ostream& out, Explanation const& explanation, kprC_StepTable const& steps, TextLayout const& layout) {
+  std::string const member = explanation.member.empty() ? "" : ", " + Shown(explanation.member) + ",";
+  out << Styled(Shown(Titled(explanation.kind, explanation.name)) + member, Style::Strong, layout.color) << " in "
+      << Shown(Quoted(steps.Name(explanation.step).View())) << ": "
+      << Styled(explanation.status == mdl_PropagationStatusEnm::NotYetCreated ? WordOf(explanation.status).meaning
+                                                                              : WordOf(explanation.status).word,
+                StyleOf(explanation.status), layout.color)
+      << '\n';
+  for (std::string const& line : WrappedLines(Shown(SentenceOf(explanation, steps)), layout.width)) { out << line << '\n'; }
+  if (explanation.members.empty()) { return; }
+  out << '\n';
+  TextTable table({"member", explanation.inForce ? "value" : "value, not in force", "from"});
+  for (Origin const& origin : explanation.members) {
+    std::string const value = origin.HasValue() ? ValueText(origin.Value()) : std::string(StandingText(origin.standing));
+    std::string const from = origin.own ? "here" : origin.step == kNoStep ? "default" : NameOf(steps, origin.step);
+    table.Add({{origin.Member(), Style::Strong}, value, {from, origin.own ? Style::Changed : Style::Faint}});
+  }
+  table.Print(out, layout.width, layout.color);
+}
+
+void RenderInForce(std::ostream& out, InForce walk, TextLayout const& layout) {
+  constexpr Style kStyles[] = {Style::New, Style::Changed, Style::Off, Style::Kept};
+  kprC_StepTable const& steps = kprC_Steps(walk.Model()).Table();
+  std::optional<std::size_t> step;
+  auto const makeTable = [] { return TextTable({"what", "attribute", "type", "region", "members"}); };
+  TextTable table = makeTable();
+  auto const print = [&] {
+    if (!step) { return; }
+    std::string const procedure = ProcedureWords(ProcedureText(steps.ProcedureType(*step)));
+    out << Styled(Shown(NameOf(steps, *step)), Style::Strong, layout.color) << "  " << Styled(procedure, Style::Faint, layout.color)
+        << '\n';
+    table.Print(out, layout.width, layout.color);
+    table = makeTable();
+  };
+  while (InForceAttribute const* const told = walk.Next()) {
+    if (step != told->step) {
+      print();
+      if (step) { out << '\n'; }
+      step = told->step;
+    }
+    kprC_StepDependent const& item = *told->attribute.item;
+    std::string members;
+    if (told->what == InForceChange::Gone) {
+      members = WordOf(told->status).word;
+    } else {
+      for (InForceMember const& member : told->members) {
+        members.append(members.empty() ? "" : ", ").append(member.origin.Member()).append(" ").append(OriginText(member.origin, steps));
+      }
+    }
+    auto const what = static_cast<std::size_t>(told->what);
+    table.Add({{InForceText(told->what), kStyles[what]},
+               {std::string(item.Name().View()), Style::Strong},
+               {item.ConstructionName(), Style::Faint},
+               RegionText(item),
+               members});
+  }
+  print();
+}
+
+}  // namespace gattr
