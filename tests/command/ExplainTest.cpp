@@ -165,8 +165,14 @@ TEST_F(Explaining, TellsWhatTheRecordsSayWhateverTheEdits) {
     });
   };
   ForEachModel(16, explain);
+  Session session;
+  AppendSteps(session, "IGPG");
+  RunJournal(session, {R"({"command": "Set", "name": "Rim"})",
+                       R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "S1", "region": "Rim", "u1": 1.0})",
+                       R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "S2", "u1": 2.0})"});
+  explain(session.Model());
   for (char const* const example : {"prestressed_modes", "bolted_flange"}) {  // what edits at random hardly come to
-    Session session;
+    session = Session();
     ASSERT_FALSE(Replay(session, std::string(GATTR_SOURCE_DIR "/examples/") + example + ".jsonl"));
     explain(session.Model());
   }
