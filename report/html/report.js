@@ -299,7 +299,9 @@ document.addEventListener("DOMContentLoaded", () => {
 
   /** @type {Map<number, Object>} The rows in the document, by their place among those shown. */
   const drawn = new Map();
-  const window_ = { top: 0, bottom: 0, left: 0, right: 0 };
+  /** The columns in the document. */
+  const window_ = { left: 0, right: 0 };
+  const cursor = make("div", { id: "cursor", role: "gridcell" });
   let columnWidth = 26;
   let leftWidth = 420;
   let isWordy = false;
@@ -313,7 +315,7 @@ document.addEventListener("DOMContentLoaded", () => {
     const type = make("div", { class: "type", role: "gridcell", "aria-colindex": "2" });
     const cells = make("div", { class: "cells", role: "presentation" });
     element.append(make("div", { class: "fixed", role: "presentation" }, name, type), cells);
-    return { element, name, type, cells, attribute: null, place: -1, left: 0, right: 0, statuses: [] };
+    return { element, name, type, cells, attribute: null, place: -1, left: 0, right: 0 };
   }
 
   /** Takes new filters or a new size: everything is drawn anew. */
@@ -338,7 +340,7 @@ document.addEventListener("DOMContentLoaded", () => {
     for (const row of drawn.values()) row.element.remove();
     drawn.clear();
     head.left = head.right = 0;
-    window_.left = window_.right = window_.top = window_.bottom = 0;
+    window_.left = window_.right = 0;
     update();
     if (opened) fillPanel();
   }
@@ -381,21 +383,12 @@ document.addEventListener("DOMContentLoaded", () => {
     mark();
   }
 
-  /** Gives a row as many cells as columns are in the window. */
-  function fitCells(row, cell) {
-    const missing = window_.right - window_.left - row.cells.childElementCount;
-    for (let i = 0; i < missing; ++i) row.cells.append(cell());
-    for (let i = missing; i < 0; ++i) row.cells.lastElementChild.remove();
+  /** Takes a row's cells to where the window is. */
+  function placeCells(row) {
     row.cells.style.left = `${leftWidth + window_.left * columnWidth}px`;
     row.element.style.width = sizer.style.width;
     row.left = window_.left;
     row.right = window_.right;
-  }
-
-  function newCell() {
-    const cell = make("div", { class: "cell", role: "gridcell" }, "");
-    cell.style.width = `${columnWidth}px`;
-    return cell;
   }
 
   /** Has a row show the attribute at a place; what it shows already stays. */
@@ -420,39 +413,55 @@ document.addEventListener("DOMContentLoaded", () => {
       row.type.textContent = attribute.type;
       row.element.classList.toggle("suppressed", attribute.suppressed);
     }
-    if (row.left !== window_.left || row.right !== window_.right || row.statuses.length === 0) {
-      fitCells(row, newCell);
-      row.statuses.length = 0;
-    }
+    placeCells(row);
     let cell = row.cells.firstElementChild;
     let run = window_.left < columns.length ? runAt(attribute, columns[window_.left]) : 0;
-    for (let column = window_.left; column < window_.right; ++column, cell = cell.nextElementSibling) {
-      const step = columns[column];
-      while (attribute.ends[run] <= step) ++run;
-      const status = attribute.statuses[run];
-      const i = column - window_.left;
-      const isBlank = filter.changes && !saysIn(attribute, status);
-      const look = isBlank ? -1 : status;
-      if (row.statuses[i] === look) continue;
-      row.statuses[i] = look;
-      const { word, sign, style } = words[status];
-      cell.className = isBlank ? "cell" : `cell ${style}`;
-      cell.firstChild.nodeValue = isBlank ? "" : isWordy ? (status === 0 ? sign : word) : sign;
-      cell.setAttribute("aria-label", word);
-      cell.setAttribute("aria-colindex", String(column + 3));
+    for (let column = window_.left, end; column < window_.right; column = end, cell = cell.nextElementSibling) {
+      while (attribute.ends[run] <= columns[column]) ++run;
+      end = column + 1;
+      while (!isWordy && end < window_.right && columns[end] < attribute.ends[run]) ++end;
+      if (!cell) {
+        cell = make("div", { class: "cell", role: "gridcell" }, "");
+        row.cells.append(cell);
+      }
+      fillCell(cell, column, end - column, attribute.statuses[run], filter.changes && !saysIn(attribute, attribute.statuses[run]));
     }
+    while (cell) {
+      const next = cell.nextElementSibling;
+      cell.remove();
+      cell = next;
+    }
+  }
+
+  /** Has a cell stand for so many steps of one status; what it shows already stays. */
+  function fillCell(cell, column, span, status, isBlank) {
+    const { word, sign, style } = words[status];
+    if (cell.column !== column) cell.setAttribute("aria-colindex", String((cell.column = column) + 3));
+    if (cell.span !== span) {
+      cell.style.width = `${span * columnWidth}px`;
+      cell.setAttribute("aria-colspan", String(span));
+    }
+    const look = isBlank ? -1 : status;
+    if (cell.look !== look) {
+      cell.className = isBlank ? "cell" : `cell ${style}`;
+      cell.setAttribute("aria-label", word);
+    }
+    if (cell.look !== look || cell.span !== span) {
+      cell.firstChild.nodeValue = isBlank ? "" : isWordy && status !== 0 ? word : sign.repeat(span);
+    }
+    cell.span = span;
+    cell.look = look;
   }
 
   function fillHead() {
     if (head.left === window_.left && head.right === window_.right) return;
-    fitCells(head, () => {
+    placeCells(head);
+    head.cells.replaceChildren();
+    for (let column = window_.left; column < window_.right; ++column) {
+      const step = steps[columns[column]];
       const cell = make("div", { class: "cell", role: "columnheader" }, make("b"), make("small"));
       cell.style.width = `${columnWidth}px`;
-      return cell;
-    });
-    let cell = head.cells.firstElementChild;
-    for (let column = window_.left; column < window_.right; ++column, cell = cell.nextElementSibling) {
-      const step = steps[columns[column]];
+      head.cells.append(cell);
       cell.firstChild.textContent = step.name;
       cell.lastChild.textContent = step.procedure;
       cell.title = `${columns[column]} ${step.name}: ${step.procedure}`;
@@ -462,18 +471,26 @@ document.addEventListener("DOMContentLoaded", () => {
 
   /** Shows which cell keys move. */
   function mark() {
-    for (const old of sizer.querySelectorAll(".active, .here")) old.classList.remove("active", "here");
+    for (const old of sizer.querySelectorAll(".name.active, .here")) {
+      old.classList.remove("active", "here");
+      old.removeAttribute("id");
+    }
     const row = drawn.get(active.row);
-    const i = active.column - window_.left;
-    const isSeen = active.column < window_.right && i >= 0;
-    if (isSeen) head.cells.children[i]?.classList.add("here");
+    const isSeen = active.column >= window_.left && active.column < window_.right;
+    if (isSeen) head.cells.children[active.column - window_.left].classList.add("here");
+    cursor.remove();
     row?.name.classList.add("active");
-    const cell = isSeen ? row?.cells.children[i] : row?.name;
-    cell?.classList.add("active");
-    if (cell) {
-      sizer.querySelector("#active-cell")?.removeAttribute("id");
-      cell.id = "active-cell";
-      grid.setAttribute("aria-activedescendant", "active-cell");
+    if (row && active.column < 0) {
+      row.name.id = "active-name";
+      grid.setAttribute("aria-activedescendant", "active-name");
+    } else if (row && isSeen) {
+      // a cell may stand for many steps: the one among them has a frame of its own
+      cursor.style.left = `${leftWidth + active.column * columnWidth}px`;
+      cursor.style.width = `${columnWidth}px`;
+      cursor.setAttribute("aria-colindex", String(active.column + 3));
+      cursor.setAttribute("aria-label", `${steps[columns[active.column]].name}: ${words[statusAt(row.attribute, columns[active.column])].word}`);
+      row.element.append(cursor);
+      grid.setAttribute("aria-activedescendant", cursor.id);
     } else {
       grid.removeAttribute("aria-activedescendant");
     }
@@ -526,7 +543,7 @@ document.addEventListener("DOMContentLoaded", () => {
     if (!element || element === head.element) return;
     const place = Number(element.id.slice(4));
     const cell = event.target.closest(".cell");
-    const column = cell ? window_.left + [...cell.parentNode.children].indexOf(cell) : -1;
+    const column = cell ? cell.column + Math.floor((event.clientX - cell.getBoundingClientRect().left) / columnWidth) : -1;
     grid.focus();
     opened = true;
     panel.hidden = false;
