@@ -52,7 +52,7 @@ void WriteParameters(std::ostream& out, kprC_Step const& step) {
         fresh != nullptr && !row.ops->equal(row.In(static_cast<void const*>(&step)), row.In(static_cast<void const*>(fresh.get())));
     std::string& to = isOwn ? own : others;
     to += (isOwn ? "<span title=\"" + HtmlText(row.text.meaning) + "\"><i>" : std::string("<span><i>")) + HtmlText(ArgumentName(row)) +
-          "</i> " + HtmlText(ValueText(row.ToValue(&step))) + "</span> ";
+          "</i> " + HtmlText(ReadableValue(row.ToValue(&step))) + "</span> ";
   }
   out << own;
   if (!others.empty()) { out << "<details><summary>the others, as a new step has them</summary>" << others << "</details>"; }
@@ -67,7 +67,7 @@ void WriteSteps(std::ostream& out, kprC_StepContainer const& steps) {
     out << "<tr><td>" << i << "</td><th scope=\"row\">" << HtmlText(steps.Name(i).View()) << "</th><td>"
         << HtmlText(LoweredLabel(ProcedureText(steps.Table().ProcedureType(i))))
         << (step.Perturbation() ? " <small>perturbation</small>" : "") << "</td><td class=\"number\">"
-        << (i == 0 ? "" : HtmlText(ValueText(step.TimePeriod()))) << "</td><td>";
+        << (i == 0 ? "" : HtmlText(ReadableValue(step.TimePeriod()))) << "</td><td>";
     WriteParameters(out, step);
     out << "</td></tr>\n";
   }

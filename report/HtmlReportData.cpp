@@ -39,7 +39,7 @@ std::string TextOf(std::string_view text) {
 /// A value as the page has it: numbers as such, all else as text.
 std::string ValueJson(cls_Value const& value) {
   bool const isNumber = value.As<double>() != nullptr || value.As<long long>() != nullptr;
-  return isNumber ? JsonText(value) : TextOf(ValueText(value));
+  return isNumber ? JsonText(value) : TextOf(ReadableValue(value));
 }
 
 /// Texts of JSON, each once, by number.
@@ -277,7 +277,7 @@ private:
 
 }  // namespace
 
-std::string ValueText(cls_Value const& value) {
+std::string ReadableValue(cls_Value const& value) {
   if (auto const* const text = value.As<std::string>()) { return *text; }
   if (auto const* const number = value.As<double>()) {
     char digits[32];
@@ -287,12 +287,12 @@ std::string ValueText(cls_Value const& value) {
   if (auto const* const list = value.As<cls_Value::List>()) {
     for (cls_Value const& item : *list) {
       bool const isPlain = item.As<cls_Value::List>() == nullptr && item.As<cls_Value::Fields>() == nullptr;
-      text += (text.empty() ? "" : isPlain ? ", " : "; ") + ValueText(item);
+      text += (text.empty() ? "" : isPlain ? ", " : "; ") + ReadableValue(item);
     }
     return text.empty() ? "none" : text;
   }
   if (auto const* const fields = value.As<cls_Value::Fields>()) {
-    for (auto const& [name, item] : *fields) { text += (text.empty() ? "" : ", ") + name + " " + ValueText(item); }
+    for (auto const& [name, item] : *fields) { text += (text.empty() ? "" : ", ") + name + " " + ReadableValue(item); }
     return text;
   }
   return value.IsNull() ? "unset" : JsonText(value);

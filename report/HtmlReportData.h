@@ -15,7 +15,7 @@ namespace gattr {
 void WriteReportData(std::ostream& out, ddr_Model const& model, Ticker& tick);
 
 /// A value as a person reads it: lists and objects without brackets, "definition THINNING, scaleFactor 0.9".
-std::string ValueText(cls_Value const& value);
+std::string ReadableValue(cls_Value const& value);
 /// "boundary condition" of "boundaryCondition".
 std::string SpacedWord(std::string_view word);
 /// "static general" of "STATIC_GENERAL".
