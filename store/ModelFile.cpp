@@ -23,12 +23,61 @@
 
 namespace gattr {
 
+/// A connection to a file that is there, for one save after the other: most of what a small one costs is to look at the tables.
+class Connection {
+public:
+  Connection(std::filesystem::path path, std::string const& name) : path_(std::move(path)), database_(path_, name) {
+    // EXTRA: also the end of the journal is on the disk before the save is done. The cache holds what one save changes, so
+    // that nothing is written before its end.
+    database_.Run("PRAGMA synchronous = EXTRA; PRAGMA cache_size = -65536");
+  }
+
+  /// Whether this is a connection to what the path leads to, and nobody has written there since the last save, be it as bytes.
+  bool IsGood(std::filesystem::path const& path) const { return path == path_ && LookAt(path) == left_; }
+  Database& File() { return database_; }
+  /// Begins a save. The tables are looked at where another connection has changed them.
+  ModelTables& Begin() {
+    database_.Run("BEGIN IMMEDIATE");
+    std::int64_t const version = database_.Number("PRAGMA data_version");
+    if (!tables_ || version != version_) { tables_.emplace(database_); }
+    version_ = version;
+    return *tables_;
+  }
+  void Commit() {
+    database_.Run("COMMIT");
+    left_ = LookAt(path_);
+  }
+
+private:
+  /// Tells a file, and what was last done to it.
+  struct Look {
+    dev_t device;
+    ino_t number;
+    off_t size;
+    std::int64_t seconds, nanoseconds;
+
+    friend bool operator==(Look const&, Look const&) = default;
+  };
+  static std::optional<Look> LookAt(std::filesystem::path const& path) {
+    struct stat found = {};
+    if (::stat(path.c_str(), &found) != 0) { return std::nullopt; }
+    return Look{found.st_dev, found.st_ino, found.st_size, found.st_ctim.tv_sec, found.st_ctim.tv_nsec};
+  }
+
+  std::filesystem::path path_;
+  Database database_;
+  std::optional<ModelTables> tables_;
+  std::int64_t version_ = 0;
+  std::optional<Look> left_;
+};
+
 struct ModelFile::Saved {
   ddr_Model model;
   std::shared_ptr<ModelSteps const> steps;
   kprC_StepTable table;  // known to list those steps
   RowClasses classes;
   ModelTables::Stamp stamp;
+  std::unique_ptr<Connection> connection = nullptr;  // of a file that was saved again
 };
 
 namespace {
@@ -306,13 +355,11 @@ void ModelFile::SaveAgain(std::filesystem::path const& path, ddr_Model const& mo
   std::optional<Saved> next;
   bool ending = false;
   try {
-    Database database(path, path_.string());
-    // EXTRA: also the end of the journal is on the disk before the save is done. The cache holds what one save changes, so
-    // that nothing is written before its end.
-    database.Run("PRAGMA synchronous = EXTRA; PRAGMA cache_size = -65536; BEGIN IMMEDIATE");
-    ModelTables tables(database);
+    auto connection = saved_ != nullptr ? std::move(saved_->connection) : nullptr;
+    if (!connection || !connection->IsGood(path)) { connection = std::make_unique<Connection>(path, path_.string()); }
+    ModelTables& tables = connection->Begin();
     bool const isOurs = saved_ != nullptr && !tables.IsEmpty() && tables.Present() == saved_->stamp;
-    if (saved_ != nullptr && !tables.IsEmpty() && !isOurs && changed == Changed::Refuse) { database.Refuse(kWasChanged); }
+    if (saved_ != nullptr && !tables.IsEmpty() && !isOurs && changed == Changed::Refuse) { connection->File().Refuse(kWasChanged); }
     bool const everything = !isOurs || tables.IsFirstVersion();
     auto steps = std::make_shared<ModelSteps const>(model);
     if (everything) {
@@ -326,7 +373,8 @@ void ModelFile::SaveAgain(std::filesystem::path const& path, ddr_Model const& mo
         .Save(everything ? nullptr : &saved_->model, everything ? nullptr : saved_->steps.get(), model);
     next->stamp = tables.Finish();
     ending = true;
-    database.Run("COMMIT");
+    connection->Commit();
+    next->connection = std::move(connection);
   } catch (StoreError const&) {
     // What fails behind the end of the transaction, such as to let go of a lock, leaves the new model in the file.
     if (!ending || !Holds(path, next->stamp)) { throw; }

@@ -3,6 +3,7 @@
 #include <iterator>
 #include <random>
 #include <span>
+#include <utility>
 
 #include "store/Checksum.h"
 
@@ -297,7 +298,9 @@ void ModelTables::RemoveFrom(Table table, std::int64_t position) {
 }
 
 ModelTables::Stamp ModelTables::Finish() {
-  if (!changed_) { return stamp_; }
+  if (!std::exchange(changed_, false)) { return stamp_; }
+  cleared_ = false;
+  present_ = true;
   std::random_device random;
   Stamp const next{stamp_.generation + 1, static_cast<std::int64_t>(std::uint64_t{random()} << 31 ^ random())};
   Database::Statement put(database_, "INSERT OR REPLACE INTO meta VALUES(?, ?)");
@@ -306,7 +309,7 @@ ModelTables::Stamp ModelTables::Finish() {
   put.Bind(1, "rows").Bind(2, totals_.rows).Run();
   put.Bind(1, "sum").Bind(2, totals_.sum).Run();
   put.Bind(1, "checksum").Bind(2, MetaChecksum(next, totals_)).Run();
-  return next;
+  return stamp_ = next;
 }
 
 void ModelTables::ForEach(Table table, std::function<void(Row const&)> const& visit) {

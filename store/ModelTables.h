@@ -26,7 +26,8 @@ struct Row {
 
 struct TableLayout;
 
-/// The tables of one model file inside a transaction: rows, and the sums over them that show when one is missing.
+/// The tables of one model file inside a transaction: rows, and the sums over them that show when one is missing. After one that has
+/// ended well another may follow.
 class ModelTables {
 public:
   static constexpr std::int32_t kApplicationId = 0x67617474;  ///< "gatt"

@@ -330,6 +330,15 @@ TYPED_TEST(EitherFileByItsClass, IsNotOverwrittenUnaskedWhereSomebodyElseHasChan
   late.Save(other);  // has opened nothing that could have changed
   EXPECT_EQ(Dump(TypeParam(path).Open()), Dump(other));
 
+  mine.Save(model, gattr::Changed::Overwrite);
+  SetInStep(model, "Move", "Step-3", {{"u2", 9.0}});
+  mine.Save(model);
+  TypeParam(folder / "Copy").Save(other);
+  std::filesystem::copy_file(folder / "Copy", path, std::filesystem::copy_options::overwrite_existing);  // byte by byte
+  SetInStep(model, "Move", "Step-3", {{"u2", 10.0}});
+  EXPECT_TRUE(Refusal([&] { mine.Save(model); }).ends_with("(--force)"));
+  EXPECT_EQ(Dump(TypeParam(path).Open()), Dump(other));
+
   std::filesystem::remove(path);  // gone altogether
   mine.Save(model);
   EXPECT_EQ(Dump(TypeParam(path).Open()), Dump(model));
