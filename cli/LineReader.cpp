@@ -23,12 +23,18 @@ char* NextFound(char const* /*text*/, int index) {
   return at < completions.size() ? ::strdup(completions[at].c_str()) : nullptr;
 }
 
-char** Complete(char const* text, int /*begin*/, int end) {
+char** Complete(char const* text, int begin, int end) {
   ::rl_attempted_completion_over = 1;  // no names of files
   if (activeCompleter == nullptr) { return nullptr; }
   try {
-    completions = (*activeCompleter)(std::string(::rl_line_buffer, static_cast<std::size_t>(end)));
-    std::erase_if(completions, [&](std::string const& one) { return !one.starts_with(text); });
+    std::string const typed(::rl_line_buffer, static_cast<std::size_t>(end));
+    LineReader::Completion found = (*activeCompleter)(typed);
+    completions = std::move(found.words);
+    // The package puts a completion in the place of what stands behind the last blank, which may be inside quotes.
+    auto const behind = static_cast<std::size_t>(begin);
+    std::string const kept = found.at < behind ? typed.substr(found.at, behind - found.at) : std::string();
+    std::erase_if(completions, [&](std::string const& one) { return !one.starts_with(kept); });
+    for (std::string& one : completions) { one.erase(0, kept.size()); }
   } catch (std::exception const&) { completions.clear(); }  // must not pass through the package
   constexpr int kNothing = 0, kBlank = ' ';
   ::rl_completion_append_character = completions.size() == 1 && completions[0].ends_with('=') ? kNothing : kBlank;

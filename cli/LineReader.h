@@ -13,7 +13,12 @@ namespace gattr::cli {
 class LineReader {
 public:
   /// Takes what was typed up to the cursor, gives what its last word may go on to be.
-  using Completer = std::function<std::vector<std::string>(std::string const& typed)>;
+  /// Words that may stand in the place of what was typed from a position on.
+  struct Completion {
+    std::size_t at = 0;
+    std::vector<std::string> words = {};
+  };
+  using Completer = std::function<Completion(std::string const& typed)>;
 
   explicit LineReader(Completer completer);
   LineReader(LineReader const&) = delete;

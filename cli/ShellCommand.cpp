@@ -155,20 +155,22 @@ private:
     }
   }
 
-  std::vector<std::string> Completions(std::string const& typed) const {
-    std::vector<std::string> words = WordsOf(typed);
-    if (typed.empty() || typed.back() == ' ' || typed.back() == '\t') { words.emplace_back(); }
-    std::vector<std::string> found = words_.Completions(session_.Model(), words);
+  LineReader::Completion Completions(std::string const& typed) const {
+    LineReader::Completion completion;
+    std::vector<std::string> words = WordsOf(typed, &completion.at);
+    if (completion.at == typed.size()) { words.emplace_back(); }
+    std::vector<std::string>& found = completion.words;
+    found = words_.Completions(session_.Model(), words);
     bool const isName = words.size() == 1, isOfHistory = words.size() > 1 && words[0] == "history";
     for (Own const& own : OwnCommands()) {
       if (isName && own.name.starts_with(words[0])) { found.emplace_back(own.name); }
     }
     if (isOfHistory) {
       for (std::string const& name : AttributeNames(session_.Model())) {
-        if (name.starts_with(words.back())) { found.push_back(name); }
+        if (name.starts_with(words.back())) { found.push_back(InWord(name)); }
       }
     }
-    return found;
+    return completion;
   }
 
   std::string path_;

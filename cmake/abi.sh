@@ -33,7 +33,20 @@ cd "$scratch/prefix/include/DDB_GeometricAttributes"
   find . -name '*.h' | sort | sed 's|.*|#include "&"|'
   echo 'extern "C" __attribute__((visibility("default"))) int begin(ddr_Model const* model) { return model != nullptr; }'
 } >"$scratch/all.cpp"
+# Whatever is exported, an installed header declares: each part of each name is a word of theirs.
 # shellcheck disable=SC2046  # the flags are words
+"${CXX:-c++}" $(pkg-config --cflags gattr_session) -I. -E -P "$scratch/all.cpp" | grep -oE '[A-Za-z_][A-Za-z0-9_]*' | sort -u >"$scratch/declared"
+undeclared=0
+for file in "$now"/lib*.txt; do
+  sed -E 's/^class //; s/ const$//; s/operator *([^a-zA-Z ]+|[a-z]+ ?(\[\])?)?\(/operator_(/; :again; s/<[^<>]*>//g; t again
+    s/\(.*//; s/.* //; s/operator_|operator.*//; s/~//g' "$file" | tr -s ':' '\n' | grep -v '^$' | sort -u | comm -23 - "$scratch/declared" >"$scratch/undeclared"
+  while read -r name; do
+    echo "abi: $(basename "$file" .txt): $name is exported, and no installed header declares it" >&2
+    undeclared=1
+  done <"$scratch/undeclared"
+done
+[ $undeclared = 0 ] || exit 1
+# shellcheck disable=SC2046
 "${CXX:-c++}" $(pkg-config --cflags gattr_session) -I. -g -femit-class-debug-always -fno-eliminate-unused-debug-types -fvisibility=hidden -fPIC \
   -shared -o "$scratch/all.so" "$scratch/all.cpp"
 abidw --no-show-locs --no-corpus-path --no-comp-dir-path --no-architecture --load-all-types --out-file "$scratch/all.xml" "$scratch/all.so"

@@ -91,9 +91,9 @@ std::string MakerOf(ddr_Model const& model, std::string_view kind, std::string_v
   return maker;
 }
 
-std::string InWord(std::string_view text) {
-  bool const plain = !text.empty() && text.find_first_of(" \t\"'\\[]{}=") == std::string_view::npos;
-  if (plain) { return std::string(text); }
+bool NeedsQuotes(std::string_view text) { return text.empty() || text.find_first_of(" \t\"'\\[]{}=") != std::string_view::npos; }
+
+std::string InQuotes(std::string_view text) {
   std::string word = "\"";
   for (char const c : text) {
     if (c == '"' || c == '\\') { word += '\\'; }
@@ -104,13 +104,18 @@ std::string InWord(std::string_view text) {
 
 }  // namespace
 
-std::vector<std::string> WordsOf(std::string_view line) {
+std::string InWord(std::string_view text) { return NeedsQuotes(text) ? InQuotes(text) : std::string(text); }
+
+std::vector<std::string> WordsOf(std::string_view line, std::size_t* lastAt) {
   std::vector<std::string> words;
   std::string word;
   bool begun = false, escaped = false;
   char quote = 0;
   int depth = 0;
-  for (char const c : line) {
+  std::size_t at = line.size();  // where the word begins
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    char const c = line[i];
+    bool const isFirst = !begun;
     if (escaped) {
       word += c;
       escaped = false;
@@ -129,12 +134,15 @@ std::vector<std::string> WordsOf(std::string_view line) {
     } else if (c == ' ' || c == '\t' || c == '\r') {
       if (begun) { words.push_back(std::exchange(word, {})); }
       begun = false;
+      at = line.size();
     } else {
       depth = c == '[' || c == '{' ? 1 : 0;
       word += c;
       begun = true;
     }
+    if (isFirst && begun) { at = i; }
   }
+  if (lastAt != nullptr) { *lastAt = at; }
   if (begun) { words.push_back(std::move(word)); }
   return words;
 }
@@ -163,9 +171,8 @@ std::vector<ArgumentInfo> CommandWords::Arguments(ddr_Model const& model, std::s
   }
   CommandInfo const* const construction = FindCommand(commands_, maker);
   if (construction == nullptr) { return arguments; }
-  std::ranges::copy_if(construction->arguments, std::back_inserter(arguments), [&](ArgumentInfo const& argument) {
-    return argument.of == ArgumentOf::State || (argument.of == ArgumentOf::Object && info->members != ObjectMembers::OfState);
-  });
+  std::ranges::copy_if(construction->arguments, std::back_inserter(arguments),
+                       [&](ArgumentInfo const& argument) { return info->TakesMember(argument); });
   return arguments;
 }
 
@@ -212,9 +219,9 @@ std::vector<std::string> CommandWords::Completions(ddr_Model const& model, std::
       for (std::string const& value : NamesOf(model, argument.refers)) { values.push_back(value); }
     }
     if (argument.perStep) { values.insert(values.end(), {"UNSET", "FREED"}); }
-    for (std::string const& value : values) {
-      if (value.starts_with(begun)) { found.push_back(argument.name + "=" + InWord(value)); }
-    }
+    std::erase_if(values, [&](std::string const& value) { return !value.starts_with(begun); });
+    bool const quoted = std::ranges::any_of(values, NeedsQuotes);  // all of them: they begin alike where a terminal shows what they share
+    for (std::string const& value : values) { found.push_back(argument.name + "=" + (quoted ? InQuotes(value) : value)); }
   }
   return found;
 }

@@ -11,8 +11,11 @@
 namespace gattr {
 
 /// A line taken apart into words, which blanks part; quotes, double or single, keep blanks, and a backslash what stands behind it. What is
-/// inside brackets or braces stays one word with its quotes, as JSON. An unclosed one ends with the line.
-std::vector<std::string> WordsOf(std::string_view line);
+/// inside brackets or braces stays one word with its quotes, as JSON. An unclosed one ends with the line. \p lastAt, where it is given,
+/// tells where the last word begins; the line's end where none has begun behind a blank.
+std::vector<std::string> WordsOf(std::string_view line, std::size_t* lastAt = nullptr);
+/// The text as a word of such a line: in double quotes where it needs them.
+std::string InWord(std::string_view text);
 
 /// The command of that name; null where there is none.
 CommandInfo const* FindCommand(std::span<CommandInfo const> commands, std::string_view name);

@@ -1,6 +1,7 @@
 #include "command/Lookup.h"
 
 #include "command/Command.h"
+#include "framework/mdl_MapString2ObjCow.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "text/Text.h"
 
@@ -49,6 +50,22 @@ FoundAttribute FindAttribute(ddr_Model const& model, std::string_view name) {
   for (FoundAttribute const& one : found) { meant.push_back(std::string(one.family->ItemCmd()).append(":").append(name)); }
   throw UnknownName(std::to_string(found.size()) + " attributes are called " + Quoted(name) + ": say which of " +
                     QuotedList(meant, meant.size()) + ".");
+}
+
+cls_Object const* FindObject(ddr_Model const& model, std::string_view member, std::string_view name) {
+  if (ddr_Model::stepsCmd() == member) { return kprC_Steps(model).Find(name); }
+  mdl_Extension const* const all = model.ConstExtension(member);
+  if (auto const* const attributes = mdl_ExtensionAs<kprC_StepAwareRepository>(all)) { return attributes->ConstItem(name); }
+  auto const* const named = mdl_ExtensionAs<mdl_NamedObjects>(all);
+  return named == nullptr ? nullptr : named->ConstObject(name);
+}
+
+std::vector<std::string> ObjectNamesIn(ddr_Model const& model, std::string_view member) {
+  if (ddr_Model::stepsCmd() == member) { return Texts(kprC_Steps(model).Names()); }
+  mdl_Extension const* const all = model.ConstExtension(member);
+  if (auto const* const attributes = mdl_ExtensionAs<kprC_StepAwareRepository>(all)) { return Texts(attributes->Keys()); }
+  auto const* const named = mdl_ExtensionAs<mdl_NamedObjects>(all);
+  return named == nullptr ? std::vector<std::string>() : Texts(named->Keys());
 }
 
 std::size_t FindStep(ddr_Model const& model, std::string_view name) {

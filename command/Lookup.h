@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "framework/ddr_Model.h"
 #include "platform/CoreUtils/ddb_Export.h"
@@ -28,6 +29,12 @@ struct FoundAttribute {
 /// The attribute called \p name: "Push", or "load:Push", which tells the kind where two families use the name. A name that holds a colon is
 /// looked up as it is first. Raises UnknownName with the nearest name, or with those that may be meant. Costs a look-up in each family.
 DDB_API FoundAttribute FindAttribute(ddr_Model const& model, std::string_view name);
+
+/// The object called \p name among those that the model holds under \p member (KindInfo::member): a step, an attribute or what others refer
+/// to. Null where there is none. Good until the model is changed.
+DDB_API cls_Object const* FindObject(ddr_Model const& model, std::string_view member, std::string_view name);
+/// The names of all of them, of steps in their order.
+DDB_API std::vector<std::string> ObjectNamesIn(ddr_Model const& model, std::string_view member);
 
 /// The position of the step called \p name. Raises UnknownName with the nearest.
 DDB_API std::size_t FindStep(ddr_Model const& model, std::string_view name);

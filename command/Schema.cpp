@@ -135,9 +135,7 @@ private:
     for (CommandInfo const& construction : commands_) {
       if (construction.makes != (ofProcedure ? "step" : kind)) { continue; }
       for (ArgumentInfo const& argument : construction.arguments) {
-        bool const isMember =
-            argument.of == ArgumentOf::State || (argument.of == ArgumentOf::Object && command.members != ObjectMembers::OfState);
-        if (!isMember) { continue; }
+        if (!command.TakesMember(argument)) { continue; }
         List& any = members[argument.name];
         if (any.empty()) { inOrder.push_back(argument.name); }
         any.push_back(OfArgument(argument));

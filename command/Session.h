@@ -90,6 +90,13 @@ struct CommandInfo {
   std::string onlyClass = {};           ///< the class of object that alone knows it; empty where each of these kinds does
   ObjectMembers members = ObjectMembers::None;
 
+  /// Whether a command on an object takes this argument of the construction that makes such objects.
+  bool TakesMember(ArgumentInfo const& argument) const {
+    return argument.of == ArgumentOf::State
+               ? members != ObjectMembers::None
+               : argument.of == ArgumentOf::Object && (members == ObjectMembers::All || members == ObjectMembers::OfProcedure);
+  }
+
   /// The arguments as help lists them: first the object under its kinds, last a line that stands for its members.
   DDB_API std::vector<ArgumentInfo> Listed() const;
 };
@@ -182,7 +189,7 @@ public:
   static std::vector<KindInfo> Kinds();
 
 private:
-  struct Impl;
+  struct DDB_LOCAL Impl;
   std::unique_ptr<Impl> impl_;
 };
 

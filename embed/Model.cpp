@@ -4,6 +4,7 @@
 
 #include "command/Command.h"
 #include "command/Library.h"
+#include "command/Lookup.h"
 #include "command/Replay.h"
 #include "command/Session.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -20,19 +21,11 @@ cls_Value::Fields Joined(cls_Value::Fields first, cls_Value::Fields second) {
   return first;
 }
 
-cls_Object const* FindObject(ddr_Model const& model, std::string_view kind, std::string_view name) {
-  if (kprC_Step::stepCmd() == kind) { return kprC_Steps(model).Find(name); }
-  cls_Object const* found = nullptr;
-  bool const isAttribute = FindRepository(model, [&](auto const&, kprC_StepAwareRepository const& repository) {
-    if (repository.ItemCmd() != kind) { return false; }
-    found = repository.ConstItem(name);
-    return true;
-  });
-  if (isAttribute) { return found; }
-  for (ReferenceKind const& reference : ReferenceKinds()) {
-    if (reference.kind == kind) { return reference.In(model).ConstObject(name); }
-  }
-  return nullptr;
+/// The object of that kind and name; null where there is none.
+cls_Object const* Find(ddr_Model const& model, ObjectName const& name) {
+  static std::vector<KindInfo> const kinds = Session::Kinds();
+  auto const kind = std::ranges::find(kinds, name.kind, &KindInfo::kind);
+  return kind == kinds.end() ? nullptr : FindObject(model, kind->member, name.name);
 }
 
 /// The member that commands call so; null where the object has none.
@@ -108,15 +101,13 @@ std::string_view ObjectHandle::Kind() const { return name_->kind; }
 
 bool ObjectHandle::Exists() const {
   auto const core = model_.lock();
-  return core != nullptr && FindObject(core->session.Model(), name_->kind, name_->name) != nullptr;
+  return core != nullptr && Find(core->session.Model(), *name_) != nullptr;
 }
 
 std::shared_ptr<ModelBase::Core> ObjectHandle::Core() const {
   auto core = model_.lock();
   if (core == nullptr) { throw Gone("The model of the " + ObjectText(name_->kind, name_->name) + " is no more."); }
-  if (FindObject(core->session.Model(), name_->kind, name_->name) == nullptr) {
-    throw Gone("There is no " + ObjectText(name_->kind, name_->name) + " any more.");
-  }
+  if (Find(core->session.Model(), *name_) == nullptr) { throw Gone("There is no " + ObjectText(name_->kind, name_->name) + " any more."); }
   return core;
 }
 
@@ -127,7 +118,7 @@ void ObjectHandle::Run(std::string_view command, cls_Value::Fields arguments, cl
 }
 
 cls_Value ObjectHandle::Member(std::string_view member) const {
-  auto const value = MemberOf(*FindObject(Core()->session.Model(), name_->kind, name_->name), member);
+  auto const value = MemberOf(*Find(Core()->session.Model(), *name_), member);
   if (!value) { throw std::out_of_range("A " + name_->kind + " of this type has no member " + Quoted(member) + "."); }
   return *value;
 }
@@ -135,7 +126,7 @@ cls_Value ObjectHandle::Member(std::string_view member) const {
 namespace {
 /// The attribute and the position of a step; refuses what has no history, and a step that the model does not have.
 std::pair<kprC_StepDependent const*, std::size_t> At(ddr_Model const& model, ObjectName const& name, std::string_view step) {
-  auto const* const item = dynamic_cast<kprC_StepDependent const*>(FindObject(model, name.kind, name.name));
+  auto const* const item = dynamic_cast<kprC_StepDependent const*>(Find(model, name));
   if (item == nullptr) { throw std::out_of_range("A " + name.kind + " has no history."); }
   std::size_t const index = item->Steps().Find(step);
   if (index == kprC_StepTable::npos) { throw std::out_of_range("There is no step " + Quoted(step) + "."); }

@@ -69,7 +69,7 @@ protected:
 
 private:
   friend class ObjectHandle;
-  struct Core;
+  struct DDB_LOCAL Core;
   std::shared_ptr<Core> core_;
 };
 
@@ -98,7 +98,7 @@ protected:
 private:
   ObjectHandle(std::weak_ptr<ModelBase::Core> model, std::shared_ptr<ObjectName const> name)
       : model_(std::move(model)), name_(std::move(name)) {}
-  std::shared_ptr<ModelBase::Core> Core() const;
+  DDB_LOCAL std::shared_ptr<ModelBase::Core> Core() const;
 
   std::weak_ptr<ModelBase::Core> model_;
   std::shared_ptr<ObjectName const> name_;

@@ -36,7 +36,9 @@ public:
   /// Runs a command on the object. None says "UNSET" for what steps carry. Gives what the command tells, or nothing.
   std::string Do(std::string_view command, py::dict const& arguments) const;
 
-  friend bool operator==(Handle const& a, Handle const& b) { return a.model_ == b.model_ && a.kind_ == b.kind_ && a.Name() == b.Name(); }
+  /// Handles of one object are equal, and stay so when it is renamed.
+  friend bool operator==(Handle const& a, Handle const& b) { return a.name_ == b.name_; }
+  std::size_t Hash() const { return std::hash<ObjectName const*>()(name_.get()); }
 
 private:
   py::object owner_;

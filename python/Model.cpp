@@ -3,10 +3,8 @@
 #include <algorithm>
 #include <sstream>
 
+#include "command/Lookup.h"
 #include "command/Replay.h"
-#include "framework/mdl_MapString2ObjCow.h"
-#include "module/kpr/engine/kprC_StepAwareRepository.h"
-#include "module/kpr/model/kprC_ModelSteps.h"
 #include "python/Values.h"
 #include "python/Watch.h"
 #include "store/TextStore.h"
@@ -37,34 +35,10 @@ Outcome Model::Do(cls_Value const& command) {
 }
 
 cls_Object const* Model::Find(int kind, std::string_view name) const {
-  if (kind == 0) {
-    kprC_StepContainer const& steps = kprC_Steps(Data());
-    std::size_t const index = steps.Index(name);
-    return index == kprC_StepTable::npos ? nullptr : &steps.Step(index);
-  }
-  mdl_Extension const* const all = Data().ConstExtension(Kinds()[static_cast<std::size_t>(kind)].member);
-  if (auto const* const attributes = mdl_ExtensionAs<kprC_StepAwareRepository>(all)) { return attributes->ConstItem(name); }
-  auto const* const named = mdl_ExtensionAs<mdl_NamedObjects>(all);
-  return named == nullptr ? nullptr : named->ConstObject(name);
+  return FindObject(Data(), Kinds()[static_cast<std::size_t>(kind)].member, name);
 }
 
-std::vector<std::string> Model::Names(int kind) const {
-  std::vector<std::string> names;
-  auto const add = [&names](auto const& keys) {
-    for (cow_String const& name : keys) { names.emplace_back(name.View()); }
-  };
-  if (kind == 0) {
-    add(kprC_Steps(Data()).Names());
-    return names;
-  }
-  mdl_Extension const* const all = Data().ConstExtension(Kinds()[static_cast<std::size_t>(kind)].member);
-  if (auto const* const attributes = mdl_ExtensionAs<kprC_StepAwareRepository>(all)) {
-    add(attributes->Keys());
-  } else if (auto const* const named = mdl_ExtensionAs<mdl_NamedObjects>(all)) {
-    add(named->Keys());
-  }
-  return names;
-}
+std::vector<std::string> Model::Names(int kind) const { return ObjectNamesIn(Data(), Kinds()[static_cast<std::size_t>(kind)].member); }
 
 std::shared_ptr<ObjectName const> Model::Follow(int kind, std::string_view name) {
   return session_.Follow(Kinds()[static_cast<std::size_t>(kind)].kind, name);

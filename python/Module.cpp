@@ -213,7 +213,7 @@ void BindModel(py::module_& m) {
       .def("_rollback", &Model::Rollback)
       .def("_on_change", &Model::OnChange)
       .def_property_readonly(
-          "path", [](Model const& self) { return self.Path().empty() ? py::object(py::none()) : Text(self.Path()); },
+          "path", [](Model const& self) { return self.Path().empty() ? py::object(py::none()) : FileText(self.Path()); },
           "Where the model was opened or saved last; None where it was not.")
       .def_property_readonly(
           "name",
@@ -238,8 +238,7 @@ void BindModel(py::module_& m) {
             return commands;
           },
           "The commands that succeeded, undo and redo among them; replaying them gives this model.")
-      .def(
-          "dump", [](Model& self) { return Text(self.Dump()); }, "The model as text, from which gattr.load makes an equal one.");
+      .def("_dump", [](Model& self) { return Text(self.Dump()); });
 }
 
 void BindHandles(py::module_& m) {
@@ -286,7 +285,7 @@ void BindHandles(py::module_& m) {
            })
       .def("__eq__",
            [](Handle const& self, py::handle other) { return py::isinstance<Handle>(other) && self == other.cast<Handle const&>(); })
-      .def("__hash__", [](Handle const& self) { return static_cast<Py_ssize_t>(std::hash<void const*>()(&self.In())) ^ self.Kind(); });
+      .def("__hash__", &Handle::Hash);
 
   py::class_<State>(m, "State", "What an attribute says in a step.")
       .def_property_readonly("status", &State::Status, "What the attribute does in the step.")
@@ -351,8 +350,8 @@ PYBIND11_MODULE(_gattr, m) {      // NOLINT
     try {
       if (raised) { std::rethrow_exception(raised); }
     } catch (gattr::StoreError const& error) {
-      PyErr_SetObject(Defined().unreadable.ptr(), Text(error.what()).ptr());
-    } catch (gattr::JournalError const& error) { PyErr_SetObject(Defined().unreadable.ptr(), Text(error.what()).ptr()); }
+      PyErr_SetObject(Defined().unreadable.ptr(), FileText(error.what()).ptr());
+    } catch (gattr::JournalError const& error) { PyErr_SetObject(Defined().unreadable.ptr(), FileText(error.what()).ptr()); }
   });
   BindDescriptions(m);
   BindModel(m);

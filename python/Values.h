@@ -54,5 +54,9 @@ inline std::string_view TextOf(py::handle text) {
   return {bytes, static_cast<std::size_t>(size)};
 }
 inline py::str Text(std::string_view text) { return {text.data(), text.size()}; }
+/// A path as Python has them, or a text that holds one: bytes that are no UTF-8 come back when it is encoded again.
+inline py::object FileText(std::string_view text) {
+  return py::reinterpret_steal<py::object>(PyUnicode_DecodeFSDefaultAndSize(text.data(), static_cast<Py_ssize_t>(text.size())));
+}
 
 }  // namespace gattr::python

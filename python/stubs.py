@@ -1,10 +1,11 @@
 """Writes the stubs of the module: what commands take, by type, from the session's own list. stubs.py FILE"""
 
+import inspect
 import re
 import sys
 import typing
 
-from gattr import _model, _objects, _words
+from gattr import _errors, _model, _objects, _words
 
 HEAD = '''# What the module offers, made of the session's list of commands. A class of objects says more of its members than its kind does.
 # mypy: disable-error-code="override,import"
@@ -23,6 +24,7 @@ _R = TypeVar("_R", covariant=True)
 _S = TypeVar("_S", contravariant=True)
 _H = TypeVar("_H", bound=Handle)
 _Progress = Callable[[int, int], object]
+_Path = str | bytes | os.PathLike[str] | os.PathLike[bytes]
 _Json = None | bool | int | float | str | Sequence["_Json"] | Mapping[str, "_Json"]
 
 class _Member(Generic[_R, _S]):
@@ -41,116 +43,11 @@ class Freed(enum.Enum):
 UNSET: Literal[Unset.UNSET]
 FREED: Literal[Freed.FREED]
 
-class Error(Exception): ...
-
-class Refused(Error):
-    module: str | None
-    code: int | None
-    text: str
-    object: str | None
-    step: str | None
-    member: str | None
-    hint: str | None
-
-class RefusedValue(Refused, ValueError): ...
-class RefusedKey(Refused, KeyError): ...
-class Gone(Error, LookupError): ...
-class Busy(Error, RuntimeError): ...
-class Unreadable(Error, OSError): ...
-
-@TUPLES@
-class Subscription:
-    def end(self) -> None: ...
-
-class DryRun:
-    history: History
-    findings: list[Finding]
-    changes: list[ObjectChange]
-    statuses: list[StatusChange]
-
-class Objects(Mapping[str, _H]):
-    def __getitem__(self, name: str) -> _H: ...
-    def __iter__(self) -> Iterator[str]: ...
-    def __len__(self) -> int: ...
-
-class Steps(Sequence[Step]):
-    @overload
-    def __getitem__(self, key: str) -> Step: ...
-    @overload
-    def __getitem__(self, key: int) -> Step: ...
-    @overload
-    def __getitem__(self, key: slice) -> list[Step]: ...
-    def __len__(self) -> int: ...
-    def keys(self) -> list[str]: ...
-    def values(self) -> list[Step]: ...
-    def items(self) -> list[tuple[str, Step]]: ...
-
-class History:
-    @property
-    def shape(self) -> tuple[int, int]: ...
-    @property
-    def steps(self) -> list[str]: ...
-    @property
-    def attributes(self) -> list[tuple[str, str]]: ...
-    def __len__(self) -> int: ...
-    def numpy(self) -> _typing.NDArray[_numpy.uint8]: ...
-    def values(self, member: str) -> _typing.NDArray[_numpy.float64]: ...
-    def frame(self, member: str | None = None) -> _pandas.DataFrame: ...
-    def _repr_html_(self) -> str: ...
-
 class State:
     @property
     def status(self) -> Status: ...
     @property
     def step(self) -> str: ...
-
-class Handle:
-    @property
-    def name(self) -> str: ...
-    @property
-    def model(self) -> Model: ...
-    @property
-    def exists(self) -> bool: ...
-    @property
-    def kind(self) -> str: ...
-
-class _Attribute(Handle):
-    def history(self) -> list[Status]: ...
-    @property
-    def command(self) -> str: ...
-    @property
-    def suppressed(self) -> bool: ...
-
-def open(path: str | os.PathLike[str], *, progress: _Progress | None = None) -> Model: ...
-def load(text: str) -> Model: ...
-def replay(path: str | os.PathLike[str], *, progress: _Progress | None = None) -> Model: ...
-'''
-
-MODEL = '''
-class Model:
-    def __init__(self) -> None: ...
-    @property
-    def path(self) -> str | None: ...
-    @property
-    def name(self) -> str: ...
-    @property
-    def space(self) -> str: ...
-    @property
-    def journal(self) -> list[dict[str, _Json]]: ...
-    @property
-    def steps(self) -> Steps: ...
-    def execute(self, command: Mapping[str, _Json | Unset | Freed | Handle]) -> Outcome: ...
-    def save(self, path: str | os.PathLike[str] | None = None, *, overwrite: bool = False, progress: _Progress | None = None) -> None: ...
-    def dump(self) -> str: ...
-    def history(self) -> History: ...
-    def check(self, *, progress: _Progress | None = None) -> list[Finding]: ...
-    def report(self, path: str | os.PathLike[str], *, progress: _Progress | None = None) -> None: ...
-    def copy(self) -> Model: ...
-    def transaction(self) -> ContextManager[None]: ...
-    def dry_run(self) -> ContextManager[DryRun]: ...
-    def on_change(self, callback: Callable[[Change], object]) -> Subscription: ...
-    def __enter__(self) -> Model: ...
-    def __exit__(self, kind: type[BaseException] | None, value: BaseException | None, traceback: TracebackType | None) -> None: ...
 '''
 
 PLAIN = {"integer": "int", "number": "float", "text": "str", "boolean": "bool"}
@@ -179,15 +76,66 @@ def union(*types):
     return " | ".join([*seen, *(["None"] if nothing else [])])
 
 
+def annotated(kind):
+    """An annotation as it is written."""
+    return kind if isinstance(kind, str) else kind.__forward_arg__ if isinstance(kind, typing.ForwardRef) else kind.__name__
+
+
 def tuples():
     """The tuples that the module gives, as their classes declare them."""
     lines = []
     for told in (_model.Outcome, _model.Finding, _words.ObjectChange, _words.StatusChange, _words.Change):
         lines.append(f"class {told.__name__}(NamedTuple):")
-        for name, kind in told.__annotations__.items():
-            lines.append(f"    {name}: {kind.__forward_arg__ if isinstance(kind, typing.ForwardRef) else kind.__name__}")
+        lines += [f"    {name}: {annotated(kind)}" for name, kind in told.__annotations__.items()]
         lines.append("")
-    return "\n".join(lines)
+    return lines
+
+
+def declared(function, indent="", alone=False):
+    """A function as it declares itself; what is annotated in no way is not for users."""
+    overloads = () if alone else typing.get_overloads(inspect.unwrap(function))
+    if overloads:
+        return [line for one in overloads for line in [f"{indent}@overload", *declared(one, indent, True)]]
+    result = annotated(function.__annotations__.get("return", ""))
+    if not result:
+        return []
+    if inspect.isgeneratorfunction(inspect.unwrap(function)):
+        result = result.replace("Iterator", "ContextManager", 1)
+    texts, star = [], False
+    for known in inspect.signature(function).parameters.values():
+        if known.kind is known.KEYWORD_ONLY and not star:
+            star = True
+            texts.append("*")
+        text = known.name if known.annotation is known.empty else f"{known.name}: {annotated(known.annotation)}"
+        texts.append(text if known.default is known.empty else f"{text} = {known.default!r}")
+    return [f"{indent}def {function.__name__}({', '.join(texts)}) -> {result}: ..."]
+
+
+def declared_members(of, read_only=False):
+    """What a class declares of its own."""
+    lines = []
+    for name, kind in of.__dict__.get("__annotations__", {}).items():
+        lines += ["    @property", f"    def {name}(self) -> {annotated(kind)}: ..."] if read_only else [f"    {name}: {annotated(kind)}"]
+    for known in vars(of).values():
+        if isinstance(known, property) and known.fget.__annotations__:
+            lines += ["    @property", *declared(known.fget, "    ")]
+        elif inspect.isfunction(known):
+            lines += declared(known, "    ")
+    return lines
+
+
+def plain_classes():
+    """The classes and functions that have nothing to do with what commands there are."""
+    lines = []
+    for of in (_errors.Error, _errors.Refused, _errors.RefusedValue, _errors.RefusedKey, _errors.Gone, _errors.Busy, _errors.Unreadable):
+        bases = ", ".join(base.__name__ for base in of.__bases__)
+        lines += [f"class {of.__name__}({bases}):", *(declared_members(of) or ["    pass"]), ""]
+    bases = {"Objects": "(Mapping[str, _H])", "Steps": "(Sequence[Step])"}
+    for of in (_model.Subscription, _model.DryRun, _model.Objects, _model.Steps, _model.History):
+        lines += [f"class {of.__name__}{bases.get(of.__name__, '')}:", *declared_members(of), ""]
+    lines += ["class Handle:", *declared_members(_objects.Handle, True), ""]
+    lines += ["class _Attribute(Handle):", *declared_members(_objects.Attribute, True), ""]
+    return [*lines, *declared(_model.open), *declared(_model.load), *declared(_model.replay), ""]
 
 
 def base(argument, given):
@@ -317,7 +265,7 @@ def value_classes():
 
 
 def model():
-    lines = MODEL.rstrip("\n").split("\n")
+    lines = ["class Model:", *declared_members(_model.Model, True)]
     for name, number in _objects.mappings.items():
         if number:
             lines += ["    @property", f"    def {name}(self) -> Objects[{_objects.class_name(_objects.kinds[number])}]: ..."]
@@ -339,4 +287,4 @@ def status():
 
 
 with open(sys.argv[1], "w", encoding="utf-8") as file:
-    file.write("\n".join([HEAD.replace("@TUPLES@", tuples()), *status(), *value_classes(), *handle_classes(), *model()]) + "\n")
+    file.write("\n".join([HEAD, *tuples(), *plain_classes(), *status(), *value_classes(), *handle_classes(), *model()]) + "\n")

@@ -10,6 +10,14 @@ class Error(Exception):
 class Refused(Error):
     """A command that was refused. The model is as it was."""
 
+    module: "str | None"
+    code: "int | None"
+    text: str
+    object: "str | None"
+    step: "str | None"
+    member: "str | None"
+    hint: "str | None"
+
     def __init__(self, message, module=None, code=None, text="", object=None, step=None, member=None, hint=None):
         super().__init__(message)
         self.module = module

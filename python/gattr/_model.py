@@ -1,10 +1,15 @@
-"""Models, their tables and their files."""
+"""Models, their tables and their files. What is annotated is what the stubs say."""
+
+from __future__ import annotations
 
 import collections.abc
 import contextlib
 import html
+import os
 import typing
 import weakref
+from collections.abc import Callable, Iterator, Mapping
+from types import TracebackType
 
 from . import _gattr, _objects
 from ._gattr import State
@@ -16,10 +21,10 @@ class Outcome(typing.NamedTuple):
 
     changed: bool
     message: str
-    history: "dict[str, list[Status]]"
+    history: dict[str, list[Status]]
     report: str
-    changes: "list[ObjectChange]"
-    statuses: "list[StatusChange]"
+    changes: list[ObjectChange]
+    statuses: list[StatusChange]
 
 
 class Finding(typing.NamedTuple):
@@ -47,7 +52,7 @@ class Objects(collections.abc.Mapping):
     def __init__(self, model, kind):
         self._model, self._kind = model, kind
 
-    def __getitem__(self, name):
+    def __getitem__(self, name: str) -> _H:
         if not self._model._has(self._kind, name):
             raise KeyError(name)
         return self._model._handle(self._kind, name)
@@ -55,10 +60,10 @@ class Objects(collections.abc.Mapping):
     def __contains__(self, name):
         return self._model._has(self._kind, name)
 
-    def __iter__(self):
+    def __iter__(self) -> Iterator[str]:
         return iter(self._model._names(self._kind))
 
-    def __len__(self):
+    def __len__(self) -> int:
         return len(self._model._names(self._kind))
 
     def __repr__(self):
@@ -70,6 +75,12 @@ class Steps(Objects, collections.abc.Sequence):
 
     __slots__ = ()
 
+    @typing.overload
+    def __getitem__(self, key: str) -> Step: ...
+    @typing.overload
+    def __getitem__(self, key: int) -> Step: ...
+    @typing.overload
+    def __getitem__(self, key: slice) -> list[Step]: ...
     def __getitem__(self, key):
         if isinstance(key, str):
             return super().__getitem__(key)
@@ -87,15 +98,18 @@ class Steps(Objects, collections.abc.Sequence):
     def __reversed__(self):
         return reversed(list(self))
 
-    def keys(self):
+    def __len__(self) -> int:
+        return super().__len__()
+
+    def keys(self) -> list[str]:
         """The names in their order."""
         return self._model._names(self._kind)
 
-    def values(self):
+    def values(self) -> list[Step]:
         """The handles in their order."""
         return list(self)
 
-    def items(self):
+    def items(self) -> list[tuple[str, Step]]:
         """Names and handles in their order."""
         return list(zip(self.keys(), self))
 
@@ -122,24 +136,24 @@ class History:
         self._table = table
 
     @property
-    def shape(self):
+    def shape(self) -> tuple[int, int]:
         """The number of attributes and that of steps."""
         return self._table.shape
 
     @property
-    def steps(self):
+    def steps(self) -> list[str]:
         """The names of the steps, a column each."""
         return self._table.steps
 
     @property
-    def attributes(self):
+    def attributes(self) -> list[tuple[str, str]]:
         """Kind and name of the attributes, a row each."""
         return self._table.attributes
 
-    def __len__(self):
+    def __len__(self) -> int:
         return self._table.shape[0]
 
-    def numpy(self):
+    def numpy(self) -> _typing.NDArray[_numpy.uint8]:
         """The statuses by number: an array of uint8, a row for each attribute, a column for each step."""
         import numpy
 
@@ -147,7 +161,7 @@ class History:
         self._table._fill(statuses)
         return statuses
 
-    def values(self, member):
+    def values(self, member: str) -> _typing.NDArray[_numpy.float64]:
         """The values of a member that are in force, as float64 in the same places; NaN where there is none."""
         import numpy
 
@@ -157,7 +171,7 @@ class History:
         self._table._fill_values(member, values)
         return values
 
-    def frame(self, member=None):
+    def frame(self, member: str | None = None) -> _pandas.DataFrame:
         """A frame of the statuses, or of the values of a member, by kind and name of the attribute and by step."""
         import pandas
 
@@ -172,7 +186,7 @@ class History:
         rows, columns = self.shape
         return f"<History of {rows} attributes in {columns} steps>"
 
-    def _repr_html_(self):
+    def _repr_html_(self) -> str:
         page = html.escape(self._table.html())
         return f'<iframe srcdoc="{page}" style="width: 100%; height: {min(60 + 28 * len(self), 600)}px; border: none"></iframe>'
 
@@ -187,7 +201,7 @@ class Subscription:
         here = weakref.ref(self)  # the collector does not see what the session holds
         self._token = model._on_change(lambda change: here()._callback(change))
 
-    def end(self):
+    def end(self) -> None:
         """The callback is told nothing more."""
         self._token.end()
         self._model._subscriptions.discard(self)
@@ -197,6 +211,10 @@ class DryRun:
     """What edits would have come to; filled when the block ends."""
 
     __slots__ = ("history", "findings", "changes", "statuses")
+    history: History
+    findings: list[Finding]
+    changes: list[ObjectChange]
+    statuses: list[StatusChange]
 
     def __init__(self):
         self.history, self.findings, self.changes, self.statuses = None, [], [], []
@@ -206,42 +224,51 @@ class Model(_gattr.Model):
     """A model under edit. Its methods and those of its handles are the session's commands."""
 
     __slots__ = ("_subscriptions",)
+    # what the compiled part has
+    path: str | None
+    name: str
+    space: str
+    journal: list[dict[str, _Json]]
 
-    def __init__(self):
+    def __init__(self) -> None:
         super().__init__()
         self._subscriptions = set()
 
     @property
-    def steps(self):
+    def steps(self) -> Steps:
         """The steps in their order, by name or by position."""
         return Steps(self, 0)
 
-    def execute(self, command):
+    def execute(self, command: Mapping[str, _Json | Unset | Freed | Handle]) -> Outcome:
         """Runs a command as a journal has it: {"command": "deactivate", "boundaryCondition": "Fix", "stepName": "Step-2"}."""
         changed, message, history, report, effects = self._execute(command)
         return Outcome(changed, message, history, report, *effects)
 
-    def save(self, path=None, *, overwrite=False, progress=None):
+    def save(self, path: _Path | None = None, *, overwrite: bool = False, progress: _Progress | None = None) -> None:
         """Saves the model (.gadb, .gattr.json), by default where it was opened or saved last."""
         path = path if path is not None else self.path
         if path is None:
             raise ValueError("the model was not opened or saved before: a path is expected")
         self._save(_path(path), overwrite, progress)
 
-    def history(self):
+    def dump(self) -> str:
+        """The model as text, from which gattr.load makes an equal one."""
+        return self._dump()
+
+    def history(self) -> History:
         """The statuses of all attributes in all steps as they are now."""
         return History(self._history())
 
-    def check(self, *, progress=None):
+    def check(self, *, progress: _Progress | None = None) -> list[Finding]:
         """Everything that stands in the way of solving the model."""
         return [Finding(*told) for told in self._check(progress)]
 
-    def report(self, path, *, progress=None):
+    def report(self, path: _Path, *, progress: _Progress | None = None) -> None:
         """Writes the model as a page for a browser: histories, values, plots, steps, findings."""
         self._report(_path(path), progress)
 
     @contextlib.contextmanager
-    def transaction(self):
+    def transaction(self) -> Iterator[None]:
         """What the block does is one edit, to be undone as one; where it raises, nothing of it is done."""
         self._begin()
         try:
@@ -252,7 +279,7 @@ class Model(_gattr.Model):
         self._commit()
 
     @contextlib.contextmanager
-    def dry_run(self):
+    def dry_run(self) -> Iterator[DryRun]:
         """Takes back all that the block does, and tells what it came to: histories, findings, objects and statuses that changed."""
         told = DryRun()
         self._begin()
@@ -263,7 +290,7 @@ class Model(_gattr.Model):
         finally:
             self._rollback()
 
-    def on_change(self, callback):
+    def on_change(self, callback: Callable[[Change], object]) -> Subscription:
         """Has callback(change) called after every whole edit, undo and redo, once for a transaction, not for what is refused or tried.
 
         It may read the model and edit it; what it raises passes to the caller of the edit, which stays done."""
@@ -271,7 +298,7 @@ class Model(_gattr.Model):
         self._subscriptions.add(subscription)
         return subscription
 
-    def copy(self):
+    def copy(self) -> Model:
         """Another model, equal to this one. Costs next to nothing; has no undo and no journal of its own yet."""
         copied = type(self)()
         copied._copy(self)
@@ -285,12 +312,12 @@ class Model(_gattr.Model):
     def __reduce__(self):
         return load, (self.dump(),)
 
-    def __enter__(self):
+    def __enter__(self) -> Model:
         if self.path is None:
             raise ValueError("the model has no path to be saved to: open or save it first")
         return self
 
-    def __exit__(self, kind, value, traceback):
+    def __exit__(self, kind: type[BaseException] | None, value: BaseException | None, traceback: TracebackType | None) -> None:
         if kind is None:
             self.save()
 
@@ -299,26 +326,24 @@ class Model(_gattr.Model):
 
 
 def _path(path):
-    import os
-
-    return os.fspath(path)
+    return os.fsencode(path)
 
 
-def open(path, *, progress=None):
+def open(path: _Path, *, progress: _Progress | None = None) -> Model:
     """Opens a model (.gadb, .gattr.json). As a context it is saved when the block ends without an exception."""
     model = Model()
     model._open(_path(path), progress)
     return model
 
 
-def load(text):
+def load(text: str) -> Model:
     """The model that a text says, which dump gave."""
     model = Model()
     model._load(text)
     return model
 
 
-def replay(path, *, progress=None):
+def replay(path: _Path, *, progress: _Progress | None = None) -> Model:
     """Runs a journal on an empty model."""
     model = Model()
     model._replay(_path(path), progress)

@@ -1,5 +1,7 @@
 """The methods of models and the classes of handles, made of the session's own list of commands."""
 
+from __future__ import annotations
+
 import inspect
 
 from . import _errors, _gattr
@@ -160,6 +162,11 @@ class Handle(_gattr.Handle):
     """An object of a model, by its name: follows when it is renamed and when that is undone."""
 
     __slots__ = ()
+    # what the compiled part has
+    name: str
+    model: Model
+    exists: bool
+    kind: str
 
     def set(self, **members):
         """Sets members of the object; of an attribute, its own and those of its create step."""
@@ -189,17 +196,17 @@ class Attribute(Handle):
         else:
             self._do(SET_IN_STEP, {"stepName": stepName, **members})
 
-    def history(self):
+    def history(self) -> list[Status]:
         """What it does in each step, in their order."""
         return self._statuses()
 
     @property
-    def command(self):
+    def command(self) -> str:
         """The command that makes such an attribute."""
         return self._command()
 
     @property
-    def suppressed(self):
+    def suppressed(self) -> bool:
         """Whether it is taken out of the analysis as a whole."""
         return self._suppressed()
 

@@ -77,8 +77,11 @@ TEST_F(Streams, MayBePipesOnBothSides) {
 TEST_F(Streams, ThatAreTerminalsCompleteWhatIsTypedAndRememberIt) {
   Write("j.jsonl", kJournal);
   ASSERT_EQ(Shell("$G replay j.jsonl -o m.gadb && mkdir state"), 0);
-  auto const [shown, status] = OnTerminal({"shell", Path("m.gadb")}, "", {"deact\tboundaryC\tFi\tstepN\tStep-2\n", "save\n", "quit\n"});
+  auto const [shown, status] = OnTerminal({"shell", Path("m.gadb")}, "",
+                                          {"rename boundaryC\tFi\tnewName=\"Left fix\"\n", "deact\tboundaryC\tLe\tstepN\tStep-2\n",
+                                           "suppress boundaryC\t\"Left f\t\n", "save\n", "quit\n"});
   EXPECT_EQ(status, 0) << shown;
+  EXPECT_NE(Gattr({"dump", "m.gadb"}).out.find("\"suppress"), std::string::npos) << shown;
   EXPECT_NE(Gattr({"dump", "m.gadb"}).out.find("\"off\":"), std::string::npos) << shown;
   EXPECT_NE(Read("state/gattr/history").find("deactivate"), std::string::npos);
 }

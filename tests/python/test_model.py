@@ -4,6 +4,7 @@ import copy
 import gc
 import inspect
 import math
+import os
 import pathlib
 import pickle
 import signal
@@ -124,7 +125,10 @@ class Handles(unittest.TestCase):
     def test_handles_follow_their_objects_or_raise(self):
         model, punch = forming()
         form = punch["Form"]
+        marked = {punch: "punch", model.steps["Form"]: "step"}
+        self.assertEqual(len({hash(one) for one in [*marked, *model.regions.values()]}), 2 + len(model.regions))
         punch.rename("Stamp")
+        self.assertEqual((marked[punch], marked[model.boundary_conditions["Stamp"]]), ("punch", "punch"))
         self.assertEqual((punch.name, form.u2), ("Stamp", -12.0))
         model.steps["Form"].rename("Draw")
         self.assertEqual((form.step, form.u2), ("Draw", -12.0))
@@ -264,7 +268,7 @@ class Files(unittest.TestCase):
         return pathlib.Path(self.folder.name, name)
 
     def test_a_block_saves_where_it_ends_well(self):
-        for name in ("m.gadb", "m.gattr.json"):
+        for name in ("m.gadb", "m.gattr.json", os.fsdecode(b"\xff.gadb")):
             model, _ = forming()
             self.assertRaises(ValueError, model.save)
             self.assertRaises(ValueError, model.__enter__)
@@ -274,7 +278,8 @@ class Files(unittest.TestCase):
             with self.assertRaises(ZeroDivisionError), gattr.open(self.path(name)) as opened:
                 opened.boundary_conditions["Punch"].delete()
                 1 / 0
-            self.assertEqual(gattr.open(self.path(name)).boundary_conditions["Punch"]["Form"].u2, -20)
+            again = gattr.open(self.path(name))
+            self.assertEqual((again.path, again.boundary_conditions["Punch"]["Form"].u2), (str(self.path(name)), -20))
             self.assertRaises(gattr.Unreadable, model.save)  # somebody else has written it
             model.save(overwrite=True)
         self.assertRaises(gattr.Unreadable, gattr.open, self.path("none.gadb"))
