@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "command/Check.h"
+#include "command/Journal.h"
 #include "command/Session.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "store/ModelFile.h"
