@@ -73,6 +73,8 @@ demo: program ## replay an example, print its histories, leave a model file
 
 bench: build ## run the benchmarks; BENCH_ARGS goes to each
 	@for program in $(BUILD)/bin/bench_*; do echo "$${program##*/}"; "$$program" $(BENCH_ARGS) || exit 1; done
+	@cmake/setup.sh browser
+	@echo "a report in a browser"; GATTR_PROGRAM=$(CURDIR)/$(BUILD)/bin/gattr /usr/bin/python3 -B benchmarks/report.py
 	@echo "the Python module"; PYTHONPATH=$(BUILD)/python /usr/bin/python3 -P benchmarks/module.py
 
 pages: setup ## write what the library says of itself into the pages of docs/

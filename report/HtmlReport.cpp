@@ -1,8 +1,10 @@
 #include "report/HtmlReport.h"
 
 #include <algorithm>
+#include <map>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "command/Check.h"
@@ -39,10 +41,21 @@ std::string Base64(std::string_view hex) {
   return text.append((4 - text.size() % 4) % 4, '=');
 }
 
+/// The same between tags, where quotes are plain.
+std::string Content(std::string_view text) {
+  std::string html = HtmlText(text);
+  for (auto const& [written, plain] : {std::pair("&quot;", "\""), std::pair("&#39;", "'")}) {
+    std::size_t const size = std::string_view(written).size();
+    for (std::size_t at = 0; (at = html.find(written, at)) != std::string::npos; ++at) { html.replace(at, size, plain); }
+  }
+  return html;
+}
+
 // ---- what is there without a script, too
 
-/// A step's parameters: those that are not what a new step of the procedure has, then the others.
-void WriteParameters(std::ostream& out, kprC_Step const& step) {
+/// A step's parameters: those that are not what a new step of the procedure has, then the others, or in which of the steps in \p known
+/// they were the same.
+void WriteParameters(std::ostream& out, kprC_Step const& step, std::string_view name, std::map<std::string, std::string>& known) {
   auto const* const procedure = kprC_FindProcedure(step.DynTypeId());
   std::unique_ptr<cls_Object> const fresh = procedure == nullptr ? nullptr : ClassOf(step).make();
   std::string own, others;
@@ -55,20 +68,27 @@ void WriteParameters(std::ostream& out, kprC_Step const& step) {
           "</i> " + HtmlText(ReadableValue(row.ToValue(&step))) + "</span> ";
   }
   out << own;
-  if (!others.empty()) { out << "<details><summary>the others, as a new step has them</summary>" << others << "</details>"; }
+  if (others.empty()) { return; }
+  auto const [same, isNew] = known.try_emplace(others, name);
+  if (!isNew) {
+    out << "<small>the others as in " << Content(same->second) << "</small>";
+  } else {
+    out << "<details><summary>the others, as a new step has them</summary>" << others << "</details>";
+  }
 }
 
 void WriteSteps(std::ostream& out, kprC_StepContainer const& steps) {
   out << "<section id=\"steps\" aria-labelledby=\"steps-title\"><h2 "
          "id=\"steps-title\">Steps</h2>\n<table>\n<thead><tr><th>#</th><th>step</th>"
          "<th>procedure</th><th>period</th><th>parameters</th></tr></thead>\n<tbody>\n";
+  std::map<std::string, std::string> known;
   for (std::size_t i = 0; i < steps.Size(); ++i) {
     kprC_Step const& step = steps.Step(i);
     out << "<tr><td>" << i << "</td><th scope=\"row\">" << HtmlText(steps.Name(i).View()) << "</th><td>"
         << HtmlText(LoweredLabel(ProcedureText(steps.Table().ProcedureType(i))))
         << (step.Perturbation() ? " <small>perturbation</small>" : "") << "</td><td class=\"number\">"
         << (i == 0 ? "" : HtmlText(ReadableValue(step.TimePeriod()))) << "</td><td>";
-    WriteParameters(out, step);
+    WriteParameters(out, step, steps.Name(i).View(), known);
     out << "</td></tr>\n";
   }
   out << "</tbody></table></section>\n";
@@ -82,13 +102,16 @@ void WriteFindings(std::ostream& out, std::vector<Finding> const& findings) {
   }
   out << "<table>\n<thead><tr><th>id</th><th>severity</th><th>object</th><th>name</th><th>step</th><th>member</th><th>what it is</th>"
          "<th>code</th></tr></thead>\n<tbody>\n";
+  std::string above;
   for (Finding const& finding : findings) {
     FindingRow const& row = finding.Row();
     std::string message = OneLine(finding.refusal.message);
     for (std::string const& more : {finding.detail, finding.hint}) { message += (more.empty() ? "" : " ") + OneLine(more); }
     out << "<tr class=" << SeverityText(row.severity) << "><td>" << row.id << "<td><b>" << SeverityText(row.severity) << "</b><td>"
-        << HtmlText(SpacedWord(finding.kind)) << (finding.suppressed ? " (suppressed)" : "") << "<th>" << HtmlText(finding.name) << "<td>"
-        << HtmlText(finding.step) << "<td>" << HtmlText(finding.member) << "<td>" << HtmlText(message) << "<td>";
+        << HtmlText(SpacedWord(finding.kind)) << (finding.suppressed ? " (suppressed)" : "") << "<th>" << Content(finding.name) << "<td>"
+        << HtmlText(finding.step) << "<td>" << HtmlText(finding.member) << "<td>"
+        << (message == above ? "<small>the same</small>" : Content(message)) << "<td>";
+    above = std::move(message);
     if (finding.refusal.code >= 0) { out << HtmlText(finding.refusal.module) << ' ' << finding.refusal.code; }
     out << '\n';
   }

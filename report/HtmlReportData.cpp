@@ -278,11 +278,6 @@ private:
 }  // namespace
 
 std::string ReadableValue(cls_Value const& value) {
-  if (auto const* const text = value.As<std::string>()) { return *text; }
-  if (auto const* const number = value.As<double>()) {
-    char digits[32];
-    return std::string(Digits(*number, digits));
-  }
   std::string text;
   if (auto const* const list = value.As<cls_Value::List>()) {
     for (cls_Value const& item : *list) {
@@ -295,7 +290,7 @@ std::string ReadableValue(cls_Value const& value) {
     for (auto const& [name, item] : *fields) { text += (text.empty() ? "" : ", ") + name + " " + ReadableValue(item); }
     return text;
   }
-  return value.IsNull() ? "unset" : JsonText(value);
+  return value.IsNull() ? "unset" : ValueText(value);
 }
 
 std::string SpacedWord(std::string_view word) {

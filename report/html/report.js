@@ -191,6 +191,12 @@ document.addEventListener("DOMContentLoaded", () => {
   const tabs = make("div", { role: "tablist", "aria-label": "Views" });
   document.getElementById("top").append(tabs);
   const findingRows = [...document.querySelectorAll("#findings tbody tr")];
+  /** What each finding is, where the table says that it is what the one above is, too. */
+  const findingTexts = [];
+  for (const row of findingRows) {
+    const cell = row.cells[6];
+    findingTexts.push(cell.querySelector("small") ? findingTexts[findingTexts.length - 1] : cell.textContent);
+  }
   for (const [title, section] of views) {
     const number = section.id === "findings" ? ` (${findingRows.length})` : "";
     const tab = make("button", { role: "tab", type: "button", "aria-controls": section.id, id: `tab-${section.id}` }, title + number);
@@ -685,7 +691,8 @@ document.addEventListener("DOMContentLoaded", () => {
     const own = findingRows.filter((row) => Number(row.dataset.index) === attribute.index);
     if (own.length === 0) return [];
     const parts = own.map((row) => {
-      const [id, severity, , , step, member, what, code] = [...row.cells].map((cell) => cell.textContent);
+      const [id, severity, , , step, member, , code] = [...row.cells].map((cell) => cell.textContent);
+      const what = findingTexts[findingRows.indexOf(row)];
       const where = [step && `in ${step}`, member].filter(Boolean).join(", ");
       const about = `${id} ${where ? `${where}: ` : ""}${what}${code ? ` [${code}]` : ""}`;
       return make("p", { class: row.className }, make("b", {}, severity), ` ${about}`);

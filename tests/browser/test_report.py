@@ -181,6 +181,32 @@ class Report(unittest.TestCase):
             page.run(f"[...document.querySelectorAll('#panel .choices button')].find(b => b.textContent === '{name}').click()")
         self.assertEqual(page.run(TITLES), [f"u1 0 in {step}" for step in model.steps[1:]] + u2)
 
+    def test_every_cell_has_the_values_and_origins_that_show_tells(self):
+        seen_values = 0
+        for model in (forming, modes, Model("fire"), Model("crash_box"), Model("rotor")):
+            page = self.page(model)
+            page.press("Enter", "Home")
+            cells = page.run(f"""(() => {{ const all = []; const press = key => grid.dispatchEvent(new KeyboardEvent('keydown', {{key}}));
+              for (let row = 0; row < {len(model.names)}; ++row) {{
+                press('Home'); all.push([]);
+                for (let step = 0; step < {len(model.steps)}; ++step) {{ all[row].push({VALUES}); press('ArrowRight'); }}
+                press('ArrowDown');
+              }} return all; }})()""")
+            for row, seen in zip(model.history["attributes"], cells):
+                told = json.loads(run("show", model.path, f"{row['kind']}:{row['name']}", "--format", "json"))
+                for step, shown in zip(told["steps"], seen):
+                    wanted = {name: member for name, member in step["members"].items() if member["standing"] in ("set", "freed")}
+                    self.assertEqual(set(shown), set(wanted), (row["name"], step["step"]))
+                    for name, member in wanted.items():
+                        value, origin = shown[name]
+                        self.assertEqual(origin, "set here" if member["own"] else member["step"], (row["name"], step["step"], name))
+                        if isinstance(member["value"], float):
+                            self.assertEqual(float(value), member["value"], (row["name"], step["step"], name))
+                        elif isinstance(member["value"], str) or member["standing"] == "freed":
+                            self.assertEqual(value, member["value"] or "freed", (row["name"], step["step"], name))
+                        seen_values += 1
+        self.assertGreater(seen_values, 300)
+
     def test_a_plot_follows_the_curve_of_the_amplitude(self):
         model = Model("curve", [
             {"command": "Set", "name": "S"},
@@ -271,6 +297,19 @@ class Report(unittest.TestCase):
         self.assertFalse(any("hit()" in word and word.startswith(("img", "IMG")) for word in text))
         self.assertNotIn("IMG", text)
         self.assertEqual({request["request"]["url"] for request in plain.told("Network.requestWillBeSent")}, {"file://" + model.page})
+
+    def test_a_finding_opens_its_attribute(self):
+        page = self.page(wide)
+        told = json.loads(subprocess.run([GATTR, "check", wide.path, "--format", "json"], capture_output=True, text=True).stdout)
+        said = [f"{one['message']} {one['detail']} {one['hint']}".split() for one in told]
+        place = next(i for i in range(1, len(said)) if said[i] == said[i - 1])  # of which the table says that it is the same
+        page.click("#tab-findings")
+        for i in (0, place, len(told) - 1):
+            page.run(f"document.querySelectorAll('#findings tbody tr')[{i}].click()")
+            panel = page.run(PANEL)
+            self.assertEqual(panel.split("\n")[0], told[i]["name"])
+            self.assertIn(" ".join(said[i]), " ".join(panel.split()))
+            self.assertEqual(page.run("document.getElementById(grid.getAttribute('aria-activedescendant')).ariaLabel").split(":")[0], told[i]["step"])
 
     def test_the_policy_stops_what_a_page_would_do(self):
         page = self.page(forming)
