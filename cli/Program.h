@@ -49,6 +49,9 @@ void AddHelp(CLI::App& program, Action& action);
 void AddCompletion(CLI::App& program, Action& action);
 void AddCodes(CLI::App& program, Action& action);
 void AddVariables(CLI::App& program, Action& action);
+void AddDiff(CLI::App& program, Action& action);
+void AddMerge(CLI::App& program, Action& action);
+void AddGitSetup(CLI::App& program, Action& action);
 
 inline constexpr char const* kModelHelp = "model file: .gadb, or .gattr.json for the text form";
 

@@ -107,6 +107,9 @@ int RunProgram(int argc, char** argv) {
   AddCompletion(program, action);
   AddCodes(program, action);
   AddVariables(program, action);
+  AddDiff(program, action);
+  AddMerge(program, action);
+  AddGitSetup(program, action);
   Library const library;
   int const status = Parse(program, argc, argv, action);
   std::cout.flush();

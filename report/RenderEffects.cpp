@@ -9,14 +9,6 @@
 namespace gattr {
 namespace {
 
-Style ChangeStyle(ChangeKind change) {
-  switch (change) {
-    case ChangeKind::Created: return Style::New;
-    case ChangeKind::Deleted: return Style::Off;
-    default: return Style::Changed;
-  }
-}
-
 std::string StepsText(std::vector<std::string> const& steps) {
   std::string text;
   for (std::string const& step : steps) { text += (text.empty() ? "in " : ", ") + Quoted(step); }
@@ -31,12 +23,20 @@ Json StatusJson(std::optional<mdl_PropagationStatusEnm> status) { return status 
 
 }  // namespace
 
+Style StyleOf(ChangeKind change) {
+  switch (change) {
+    case ChangeKind::Created: return Style::New;
+    case ChangeKind::Deleted: return Style::Off;
+    default: return Style::Changed;
+  }
+}
+
 void RenderText(std::ostream& out, Effects const& effects, TextLayout const& layout) {
   TextTable objects({"change", "kind", "name", "details"});
   for (ObjectChange const& object : effects.objects) {
     std::string const before = object.change == ChangeKind::Renamed ? "was " + Quoted(object.before) : "";
     std::string const steps = StepsText(object.steps);
-    objects.Add({{ChangeText(object.change), ChangeStyle(object.change)},
+    objects.Add({{ChangeText(object.change), StyleOf(object.change)},
                  object.kind,
                  {object.name, Style::Strong},
                  before + (before.empty() || steps.empty() ? "" : "; ") + steps});

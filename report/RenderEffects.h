@@ -8,6 +8,9 @@
 
 namespace gattr {
 
+/// How a change is shown.
+Style StyleOf(ChangeKind change);
+
 /// What edits have come to, or would: a line for each object, then one for each run of steps with another status.
 void RenderText(std::ostream& out, Effects const& effects, TextLayout const& layout);
 /// {"objects": [{"change": "changed", "kind": ..., "name": ..., "steps": [...]}], "statuses": [{"kind": ..., "name": ..., "firstStep": ...,

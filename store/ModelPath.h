@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "framework/ddr_Model.h"
@@ -14,6 +16,8 @@ namespace gattr {
 class ModelPath {
 public:
   explicit ModelPath(std::string const& path) : file_(FileOf(path)) {}
+  /// One whose form its content tells, whatever it is called, as those that another program has put aside. Nothing where it is empty.
+  static std::optional<ModelPath> ByContent(std::string const& path);
 
   ddr_Model Open(Progress const& progress = {});
   /// Writes the model whole or leaves the file as it was. What was opened here is written faster: only what has changed.
@@ -21,6 +25,7 @@ public:
   void Save(ddr_Model const& model, Changed changed = Changed::Refuse, Progress const& progress = {});
 
 private:
+  explicit ModelPath(std::variant<ModelFile, TextFile> file) : file_(std::move(file)) {}
   static std::variant<ModelFile, TextFile> FileOf(std::string const& path);
 
   std::variant<ModelFile, TextFile> file_;
