@@ -95,7 +95,8 @@ int Run(MergeOptions const& options) {
   std::cout.flush();
   std::string const name = options.name.empty() ? options.ours : options.name;
   if (!merged.IsWhole()) {
-    Tell(fmt::format("gattr: {}: {}, nothing is written\n", Shown(name), merged.conflicts.size() == 1 ? std::string("1 conflict") : fmt::format("{} conflicts", merged.conflicts.size())));
+    Tell(fmt::format("gattr: {}: {}, nothing is written\n", Shown(name),
+                     merged.conflicts.size() == 1 ? std::string("1 conflict") : fmt::format("{} conflicts", merged.conflicts.size())));
   }
   for (Finding const& one : merged.findings) {
     std::string const step = one.step.empty() ? "" : " in step " + Quoted(one.step);

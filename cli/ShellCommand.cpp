@@ -36,7 +36,9 @@ public:
 
   int Run() {
     while (!done_) {
-      auto const line = lines_.Next(fmt::format("{}{}> ", Shown(std::filesystem::path(path_).filename().string()), IsSaved() ? "" : "*"));
+      std::string const file = Shown(std::filesystem::path(path_).filename().string());
+      std::string const branch = session_.Branches().size() == 1 ? "" : " [" + Shown(session_.CurrentBranch()) + "]";
+      auto const line = lines_.Next(fmt::format("{}{}{}> ", file, IsSaved() ? "" : "*", branch));
       if (!line) { break; }
       Take(*line);
     }
@@ -50,12 +52,16 @@ private:
     void (Shell::*run)(std::vector<std::string> const& words);
   };
   static std::vector<Own> const& OwnCommands() {
-    static std::vector<Own> const commands = {{"save", "writes the model", &Shell::Save},
-                                              {"history", "what attributes do in every step: of all, or of those named", &Shell::History},
-                                              {"check", "finds what is wrong in the model", &Shell::Check},
-                                              {"journal", "prints the commands of this session", &Shell::Journal},
-                                              {"help", "lists the commands, or the arguments of one", &Shell::Help},
-                                              {"quit", "ends; so does the end of input", &Shell::QuitCommand}};
+    static std::vector<Own> const commands = {
+        {"save", "writes the model", &Shell::Save},
+        {"history", "what attributes do in every step: of all, or of those named", &Shell::History},
+        {"check", "finds what is wrong in the model", &Shell::Check},
+        {"journal", "prints the commands of this session", &Shell::Journal},
+        {"branch", "begins a branch: another version of the model; lists them, or --delete NAME", &Shell::Branch},
+        {"switch", "goes on in another branch", &Shell::Switch},
+        {"compare", "tells what this branch says that another does not", &Shell::Compare},
+        {"help", "lists the commands, or the arguments of one", &Shell::Help},
+        {"quit", "ends; so does the end of input", &Shell::QuitCommand}};
     return commands;
   }
 
@@ -115,6 +121,27 @@ private:
   void Journal(std::vector<std::string> const& /*words*/) {
     for (cls_Value const& command : session_.Journal()) { std::cout << JsonEscaped(JsonText(command)) << '\n'; }
   }
+  void Branch(std::vector<std::string> const& words) {
+    if (words.size() == 1) {
+      for (std::string const& name : session_.Branches()) {
+        std::cout << (name == session_.CurrentBranch() ? "* " : "  ") << Shown(name) << '\n';
+      }
+    } else if (words.size() == 3 && words[1] == "--delete") {
+      session_.DeleteBranch(words[2]);
+    } else if (words.size() == 2) {
+      session_.Branch(words[1]);
+    } else {
+      throw BadInput("branch takes a name, or --delete and a name, or nothing");
+    }
+  }
+  void Switch(std::vector<std::string> const& words) {
+    if (words.size() != 2) { throw BadInput("switch takes the name of a branch"); }
+    session_.Switch(words[1]);
+  }
+  void Compare(std::vector<std::string> const& words) {
+    if (words.size() != 2) { throw BadInput("compare takes the name of another branch"); }
+    RenderText(std::cout, session_.Compare(session_.CurrentBranch(), words[1]), {TerminalWidth(), UseColor("auto")});
+  }
   static void TellOf(std::string_view command, std::string_view meaning) { std::cout << fmt::format("{:<28}{}\n", command, meaning); }
   void Help(std::vector<std::string> const& words) {
     if (words.size() == 1) {
@@ -162,6 +189,12 @@ private:
     std::vector<std::string>& found = completion.words;
     found = words_.Completions(session_.Model(), words);
     bool const isName = words.size() == 1, isOfHistory = words.size() > 1 && words[0] == "history";
+    bool const isOfBranches = words.size() > 1 && (words[0] == "switch" || words[0] == "compare" || words[0] == "branch");
+    if (isOfBranches) {
+      for (std::string const& name : session_.Branches()) {
+        if (name.starts_with(words.back())) { found.push_back(InWord(name)); }
+      }
+    }
     for (Own const& own : OwnCommands()) {
       if (isName && own.name.starts_with(words[0])) { found.emplace_back(own.name); }
     }
@@ -186,9 +219,9 @@ private:
 constexpr char const* kShellFooter =
     R"(A line is a command as `gattr do` takes it, or a JSON object as journals have it; "undo" and "redo" are commands too. With
 --dry-run behind it a command tells what it would change, create and delete, and changes nothing.
-"help" lists them, and save, history, check, journal and quit. At a terminal, the tabulator key completes commands, arguments,
-steps and names, and what was typed is kept for the next time in gattr/history below $XDG_STATE_HOME (~/.local/state). Nothing is
-written before "save"; at a terminal, quitting asks. From a pipe, the exit status is 1 where something was refused or not saved.
+"help" lists them, and save, history, check, journal, branch, switch, compare and quit. At a terminal, the tabulator key completes
+commands, arguments, steps and names, and what was typed is kept for the next time in gattr/history below $XDG_STATE_HOME
+(~/.local/state). Nothing is written before "save"; at a terminal, quitting asks. From a pipe, the exit status is 1 where something was refused or not saved.
 
 Example: gattr shell forming.gadb)";
 

@@ -40,9 +40,9 @@ struct ObjectChange {
 
 /// What one whole edit has changed.
 struct ChangeEvent {
-  enum class Cause : std::uint8_t { Command, Undo, Redo };
+  enum class Cause : std::uint8_t { Command, Undo, Redo, Switch };
   Cause cause;
-  std::string label;                  ///< of the command: 'deactivate boundaryCondition "Fix"'
+  std::string label;                  ///< of the command: 'deactivate boundaryCondition "Fix"'; of a switch: 'switch "softer"'
   std::vector<ObjectChange> objects;  ///< the model, the steps in order, then attributes and other objects by kind and name
 };
 

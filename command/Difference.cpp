@@ -139,8 +139,8 @@ public:
     } else {
       one.members = NotAsNew(was, is, kStates);
     }
-    CompareRecords(was == nullptr ? std::vector<Said>() : SaidVisitor(*was).Take(), is == nullptr ? std::vector<Said>() : SaidVisitor(*is).Take(),
-                   one.records);
+    CompareRecords(was == nullptr ? std::vector<Said>() : SaidVisitor(*was).Take(),
+                   is == nullptr ? std::vector<Said>() : SaidVisitor(*is).Take(), one.records);
     if (depth_ == Depth::Values) {
       auto const operations = family.Operations();
       auto const off = std::ranges::find(operations, kprC_Effect::SwitchOff, &kprC_Operation::effect);
@@ -199,7 +199,7 @@ private:
       if (one == nullptr || depth_ == Depth::Steps) { continue; }
       one->typeBefore = TypeOf(*old);
       one->type = TypeOf(*step);
-      one->members = isSame ? std::vector<MemberDifference>()
+      one->members = isSame                                  ? std::vector<MemberDifference>()
                      : old->DynTypeId() == step->DynTypeId() ? Differing(*old, *step)
                                                              : DifferingClasses(*old, *step);
       if (moved[i]) { one->previous = is.Name(i - 1).View(); }
@@ -253,7 +253,9 @@ private:
   void CompareNamed(cow_String const& member, mdl_NamedObjects const& was, mdl_NamedObjects const& is) {
     auto const kind = std::ranges::find(ReferenceKinds(), member.View(), &ReferenceKind::extension);
     if (kind == ReferenceKinds().end()) { return; }
-    auto const find = [](mdl_Extension const& in, std::string_view name) { return static_cast<mdl_NamedObjects const&>(in).ConstObject(name); };
+    auto const find = [](mdl_Extension const& in, std::string_view name) {
+      return static_cast<mdl_NamedObjects const&>(in).ConstObject(name);
+    };
     pair_.ForEachPair(kind->kind, was, is, find, [&](cls_Object const* old, cow_String const& name, cls_Object const* object) {
       ObjectDifference* one = nullptr;
       if (old != nullptr && object != nullptr) {
@@ -272,11 +274,14 @@ private:
 
   void CompareAttributes(kprC_StepAwareRepository const& was, kprC_StepAwareRepository const& is) {
     std::string_view const kind = is.ItemCmd();
-    auto const find = [](mdl_Extension const& in, std::string_view name) { return static_cast<kprC_StepAwareRepository const&>(in).ConstItem(name); };
+    auto const find = [](mdl_Extension const& in, std::string_view name) {
+      return static_cast<kprC_StepAwareRepository const&>(in).ConstItem(name);
+    };
     pair_.ForEachPair(kind, was, is, find, [&](kprC_StepDependent const* old, cow_String const& name, kprC_StepDependent const* item) {
       ObjectDifference one = Between(is, old, item);
       if (one.change == ChangeKind::Changed) {
-        ObjectDifference* const told = AddCompared(kind, name.View(), one.members.empty() && one.records.empty() && one.type == one.typeBefore);
+        ObjectDifference* const told =
+            AddCompared(kind, name.View(), one.members.empty() && one.records.empty() && one.type == one.typeBefore);
         if (told == nullptr) { return; }
         one.change = told->change;
         one.before = std::move(told->before);
@@ -336,7 +341,9 @@ private:
                          saidAfter ? row.ToValue(after->values) : cls_Value()});
       if (members.back().was == members.back().is && both && !members.back().is.IsNull()) { members.pop_back(); }
     };
-    for (cls_MemberRow const& row : there->MemberRows()) { add(row, sameClass ? was : nullptr, is == nullptr || now == nullptr ? nullptr : is); }
+    for (cls_MemberRow const& row : there->MemberRows()) {
+      add(row, sameClass ? was : nullptr, is == nullptr || now == nullptr ? nullptr : is);
+    }
     if (!sameClass) {
       for (cls_MemberRow const& row : old->MemberRows()) { add(row, was, nullptr); }
     }
@@ -434,9 +441,8 @@ void FindRenamedAttributes(ddr_Model const& before, ddr_Model const& now, std::v
 
 void FindMoved(std::vector<RecordDifference>& records) {
   auto const isMirrored = [](RecordDifference const& gone, RecordDifference const& come) {
-    return std::ranges::equal(gone.members, come.members, [](MemberDifference const& a, MemberDifference const& b) {
-      return a.member == b.member && a.was == b.is;
-    });
+    return std::ranges::equal(gone.members, come.members,
+                              [](MemberDifference const& a, MemberDifference const& b) { return a.member == b.member && a.was == b.is; });
   };
   std::vector<std::string> moved;
   for (RecordDifference& come : records) {

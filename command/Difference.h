@@ -57,9 +57,9 @@ struct ObjectDifference {
 };
 
 /// What \p now says that \p before did not, whatever they have to do with each other; nothing where both are equal. Told is what was
-/// edited, not what follows: neither statuses nor carried values, nor that what is declared elsewhere is another one. A step or an attribute
-/// under another name is told as renamed where nothing else can be meant: it alone has gone, another one that says the very same has
-/// come, of steps in the same place, and what attributes said in it they say in that one. In the order of ChangeEvent::objects. Costs
+/// edited, not what follows: neither statuses nor carried values, nor that what is declared elsewhere is another one. A step or an
+/// attribute under another name is told as renamed where nothing else can be meant: it alone has gone, another one that says the very same
+/// has come, of steps in the same place, and what attributes said in it they say in that one. In the order of ChangeEvent::objects. Costs
 /// what differs where the models share the rest; where not, or where the steps differ, it is linear in what each attribute says of its own.
 DDB_API std::vector<ObjectDifference> DifferencesBetween(ddr_Model const& before, ddr_Model const& now);
 
@@ -71,7 +71,8 @@ enum class Depth {
   Steps,   ///< which objects, and which steps of attributes
   Values,  ///< all
 };
-/// The comparison behind ChangesBetween and DifferencesBetween; what was moved is told as gone and come. \p renames have led from \p before to \p now.
+/// The comparison behind ChangesBetween and DifferencesBetween; what was moved is told as gone and come. \p renames have led from \p before
+/// to \p now.
 std::vector<ObjectDifference> Compare(ddr_Model const& before, ddr_Model const& now, std::span<Rename const> renames, Depth depth);
 
 /// Makes one record of what has gone in a step and come in another, where nothing else can be meant.

@@ -357,9 +357,11 @@ void KeptJournal::Append(cls_Value const& command) {
   constexpr std::size_t kBlock = 1 << 16;
   Counter counted;
   PutValue(counted, command);
-  if (blocks_.empty() || blocks_.back().size - blocks_.back().used < counted.size) {
+  // a copy may write behind what both share
+  bool const isFull = blocks_.empty() || blocks_.back().bytes.use_count() > 1 || blocks_.back().size - blocks_.back().used < counted.size;
+  if (isFull) {
     std::size_t const size = std::max(kBlock, counted.size);
-    blocks_.push_back({std::make_unique_for_overwrite<char[]>(size), size});
+    blocks_.push_back({std::shared_ptr<char[]>(new char[size]), size});
   }
   Block& block = blocks_.back();
   Writer writer{block.bytes.get() + block.used};

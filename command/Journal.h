@@ -74,7 +74,8 @@ private:
   Form form_ = Form::Unknown;
 };
 
-/// The commands of a session one behind the other, as bytes: a fraction of the memory that they take as they come.
+/// The commands of a session one behind the other, as bytes: a fraction of the memory that they take as they come. A copy shares what both
+/// have.
 class KeptJournal {
 public:
   void Append(cls_Value const& command);
@@ -84,7 +85,7 @@ public:
 
 private:
   struct Block {
-    std::unique_ptr<char[]> bytes;
+    std::shared_ptr<char[]> bytes;
     std::size_t size, used = 0;
   };
   std::vector<Block> blocks_;  // of whole commands

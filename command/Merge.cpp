@@ -20,8 +20,8 @@ namespace gattr {
 namespace {
 
 using Fields = cls_Value::Fields;
-using Object = std::pair<std::string, std::string>;           // kind and name
-using Differences = std::map<Object, ObjectDifference>;       // what a side has made of the base
+using Object = std::pair<std::string, std::string>;      // kind and name
+using Differences = std::map<Object, ObjectDifference>;  // what a side has made of the base
 constexpr std::string_view kType = "type", kPrevious = "previous";
 
 std::string_view SaysText(Says says) {
@@ -147,8 +147,7 @@ private:
     Session session(model);
     session.ForgetPast();
     for (Rename const& one : renames) {
-      Outcome const outcome =
-          session.Execute(Fields{{"command", "rename"}, {one.kind, one.from}, {std::string(kNewName), one.to}});
+      Outcome const outcome = session.Execute(Fields{{"command", "rename"}, {one.kind, one.from}, {std::string(kNewName), one.to}});
       if (!outcome.ok) { refused(one, outcome); }
     }
     model = session.Model();
@@ -526,9 +525,8 @@ private:
     for (RecordDifference const& one : edits.records) {
       if (one.members.empty() || one.is == Says::Nothing || one.is == Says::Off) { continue; }
       Fields values = step(one.step);
-      bool const fewer = one.is == Says::Values && std::ranges::any_of(one.members, [](MemberDifference const& member) {
-        return member.is.IsNull();
-      });
+      bool const fewer =
+          one.is == Says::Values && std::ranges::any_of(one.members, [](MemberDifference const& member) { return member.is.IsNull(); });
       if (fewer) {  // the record is taken away and said again without them
         for (RecordDifference const& said : DifferenceOf(family, nullptr, item()).records) {
           if (said.step != one.step) { continue; }

@@ -13,13 +13,13 @@ namespace gattr {
 
 /// What two people have made of a model and cannot both have.
 struct MergeConflict {
-  std::string kind;                ///< of the object: "boundaryCondition", "step"; "model"
-  std::string name;                ///< of the object
-  std::string step;                ///< empty where it is not of a step
-  std::string member;              ///< by what commands call it; empty where it is the object, or what it says in the step, as a whole
-  cls_Value base, ours, theirs;    ///< null: there is none, or nothing is said
+  std::string kind;                    ///< of the object: "boundaryCondition", "step"; "model"
+  std::string name;                    ///< of the object
+  std::string step;                    ///< empty where it is not of a step
+  std::string member;                  ///< by what commands call it; empty where it is the object, or what it says in the step, as a whole
+  cls_Value base, ours, theirs;        ///< null: there is none, or nothing is said
   Refusal refusal = {"", -1, "", ""};  ///< of what a rule refuses; its message is empty where both only say different things
-  std::string detail = {};         ///< what else there is to say
+  std::string detail = {};             ///< what else there is to say
 
   /// 'boundaryCondition "Punch" in step "Form", "u2": -10.0 in base, -12.0 in ours, -14.0 in theirs'.
   DDB_API std::string Text() const;

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <deque>
 #include <functional>
+#include <map>
 #include <new>
 #include <optional>
 #include <stdexcept>
 
 #include "command/Command.h"
+#include "command/Difference.h"
 #include "command/Hints.h"
 #include "command/Journal.h"
 #include "command/Listeners.h"
@@ -250,7 +252,12 @@ struct Session::Impl {
 
   ddr_Model model_;
   omu_ChangeHistory changes_;
-  std::deque<Edit> undo_, redo_;  // the next one last
+  /// One that branches may share.
+  struct KeptEdit : mem_Counted, Edit {
+    explicit KeptEdit(Edit edit) : Edit(std::move(edit)) {}
+  };
+  using Edits = std::deque<cow_Handle<KeptEdit>>;
+  Edits undo_, redo_;  // the next one last
   std::size_t undoWeight_ = 0, undoMemory_ = std::size_t{512} << 20;
   KeptJournal journal_;
   /// What was done since Begin.
@@ -262,6 +269,27 @@ struct Session::Impl {
   };
   std::unique_ptr<Open> End();
   std::unique_ptr<Open> open_;
+
+  /// A branch that is not worked in.
+  struct Parked {
+    ddr_Model model;
+    omu_ChangeHistory changes;
+    Edits undo, redo;
+    std::size_t undoWeight;
+    KeptJournal journal;
+  };
+  void Branch(std::string_view name);
+  void Switch(std::string_view name);
+  void DeleteBranch(std::string_view name);
+  void AssertNoTransaction() const;
+  std::vector<std::string> Branches() const;
+  /// Refuses a name that is none of the other branches.
+  std::map<std::string, Parked, std::less<>>::iterator Other(std::string_view name);
+  /// The renames that lead from what \p from has done to what \p to has, as far as both are known.
+  static std::vector<Rename> RenamesBetween(Edits const& from, Edits const& to);
+
+  std::string branch_ = "main";
+  std::map<std::string, Parked, std::less<>> others_;
   Listeners listeners_;
   ObjectNames names_;
   bool trace_ = false, keepsPast_ = true;
@@ -295,8 +323,8 @@ bool Session::CanUndo() const { return !impl_->undo_.empty(); }
 bool Session::CanRedo() const { return !impl_->redo_.empty(); }
 bool Session::Undo() { return Execute(cls_Value::Fields{{"command", kUndo}}).ok; }
 bool Session::Redo() { return Execute(cls_Value::Fields{{"command", kRedo}}).ok; }
-std::string Session::UndoLabel() const { return CanUndo() ? impl_->undo_.back().label.Text() : ""; }
-std::string Session::RedoLabel() const { return CanRedo() ? impl_->redo_.back().label.Text() : ""; }
+std::string Session::UndoLabel() const { return CanUndo() ? impl_->undo_.back()->label.Text() : ""; }
+std::string Session::RedoLabel() const { return CanRedo() ? impl_->redo_.back()->label.Text() : ""; }
 
 // The repositories of a new model are empty and do not know its steps yet; that they learn them is no change.
 Session::Impl::Impl(ddr_Model model) : model_(std::move(model)) {
@@ -445,9 +473,9 @@ std::optional<Session::Impl::Told> Session::Impl::UndoOrRedo(cls_Value const& co
   arguments.AssertNoRest({});
   bool const undo = arguments.Command() == kUndo;
   if (open_ != nullptr) { RefuseEdit(subject, "A transaction has begun: commit it or roll it back first."); }
-  std::deque<Edit> const& edits = undo ? undo_ : redo_;
+  Edits const& edits = undo ? undo_ : redo_;
   if (edits.empty()) { RefuseEdit(subject, undo ? "There is nothing to undo." : "There is nothing to redo."); }
-  Edit const& edit = edits.back();
+  Edit const& edit = *edits.back();
   Touched const touched = edit.touched;
   Told told{undo ? ChangeEvent::Cause::Undo : ChangeEvent::Cause::Redo, listeners_.IsEmpty() ? std::string() : edit.label.Text(),
             undo ? Reversed(touched.renames) : touched.renames};
@@ -470,6 +498,7 @@ void Session::Impl::ForgetPast() {
   undoWeight_ = 0;
   journal_.Clear();
   changes_.TruncateTo(0);
+  for (auto& [name, parked] : others_) { parked = Parked{std::move(parked.model), {}, {}, {}, 0, {}}; }
 }
 
 void Session::Impl::Keep(cls_Value const& command, Edit edit) {
@@ -477,8 +506,8 @@ void Session::Impl::Keep(cls_Value const& command, Edit edit) {
   redo_.clear();
   journal_.Append(command);
   undoWeight_ += edit.weight;
-  undo_.push_back(std::move(edit));
-  for (; undoWeight_ > undoMemory_ && undo_.size() > 1; undo_.pop_front()) { undoWeight_ -= undo_.front().weight; }
+  undo_.push_back(cow_Handle<KeptEdit>::Make(std::move(edit)));
+  for (; undoWeight_ > undoMemory_ && undo_.size() > 1; undo_.pop_front()) { undoWeight_ -= undo_.front()->weight; }
 }
 
 std::size_t Session::Impl::Weight(ddr_Model const& before) const {
@@ -509,23 +538,102 @@ std::size_t Session::Impl::Weight(ddr_Model const& before) const {
 }
 
 void Session::Impl::UndoEdit() {
-  Edit edit = std::move(undo_.back());
+  cow_Handle<KeptEdit> edit = std::move(undo_.back());
   undo_.pop_back();
-  undoWeight_ -= edit.weight;
-  edit.records.AppendFrom(changes_, edit.changes);
-  changes_.TruncateTo(edit.changes);
-  std::swap(model_, edit.model);
+  Edit& own = edit.Get();
+  undoWeight_ -= own.weight;
+  own.records.AppendFrom(changes_, own.changes);
+  changes_.TruncateTo(own.changes);
+  std::swap(model_, own.model);
   redo_.push_back(std::move(edit));
 }
 
 void Session::Impl::RedoEdit() {
-  Edit edit = std::move(redo_.back());
+  cow_Handle<KeptEdit> edit = std::move(redo_.back());
   redo_.pop_back();
-  changes_.AppendFrom(edit.records);
-  edit.records.TruncateTo(0);
-  std::swap(model_, edit.model);
-  undoWeight_ += edit.weight;
+  Edit& own = edit.Get();
+  changes_.AppendFrom(own.records);
+  own.records.TruncateTo(0);
+  std::swap(model_, own.model);
+  undoWeight_ += own.weight;
   undo_.push_back(std::move(edit));
+}
+
+// ---- branches
+
+void Session::Impl::AssertNoTransaction() const {
+  if (open_ != nullptr) { throw std::logic_error("a transaction has begun: commit it or roll it back before another branch"); }
+}
+
+std::vector<std::string> Session::Impl::Branches() const {
+  std::vector<std::string> names{branch_};
+  for (auto const& [name, parked] : others_) { names.push_back(name); }
+  std::ranges::sort(names);
+  return names;
+}
+
+std::map<std::string, Session::Impl::Parked, std::less<>>::iterator Session::Impl::Other(std::string_view name) {
+  auto const found = others_.find(name);
+  if (found != others_.end()) { return found; }
+  throw std::invalid_argument("There is no branch " + Quoted(name) + ". " + Suggestion(name, Branches(), "Branches"));
+}
+
+void Session::Impl::Branch(std::string_view name) {
+  AssertNoTransaction();
+  if (name.empty() || !IsUtf8(name)) { throw std::invalid_argument("A branch needs a name in UTF-8."); }
+  if (name == branch_ || others_.contains(name)) { throw std::invalid_argument("There is a branch " + Quoted(name) + " already."); }
+  others_.emplace(branch_, Parked{model_, changes_, undo_, redo_, undoWeight_, journal_});
+  branch_ = name;
+}
+
+std::vector<Rename> Session::Impl::RenamesBetween(Edits const& from, Edits const& to) {
+  auto const [begin, other] = std::ranges::mismatch(from, to);  // what both have done they share
+  std::vector<Rename> forth, back;
+  for (auto edit = begin; edit != from.end(); ++edit) {
+    forth.insert(forth.end(), (*edit)->touched.renames.begin(), (*edit)->touched.renames.end());
+  }
+  back = Reversed(std::move(forth));
+  for (auto edit = other; edit != to.end(); ++edit) {
+    back.insert(back.end(), (*edit)->touched.renames.begin(), (*edit)->touched.renames.end());
+  }
+  return back;
+}
+
+void Session::Impl::Switch(std::string_view name) {
+  AssertNoTransaction();
+  if (name == branch_) { return; }
+  auto const found = Other(name);
+  std::string to = found->first;
+  Parked parked = std::move(found->second);
+  others_.erase(found);
+  Told const told{ChangeEvent::Cause::Switch, "switch " + Quoted(to), RenamesBetween(undo_, parked.undo)};
+  ddr_Model const before = model_;
+  others_.emplace(std::exchange(branch_, std::move(to)),
+                  Parked{std::move(model_), std::move(changes_), std::move(undo_), std::move(redo_), undoWeight_, std::move(journal_)});
+  model_ = std::move(parked.model);
+  changes_ = std::move(parked.changes);
+  undo_ = std::move(parked.undo);
+  redo_ = std::move(parked.redo);
+  undoWeight_ = parked.undoWeight;
+  journal_ = std::move(parked.journal);
+  Tell(told, before);
+}
+
+void Session::Impl::DeleteBranch(std::string_view name) {
+  if (name == branch_) { throw std::invalid_argument("The branch " + Quoted(name) + " is worked in: switch to another one first."); }
+  others_.erase(Other(name));
+}
+
+void Session::Branch(std::string_view name) { impl_->Branch(name); }
+void Session::Switch(std::string_view name) { impl_->Switch(name); }
+void Session::DeleteBranch(std::string_view name) { impl_->DeleteBranch(name); }
+std::vector<std::string> Session::Branches() const { return impl_->Branches(); }
+std::string const& Session::CurrentBranch() const { return impl_->branch_; }
+ddr_Model const& Session::ModelOf(std::string_view branch) const {
+  return branch == impl_->branch_ ? impl_->model_ : impl_->Other(branch)->second.model;
+}
+std::vector<ObjectDifference> Session::Compare(std::string_view name, std::string_view other) const {
+  return DifferencesBetween(ModelOf(other), ModelOf(name));
 }
 
 std::vector<NamedHistory> Session::Impl::Histories(Touched const& touched) const {

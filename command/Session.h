@@ -106,6 +106,8 @@ struct KindInfo {
   std::string kind, member;
 };
 
+struct ObjectDifference;
+
 /// A model under edit. Commands are the only way to change it: each either succeeds whole or leaves the model, its change
 /// history and the undo stack as they were, also where a call of the library would leave a partial change. The library
 /// must have been started (DDB_GeometricAttributes_initialize).
@@ -154,9 +156,29 @@ public:
   /// What the commands since Begin have come to so far; nothing where none has begun.
   Effects EffectsSinceBegin() const;
 
+  // Branches: versions of the model side by side, each with its own undo, journal and change history. A branch shares with the one that
+  // it began from what both have: it costs a few words for each edit that can be undone, and then what differs. They are the session's:
+  // no journal knows of them, and each branch's own journal, run on the model that the session began with, gives that branch. Names that
+  // are not there, or there already, are refused with a std::invalid_argument, and a std::logic_error refuses to leave an open transaction.
+
+  /// Begins a branch with the present model and goes on in it.
+  void Branch(std::string_view name);
+  /// Goes on in another branch. Listeners are told of what that changes as of one edit; names follow the renames between both.
+  void Switch(std::string_view name);
+  /// Forgets a branch, which must not be the one that is worked in.
+  void DeleteBranch(std::string_view name);
+  /// All names, in their order.
+  std::vector<std::string> Branches() const;
+  /// The one that is worked in: "main" at first.
+  std::string const& CurrentBranch() const;
+  /// The model of a branch.
+  ddr_Model const& ModelOf(std::string_view branch) const;
+  /// What \p name says that \p other does not (DifferencesBetween).
+  std::vector<ObjectDifference> Compare(std::string_view name, std::string_view other) const;
+
   /// Has \p listener told of every whole edit from here on, as long as the subscription is kept: after a command that has changed
-  /// something, after undo, redo and Commit; of a refusal and of a dry run nothing. It may read the session and run commands, which are
-  /// told behind what is being told, and end subscriptions. What it throws passes to the caller of the edit, which stays done. While
+  /// something, after undo, redo, Commit and Switch; of a refusal and of a dry run nothing. It may read the session and run commands, which
+  /// are told behind what is being told, and end subscriptions. What it throws passes to the caller of the edit, which stays done. While
   /// anybody listens, an edit costs a comparison (ChangesBetween) more.
   [[nodiscard]] Subscription Subscribe(Listener listener);
 
@@ -178,7 +200,7 @@ public:
   void SetUndoMemory(std::size_t bytes);
 
   /// Lets go of what was done, to be undone or to be told, and keeps no more of it from here on: neither undo stack nor journal
-  /// nor changes. For whoever runs many commands and wants the model alone.
+  /// nor changes, of any branch. For whoever runs many commands and wants the model alone.
   void ForgetPast();
 
   /// All commands with their arguments, grouped.

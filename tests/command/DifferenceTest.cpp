@@ -32,12 +32,14 @@ ddr_Model ReadAgain(ddr_Model const& model) {
 ddr_Model Beginning() {
   Session session;
   AppendSteps(session, "IGGGGG");
-  RunJournal(session, {R"({"command": "Set", "name": "Rim"})", R"({"command": "Set", "name": "Top"})", R"({"command": "Amplitude", "name": "Ramp"})",
-                       R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "S1", "region": "Rim", "u1": 0, "u2": 0, "ur1": 0, "ur2": 0})",
-                       R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "S3", "u2": 1, "ur2": 1})",
-                       R"({"command": "DisplacementBC", "name": "Lid", "createStepName": "Initial", "region": "Top", "u3": 0})",
-                       R"({"command": "deactivate", "boundaryCondition": "Lid", "stepName": "S5"})",
-                       R"({"command": "ConcentratedForce", "name": "Push", "createStepName": "S2", "region": "Top", "cf1": 5})"});
+  RunJournal(
+      session,
+      {R"({"command": "Set", "name": "Rim"})", R"({"command": "Set", "name": "Top"})", R"({"command": "Amplitude", "name": "Ramp"})",
+       R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "S1", "region": "Rim", "u1": 0, "u2": 0, "ur1": 0, "ur2": 0})",
+       R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "S3", "u2": 1, "ur2": 1})",
+       R"({"command": "DisplacementBC", "name": "Lid", "createStepName": "Initial", "region": "Top", "u3": 0})",
+       R"({"command": "deactivate", "boundaryCondition": "Lid", "stepName": "S5"})",
+       R"({"command": "ConcentratedForce", "name": "Push", "createStepName": "S2", "region": "Top", "cf1": 5})"});
   return session.Model();
 }
 ddr_Model After(ddr_Model const& model, std::vector<std::string> const& lines) {
@@ -89,15 +91,15 @@ TEST_F(Differences, TellWhatWasEditedAndNotWhatFollows) {
        {"changed boundaryCondition Fix", "  S4: from S3>values"}},
       {{R"({"command": "suppress", "boundaryCondition": "Lid"})"}, {"changed boundaryCondition Lid suppress false>true"}},
       {{R"({"command": "rename", "boundaryCondition": "Lid", "newName": "Cap"})"}, {"renamed boundaryCondition Cap from Lid"}},
-      {{R"({"command": "rename", "step": "S3", "newName": "Mid"})", R"({"command": "setValuesInStep", "load": "Push", "stepName": "Mid", "cf2": 1})"},
+      {{R"({"command": "rename", "step": "S3", "newName": "Mid"})",
+        R"({"command": "setValuesInStep", "load": "Push", "stepName": "Mid", "cf2": 1})"},
        {"renamed step Mid from S3", "changed load Push", "  Mid: ->values cf2 null>1.0"}},
       {{R"({"command": "StaticStep", "name": "More", "previous": "S1", "initialInc": 0.1})"},
        {R"(created step More behind S1 initialInc null>0.1 minInc null>1e-05 maxInc null>1.0)"}},
       {{R"({"command": "delete", "step": "S3"})"},
        {"deleted step S3 initialInc 0.1>null minInc 1e-05>null maxInc 1.0>null", "changed boundaryCondition Fix",
         "  S3: values>- u2 1.0>null ur2 1.0>null"}},
-      {{R"({"command": "replace", "step": "S4", "procedure": "ImplicitDynamicsStep", "haftol": 1})"},
-       {"changed step S4 haftol null>1.0"}},
+      {{R"({"command": "replace", "step": "S4", "procedure": "ImplicitDynamicsStep", "haftol": 1})"}, {"changed step S4 haftol null>1.0"}},
       {{R"({"command": "setValues", "region": "Rim", "dimension": 2})"}, {"changed region Rim dimension null>2"}},
       {{R"({"command": "rename", "region": "Rim", "newName": "Edge"})"},
        {"changed boundaryCondition Fix region \"Rim\">\"Edge\"", "created region Edge", "deleted region Rim"}},
@@ -221,7 +223,8 @@ TEST_F(Differences, OfOtherObjectsStepsAndMembersMergeAsIfBothHadBeenDone) {
 TEST_F(Differences, ThatBothCannotHaveAreNamed) {
   ddr_Model const base = Beginning();
   auto const in = [](char const* name, char const* step, std::string const& more) {
-    return R"({"command": "setValuesInStep", "boundaryCondition": ")" + std::string(name) + R"(", "stepName": ")" + step + "\", " + more + "}";
+    return R"({"command": "setValuesInStep", "boundaryCondition": ")" + std::string(name) + R"(", "stepName": ")" + step + "\", " + more +
+           "}";
   };
   std::string const deactivate = R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "S3"})",
                     remove = R"({"command": "delete", "boundaryCondition": "Fix"})";
@@ -229,12 +232,14 @@ TEST_F(Differences, ThatBothCannotHaveAreNamed) {
     std::string ours, theirs, told;
   };
   Row const rows[] = {
-      {in("Fix", "S3", R"("u2": 2)"), in("Fix", "S3", R"("u2": 3)"), R"(boundaryCondition "Fix" in step "S3", "u2": 1.0 in base, 2.0 in ours, 3.0 in theirs)"},
+      {in("Fix", "S3", R"("u2": 2)"), in("Fix", "S3", R"("u2": 3)"),
+       R"(boundaryCondition "Fix" in step "S3", "u2": 1.0 in base, 2.0 in ours, 3.0 in theirs)"},
       {in("Fix", "S2", R"("u1": 2)"), in("Fix", "S2", R"("u1": 3)"),
        R"(boundaryCondition "Fix" in step "S2", "u1": nothing in base, 2.0 in ours, 3.0 in theirs)"},
       {remove, in("Fix", "S2", R"("u1": 3)"),
        R"(boundaryCondition "Fix": "DisplacementBC" in base, nothing in ours, "DisplacementBC" in theirs: deleted in ours, edited in theirs)"},
-      {deactivate, in("Fix", "S3", R"("u1": 3)"), R"(boundaryCondition "Fix" in step "S3", "u1": nothing in base, "switched off" in ours, 3.0 in theirs)"},
+      {deactivate, in("Fix", "S3", R"("u1": 3)"),
+       R"(boundaryCondition "Fix" in step "S3", "u1": nothing in base, "switched off" in ours, 3.0 in theirs)"},
       {R"({"command": "remove", "boundaryCondition": "Fix", "stepName": "S3"})", in("Fix", "S3", R"("u2": 3)"),
        R"(boundaryCondition "Fix" in step "S3", "u2": 1.0 in base, nothing in ours, 3.0 in theirs)"},
       {R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "S4"})", in("Fix", "S5", R"("u1": 3)"), ""},
@@ -272,7 +277,8 @@ TEST_F(Differences, ThatBothCannotHaveAreNamed) {
       MergeConflict const &one = merged.conflicts[i], &other = reverse.conflicts[i];
       EXPECT_EQ(std::tie(one.kind, one.name, one.step, one.member, one.base, one.ours, one.theirs, one.refusal.message),
                 std::tie(other.kind, other.name, other.step, other.member, other.base, other.theirs, other.ours, other.refusal.message))
-          << one.Text() << "\n" << other.Text();
+          << one.Text() << "\n"
+          << other.Text();
     }
     EXPECT_EQ(TextOfModel(merged.model) == TextOfModel(ours), !row.told.empty());
   }
