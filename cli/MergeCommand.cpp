@@ -27,7 +27,7 @@ void PrintConflicts(std::vector<MergeConflict> const& conflicts, std::string con
   TextTable table({"object", "name", "step", "member", "base", "ours", "theirs", "conflict"});
   for (MergeConflict const& one : conflicts) {
     bool const hasValues = !(one.base.IsNull() && one.ours.IsNull() && one.theirs.IsNull());
-    auto const value = [&](cls_Value const& of) { return hasValues ? ValueText(of) : std::string(); };
+    auto const value = [&](cls_Value const& of) { return hasValues ? SideText(of) : std::string(); };
     std::string why = OneLine(one.refusal.message);
     if (one.refusal.code >= 0) { why += " [" + one.refusal.module + " " + std::to_string(one.refusal.code) + "]"; }
     if (!one.detail.empty()) { why += (why.empty() ? "" : " ") + OneLine(one.detail); }

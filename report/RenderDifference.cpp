@@ -3,9 +3,9 @@
 #include <ostream>
 #include <string>
 
+#include "command/Origins.h"
 #include "report/RenderEffects.h"
 #include "report/TextTable.h"
-#include "text/JsonText.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -41,7 +41,7 @@ std::string MembersText(std::vector<MemberDifference> const& members, bool onlyW
   std::string text;
   for (MemberDifference const& one : members) {
     text += (text.empty() ? "" : ", ") + one.member + " ";
-    text += onlyWas ? ValueText(one.was) : onlyIs ? ValueText(one.is) : ValueText(one.was) + " -> " + ValueText(one.is);
+    text += onlyWas ? SideText(one.was) : onlyIs ? SideText(one.is) : SideText(one.was) + " -> " + SideText(one.is);
   }
   return text;
 }
@@ -111,10 +111,10 @@ Json ToJson(ObjectDifference const& object) {
 
 }  // namespace
 
-std::string ValueText(cls_Value const& value) {
+std::string SideText(cls_Value const& value) {
   if (value.IsNull()) { return "nothing"; }
-  auto const* const text = value.As<std::string>();
-  return text == nullptr ? JsonText(value) : text->empty() ? "\"\"" : *text;
+  std::string text = ValueText(value);
+  return text.empty() ? "\"\"" : text;
 }
 
 void RenderText(std::ostream& out, std::span<ObjectDifference const> differences, TextLayout const& layout) {
@@ -178,7 +178,7 @@ small { color: #999 } del { color: #a33 } ins { color: #263; text-decoration: no
         begin();
         auto const cell = [&](cls_Value const& value, char const* tag) {
           out << "<td>";
-          if (!value.IsNull()) { out << '<' << tag << '>' << HtmlText(ValueText(value)) << "</" << tag << '>'; }
+          if (!value.IsNull()) { out << '<' << tag << '>' << HtmlText(SideText(value)) << "</" << tag << '>'; }
           out << "</td>";
         };
         out << "<td>" << HtmlText(one.member) << "</td>";
