@@ -203,7 +203,8 @@ std::vector<std::string> CommandWords::Completions(ddr_Model const& model, std::
     for (CommandInfo const& info : commands_) { offer(info.name); }
     return found;
   }
-  auto const [name, begun] = Parted(last);
+  Word const parted = Parted(last);
+  std::string_view const name = parted.first, begun = parted.second;
   bool const isValue = last.find('=') != std::string_view::npos;
   auto const before = words.first(words.size() - 1);
   for (ArgumentInfo const& argument : Arguments(model, before)) {

@@ -47,6 +47,7 @@ FoundAttribute FindAttribute(ddr_Model const& model, std::string_view name) {
     throw UnknownName("There is no " + ObjectText(kind.empty() ? "attribute" : kind, name) + ". " + hint);
   }
   std::vector<std::string> meant;
+  meant.reserve(found.size());
   for (FoundAttribute const& one : found) { meant.push_back(std::string(one.family->ItemCmd()).append(":").append(name)); }
   throw UnknownName(std::to_string(found.size()) + " attributes are called " + Quoted(name) + ": say which of " +
                     QuotedList(meant, meant.size()) + ".");
