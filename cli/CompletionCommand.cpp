@@ -1,5 +1,6 @@
 #include <CLI/App.hpp>
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -12,6 +13,7 @@
 #include "cli/Program.h"
 #include "command/CommandWords.h"
 #include "command/HistoryTable.h"
+#include "command/Lookup.h"
 #include "command/Variables.h"
 #include "command/Words.h"
 #include "store/ModelPath.h"
@@ -91,8 +93,11 @@ struct Answer {
 /// A line of the program taken apart as far as it is written.
 class Line {
 public:
-  Line(CLI::App const& program, std::string const& text) : program_(program), words_(WordsOf(text)) {
-    if (words_.size() < 2 || text.ends_with(' ') || text.ends_with('\t')) { words_.emplace_back(); }
+  Line(CLI::App const& program, std::string const& text) : program_(program) {
+    std::size_t lastAt = 0;
+    words_ = WordsOf(text, &lastAt);
+    if (lastAt == text.size()) { words_.emplace_back(); }
+    if (words_.size() < 2) { words_.resize(2); }
   }
 
   Answer Complete() {
@@ -147,7 +152,7 @@ private:
     if (!choices.empty()) {
       Offer(choices);
     } else if (name == "NAME") {
-      Offer(AttributeNames(Model()));
+      Offer(option.get_positional() ? FindableNames(Model()) : AttributeNames(Model()));
     } else if (name == "STEP") {
       Offer(StepNames(Model()));
     } else if (name == "TYPE") {
@@ -175,7 +180,8 @@ private:
   /// The model that the line names; an empty one where it cannot be read.
   ddr_Model Model() const {
     try {
-      if (!model_.empty()) { return ModelPath(model_).Open(); }
+      char const* const home = model_.starts_with("~/") ? std::getenv("HOME") : nullptr;  // the shell has not put it in yet
+      if (!model_.empty()) { return ModelPath(home == nullptr ? model_ : home + model_.substr(1)).Open(); }
     } catch (std::exception const&) {}  // who types is told when the line is run
     return Session().Model();
   }

@@ -160,7 +160,7 @@ private:
   void Trace(std::size_t line, Json const& command, Outcome const& outcome) const {
     if (!trace_) {
       std::cout << ShownLines(outcome.report);
-      RenderText(std::cout, outcome.effects, {TerminalWidth(), UseColor("auto")});
+      if (!outcome.effects.objects.empty()) { RenderText(std::cout, outcome.effects, {TerminalWidth(), UseColor("auto")}); }
       return;
     }
     Json told = {{"line", line}, {"command", command}};
@@ -217,7 +217,9 @@ int Run(ReplayOptions const& options) {
     if (!options.keepGoing) { break; }
   }
   record.Finish();
-  if (options.dryRun) { PrintEffects(EffectsBetween(before, session.Model(), renames), options.trace); }
+  if (options.dryRun && (status == kDone || options.keepGoing)) {
+    PrintEffects(EffectsBetween(before, session.Model(), renames), options.trace);
+  }
   if (replay.Done() + replay.Refused() == 0) { throw BadInput(Quoted(journal.Name()) + " holds no commands"); }
   if (status != kDone && !options.keepGoing) {
     if (target != nullptr) { Tell(fmt::format("gattr: {} was not written\n", Shown(options.output))); }

@@ -10,8 +10,6 @@ namespace gattr {
 
 namespace {
 
-constexpr std::string_view kCreateStep = "createStepName", kFromStep = "fromStepName", kToStep = "toStepName";
-
 /// The state of the create step; null when there is none.
 cls_Object const* CreateState(kprC_StepDependent const& item) {
   std::size_t const index = item.Steps().Find(item.CreateStepName());

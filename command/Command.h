@@ -17,7 +17,8 @@ namespace gattr {
 
 struct Finding;
 
-inline constexpr std::string_view kName = "name", kNewName = "newName", kStepName = "stepName";
+inline constexpr std::string_view kName = "name", kNewName = "newName", kStepName = "stepName", kCreateStep = "createStepName",
+                                  kFromStep = "fromStepName", kToStep = "toStepName";
 
 /// Whose histories a command touches.
 struct Touched {

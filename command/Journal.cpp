@@ -258,6 +258,7 @@ std::optional<cls_Value> JournalReader::Next() {
 namespace {
 
 constexpr unsigned char kBriefReal = 7;  // behind the kinds of a value: a real that single precision holds
+static_assert(std::variant_size_v<decltype(cls_Value::data)> == kBriefReal, "the reader has a case for each kind");
 
 struct Counter {
   std::size_t size = 0;

@@ -69,6 +69,17 @@ std::vector<std::string> ObjectNamesIn(ddr_Model const& model, std::string_view 
   return named == nullptr ? std::vector<std::string>() : Texts(named->Keys());
 }
 
+std::vector<std::string> FindableNames(ddr_Model const& model) {
+  std::vector<std::string> names;
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
+    family.ForEach([&](cow_String const& name, kprC_StepDependent const&) {
+      bool const isShared = FindIn(model, {}, name.View()).size() > 1;
+      names.push_back((isShared ? std::string(family.ItemCmd()) + ":" : std::string()).append(name.View()));
+    });
+  });
+  return names;
+}
+
 std::size_t FindStep(ddr_Model const& model, std::string_view name) {
   kprC_StepTable const& steps = kprC_Steps(model).Table();
   std::size_t const index = steps.Find(name);

@@ -36,6 +36,9 @@ DDB_API cls_Object const* FindObject(ddr_Model const& model, std::string_view me
 /// The names of all of them, of steps in their order.
 DDB_API std::vector<std::string> ObjectNamesIn(ddr_Model const& model, std::string_view member);
 
+/// The names of all attributes as FindAttribute takes them: with the kind where two families use one.
+DDB_API std::vector<std::string> FindableNames(ddr_Model const& model);
+
 /// The position of the step called \p name. Raises UnknownName with the nearest.
 DDB_API std::size_t FindStep(ddr_Model const& model, std::string_view name);
 

@@ -264,7 +264,7 @@ std::vector<ObjectCommand> ObjectCommands(ddr_Model const& model) {
       command.name = operation.command;
       command.meaning = operation.meaning;
       command.arguments = operation.effect == kprC_Effect::Move
-                              ? std::vector{Step("fromStepName", "the step that sets it"), Step("toStepName", "the step that is to set it")}
+                              ? std::vector{Step(kFromStep, "the step that sets it"), Step(kToStep, "the step that is to set it")}
                               : std::vector{StepName()};
     }
     for (kprC_TypeEdit const& edit : repository.TypeEdits()) {

@@ -16,7 +16,8 @@
 /// What the members of an attribute are in its steps, and which step has said so.
 namespace gattr {
 
-inline constexpr std::size_t kNoStep = static_cast<std::size_t>(-1);
+/// No position: a step that there is not.
+inline constexpr std::size_t kNoStep = kprC_StepTable::npos;
 
 /// How a member stands.
 enum class Standing : std::uint8_t {

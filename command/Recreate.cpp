@@ -378,7 +378,8 @@ private:
     if (create == kprC_StepTable::npos) { return MakeEmpty(extension, repository, item); }
     Trial trial = TryAttribute(made_, extension, repository, item, [&](Trial const& made) { return Comes(made, extension, item); });
     if (trial.IsDone()) { return Keep(std::move(trial)); }
-    if (std::ranges::find(hard_, User{extension, name}) == hard_.end()) { hard_.push_back({extension, name}); }
+    bool const mayBeOfSteps = trial.refused.ok || !trial.refused.badInput;  // a name that the model does not have is not had on others
+    if (mayBeOfSteps && std::ranges::find(hard_, User{extension, name}) == hard_.end()) { hard_.push_back({extension, name}); }
     MissAttribute(object, repository, item, trial);
     made_.Get<kprC_StepAwareRepository>(extension).InsertItem(name, item);
   }
@@ -477,7 +478,7 @@ private:
     fresh->Begin(step, procedureType);
     Fields construction = Begin(item.ConstructionName()), remove = Begin("remove");
     Add(construction, kName, item.Name().View());
-    Add(construction, "createStepName", step.View());
+    Add(construction, kCreateStep, step.View());
     AddDiffering(construction, item, *fresh);
     Add(remove, repository.ItemCmd(), item.Name().View());
     Add(remove, kStepName, step.View());
@@ -503,25 +504,32 @@ private:
     return trial.refused.ok && made != nullptr && made->Equals(item);
   }
 
+  /// One that is created in the step at \p at, with \p first behind the construction and \p last behind what it says.
+  Trial TryCreatedAt(ddr_Model const& on, kprC_StepAwareRepository const& repository, kprC_StepDependent const& item, std::size_t create,
+                     std::size_t at, Commands const& first, Commands const& last, Accept const& accept) const {
+    Records const records = RecordsOf(repository, item, create);
+    Commands commands{Construction(repository, item, create, {}, at)};
+    commands.insert(commands.end(), first.begin(), first.end());
+    commands.insert(commands.end(), records.changes.begin(), records.changes.end());
+    commands.insert(commands.end(), records.offs.rbegin(), records.offs.rend());
+    commands.insert(commands.end(), last.begin(), last.end());
+    if (item.IsSuppressed()) { commands.push_back(Suppressing(repository, item)); }
+    Trial trial = Try(on, std::move(commands));
+    trial.differs = trial.refused.ok && !accept(trial);
+    return trial;
+  }
+
   /// One that begins switched off: it was created in an earlier step, switched off, and that creation taken back.
   Trial TryCreatedOff(ddr_Model const& on, kprC_StepAwareRepository const& repository, kprC_StepDependent const& item,
                       Accept const& accept) const {
     std::size_t const create = item.Steps().Find(item.CreateStepName().View());
-    Records const records = RecordsOf(repository, item, create);
     Trial trial{on, {}, {}};
-    for (std::size_t at = create; at-- > 0;) {
-      Commands commands{Construction(repository, item, create, {}, at)};
+    for (std::size_t at = create; at-- > 0 && !trial.IsDone();) {
       Fields remove = Begin("remove");
       Add(remove, repository.ItemCmd(), item.Name().View());
       Add(remove, kStepName, item.Steps().Name(at).View());
-      commands.insert(commands.end(), records.changes.begin(), records.changes.end());
-      commands.insert(commands.end(), records.offs.rbegin(), records.offs.rend());
-      commands.emplace_back(std::move(remove));
-      if (item.IsSuppressed()) { commands.push_back(Suppressing(repository, item)); }
-      trial = Try(on, std::move(commands));
-      if (trial.refused.ok && accept(trial)) { return trial; }
+      trial = TryCreatedAt(on, repository, item, create, at, {}, {std::move(remove)}, accept);
     }
-    trial.differs = trial.refused.ok;
     return trial;
   }
 
@@ -533,22 +541,14 @@ private:
     auto const move = std::ranges::find(operations, kprC_Effect::Move, &kprC_Operation::effect);
     Trial trial{on, {}, {}};
     if (move == operations.end()) { return trial; }
-    Records const records = RecordsOf(repository, item, create);
-    for (std::size_t at = 0; at < item.Steps().Size(); ++at) {
+    for (std::size_t at = 0; at < item.Steps().Size() && !trial.IsDone(); ++at) {
       if (at == create) { continue; }
-      Commands commands{Construction(repository, item, create, {}, at)};
       Fields moving = Begin(move->command);
       Add(moving, repository.ItemCmd(), item.Name().View());
-      Add(moving, "fromStepName", item.Steps().Name(at).View());
-      Add(moving, "toStepName", item.CreateStepName().View());
-      commands.emplace_back(std::move(moving));
-      commands.insert(commands.end(), records.changes.begin(), records.changes.end());
-      commands.insert(commands.end(), records.offs.rbegin(), records.offs.rend());
-      if (item.IsSuppressed()) { commands.push_back(Suppressing(repository, item)); }
-      trial = Try(on, std::move(commands));
-      if (trial.refused.ok && accept(trial)) { return trial; }
+      Add(moving, kFromStep, item.Steps().Name(at).View());
+      Add(moving, kToStep, item.CreateStepName().View());
+      trial = TryCreatedAt(on, repository, item, create, at, {std::move(moving)}, {}, accept);
     }
-    trial.differs = trial.refused.ok;
     return trial;
   }
 
@@ -602,7 +602,9 @@ private:
       if (isCreation || !item.Admits(item.Steps().Facts(index), true)) { unfit.push_back(index); }
     });
     std::vector<Candidate> const candidates = Candidates();
+    std::set<std::vector<std::size_t>> tried{{}};  // on the steps as they are it has been tried
     for (std::vector<std::size_t> const& others : {unfit, own, all}) {
+      if (!tried.insert(others).second) { continue; }
       for (Candidate const& candidate : candidates) {
         Trial trial{made_, Done(), {}};
         for (std::size_t const at : others) {
@@ -672,7 +674,7 @@ private:
     Fields command = Begin(item.ConstructionName());
     Add(command, kName, item.Name().View());
     std::size_t const at = step.value_or(create);
-    Add(command, "createStepName", item.Steps().Name(at).View());
+    Add(command, kCreateStep, item.Steps().Name(at).View());
     std::unique_ptr<kprC_StepDependent> const fresh = repository.Construct(item.ConstructionName());
     fresh->Begin(item.Steps().Name(at), item.Steps().ProcedureType(at));
     AddDiffering(command, item, *fresh, also);
@@ -766,7 +768,7 @@ private:
         std::string name = step + "-";
         name.append(digits.size() < 6 ? 6 - digits.size() : 0, '0').append(digits);  // they go in the order of their names
         Add(command, kName, name);
-        Add(command, "createStepName", step);
+        Add(command, kCreateStep, step);
         bool onRegion = false;
         for (cls_Object const* const object : {static_cast<cls_Object const*>(fresh.get()), fresh->StateAt(0)}) {
           for (MemberArgument const& argument : MemberArguments(*object)) {

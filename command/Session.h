@@ -186,7 +186,7 @@ public:
   std::shared_ptr<ObjectName const> Follow(std::string_view kind, std::string_view name);
 
   /// The commands that succeeded, undo and redo among them; running them on the model that the session began with gives
-  /// the present one. Made anew, as they are kept as lines.
+  /// the present one. Made anew, as they are kept as bytes.
   std::vector<cls_Value> Journal() const;
   /// What the commands recorded: one tuple for each change in a repository.
   omu_ChangeHistory const& Changes() const;
