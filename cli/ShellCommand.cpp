@@ -81,7 +81,10 @@ private:
       bool const dryRun = std::erase(words, "--dry-run") != 0;
       if (words.empty()) { throw BadInput("--dry-run stands behind a command"); }
       auto const own = std::ranges::find(OwnCommands(), words[0], &Own::name);
-      if (own != OwnCommands().end()) { return (this->*own->run)(words); }
+      if (own != OwnCommands().end()) {
+        if (dryRun) { throw BadInput("--dry-run stands behind a command on the model, which " + Quoted(words[0]) + " is not"); }
+        return (this->*own->run)(words);
+      }
       cls_Value command = words_.Read(session_.Model(), words);
       if (dryRun) { std::get<cls_Value::Fields>(command.data).emplace_back("dryRun", true); }
       Execute(command);

@@ -17,6 +17,15 @@ protected:
   }
 };
 
+TEST_F(Journals, DryRunsWriteNothingAndTellWhatTheRunWouldWrite) {
+  ASSERT_EQ(Gattr({"replay", "-", "-o", "m.gadb"}, kJournal).status, 0);
+  std::string const before = Dumped("m.gadb"), line = "{\"command\": \"suppress\", \"boundaryCondition\": \"Fix\"}\n";
+  EXPECT_EQ(Gattr({"shell", "m.gadb"}, "suppress boundaryCondition=Fix\nsave --dry-run\n").status, 2);
+  EXPECT_NE(Gattr({"replay", "-", "--on", "m.gadb", "--dry-run"}, line).out.find("changed"), std::string::npos);
+  EXPECT_EQ(Gattr({"replay", "-", "--on", "m.gadb", "--dry-run"}, line + "{\"command\": \"deactivat\"}\n").out, "");
+  EXPECT_EQ(Dumped("m.gadb"), before);
+}
+
 TEST_F(Journals, OfExamplesMakeThemAgainAndFitTheSchemas) {
   Write("journal.json", Gattr({"schema", "journal"}).out);
   Write("model.json", Gattr({"schema", "model"}).out);
