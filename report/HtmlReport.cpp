@@ -13,7 +13,7 @@
 #include "command/Words.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "report/HtmlReportData.h"
-#include "report/PageText.inc"
+#include "report/PageText.h"
 #include "report/RenderHistory.h"
 #include "store/ReplacingFile.h"
 #include "store/StoreError.h"
@@ -172,9 +172,9 @@ void WriteHtmlReport(std::ostream& out, ddr_Model const& model, Progress const& 
   kprC_StepContainer const& steps = kprC_Steps(model);
   std::string const title = model.Name().IsEmpty() ? "Histories" : HtmlText(model.Name().View());
   out << kHtmlReportMark << "\n<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; script-src 'sha256-"
-      << Base64(kScriptHash) << "'; style-src 'sha256-" << Base64(kStyleHash) << "'; base-uri 'none'; form-action 'none'\">\n"
+      << Base64(kPageScriptHash) << "'; style-src 'sha256-" << Base64(kPageStyleHash) << "'; base-uri 'none'; form-action 'none'\">\n"
       << "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"><meta name=\"color-scheme\" content=\"light dark\">\n"
-      << "<title>" << title << "</title>\n<style>" << kStyle << "</style>\n<script>" << kScript
+      << "<title>" << title << "</title>\n<style>" << kPageStyle << "</style>\n<script>" << kPageScript
       << "</script></head>\n<body>\n<header id=\"top\"><h1>" << title << "</h1><p>" << Counted(attributes, "attribute") << ", "
       << Counted(steps.Size(), "step") << ", "
       << (model.Space() == ddr_Model::THREE_D ? "three dimensions" : LoweredLabel(omu_PrimEnum<ddr_Model::SpaceEnm>(model.Space()).View()))

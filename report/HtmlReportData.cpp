@@ -287,7 +287,10 @@ std::string ReadableValue(cls_Value const& value) {
     return text.empty() ? "none" : text;
   }
   if (auto const* const fields = value.As<cls_Value::Fields>()) {
-    for (auto const& [name, item] : *fields) { text += (text.empty() ? "" : ", ") + name + " " + ReadableValue(item); }
+    for (auto const& [name, item] : *fields) {
+      std::string const told = ReadableValue(item);
+      if (!told.empty()) { text.append(text.empty() ? "" : ", ").append(name).append(" ").append(told); }
+    }
     return text;
   }
   return value.IsNull() ? "unset" : ValueText(value);

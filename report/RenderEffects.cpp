@@ -34,12 +34,11 @@ Style StyleOf(ChangeKind change) {
 void RenderText(std::ostream& out, Effects const& effects, TextLayout const& layout) {
   TextTable objects({"change", "kind", "name", "details"});
   for (ObjectChange const& object : effects.objects) {
-    std::string const before = object.change == ChangeKind::Renamed ? "was " + Quoted(object.before) : "";
+    std::string told = object.change == ChangeKind::Renamed ? "was " + Quoted(object.before) : "";
     std::string const steps = StepsText(object.steps);
-    objects.Add({{ChangeText(object.change), StyleOf(object.change)},
-                 object.kind,
-                 {object.name, Style::Strong},
-                 before + (before.empty() || steps.empty() ? "" : "; ") + steps});
+    if (!told.empty() && !steps.empty()) { told += "; "; }
+    told += steps;
+    objects.Add({{ChangeText(object.change), StyleOf(object.change)}, object.kind, {object.name, Style::Strong}, told});
   }
   if (objects.IsEmpty()) { return; }
   objects.Print(out, layout.width, layout.color);

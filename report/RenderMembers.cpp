@@ -127,7 +127,7 @@ void RenderExplanation(std::ostream& out, Explanation const& explanation, kprC_S
 }
 
 void RenderInForce(std::ostream& out, InForce walk, TextLayout const& layout) {
-  constexpr Style kStyles[] = {Style::New, Style::Changed, Style::Off, Style::Kept};
+  constexpr Style kInForceStyles[] = {Style::New, Style::Changed, Style::Off, Style::Kept};
   kprC_StepTable const& steps = kprC_Steps(walk.Model()).Table();
   std::optional<std::size_t> step;
   auto const makeTable = [] { return TextTable({"what", "attribute", "type", "region", "members"}); };
@@ -156,7 +156,7 @@ void RenderInForce(std::ostream& out, InForce walk, TextLayout const& layout) {
       }
     }
     auto const what = static_cast<std::size_t>(told->what);
-    table.Add({{InForceText(told->what), kStyles[what]},
+    table.Add({{InForceText(told->what), kInForceStyles[what]},
                {std::string(item.Name().View()), Style::Strong},
                {item.ConstructionName(), Style::Faint},
                RegionText(item),
