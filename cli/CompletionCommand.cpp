@@ -155,6 +155,8 @@ private:
       Offer(option.get_positional() ? FindableNames(Model()) : AttributeNames(Model()));
     } else if (name == "STEP") {
       Offer(StepNames(Model()));
+    } else if (name == "MEMBER" || name == "MEMBER,...") {
+      Offer(MemberNames(Model()));
     } else if (name == "TYPE") {
       Offer(TypeNames(Model()));
     } else if (name == "WORD") {

@@ -1,6 +1,8 @@
 #include <CLI/App.hpp>
+#include <CLI/Validators.hpp>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <sstream>
 
 #include "cli/Console.h"
@@ -19,9 +21,31 @@ struct ShowOptions {
   Format format = Format::Text;
   std::string color;
   bool changes = false;
+  std::optional<double> at;
 
   TextLayout Layout() const { return {TerminalWidth(), UseColor(color)}; }
 };
+
+/// The time that values are asked at, null where none is.
+class AskedTime {
+public:
+  AskedTime(ddr_Model const& model, ShowOptions const& options) {
+    if (options.at) { at_.emplace(model, *options.at); }
+  }
+  AtTime const* Get() const { return at_ ? &*at_ : nullptr; }
+
+private:
+  std::optional<AtTime> at_;
+};
+
+void AddAt(CLI::App& command, std::optional<double>& at) {
+  command
+      .add_option(
+          "--at", at,
+          "values so long after the beginning of each step, or at its end: times the curve of their amplitude, where the model has it")
+      ->type_name("TIME")
+      ->check(CLI::NonNegativeNumber.description(""));
+}
 
 /// Text goes through the pager where it is long.
 template <class Render> void Print(ShowOptions const& options, Render&& render) {
@@ -34,11 +58,12 @@ template <class Render> void Print(ShowOptions const& options, Render&& render) 
 int Show(ShowOptions const& options) {
   ddr_Model const model = ModelPath(options.model).Open();
   FoundAttribute const attribute = FindAttribute(model, options.name);
+  AskedTime const at(model, options);
   Print(options, [&](std::ostream& out) {
     switch (options.format) {
-      case Format::Json: out << JsonPage(gattr::ToJson(ValueOf(attribute))) << '\n'; break;
-      case Format::Csv: RenderMembersCsv(out, attribute); break;
-      default: RenderMembers(out, attribute, options.Layout());
+      case Format::Json: out << JsonPage(gattr::ToJson(ValueOf(attribute, at.Get()))) << '\n'; break;
+      case Format::Csv: RenderMembersCsv(out, attribute, at.Get()); break;
+      default: RenderMembers(out, attribute, options.Layout(), at.Get());
     }
   });
   return kDone;
@@ -64,11 +89,12 @@ int TellInForce(ShowOptions const& options) {
   InForce::Options told;
   told.still = !options.changes;
   if (!options.step.empty()) { told.first = told.last = FindStep(model, options.step); }
+  AskedTime const at(model, options);
   InForce walk(model, told);
   if (options.format == Format::Json) {
-    while (InForceAttribute const* const one = walk.Next()) { std::cout << JsonLine(gattr::ToJson(ValueOf(*one))) << '\n'; }
+    while (InForceAttribute const* const one = walk.Next()) { std::cout << JsonLine(gattr::ToJson(ValueOf(*one, at.Get()))) << '\n'; }
   } else {
-    RenderInForce(std::cout, std::move(walk), options.Layout());
+    RenderInForce(std::cout, std::move(walk), options.Layout(), at.Get());
   }
   return kDone;
 }
@@ -80,6 +106,7 @@ void AddShow(CLI::App& program, Action& action) {
   CLI::App& command = *program.add_subcommand("show", "What the members of an attribute are in every step, and where that comes from");
   command.add_option("MODEL", options->model, kModelHelp)->required()->type_name("");
   command.add_option("NAME", options->name, kNameHelp)->required()->type_name("");
+  AddAt(command, options->at);
   AddFormat(command, options->format, {"text", "csv", "json"});
   AddColor(command, options->color);
   command.footer(
@@ -108,6 +135,7 @@ void AddInForce(CLI::App& program, Action& action) {
   command.add_option("MODEL", options->model, kModelHelp)->required()->type_name("");
   command.add_option("STEP", options->step, "only this step (default: all)")->type_name("");
   command.add_flag("--changes", options->changes, "leave out what is as in the step before");
+  AddAt(command, options->at);
   AddFormat(command, options->format, {"text", "json"});
   AddColor(command, options->color);
   command.footer(

@@ -318,7 +318,7 @@ cls_Value ValueOf(Origin const& origin, kprC_StepTable const& steps) {
       {"value", origin.Value()}, {"standing", StandingText(origin.standing)}, {"own", origin.own}, {"step", StepName(steps, origin.step)}};
 }
 
-cls_Value ValueOf(FoundAttribute const& attribute) {
+cls_Value ValueOf(FoundAttribute const& attribute, AtTime const* at) {
   kprC_StepDependent const& item = *attribute.item;
   kprC_StepTable const& steps = item.Steps();
   cls_Value::Fields object;
@@ -328,7 +328,12 @@ cls_Value ValueOf(FoundAttribute const& attribute) {
     for (std::size_t step = run.begin; step < run.end; ++step) {
       cls_Value::Fields members;
       for (Origin const& origin : run.members) {
-        if (origin.standing != Standing::Unset || origin.own) { members.emplace_back(origin.Member(), ValueOf(origin, steps)); }
+        if (origin.standing == Standing::Unset && !origin.own) { continue; }
+        cls_Value told = ValueOf(origin, steps);
+        if (at != nullptr && at->Factor(origin, run.members, step)) {
+          std::get<cls_Value::Fields>(told.data).emplace_back("at", at->Of(origin, run.members, step));
+        }
+        members.emplace_back(origin.Member(), std::move(told));
       }
       rows.emplace_back(cls_Value::Fields{{"step", steps.Name(step).View()},
                                           {"procedure", ProcedureText(steps.ProcedureType(step))},

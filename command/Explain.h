@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "command/AtTime.h"
 #include "command/Lookup.h"
 #include "command/Origins.h"
 #include "platform/BasicUtils/cls_Value.h"
@@ -66,9 +67,9 @@ DDB_API cls_Value ValueOf(Explanation const& explanation, kprC_StepTable const& 
 /// What there is of a member in a step: {"value", "standing", "own", "step"}.
 DDB_API cls_Value ValueOf(Origin const& origin, kprC_StepTable const& steps);
 
-/// An attribute with its members in all steps: {"kind", "name", "type", "suppressed", "object": {"region": "Top"}, "steps": [{"step",
-/// "procedure", "status", "inForce", "members": {"u2": {"value", "standing", "own", "step"}}}]}; members without anything said are left
-/// out.
-DDB_API cls_Value ValueOf(FoundAttribute const& attribute);
+/// An attribute with its members in all steps; with \p at, members that an amplitude varies have a value "at" that time too: {"kind",
+/// "name", "type", "suppressed", "object": {"region": "Top"}, "steps": [{"step", "procedure", "status", "inForce", "members": {"u2":
+/// {"value", "standing", "own", "step"}}}]}; members without anything said are left out.
+DDB_API cls_Value ValueOf(FoundAttribute const& attribute, AtTime const* at = nullptr);
 
 }  // namespace gattr

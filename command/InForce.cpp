@@ -122,16 +122,28 @@ InForce::~InForce() = default;
 InForceAttribute const* InForce::Next() { return walk_->Next(); }
 ddr_Model const& InForce::Model() const { return walk_->model; }
 
-cls_Value ValueOf(InForceAttribute const& told) {
+std::vector<Origin> InForceAttribute::Origins() const {
+  std::vector<Origin> origins;
+  for (InForceMember const& member : members) {
+    if (member.what != InForceChange::Gone) { origins.push_back(member.origin); }
+  }
+  return origins;
+}
+
+cls_Value ValueOf(InForceAttribute const& told, AtTime const* at) {
   kprC_StepDependent const& item = *told.attribute.item;
   kprC_StepTable const& steps = item.Steps();
   cls_Value::Fields members, object;
+  std::vector<Origin> const origins = at == nullptr ? std::vector<Origin>() : told.Origins();
   for (InForceMember const& member : told.members) {
     cls_Value::Fields fields = {{"what", InForceText(member.what)},
                                 {"value", member.what == InForceChange::Gone ? cls_Value() : member.origin.Value()}};
     if (!member.was.IsNull()) { fields.emplace_back("was", member.was); }
     fields.emplace_back("own", member.origin.own);
     fields.emplace_back("step", member.origin.step == kNoStep ? cls_Value() : cls_Value(steps.Name(member.origin.step).View()));
+    if (at != nullptr && member.what != InForceChange::Gone && at->Factor(member.origin, origins, told.step)) {
+      fields.emplace_back("at", at->Of(member.origin, origins, told.step));
+    }
     members.emplace_back(member.origin.Member(), std::move(fields));
   }
   for (Origin const& origin : OwnMembers(item)) {

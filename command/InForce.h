@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "command/AtTime.h"
 #include "command/Lookup.h"
 #include "command/Origins.h"
 #include "framework/ddr_Model.h"
@@ -38,6 +39,9 @@ struct InForceAttribute {
   mdl_PropagationStatusEnm status;  ///< in the step; tells why one is gone: switched off, passed over, held by the modes, reset
   std::vector<InForceMember>
       members;  ///< what it says in steps, in the order of the class: those that have a value, and those that gave it up
+
+  /// What is in force of the members.
+  DDB_API std::vector<Origin> Origins() const;
 };
 
 /// Goes over what is in force step by step: in each step what has come, changed or gone, by kind and name, then what is as before.
@@ -66,6 +70,7 @@ private:
 
 /// One as named values, all that there is to tell: {"step", "what", "kind", "name", "type", "status", "members": {"u2": {"what", "value",
 /// "was", "own", "step"}}, "object": {"region": "Top"}}; "object" has the attribute's own members, which are the same in all steps.
-DDB_API cls_Value ValueOf(InForceAttribute const& told);
+/// With \p at, members that an amplitude varies have a value "at" that time of the step, too.
+DDB_API cls_Value ValueOf(InForceAttribute const& told, AtTime const* at = nullptr);
 
 }  // namespace gattr

@@ -21,36 +21,32 @@ std::vector<FoundAttribute> FindIn(ddr_Model const& model, std::string_view kind
 
 }  // namespace
 
-FoundAttribute FindAttribute(ddr_Model const& model, std::string_view name) {
-  std::vector<FoundAttribute> found = FindIn(model, {}, name);
-  std::string_view kind;
-  if (found.empty() && name.find(':') != std::string_view::npos) {
-    std::string_view const before = name.substr(0, name.find(':'));
-    bool const isKind =
-        FindRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) { return family.ItemCmd() == before; });
-    if (isKind) {
-      kind = before;
-      name.remove_prefix(kind.size() + 1);
-      found = FindIn(model, kind, name);
-    }
-  }
+FoundAttribute FindAttribute(ddr_Model const& model, std::string_view kind, std::string_view name) {
+  std::vector<FoundAttribute> const found = FindIn(model, kind, name);
   if (found.size() == 1) { return found.front(); }
-  if (found.empty()) {
-    std::vector<std::string> known, kinds;
-    ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
-      if (!kind.empty() && family.ConstItem(name) != nullptr) { kinds.emplace_back(family.ItemCmd()); }
-      if (!kind.empty() && family.ItemCmd() != kind) { return; }
-      for (std::string& one : Texts(family.Keys())) { known.push_back(std::move(one)); }
-    });
-    std::string const hint =
-        kinds.empty() ? Suggestion(name, known, "There are") : Quoted(name) + " is " + WithArticle(kinds.front()) + ".";
-    throw UnknownName("There is no " + ObjectText(kind.empty() ? "attribute" : kind, name) + ". " + hint);
+  if (!found.empty()) {
+    std::vector<std::string> meant;
+    meant.reserve(found.size());
+    for (FoundAttribute const& one : found) { meant.push_back(std::string(one.family->ItemCmd()).append(":").append(name)); }
+    throw UnknownName(std::to_string(found.size()) + " attributes are called " + Quoted(name) + ": say which of " +
+                      QuotedList(meant, meant.size()) + ".");
   }
-  std::vector<std::string> meant;
-  meant.reserve(found.size());
-  for (FoundAttribute const& one : found) { meant.push_back(std::string(one.family->ItemCmd()).append(":").append(name)); }
-  throw UnknownName(std::to_string(found.size()) + " attributes are called " + Quoted(name) + ": say which of " +
-                    QuotedList(meant, meant.size()) + ".");
+  std::vector<std::string> known, kinds;
+  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
+    if (family.ConstItem(name) != nullptr) { kinds.emplace_back(family.ItemCmd()); }
+    if (!kind.empty() && family.ItemCmd() != kind) { return; }
+    for (std::string& one : Texts(family.Keys())) { known.push_back(std::move(one)); }
+  });
+  std::string const hint = kinds.empty() ? Suggestion(name, known, "There are") : Quoted(name) + " is " + WithArticle(kinds.front()) + ".";
+  throw UnknownName("There is no " + ObjectText(kind.empty() ? "attribute" : kind, name) + ". " + hint);
+}
+
+FoundAttribute FindAttribute(ddr_Model const& model, std::string_view name) {
+  std::size_t const colon = name.find(':');
+  std::string_view const kind = name.substr(0, colon == std::string_view::npos ? 0 : colon);
+  bool const isKind = !kind.empty() && FindIn(model, {}, name).empty() &&
+                      FindRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) { return family.ItemCmd() == kind; });
+  return isKind ? FindAttribute(model, kind, name.substr(colon + 1)) : FindAttribute(model, {}, name);
 }
 
 cls_Object const* FindObject(ddr_Model const& model, std::string_view member, std::string_view name) {

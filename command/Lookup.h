@@ -30,6 +30,9 @@ struct FoundAttribute {
 /// looked up as it is first. Raises UnknownName with the nearest name, or with those that may be meant. Costs a look-up in each family.
 DDB_API FoundAttribute FindAttribute(ddr_Model const& model, std::string_view name);
 
+/// The attribute of that kind, "load", and name.
+DDB_API FoundAttribute FindAttribute(ddr_Model const& model, std::string_view kind, std::string_view name);
+
 /// The object called \p name among those that the model holds under \p member (KindInfo::member): a step, an attribute or what others refer
 /// to. Null where there is none. Good until the model is changed.
 DDB_API cls_Object const* FindObject(ddr_Model const& model, std::string_view member, std::string_view name);

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "command/Command.h"
+#include "command/Explain.h"
 #include "command/Library.h"
 #include "command/Lookup.h"
 #include "command/Replay.h"
@@ -141,6 +142,13 @@ cls_Value ObjectHandle::MemberIn(std::string_view step, std::string_view member)
   if (state == nullptr) { return {}; }
   if (auto const value = MemberOf(*state, member)) { return *value; }
   throw std::out_of_range("A " + name_->kind + " of this type says nothing of " + Quoted(member) + ".");
+}
+
+std::string ObjectHandle::Explain(std::string_view step, std::string_view member) const {
+  auto const core = Core();
+  ddr_Model const& model = core->session.Model();
+  FoundAttribute const attribute = FindAttribute(model, Kind(), Name());
+  return SentenceOf(gattr::Explain(attribute, FindStep(model, step), member), attribute.item->Steps());
 }
 
 int ObjectHandle::StatusIn(std::string_view step) const {

@@ -90,6 +90,8 @@ public:
   cls_Value MemberIn(std::string_view step, std::string_view member) const;
   /// The number of the status in a step.
   int StatusIn(std::string_view step) const;
+  /// Why an attribute, or a member of it, is in \p step what it is, in a sentence; command/Explain.h has it as data. Raises UnknownName.
+  std::string Explain(std::string_view step, std::string_view member = {}) const;
 
 protected:
   /// Another of the kind.

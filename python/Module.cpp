@@ -4,7 +4,9 @@
 #include <sstream>
 
 #include "command/Check.h"
+#include "command/Explain.h"
 #include "command/HistoryTable.h"
+#include "command/InForce.h"
 #include "command/Journal.h"
 #include "command/Words.h"
 #include "module/DDB_GeometricAttributes.h"
@@ -97,6 +99,15 @@ void Report(Model& model, std::string const& path, py::handle progress) {
   Watch watch(progress);
   watch.Run([&](Progress const& told) { WriteHtmlReportFile(model.Data(), path, told); });
   watch.Raise();
+}
+
+/// What is in force, and the time that values are asked at.
+struct TimedInForce {
+  InForce walk;
+  std::optional<AtTime> at;
+};
+std::optional<AtTime> Timed(ddr_Model const& model, std::optional<double> time) {
+  return time ? std::optional<AtTime>(std::in_place, model, *time) : std::nullopt;
 }
 
 py::list StatusTexts() {
@@ -208,6 +219,20 @@ void BindModel(py::module_& m) {
            })
       .def("_check", &Findings)
       .def("_report", &Report)
+      .def("_attribute",
+           [](py::object const& self, std::string_view name) {
+             Model::Use const use(self.cast<Model&>());
+             FoundAttribute const found = FindAttribute(self.cast<Model&>().Data(), name);
+             return MakeHandle(self, KindNumber(found.family->ItemCmd()), found.item->Name().View());
+           })
+      .def("_in_force",
+           [](Model& self, py::handle step, bool still, std::optional<double> at) {
+             Model::Use const use(self);
+             InForce::Options options;
+             options.still = still;
+             if (!step.is_none()) { options.first = options.last = FindStep(self.Data(), TextOf(step)); }
+             return TimedInForce{InForce(self.Data(), options), Timed(self.Data(), at)};
+           })
       .def("_begin", &Model::Begin)
       .def("_commit", &Model::Commit)
       .def("_rollback", &Model::Rollback)
@@ -239,6 +264,12 @@ void BindModel(py::module_& m) {
           },
           "The commands that succeeded, undo and redo among them; replaying them gives this model.")
       .def("_dump", [](Model& self) { return Text(self.Dump()); });
+}
+
+/// The attribute that a handle means.
+FoundAttribute Found(Handle const& handle) {
+  static_cast<void>(handle.Get());  // refuses one that is gone
+  return FindAttribute(handle.In().Data(), Kinds()[static_cast<std::size_t>(handle.Kind())].kind, handle.Name());
 }
 
 void BindHandles(py::module_& m) {
@@ -283,6 +314,18 @@ void BindHandles(py::module_& m) {
              }
              return statuses;
            })
+      .def("_show",
+           [](Handle const& self, std::optional<double> time) {
+             Model::Use const use(self.In());
+             std::optional<AtTime> const at = Timed(self.In().Data(), time);
+             return ToPython(ValueOf(Found(self), at ? &*at : nullptr));
+           })
+      .def("_explain",
+           [](Handle const& self, std::string_view step, std::string_view member) {
+             Model::Use const use(self.In());
+             FoundAttribute const attribute = Found(self);
+             return ToPython(ValueOf(Explain(attribute, FindStep(self.In().Data(), step), member), attribute.item->Steps()));
+           })
       .def("__eq__",
            [](Handle const& self, py::handle other) { return py::isinstance<Handle>(other) && self == other.cast<Handle const&>(); })
       .def("__hash__", &Handle::Hash);
@@ -300,6 +343,13 @@ void BindHandles(py::module_& m) {
              return names;
            })
       .def("__repr__", [](State const& self) { return Text("<what \"" + self.Of().Name() + "\" says in \"" + self.Step() + "\">"); });
+}
+
+void BindInForce(py::module_& m) {
+  py::class_<TimedInForce>(m, "InForce").def("next", [](TimedInForce& self) {
+    InForceAttribute const* const told = self.walk.Next();
+    return told == nullptr ? py::object(py::none()) : ToPython(ValueOf(*told, self.at ? &*self.at : nullptr));
+  });
 }
 
 void BindHistory(py::module_& m) {
@@ -351,10 +401,13 @@ PYBIND11_MODULE(_gattr, m) {      // NOLINT
       if (raised) { std::rethrow_exception(raised); }
     } catch (gattr::StoreError const& error) {
       PyErr_SetObject(Defined().unreadable.ptr(), FileText(error.what()).ptr());
+    } catch (gattr::UnknownName const& error) {
+      PyErr_SetObject(Defined().gone.ptr(), Text(error.what()).ptr());
     } catch (gattr::JournalError const& error) { PyErr_SetObject(Defined().unreadable.ptr(), FileText(error.what()).ptr()); }
   });
   BindDescriptions(m);
   BindModel(m);
   BindHandles(m);
   BindHistory(m);
+  BindInForce(m);
 }

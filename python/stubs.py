@@ -5,7 +5,7 @@ import re
 import sys
 import typing
 
-from gattr import _errors, _model, _objects, _words
+from gattr import _errors, _model, _objects, _seen, _words
 
 HEAD = '''# What the module offers, made of the session's list of commands. A class of objects says more of its members than its kind does.
 # mypy: disable-error-code="override,import"
@@ -84,7 +84,7 @@ def annotated(kind):
 def tuples():
     """The tuples that the module gives, as their classes declare them."""
     lines = []
-    for told in (_model.Outcome, _model.Finding, _words.ObjectChange, _words.StatusChange, _words.Change):
+    for told in (_model.Outcome, _model.Finding, _words.ObjectChange, _words.StatusChange, _words.Change, *_seen.TUPLES):
         lines.append(f"class {told.__name__}(NamedTuple):")
         lines += [f"    {name}: {annotated(kind)}" for name, kind in told.__annotations__.items()]
         lines.append("")

@@ -1,9 +1,9 @@
 #include "report/RenderMembers.h"
 
 #include <algorithm>
-#include <map>
 #include <optional>
 #include <ostream>
+#include <span>
 
 #include "command/Words.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -17,10 +17,15 @@ namespace {
 std::string NameOf(kprC_StepTable const& steps, std::size_t step) { return std::string(steps.Name(step).View()); }
 
 /// "-12*" where the step says it, "-12 (Draw-1)" where that did; "freed" where it was given up.
-std::string OriginText(Origin const& origin, kprC_StepTable const& steps) {
-  std::string const text = origin.HasValue() ? ValueText(origin.Value()) : std::string(StandingText(origin.standing));
+std::string OriginText(Origin const& origin, cls_Value const& value, kprC_StepTable const& steps) {
+  std::string const text = origin.HasValue() ? ValueText(value) : std::string(StandingText(origin.standing));
   if (origin.own) { return text + "*"; }
   return origin.step == kNoStep ? text : text + " (" + NameOf(steps, origin.step) + ")";
+}
+
+/// The value, or what an amplitude makes of it.
+cls_Value ValueAt(Origin const& origin, std::span<Origin const> members, std::size_t step, AtTime const* at) {
+  return at == nullptr ? origin.Value() : at->Of(origin, members, step);
 }
 
 /// "region Top, csys Global": what is given of the attribute itself.
@@ -50,24 +55,27 @@ constexpr std::string_view kMarks = "* said in that step; (...) the step that sa
 
 }  // namespace
 
-void RenderMembers(std::ostream& out, FoundAttribute const& attribute, TextLayout const& layout) {
+void RenderMembers(std::ostream& out, FoundAttribute const& attribute, TextLayout const& layout, AtTime const* at) {
   kprC_StepDependent const& item = *attribute.item;
   kprC_StepTable const& steps = item.Steps();
-  std::vector<std::pair<mdl_PropagationStatusEnm, std::map<std::string_view, StepGrid::Cell>>> runs;  // cells by members
+  struct Run {
+    mdl_PropagationStatusEnm status;
+    bool tellsAll;
+    std::vector<Origin> members;
+  };
+  std::vector<Run> runs;
   std::vector<std::size_t> runAt(steps.Size());
-  std::vector<std::string_view> members;
+  std::vector<std::size_t> members;  // places of those of which something is said in any step
+  auto const isTold = [](Origin const& origin) { return origin.standing != Standing::Unset || origin.own; };
   ForEachOriginRun(*attribute.family, item, [&](OriginRun const& run) {
-    auto& [status, cells] = runs.emplace_back();
-    status = run.status;
-    for (Origin const& origin : run.members) {
-      bool const isTold = origin.standing != Standing::Unset || origin.own;
-      if (isTold && std::ranges::find(members, origin.Member()) == members.end()) { members.push_back(origin.Member()); }
-      if (!isTold || !(run.inForce || item.IsSuppressed() || origin.own)) { continue; }
-      cells[origin.Member()] = {OriginText(origin, steps), origin.own ? Style::Strong : Style::Faint};
+    runs.push_back({run.status, run.inForce || item.IsSuppressed(), {run.members.begin(), run.members.end()}});
+    for (std::size_t i = 0; i < run.members.size(); ++i) {
+      if (isTold(run.members[i]) && std::ranges::find(members, i) == members.end()) { members.push_back(i); }
     }
     std::fill(runAt.begin() + static_cast<std::ptrdiff_t>(run.begin), runAt.begin() + static_cast<std::ptrdiff_t>(run.end),
               runs.size() - 1);
   });
+  std::ranges::sort(members);
   out << Styled(Shown(Titled(attribute.family->ItemCmd(), item.Name().View())), Style::Strong, layout.color) << ": "
       << Shown(item.ConstructionName()) << (item.IsSuppressed() ? ", suppressed" : "") << '\n';
   if (std::string const given = GivenText(item); !given.empty()) {
@@ -75,27 +83,31 @@ void RenderMembers(std::ostream& out, FoundAttribute const& attribute, TextLayou
   }
   out << '\n';
   StepGrid grid{{"member", ""}, {}, {{StepGrid::Cell{"status"}}}, [&](std::size_t row, std::size_t step) {
-                  auto const& [status, cells] = runs[runAt[step]];
-                  if (row == 0) { return StepGrid::Cell{std::string(WordOf(status).word), StyleOf(status)}; }
-                  auto const found = cells.find(members[row - 1]);
-                  return found == cells.end() ? StepGrid::Cell() : found->second;
+                  Run const& run = runs[runAt[step]];
+                  if (row == 0) { return StepGrid::Cell{std::string(WordOf(run.status).word), StyleOf(run.status)}; }
+                  Origin const* const origin = run.members.empty() ? nullptr : &run.members[members[row - 1]];
+                  if (origin == nullptr || !isTold(*origin) || !(run.tellsAll || origin->own)) { return StepGrid::Cell(); }
+                  cls_Value const value = ValueAt(*origin, run.members, step, at);
+                  return StepGrid::Cell{OriginText(*origin, value, steps), origin->own ? Style::Strong : Style::Faint};
                 }};
   for (std::size_t i = 0; i < steps.Size(); ++i) {
     grid.steps.push_back({NameOf(steps, i), ProcedureWords(ProcedureText(steps.ProcedureType(i)))});
   }
-  for (std::string_view const member : members) { grid.rows.push_back({StepGrid::Cell{std::string(member), Style::Strong}}); }
+  for (std::size_t const member : members) {
+    grid.rows.push_back({StepGrid::Cell{std::string(runs.back().members[member].Member()), Style::Strong}});
+  }
   grid.Print(out, layout);
   if (!members.empty()) { out << '\n' << Styled(kMarks, Style::Faint, layout.color) << '\n'; }
 }
 
-void RenderMembersCsv(std::ostream& out, FoundAttribute const& attribute) {
+void RenderMembersCsv(std::ostream& out, FoundAttribute const& attribute, AtTime const* at) {
   kprC_StepTable const& steps = attribute.item->Steps();
   out << "step,status,member,value,standing,own,from\r\n";
   ForEachOriginRun(*attribute.family, *attribute.item, [&](OriginRun const& run) {
     for (std::size_t step = run.begin; step < run.end; ++step) {
       for (Origin const& origin : run.members) {
         if (origin.standing == Standing::Unset && !origin.own) { continue; }
-        std::string const value = origin.HasValue() ? ValueText(origin.Value()) : std::string();
+        std::string const value = origin.HasValue() ? ValueText(ValueAt(origin, run.members, step, at)) : std::string();
         // a number is no text that a spreadsheet could take for a formula
         bool const isNumber = origin.Value().As<double>() != nullptr || origin.Value().As<long long>() != nullptr;
         out << CsvField(NameOf(steps, step)) << ',' << WordOf(run.status).word << ',' << CsvField(origin.Member()) << ','
@@ -126,7 +138,7 @@ void RenderExplanation(std::ostream& out, Explanation const& explanation, kprC_S
   table.Print(out, layout.width, layout.color);
 }
 
-void RenderInForce(std::ostream& out, InForce walk, TextLayout const& layout) {
+void RenderInForce(std::ostream& out, InForce walk, TextLayout const& layout, AtTime const* at) {
   constexpr Style kInForceStyles[] = {Style::New, Style::Changed, Style::Off, Style::Kept};
   kprC_StepTable const& steps = kprC_Steps(walk.Model()).Table();
   std::optional<std::size_t> step;
@@ -151,8 +163,13 @@ void RenderInForce(std::ostream& out, InForce walk, TextLayout const& layout) {
     if (told->what == InForceChange::Gone) {
       members = WordOf(told->status).word;
     } else {
+      std::vector<Origin> const origins = told->Origins();
       for (InForceMember const& member : told->members) {
-        members.append(members.empty() ? "" : ", ").append(member.origin.Member()).append(" ").append(OriginText(member.origin, steps));
+        cls_Value const value = ValueAt(member.origin, origins, told->step, at);
+        members.append(members.empty() ? "" : ", ")
+            .append(member.origin.Member())
+            .append(" ")
+            .append(OriginText(member.origin, value, steps));
       }
     }
     auto const what = static_cast<std::size_t>(told->what);

@@ -14,11 +14,12 @@ from ._words import FREED, UNSET, Change, Freed, ObjectChange, Status, StatusCha
 from ._errors import Busy, Error, Gone, Refused, RefusedKey, RefusedValue, Unreadable
 from ._model import DryRun, Finding, History, Model, Objects, Outcome, State, Steps, Subscription, load, open, replay
 from ._objects import Handle, handles as _handles
+from ._seen import Explanation, InForce, Link, MemberInForce, StepValues, Value
 
 globals().update({_class.__name__: _class for _class in _handles})
 
 __all__ = [
-    "Busy", "Change", "DryRun", "Error", "FREED", "Finding", "Freed", "Gone", "Handle", "History", "Model", "ObjectChange", "Objects",
-    "Outcome", "Refused", "RefusedKey", "RefusedValue", "State", "Status", "StatusChange", "Steps", "Subscription", "UNSET", "Unreadable", "Unset", "load",
+    "Busy", "Change", "DryRun", "Error", "Explanation", "FREED", "Finding", "Freed", "Gone", "Handle", "History", "InForce", "Link", "MemberInForce", "Model", "ObjectChange", "Objects",
+    "Outcome", "Refused", "RefusedKey", "RefusedValue", "State", "Status", "StatusChange", "StepValues", "Steps", "Subscription", "UNSET", "Unreadable", "Unset", "Value", "load",
     "open", "replay",
 ] + [_class.__name__ for _class in _handles]

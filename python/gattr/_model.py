@@ -11,7 +11,7 @@ import weakref
 from collections.abc import Callable, Iterator, Mapping
 from types import TracebackType
 
-from . import _gattr, _objects
+from . import _gattr, _objects, _seen
 from ._gattr import State
 from ._words import ObjectChange, Status, StatusChange
 
@@ -266,6 +266,14 @@ class Model(_gattr.Model):
     def report(self, path: _Path, *, progress: _Progress | None = None) -> None:
         """Writes the model as a page for a browser: histories, values, plots, steps, findings."""
         self._report(_path(path), progress)
+
+    def attribute(self, name: str) -> _Attribute:
+        """The attribute of that name; "load:Push" where two kinds have the name."""
+        return self._attribute(name)
+
+    def inforce(self, step: str | Step | None = None, *, still: bool = True, at: float | None = None) -> Iterator[InForce]:
+        """Goes over what is new, changed, gone and still in force, step by step or in one step, in the model as it is now."""
+        return _seen.in_force(self._in_force(step if step is None or isinstance(step, str) else step.name, still, at))
 
     @contextlib.contextmanager
     def transaction(self) -> Iterator[None]:

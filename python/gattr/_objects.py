@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import inspect
 
-from . import _errors, _gattr
+from . import _errors, _gattr, _seen
 from ._words import FREED, UNSET, Change, ObjectChange, Status, StatusChange
 
 commands = _gattr.commands()
@@ -199,6 +199,14 @@ class Attribute(Handle):
     def history(self) -> list[Status]:
         """What it does in each step, in their order."""
         return self._statuses()
+
+    def show(self, *, at: float | None = None) -> list[StepValues]:
+        """What its members are in each step, and which step said so; at a time after the beginning of each step, too."""
+        return _seen.shown(self._show(at))
+
+    def explain(self, stepName: str | Step, member: str | None = None) -> Explanation:
+        """Why it, or a member of it, is in a step what it is."""
+        return _seen.explained(self._explain(stepName if isinstance(stepName, str) else stepName.name, member or ""))
 
     @property
     def command(self) -> str:

@@ -161,6 +161,45 @@ TEST_F(Examples, ReportGeneralContactAsItsPageShows) {
   test::ExpectOnPage("docs/general-contact.md", "report", "```\n" + run.out + "```\n");
 }
 
+TEST_F(Examples, TellTheirValuesAsTheirPageShows) {
+  auto const expect = [this](std::string const& part, std::vector<std::vector<std::string>> const& commands) {
+    std::string shown = "```\n";
+    for (std::vector<std::string> const& command : commands) {
+      Ran const run = Gattr(command);
+      EXPECT_EQ(run.status, 0) << run.err;
+      shown += "$ gattr";
+      for (std::string const& word : command) { shown += " " + word; }
+      shown += "\n" + run.out;
+    }
+    test::ExpectOnPage("docs/values.md", part, shown + "```\n");
+  };
+  for (std::string const name : {"forming", "prestressed_modes"}) {
+    EXPECT_EQ(Gattr({"replay", (Folder() / (name + ".jsonl")).string(), "-o", name + ".gadb"}).status, 0);
+  }
+  expect("show", {{"show", "forming.gadb", "Punch"}});
+  expect("values", {{"history", "forming.gadb", "--values", "u2,frequency"}});
+  expect("explain", {{"explain", "forming.gadb", "Punch", "Dwell"},
+                     {"explain", "forming.gadb", "Punch", "Release", "u2"},
+                     {"explain", "prestressed_modes.gadb", "Rig", "Unload"},
+                     {"explain", "prestressed_modes.gadb", "Tip", "Unload", "ur1"}});
+  expect("inforce", {{"inforce", "forming.gadb", "Release"}, {"inforce", "forming.gadb", "Draw-1", "--changes"}});
+  expect("lines", {{"inforce", "forming.gadb", "Draw-1", "--changes", "--format", "json"}});
+  std::string_view const rise =
+      R"({"command": "SmoothStepAmplitude", "name": "Rise", "points": [[0, 0], [1, 1]]})"
+      "\n"
+      R"({"command": "TabularAmplitude", "name": "Fade", "timeSpan": "TOTAL", "points": [[0, 1], [10, 0]]})"
+      "\n"
+      R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Draw-1", "amplitude": "Rise"})"
+      "\n"
+      R"({"command": "setValuesInStep", "boundaryCondition": "Punch", "stepName": "Retract", "amplitude": "Fade"})"
+      "\n";
+  EXPECT_EQ(Gattr({"replay", "--on", "forming.gadb", "-o", "forming.gadb", "-"}, rise).status, 0);
+  expect("at", {{"show", "forming.gadb", "Punch", "--at", "0.5"}});
+  Ran const unknown = Gattr({"explain", "forming.gadb", "Punch", "Draw-1", "u7"});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_NE(unknown.err.find(R"(boundaryCondition "Punch" has no member "u7". Did you mean)"), std::string::npos) << unknown.err;
+}
+
 TEST_F(Examples, AreHeldAgainstTheResultsThatTheyRead) {
   std::string const folder = Folder().string();
   EXPECT_EQ(Gattr({"replay", folder + "/cast_bracket.jsonl", "--results", folder, "-o", "m.gadb"}).status, 0);

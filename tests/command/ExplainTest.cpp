@@ -245,5 +245,45 @@ TEST_F(Explaining, IteratesOverWhatIsInForceStepByStep) {
   EXPECT_GT(told, 1000);
 }
 
+TEST_F(Explaining, GivesValuesTimesTheirCurves) {
+  Session session;
+  AppendSteps(session, "IGG");
+  RunJournal(
+      session,
+      {R"({"command": "Set", "name": "Rim"})", R"({"command": "Surface", "name": "Top"})", R"({"command": "Amplitude", "name": "Name"})",
+       R"({"command": "TabularAmplitude", "name": "Ramp", "points": [[0, 0], [1, 1]]})",
+       R"({"command": "TabularAmplitude", "name": "Total", "timeSpan": "TOTAL", "points": [[0, 0], [2, 2]]})",
+       R"({"command": "DisplacementBC", "name": "Fix", "createStepName": "S1", "region": "Rim", "u1": 4.0, "amplitude": "Ramp"})",
+       R"({"command": "setValuesInStep", "boundaryCondition": "Fix", "stepName": "S2", "amplitude": "Total"})",
+       R"({"command": "ConcentratedForce", "name": "Pull", "createStepName": "S1", "region": "Rim", "cf2": 8.0, "amplitude": "Ramp"})",
+       R"({"command": "Pressure", "name": "Push", "createStepName": "S1", "region": "Top", "magnitude": 2.0, "amplitude": "Name"})",
+       R"({"command": "FilmCondition", "name": "Film", "createStepName": "S1", "surface": "Top", "filmCoefficient": 6.0,
+                           "filmCoefficientAmplitude": "Ramp", "sinkTemperature": 20.0})"});
+  struct {
+    std::string_view attribute, member;
+    double time;
+    std::vector<cls_Value> values;  // in S1 and S2
+  } const rows[] = {
+      {"Fix", "u1", 0.5, {2.0, 6.0}},
+      {"Fix", "u1", 9.0, {4.0, 8.0}},
+      {"Fix", "amplitude", 0.5, {"Ramp", "Total"}},
+      {"Pull", "cf2", 0.25, {2.0, 2.0}},
+      {"Push", "magnitude", 0.5, {2.0, 2.0}},
+      {"Film", "filmCoefficient", 0.5, {3.0, 3.0}},
+      {"Film", "sinkTemperature", 0.5, {20.0, 20.0}},
+  };
+  for (auto const& [name, member, time, values] : rows) {
+    FoundAttribute const attribute = FindAttribute(session.Model(), name);
+    AtTime const at(session.Model(), time);
+    ForEachOriginRun(*attribute.family, *attribute.item, [&](OriginRun const& run) {
+      for (Origin const& origin : run.members) {
+        for (std::size_t step = run.begin; step < run.end && origin.Member() == member; ++step) {
+          EXPECT_EQ(at.Of(origin, run.members, step), values[step - 1]) << name << " " << member << " in " << step;
+        }
+      }
+    });
+  }
+}
+
 }  // namespace
 }  // namespace gattr

@@ -38,6 +38,10 @@ WRONG = (
     ('gattr.open(3)', "open"),
 )
 RIGHT = '''
+own: bool = bc.show(at=0.5)[1].members["u2"].own
+kinds: list[str] = [link.kind for link in bc.explain("Press", "u2").links]
+gone: list[str] = [told.name for told in m.inforce("Press", still=False) if told.what == "gone"]
+status: gattr.Status = m.attribute("load:Push").explain("Press").status
 m.StaticStep(name="A", nlgeom="ON", previous=m.steps[-1])
 bc["Press"].u2 = gattr.FREED
 bc["Press"].u2 = None
