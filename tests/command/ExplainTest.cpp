@@ -247,7 +247,7 @@ TEST_F(Explaining, IteratesOverWhatIsInForceStepByStep) {
 
 TEST_F(Explaining, GivesValuesTimesTheirCurves) {
   Session session;
-  AppendSteps(session, "IGG");
+  AppendSteps(session, "ITT");
   RunJournal(
       session,
       {R"({"command": "Set", "name": "Rim"})", R"({"command": "Surface", "name": "Top"})", R"({"command": "Amplitude", "name": "Name"})",
