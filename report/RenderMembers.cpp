@@ -180,6 +180,7 @@ void RenderInForce(std::ostream& out, InForce walk, TextLayout const& layout, At
                members});
   }
   print();
+  if (!step) { out << "nothing to tell\n"; }
 }
 
 }  // namespace gattr
