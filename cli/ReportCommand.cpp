@@ -116,6 +116,7 @@ std::optional<int> RunBrowser(std::string const& command, std::string const& pag
   if (words.empty()) { return std::nullopt; }
   if (!isGiven) { words.push_back(page); }
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) { arguments.push_back(word.data()); }
   arguments.push_back(nullptr);
   pid_t process = 0;
