@@ -10,8 +10,17 @@
 struct cls_Value {
   using List = std::vector<cls_Value>;
   using Fields = std::vector<std::pair<std::string, cls_Value>>;
+  using Data = std::variant<std::monostate, bool, long long, double, std::string, List, Fields>;
 
   cls_Value() = default;
+  // Of what is held: the library's own copy of a variant ends the program where memory runs out on the way, as it takes one whose
+  // alternatives can all be moved for one that always holds something (libstdc++ 12).
+  cls_Value(cls_Value const& other)
+      : data(std::visit([]<class T>(T const& held) { return Data(std::in_place_type<T>, held); }, other.data)) {}
+  cls_Value(cls_Value&&) noexcept = default;
+  cls_Value& operator=(cls_Value const& other) { return *this = cls_Value(other); }
+  cls_Value& operator=(cls_Value&&) noexcept = default;
+  ~cls_Value() = default;
   cls_Value(bool value) : data(value) {}
   cls_Value(int value) : data(static_cast<long long>(value)) {}
   cls_Value(long long value) : data(value) {}
@@ -36,5 +45,5 @@ struct cls_Value {
 
   friend bool operator==(cls_Value const&, cls_Value const&) = default;
 
-  std::variant<std::monostate, bool, long long, double, std::string, List, Fields> data;
+  Data data;
 };
