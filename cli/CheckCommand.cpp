@@ -1,101 +1,81 @@
 #include <CLI/App.hpp>
-#include <algorithm>
 #include <iostream>
 #include <memory>
 
 #include "cli/Console.h"
+#include "cli/Findings.h"
 #include "cli/Program.h"
 #include "cli/ResultsFiles.h"
-#include "command/Check.h"
-#include "report/TextTable.h"
 #include "store/ModelPath.h"
-#include "text/Text.h"
 
 namespace gattr::cli {
-namespace {
 
-struct CheckOptions {
-  std::string model;
-  Format format = Format::Text;
-  std::string color, results;
-};
-
-Json ToJson(Finding const& finding) {
-  return {{"id", finding.Row().id},
-          {"severity", SeverityText(finding.Row().severity)},
-          {"object", finding.kind + " " + Quoted(finding.name)},
-          {"kind", finding.kind},
-          {"name", finding.name},
-          {"step", finding.step},
-          {"member", finding.member},
-          {"suppressed", finding.suppressed},
-          {"module", finding.refusal.module},
-          {"code", finding.refusal.code},
-          {"exception", finding.refusal.exception},
-          {"message", finding.refusal.message},
-          {"detail", finding.detail},
-          {"hint", finding.hint}};
-}
-
-Style StyleOf(Severity severity) {
-  return severity == Severity::Error ? Style::Off : severity == Severity::Warning ? Style::Changed : Style::Faint;
-}
-
-/// What is wrong, with the member and the number, and what would do.
-std::string MessageText(Finding const& finding) {
-  std::string text = finding.member.empty() ? "" : Quoted(finding.member) + ": ";
-  text += OneLine(finding.refusal.message);
-  if (finding.refusal.code >= 0) { text += " [" + finding.refusal.module + " " + std::to_string(finding.refusal.code) + "]"; }
-  for (std::string const& more : {finding.detail, finding.hint}) { text += (more.empty() ? "" : " ") + OneLine(more); }
-  return finding.suppressed ? text + " (suppressed)" : text;
-}
-
-}  // namespace
-
-int PrintFindings(ddr_Model const& model, Format format, std::string const& color) {
-  std::vector<Finding> const findings = Check(model);
-  if (format == Format::Json) {
-    Json list = Json::array();
-    for (Finding const& finding : findings) { list.push_back(ToJson(finding)); }
-    std::cout << JsonPage(list) << '\n';
-  } else if (findings.empty()) {
-    std::cout << "nothing found\n";
-  } else {
-    TextTable table({"id", "severity", "object", "name", "step", "message"});
-    for (Finding const& finding : findings) {
-      Severity const severity = finding.Row().severity;
-      table.Add({{finding.Row().id, Style::Faint},
-                 {SeverityText(severity), StyleOf(severity)},
-                 {finding.kind, Style::Faint},
-                 {finding.name, Style::Strong},
-                 finding.step,
-                 MessageText(finding)});
+void AddFindings(CLI::App& command, FindingsOptions& options, CLI::Option* needs) {
+  static constexpr std::pair<char const*, FindingsFormat> kFormats[] = {{"text", FindingsFormat::AsText},
+                                                                        {"json", FindingsFormat::AsJson},
+                                                                        {"sarif", FindingsFormat::AsSarif},
+                                                                        {"junit", FindingsFormat::AsJunit}};
+  auto const takeFormat = [&options](std::string const& text) {
+    for (auto const& [name, format] : kFormats) {
+      if (text == name) { options.format = format; }
     }
-    table.Print(std::cout, TerminalWidth(), UseColor(color));
+  };
+  CLI::Option* const format =
+      command.add_option_function<std::string>("--format", takeFormat, "text, json, sarif, junit (default: text)")->type_name("FORMAT");
+  AddChoice(*format, {"text", "json", "sarif", "junit"});
+  CLI::Option* const failOn = command.add_option_function<std::string>(
+      "--fail-on", [&options](std::string const& text) { options.warningsFail = text == "warning"; },
+      "exit status 1 for error, or for warning too (default: error)");
+  AddChoice(*failOn->type_name("SEVERITY"), {"error", "warning"});
+  CLI::Option* const disable =
+      command.add_option("--disable", options.choice.disable, "leave out warnings and notes by their identifiers: GA011,GA017");
+  CLI::Option* const only = command.add_option("--only", options.choice.only, "tell findings of these identifiers alone");
+  for (CLI::Option* const option : {disable, only}) { option->delimiter(',')->allow_extra_args(false)->type_name("ID"); }
+  AddColor(command, options.color);
+  for (CLI::Option* const option : {format, failOn, disable, only}) {
+    if (needs != nullptr) { option->needs(needs); }
   }
-  bool const inTheWay = std::ranges::any_of(findings, [](Finding const& found) { return found.Row().severity == Severity::Error; });
-  return inTheWay ? kRefused : kDone;
 }
+
+void AssertChoice(FindingChoice const& choice) {
+  if (auto const refusal = RefusalBy([&] { choice.AssertValid(); })) { throw BadInput(refusal->message); }
+}
+
+int PrintFindings(std::span<Finding const> findings, FindingsOptions const& options, std::string const& model, std::string const& journal) {
+  FindingsStyle const style{GATTR_VERSION, model, journal, options.warningsFail, TerminalWidth(), UseColor(options.color)};
+  RenderFindings(std::cout, findings, options.format, style);
+  return AnyFails(findings, options.warningsFail) ? kRefused : kDone;
+}
+
+int PrintFindings(ddr_Model const& model) { return PrintFindings(Check(model), {}, {}, {}); }
+
+namespace {
+struct CheckOptions {
+  std::string model, results;
+  FindingsOptions findings;
+};
+}  // namespace
 
 void AddCheck(CLI::App& program, Action& action) {
   auto const options = std::make_shared<CheckOptions>();
   CLI::App& command = *program.add_subcommand("check", "Find what is wrong in a model");
   command.add_option("MODEL", options->model, kModelHelp)->required()->type_name("");
   command.add_option("--results", options->results, kResultsHelp)->type_name("FOLDER");
-  AddFormat(command, options->format, {"text", "json"});
-  AddColor(command, options->color);
+  AddFindings(command, options->findings);
   command.footer(
       R"(Errors stand in the way of solving the model: steps that may not follow each other, parameters out of range, attributes where
 their type is not admitted, names that the model does not have. Warnings tell what is allowed and hardly meant: an attribute
-that acts on nothing, on a set where its type loads surfaces, that prescribes nothing, or what another one prescribes too. Notes
-are worth knowing. Each has an identifier that stays, its object, step and member, and what would do; docs/check.md lists them.
-Exit status 1 for errors, 0 for warnings and notes alone.
+that acts on nothing, on a set where its type loads surfaces, that prescribes nothing or what another one prescribes too, a static
+step in which nothing holds the model, what nobody uses. Notes are worth knowing. Each has an identifier that stays, its object,
+step and member, and what would do; docs/check.md lists them. Exit status 1 for errors, 0 for warnings and notes alone.
+`gattr replay JOURNAL --check` names the line that made what is at fault, too.
 
-Example: gattr check forming.gadb --format json)");
+Example: gattr check forming.gadb --disable GA016,GA017 --format sarif)");
   command.callback([options, &action] {
     action = [options] {
       UseResults(options->results);
-      return PrintFindings(ModelPath(options->model).Open(), options->format, options->color);
+      AssertChoice(options->findings.choice);
+      return PrintFindings(Check(ModelPath(options->model).Open(), options->findings.choice), options->findings, options->model, {});
     };
   });
 }

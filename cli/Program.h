@@ -73,7 +73,7 @@ void AddColor(CLI::App& command, std::string& choice);
 int Describe(std::string const& name);
 
 /// Prints what is wrong in a model as a table, or that nothing was found; answers the exit status of `check`.
-int PrintFindings(ddr_Model const& model, Format format = Format::Text, std::string const& color = "auto");
+int PrintFindings(ddr_Model const& model);
 
 /// Refuses a \p name that is not among \p known, nor a pattern that one of them fits: 'there is no step "Step-3". Did you mean "Step-2"?'
 void AssertKnown(std::string const& what, std::string const& name, std::vector<std::string> const& known);

@@ -11,9 +11,11 @@
 #include <system_error>
 
 #include "cli/Console.h"
+#include "cli/Findings.h"
 #include "cli/Program.h"
 #include "cli/ResultsFiles.h"
 #include "command/Journal.h"
+#include "command/JournalCheck.h"
 #include "command/Session.h"
 #include "report/Display.h"
 #include "report/RenderEffects.h"
@@ -26,7 +28,8 @@ namespace {
 
 struct ReplayOptions {
   std::string journal, on, output, results, record;
-  bool trace = false, keepGoing = false, force = false, dryRun = false;
+  bool trace = false, keepGoing = false, force = false, dryRun = false, check = false;
+  FindingsOptions findings;
 };
 
 /// A journal as a stream, and how much of it has been read.
@@ -117,8 +120,8 @@ private:
 /// Runs a journal and tells what became of each line.
 class Replay {
 public:
-  Replay(Session& session, JournalFile& journal, Record& record, bool trace)
-      : session_(session), journal_(journal), record_(record), reader_(journal.Stream(), journal.Name()), trace_(trace) {
+  Replay(Session& session, JournalFile& journal, Record& record, bool trace, JournalCheck* check)
+      : session_(session), journal_(journal), record_(record), reader_(journal.Stream(), journal.Name()), check_(check), trace_(trace) {
     session_.SetTrace(trace);
   }
 
@@ -137,10 +140,11 @@ public:
     if (!command) { return std::nullopt; }
     Outcome outcome = session_.Execute(*command);
     ++(outcome.ok ? done_ : refused_);
+    if (check_ != nullptr) { check_->Note(reader_.Line(), *command, outcome); }
     if (outcome.ok && outcome.report.empty() && !IsDryRun(*command)) { record_.Append(*command); }
     cls_Value const* const name = command->Find("command");
     Trace(reader_.Line(), name == nullptr ? Json() : gattr::ToJson(*name), outcome);
-    if (!outcome.message.empty()) {
+    if (!outcome.message.empty() && check_ == nullptr) {
       progress_.Clear();
       std::cout.flush();
       Tell(fmt::format("gattr: {}, line {}: {}\n", Shown(journal_.Name()), reader_.Line(), Shown(outcome.message)));
@@ -159,6 +163,7 @@ private:
   }
   void Trace(std::size_t line, Json const& command, Outcome const& outcome) const {
     if (!trace_) {
+      if (check_ != nullptr) { return; }  // what is told of is what was found
       std::cout << ShownLines(outcome.report);
       if (!outcome.effects.objects.empty()) { RenderText(std::cout, outcome.effects, {TerminalWidth(), UseColor("auto")}); }
       return;
@@ -173,6 +178,7 @@ private:
   Record& record_;
   JournalReader reader_;
   Progress progress_;
+  JournalCheck* check_;
   bool trace_;
   std::size_t done_ = 0, refused_ = 0;
 };
@@ -189,6 +195,7 @@ void PrintEffects(Effects const& effects, bool asJson) {
 
 int Run(ReplayOptions const& options) {
   UseResults(options.results);
+  AssertChoice(options.findings.choice);
   std::optional<ModelPath> on, output;
   if (!options.on.empty()) { on.emplace(options.on); }
   if (!options.output.empty() && options.output != options.on) { output.emplace(options.output); }
@@ -209,7 +216,9 @@ int Run(ReplayOptions const& options) {
   }
 
   Record record(options.record, options.journal);
-  Replay replay(session, journal, record, options.trace);
+  std::optional<JournalCheck> check;
+  if (options.check) { check.emplace(session); }
+  Replay replay(session, journal, record, options.trace, check ? &*check : nullptr);
   int status = kDone;
   while (auto const outcome = replay.Next()) {
     if (outcome->ok) { continue; }
@@ -221,7 +230,13 @@ int Run(ReplayOptions const& options) {
     PrintEffects(EffectsBetween(before, session.Model(), renames), options.trace);
   }
   if (replay.Done() + replay.Refused() == 0) { throw BadInput(Quoted(journal.Name()) + " holds no commands"); }
-  if (status != kDone && !options.keepGoing) {
+  if (check) {
+    bool const whole = status == kDone || options.keepGoing;
+    std::string const named = options.journal == "-" ? "" : options.journal;
+    int const found = PrintFindings(check->Findings(options.findings.choice, whole), options.findings, options.output, named);
+    if (found != kDone && whole) { status = std::max<int>(status, found); }
+  }
+  if (status != kDone && !options.keepGoing && (!check || replay.Refused() > 0)) {
     if (target != nullptr) { Tell(fmt::format("gattr: {} was not written\n", Shown(options.output))); }
     return status;
   }
@@ -247,6 +262,9 @@ constexpr char const* kFooter = R"(A journal is a text with one command per line
 `gattr describe` lists the commands. A command is done whole or not at all. The first one that is refused ends the run, and
 no model is written; with --keep-going the others are done and written. A line that is no JSON ends the run in any case.
 
+--check prints what `gattr check` finds in the model that comes out, each with the line that made it, and the lines that are refused or
+change nothing, as a switch-off before the creation. Exit status 1 where there are errors (--fail-on warning: or warnings).
+
 Example: gattr replay forming.jsonl --trace -o forming.gadb)";
 
 }  // namespace
@@ -259,8 +277,13 @@ void AddReplay(CLI::App& program, Action& action) {
   command.add_option("--on", options->on, "begin with this model instead of an empty one")->type_name("MODEL");
   command.add_option("--results", options->results, kResultsHelp)->type_name("FOLDER");
   command.add_option("--record", options->record, "append the commands that are done to this journal of lines")->type_name("LOG");
-  command.add_flag("--trace", options->trace, "print a JSON object per line: the outcome, and the histories it made");
-  command.add_flag("--dry-run", options->dryRun, kDryRunHelp);
+  CLI::Option* const trace =
+      command.add_flag("--trace", options->trace, "print a JSON object per line: the outcome, and the histories it made");
+  CLI::Option* const dryRun = command.add_flag("--dry-run", options->dryRun, kDryRunHelp);
+  command.add_flag("--check", options->check, "tell what `check` finds, with the lines that made it, and the lines that leave no trace")
+      ->excludes(trace)
+      ->excludes(dryRun);
+  AddFindings(command, options->findings, command.get_option("--check"));
   command.add_flag("--keep-going", options->keepGoing, "go on after a command that is refused");
   command.add_flag("--force", options->force, "write the model also where somebody else has changed it since it was opened");
   command.footer(kFooter);

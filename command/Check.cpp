@@ -1,5 +1,6 @@
 #include "command/Check.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <optional>
@@ -11,6 +12,8 @@
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "module/kpr/procedures/kprC_StepSequencer.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
+#include "platform/CaeUtils/omu_ValueErrorException.h"
+#include "text/Text.h"
 
 namespace gattr {
 
@@ -221,15 +224,16 @@ std::vector<Finding> Check(ddr_Model const& model, Progress const& progress) {
   Unrecorded const trials;
   CheckSteps(model, findings);
   CheckNamedObjects(model, findings);
+  Warnings warnings(model, findings);
   ForEachRepository(model, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     AttributeCheck check(model, extension, repository, findings);
-    Warnings warnings(repository, findings);
+    warnings.Begin(repository);
     repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
       check.Run(name, item);
       warnings.LookAt(item);
       tick();
     });
-    warnings.LookAtAll();
+    warnings.LookAtFamily();
     for (rgnC_Region const& region : repository.Dangling()) {
       std::string const kind = region.Type() == rgnC_Surface ? "surface" : "set";
       Refusal left{"", -1, "",
@@ -246,8 +250,38 @@ std::vector<Finding> Check(ddr_Model const& model, Progress const& progress) {
     }
   });
   CheckLoadCases(model, findings);
+  warnings.LookAtModel();
   tick.Finish();
   return findings;
+}
+
+std::vector<Finding> Check(ddr_Model const& model, FindingChoice const& choice, Progress const& progress) {
+  choice.AssertValid();
+  std::vector<Finding> findings = Check(model, progress);
+  std::erase_if(findings, [&](Finding const& finding) { return !choice.Takes(finding.Row()); });
+  return findings;
+}
+
+void FindingChoice::AssertValid() const {
+  auto const refuse = [](std::string const& text) { nex_Exception::Throw(omu_ValueErrorException(text), "command/Check", __LINE__); };
+  auto const rowOf = [&](std::string const& id) {
+    auto const row = std::ranges::find(FindingRows(), id, &FindingRow::id);
+    if (row == FindingRows().end()) {
+      std::vector<std::string> ids;
+      for (FindingRow const& known : FindingRows()) { ids.push_back(known.id); }
+      refuse("There is no finding " + Quoted(id) + ". " + Suggestion(id, ids, "There are"));
+    }
+    return row;
+  };
+  for (std::string const& id : only) { rowOf(id); }
+  for (std::string const& id : disable) {
+    if (rowOf(id)->severity == Severity::Error) { refuse("The finding " + Quoted(id) + " is an error: it cannot be left out."); }
+  }
+}
+
+bool FindingChoice::Takes(FindingRow const& row) const {
+  auto const holds = [&row](std::vector<std::string> const& ids) { return std::ranges::find(ids, row.id) != ids.end(); };
+  return (only.empty() || holds(only)) && !holds(disable);
 }
 
 }  // namespace gattr

@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "command/Check.h"
@@ -13,15 +14,20 @@
 
 namespace gattr {
 
-/// Looks at the attributes of one family for what is allowed and hardly meant. Suppressed ones act on nothing and are passed over.
+/// Looks at a model for what is allowed and hardly meant: family by family at its attributes, then at all that they left. Suppressed
+/// attributes act on nothing, but use what they name.
 class Warnings {
 public:
-  Warnings(kprC_StepAwareRepository const& repository, std::vector<Finding>& findings) : repository_(repository), findings_(findings) {}
+  Warnings(ddr_Model const& model, std::vector<Finding>& findings);
 
+  /// From here on attributes are those of \p repository.
+  void Begin(kprC_StepAwareRepository const& repository) { repository_ = &repository; }
   /// An attribute by itself.
   void LookAt(kprC_StepDependent const& item);
-  /// What those that were looked at do to each other. Each is told of once with the one that it meets first.
-  void LookAtAll();
+  /// What the family's attributes that were looked at do to each other. Each is told of once with the one that it meets first.
+  void LookAtFamily();
+  /// Behind all families: steps in which nothing holds, and what nobody names.
+  void LookAtModel();
 
 private:
   /// What attributes can both prescribe: a quantity of a region or connector, in a coordinate system.
@@ -35,6 +41,7 @@ private:
   struct Span {
     std::size_t begin, end;  ///< positions of steps; end is one past the last
     kprC_StepDependent const* item;
+    cls_Object const* state;
     std::uint32_t components;
   };
 
@@ -44,10 +51,18 @@ private:
   void LookAtOpen(kprC_StepDependent const& item, std::size_t index, cls_Object const& state, std::set<std::string_view>& told);
   void Add(FindingKind found, kprC_StepDependent const& item, std::string step, std::string member, std::string text, std::string hint);
   void LookAtSpans(Target const& target, std::vector<Span>& spans);
+  void LookAtHold();
+  void LookAtUnused();
+  /// Keeps what \p object names.
+  void NoteNames(cls_Object const& object);
+  static bool PrescribeAlike(Span const& span, Span const& other, int component);
 
-  kprC_StepAwareRepository const& repository_;
+  ddr_Model const& model_;
+  kprC_StepAwareRepository const* repository_ = nullptr;
   std::vector<Finding>& findings_;
   std::map<Target, std::vector<Span>> spans_;
+  std::vector<int> holding_;  // by step: how many that hold begin, less those that end
+  std::map<cls_Reference, std::unordered_set<std::string>> named_;
 };
 
 }  // namespace gattr

@@ -78,11 +78,15 @@ py::object Make(py::object const& self, std::string_view command, int kind, py::
   return MakeHandle(self, kind, std::get<std::string>(ToValue(name).data));  // which the command has taken
 }
 
-py::list Findings(Model& model, py::handle progress) {
+py::list Findings(Model& model, py::handle progress, py::handle disable, py::handle only) {
+  FindingChoice choice;
+  for (py::handle const id : disable) { choice.disable.emplace_back(TextOf(id)); }
+  for (py::handle const id : only) { choice.only.emplace_back(TextOf(id)); }
+  if (auto const refusal = RefusalBy([&] { choice.AssertValid(); })) { throw py::value_error(refusal->message); }
   Model::Use const use(model, true);
   std::vector<Finding> found;
   Watch watch(progress);
-  watch.Run([&](Progress const& told) { found = Check(model.Data(), told); });
+  watch.Run([&](Progress const& told) { found = Check(model.Data(), choice, told); });
   watch.Raise();
   py::list findings;
   for (Finding const& finding : found) {

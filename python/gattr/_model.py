@@ -8,7 +8,7 @@ import html
 import os
 import typing
 import weakref
-from collections.abc import Callable, Iterator, Mapping
+from collections.abc import Callable, Iterator, Mapping, Sequence
 from types import TracebackType
 
 from . import _gattr, _objects, _seen
@@ -259,9 +259,11 @@ class Model(_gattr.Model):
         """The statuses of all attributes in all steps as they are now."""
         return History(self._history())
 
-    def check(self, *, progress: _Progress | None = None) -> list[Finding]:
-        """Everything that stands in the way of solving the model."""
-        return [Finding(*told) for told in self._check(progress)]
+    def check(self, *, disable: Sequence[str] = (), only: Sequence[str] = (), progress: _Progress | None = None) -> list[Finding]:
+        """What stands in the way of solving the model, and what is allowed and hardly meant.
+
+        disable leaves warnings and notes out by their identifiers, only tells nothing else: check(disable=["GA017"])."""
+        return [Finding(*told) for told in self._check(progress, disable, only)]
 
     def report(self, path: _Path, *, progress: _Progress | None = None) -> None:
         """Writes the model as a page for a browser: histories, values, plots, steps, findings."""

@@ -29,6 +29,8 @@ TEST_F(Examples, RunAndHaveNothingWrong) {
     Ran const run = Gattr({"replay", entry.path().string(), "-o", model});
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(Gattr({"check", model}).out, "nothing found\n");
+    Ran const checked = Gattr({"replay", entry.path().string(), "--check", "--fail-on", "warning"});
+    EXPECT_EQ(checked.out + std::to_string(checked.status), "nothing found\n0") << "no line without a trace either";
   }
   EXPECT_GE(count, 2U);
 }

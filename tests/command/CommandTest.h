@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "command/Check.h"
 #include "command/Session.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "tests/support/Library.h"
@@ -28,6 +29,13 @@ inline void RunJournal(Session& session, std::vector<std::string> const& lines) 
     Outcome const outcome = session.Execute(Line(line));
     ASSERT_TRUE(outcome.ok) << line << "\n" << outcome.message;
   }
+}
+
+/// What stands in the way of solving the model.
+inline std::vector<Finding> ErrorsOf(ddr_Model const& model) {
+  std::vector<Finding> findings = Check(model);
+  std::erase_if(findings, [](Finding const& finding) { return finding.Row().severity != Severity::Error; });
+  return findings;
 }
 
 /// The construction command of a step by its letter (StepLetters.h).

@@ -116,7 +116,7 @@ TEST_F(InModel, WhatIsInUseIsNotDeletedAndTakesItsUsersToAnotherName) {
   ExpectUndone(R"({"command": "rename", "connector": "Hinge", "newName": "Pin"})");
   ExpectRefused(R"({"command": "delete", "connector": "Pin"})", "in use by boundaryCondition \"Drive\"");
   ExpectUndone(R"({"command": "delete", "connector": "Weld"})");
-  EXPECT_TRUE(Check(session_.Model()).empty());
+  EXPECT_TRUE(ErrorsOf(session_.Model()).empty());
 }
 
 TEST_F(InModel, NamesAreFollowedInEveryStepThatSaysThem) {
@@ -148,7 +148,7 @@ TEST_F(InModel, ASuppressedAttributeIsAskedWhenItIsResumed) {
   RunJournal(session_, {R"({"command": "suppress", "boundaryCondition": "Drive"})"});
   ExpectUndone(R"({"command": "setValues", "connector": "Hinge", "components": [4]})");
   ExpectRefused(R"({"command": "resume", "boundaryCondition": "Drive"})", "u1");
-  std::vector<Finding> const findings = Check(session_.Model());
+  std::vector<Finding> const findings = ErrorsOf(session_.Model());
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_TRUE(findings[0].suppressed);
   EXPECT_THAT(findings[0].refusal.message, HasSubstr("u1"));
@@ -177,7 +177,7 @@ TEST_F(InModel, ALoadRefusesASpaceThatItDoesNotGoWith) {
 TEST_F(InModel, ChecksTellOfAConnectorThatTheModelDoesNotHave) {
   ddr_Model model = session_.Model();
   model.Get<ddr_ConnectorMap>(ddr_Model::connectorsCmd()).Remove("Hinge");
-  std::vector<Finding> const findings = Check(model);
+  std::vector<Finding> const findings = ErrorsOf(model);
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_EQ(findings[0].refusal.message, "There is no connector \"Hinge\".");
 }
@@ -191,10 +191,10 @@ TEST_F(InModel, ARegionThatAStepNamesTakesItToAnotherName) {
                 "There is no region \"Filet\". Did you mean \"Fillet\"?");
   ExpectUndone(R"({"command": "rename", "region": "Fillet", "newName": "Edge"})");
   ExpectUndone(R"({"command": "rename", "region": "Edge", "newName": "Fillet"})");
-  EXPECT_TRUE(Check(session_.Model()).empty());
+  EXPECT_TRUE(ErrorsOf(session_.Model()).empty());
   ddr_Model model = session_.Model();
   model.Get<ddr_RegionMap>(ddr_Model::regionsCmd()).Remove("Fillet");
-  std::vector<Finding> const findings = Check(model);
+  std::vector<Finding> const findings = ErrorsOf(model);
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_EQ(findings[0].step, "Roll");
   EXPECT_EQ(findings[0].refusal.message, "There is no region \"Fillet\".");

@@ -80,7 +80,7 @@ TEST_F(Properties, TakeTheirUsersAlongAndAreKeptForThem) {
   EXPECT_THAT(Refused(R"({"command": "setValues", "interaction": "Self", "interactionProperty": "Rest"})"), HasSubstr("[kin 0]"));
   ddr_Model model = session_.Model();
   model.Get<kinC_InteractionPropertyMap>(kinC_InteractionProperty::interactionPropertiesCmd()).Remove("Soaked");
-  std::vector<Finding> const findings = Check(model);
+  std::vector<Finding> const findings = ErrorsOf(model);
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_EQ(findings[0].name + " " + std::to_string(findings[0].refusal.code), "Self 0");
 }
@@ -177,11 +177,11 @@ TEST_F(Properties, AreWhatAPlainMapHoldsAfterAnyEdits) {
 TEST_F(Properties, AreCheckedWithTheModel) {
   RunJournal(session_, {R"({"command": "StdContactControls", "name": "Settle", "stabilizationFactor": 0.01})",
                         R"({"command": "rename", "contactControls": "Settle", "newName": "Rest"})"});
-  EXPECT_TRUE(Check(session_.Model()).empty());
+  EXPECT_TRUE(ErrorsOf(session_.Model()).empty());
   ddr_Model model = session_.Model();
   auto& properties = model.Get<kinC_InteractionPropertyMap>(kinC_InteractionProperty::interactionPropertiesCmd());
   dynamic_cast<kinC_ContactProperty&>(*properties.Get("Friction")).tangentialBehavior.Get().fraction = -1.0;
-  std::vector<Finding> const findings = Check(model);
+  std::vector<Finding> const findings = ErrorsOf(model);
   ASSERT_EQ(findings.size(), 1U);
   EXPECT_EQ(findings[0].kind + " " + findings[0].name, "interactionProperty Friction");
   EXPECT_EQ(findings[0].refusal.code, 17);
