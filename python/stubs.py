@@ -116,10 +116,10 @@ def declared_members(of, read_only=False):
     lines = []
     for name, kind in of.__dict__.get("__annotations__", {}).items():
         lines += ["    @property", f"    def {name}(self) -> {annotated(kind)}: ..."] if read_only else [f"    {name}: {annotated(kind)}"]
-    for known in vars(of).values():
+    for name, known in vars(of).items():
         if isinstance(known, property) and known.fget.__annotations__:
             lines += ["    @property", *declared(known.fget, "    ")]
-        elif inspect.isfunction(known):
+        elif inspect.isfunction(known) and known.__name__ == name:  # not under its other names
             lines += declared(known, "    ")
     return lines
 
