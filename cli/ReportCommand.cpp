@@ -6,7 +6,6 @@
 #include <CLI/App.hpp>
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -71,6 +70,10 @@ int Report(ReportOptions const& options) {
     if (!MayReplace(output)) {
       throw BadInput(Quoted(output) + " is there and is no report of gattr; -o " + Shown(output) + " replaces it");
     }
+  }
+  std::error_code isNotThere;
+  if (std::filesystem::equivalent(output, options.model, isNotThere)) {
+    throw BadInput("the page of " + Quoted(output) + " cannot replace it");
   }
   WriteReport(model, output);
   std::cout << Shown(output) << '\n';
@@ -168,7 +171,7 @@ Example: gattr report forming.gadb -o forming.html)");
   view.footer(
       R"(The page is kept in the user's cache folder, one for each model, and opened with $BROWSER, or with xdg-open.
 
-Example: BROWSER=firefox gattr view forming.gadb)");
+Example: BROWSER=chromium gattr view forming.gadb)");
   view.callback([options, &action] { action = [options] { return View(*options); }; });
 }
 

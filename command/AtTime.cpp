@@ -32,17 +32,18 @@ cls_Value Times(cls_Value const& value, double factor) {
 
 }  // namespace
 
+bool Varies(Origin const& amplitude, Origin const& origin) {
+  constexpr std::string_view kAmplitude = "amplitude", kOfOne = "Amplitude";
+  if (amplitude.row->text.refers != cls_Reference::Amplitude) { return false; }
+  std::string_view const name = amplitude.Member();
+  bool const isOfOne = name.size() == origin.Member().size() + kOfOne.size() && name.starts_with(origin.Member()) && name.ends_with(kOfOne);
+  return isOfOne || (name == kAmplitude && IsVaried(origin));
+}
+
 AtTime::AtTime(ddr_Model const& model, double stepTime) : model_(model), times_(kprC_Steps(model)), stepTime_(stepTime) {}
 
 std::optional<double> AtTime::Factor(Origin const& origin, std::span<Origin const> members, std::size_t step) const {
-  constexpr std::string_view kAmplitude = "amplitude", kOfOne = "Amplitude";
-  auto const amplitude = std::ranges::find_if(members, [&](Origin const& other) {
-    if (other.row->text.refers != cls_Reference::Amplitude || !other.HasValue()) { return false; }
-    std::string_view const name = other.Member();
-    bool const isOfOne =
-        name.size() == origin.Member().size() + kOfOne.size() && name.starts_with(origin.Member()) && name.ends_with(kOfOne);
-    return isOfOne || (name == kAmplitude && IsVaried(origin));
-  });
+  auto const amplitude = std::ranges::find_if(members, [&](Origin const& other) { return other.HasValue() && Varies(other, origin); });
   if (amplitude == members.end()) { return std::nullopt; }
   cls_Value const named = amplitude->Value();
   auto const* const name = named.As<std::string>();

@@ -10,6 +10,9 @@
 
 namespace gattr {
 
+/// Whether \p amplitude, a member of the same attribute that names one, varies \p origin.
+DDB_API bool Varies(Origin const& amplitude, Origin const& origin);
+
 /// What members are at a time in their steps: value times the curve of the amplitude that varies it. Components and magnitudes are varied
 /// by "amplitude", a member by the one that is called after it ("filmCoefficientAmplitude"). A value without an amplitude, or of one whose
 /// curve the model does not know, is as it is said.

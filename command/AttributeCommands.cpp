@@ -10,12 +10,6 @@ namespace gattr {
 
 namespace {
 
-/// The state of the create step; null when there is none.
-cls_Object const* CreateState(kprC_StepDependent const& item) {
-  std::size_t const index = item.Steps().Find(item.CreateStepName());
-  return index == kprC_StepTable::npos ? nullptr : item.StateAt(index);
-}
-
 /// "boundary conditions" of "boundaryConditions".
 std::string InWords(std::string_view member) {
   std::string words;
@@ -287,6 +281,11 @@ void Repeat(Call& call, AttributeTarget const& target, cow_String const& from, c
 }
 
 }  // namespace
+
+cls_Object const* CreateState(kprC_StepDependent const& item) {
+  std::size_t const index = item.Steps().Find(item.CreateStepName());
+  return index == kprC_StepTable::npos ? nullptr : item.StateAt(index);
+}
 
 void AssertInModel(Call const& call, kprC_StepDependent const& item) {
   if (!item.IsSuppressed()) { item.AssertInModel(call.model); }

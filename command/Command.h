@@ -92,6 +92,8 @@ inline ArgumentInfo Naming(std::string_view kind, ArgumentInfo info) {
   info.refers = kind;
   return info;
 }
+/// The state of the step that creates the attribute; null where no step says anything.
+cls_Object const* CreateState(kprC_StepDependent const& item);
 /// What help tells of the members of \p object that commands may set.
 void Describe(std::vector<ArgumentInfo>& arguments, cls_Object const& object, ArgumentOf of = ArgumentOf::Object);
 

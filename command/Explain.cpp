@@ -258,10 +258,14 @@ Explanation Explain(FoundAttribute const& attribute, std::size_t step, std::stri
   std::vector<Origin> const own = OwnMembers(item);
   if (!member.empty()) {
     std::vector<std::string> known;
-    std::size_t const create = item.Steps().Find(item.CreateStepName().View());
-    cls_Object const* const state = create == kprC_StepTable::npos ? nullptr : item.StateAt(create);
+    cls_Object const* state = CreateState(item);
+    std::unique_ptr<kprC_StepDependent> fresh;  // says what the type has, where no step says anything
+    if (state == nullptr) {
+      fresh = attribute.family->Construct(item.ConstructionName());
+      fresh->Begin(cow_String(kprC_Step::initialCmd().View()), kprC_ProcedureType::Initial);
+      state = fresh->StateAt(0);
+    }
     for (cls_Object const* const of : {state, static_cast<cls_Object const*>(&item)}) {
-      if (of == nullptr) { continue; }
       for (cls_MemberRow const& row : of->MemberRows()) {
         if (IsTold(row)) { known.emplace_back(ArgumentName(row)); }
       }

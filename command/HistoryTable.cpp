@@ -46,11 +46,10 @@ std::vector<HistoryTable::Change> ChangesOf(kprC_StepAwareRepository const& fami
 
 /// Whether the attribute has any of the members in its steps.
 bool HasAny(kprC_StepDependent const& item, std::vector<std::string> const& members) {
-  std::size_t const create = item.Steps().Find(item.CreateStepName().View());
-  if (create == kprC_StepTable::npos) { return false; }
-  return std::ranges::any_of(item.StateAt(create)->MemberRows(), [&](cls_MemberRow const& row) {
-    return IsTold(row) && std::ranges::find(members, ArgumentName(row)) != members.end();
-  });
+  cls_Object const* const state = CreateState(item);
+  return state != nullptr && std::ranges::any_of(state->MemberRows(), [&](cls_MemberRow const& row) {
+           return IsTold(row) && std::ranges::find(members, ArgumentName(row)) != members.end();
+         });
 }
 
 /// What \p members are in the steps of \p columns.
@@ -178,9 +177,9 @@ std::vector<std::string> MemberNames(ddr_Model const& model) {
   std::set<unsigned> seen;
   ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
     family.ForEach([&](cow_String const&, kprC_StepDependent const& item) {
-      std::size_t const create = item.Steps().Find(item.CreateStepName().View());
-      if (create == kprC_StepTable::npos || !seen.insert(item.DynTypeId()).second) { return; }
-      for (cls_MemberRow const& row : item.StateAt(create)->MemberRows()) {
+      cls_Object const* const state = CreateState(item);
+      if (state == nullptr || !seen.insert(item.DynTypeId()).second) { return; }
+      for (cls_MemberRow const& row : state->MemberRows()) {
         if (IsTold(row)) { names.emplace(ArgumentName(row)); }
       }
     });

@@ -5,6 +5,8 @@
 #include <iterator>
 #include <span>
 
+#include "command/Origins.h"
+
 namespace gattr {
 namespace {
 
@@ -209,6 +211,11 @@ std::string CsvField(std::string_view text) {
   std::string quoted = "\"";
   for (char const c : field) { quoted.append(c == '"' ? 2 : 1, c); }
   return quoted += '"';
+}
+
+std::string CsvValue(cls_Value const& value) {
+  bool const isNumber = value.As<double>() != nullptr || value.As<long long>() != nullptr;
+  return isNumber ? ValueText(value) : CsvField(value.IsNull() ? "" : ValueText(value));
 }
 
 std::string HtmlText(std::string_view text) {

@@ -35,6 +35,9 @@ std::string Styled(std::string_view text, Style style, bool color);
 /// spreadsheet would take for a formula.
 std::string CsvField(std::string_view text);
 
+/// A value as one field of a CSV line: a number as it is, which no spreadsheet takes for a formula; empty for none.
+std::string CsvValue(cls_Value const& value);
+
 /// \p text inside HTML, as content or as a quoted attribute value.
 std::string HtmlText(std::string_view text);
 

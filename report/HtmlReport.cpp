@@ -2,13 +2,17 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <ostream>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "command/Check.h"
 #include "command/Command.h"
+#include "command/HistoryTable.h"
 #include "command/Members.h"
 #include "command/Words.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -17,7 +21,6 @@
 #include "report/RenderHistory.h"
 #include "store/ReplacingFile.h"
 #include "store/StoreError.h"
-#include "text/JsonText.h"
 #include "text/Text.h"
 
 namespace gattr {
@@ -85,7 +88,7 @@ void WriteSteps(std::ostream& out, kprC_StepContainer const& steps) {
   for (std::size_t i = 0; i < steps.Size(); ++i) {
     kprC_Step const& step = steps.Step(i);
     out << "<tr><td>" << i << "</td><th scope=\"row\">" << HtmlText(steps.Name(i).View()) << "</th><td>"
-        << HtmlText(LoweredLabel(ProcedureText(steps.Table().ProcedureType(i))))
+        << HtmlText(ProcedureWords(ProcedureText(steps.Table().ProcedureType(i))))
         << (step.Perturbation() ? " <small>perturbation</small>" : "") << "</td><td class=\"number\">"
         << (i == 0 ? "" : HtmlText(ReadableValue(step.TimePeriod()))) << "</td><td>";
     WriteParameters(out, step, steps.Name(i).View(), known);
@@ -113,43 +116,22 @@ void WriteFindings(std::ostream& out, std::vector<Finding> const& findings) {
         << (message == above ? "<small>the same</small>" : Content(message)) << "<td>";
     above = std::move(message);
     if (finding.refusal.code >= 0) { out << HtmlText(finding.refusal.module) << ' ' << finding.refusal.code; }
-    out << '\n';
+    out << "</tr>\n";
   }
   out << "</tbody></table></section>\n";
 }
 
-/// A sign per step, ten to a group.
-void WriteSigns(std::ostream& out, ddr_Model const& model, Ticker& tick) {
-  std::size_t names = 9, types = 4, longest = 40;
-  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
-    family.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
-      names = std::min(longest, std::max(names, Width(Shown(name.View()))));
-      types = std::min(longest, std::max(types, item.ConstructionName().size()));
-    });
-  });
-  out << "<noscript><section id=\"signs\"><h2>Histories</h2>\n<p>A sign per step:";
-  for (std::size_t i = 0; i < kStatusCount; ++i) {
-    StatusWord const& word = WordOf(static_cast<mdl_PropagationStatusEnm>(i));
-    out << (i == 0 ? " " : ", ") << "<code>" << HtmlText(std::string_view(&word.sign, 1)) << "</code> "
-        << HtmlText(i == 0 ? word.meaning : word.word);
+/// For readers without script; the page's own takes it away.
+void WriteSigns(std::ostream& out, ddr_Model const& model) {
+  std::ostringstream text;
+  RenderCompact(text, HistoriesOf(model), {});
+  out << "<section id=\"signs\"><h2>Histories</h2>\n<pre>\n";
+  for (std::string_view rest = text.view(); !rest.empty();) {
+    std::size_t const end = rest.find('\n');
+    out << HtmlText(rest.substr(0, end)) << '\n';
+    rest.remove_prefix(end + 1);
   }
-  out << ".</p>\n<pre>\n";
-  std::string signs;
-  ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) {
-    family.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
-      signs.clear();
-      item.ForEachRun([&signs](std::size_t begin, std::size_t end, mdl_PropagationStatusEnm status, cls_Object const*) {
-        for (; begin < end; ++begin) {
-          if (begin != 0 && begin % 10 == 0) { signs += ' '; }
-          signs += WordOf(status).sign;
-        }
-      });
-      out << HtmlText(Fitted(Shown(name.View()), names)) << "  " << HtmlText(Fitted(item.ConstructionName(), types)) << "  "
-          << HtmlText(signs) << (item.IsSuppressed() ? "  suppressed\n" : "\n");
-      tick();
-    });
-  });
-  out << "</pre></section></noscript>\n";
+  out << "</pre></section>\n";
 }
 
 std::string Counted(std::size_t count, std::string_view one) {
@@ -161,7 +143,7 @@ std::string Counted(std::size_t count, std::string_view one) {
 void WriteHtmlReport(std::ostream& out, ddr_Model const& model, Progress const& progress) {
   std::size_t attributes = 0;
   ForEachRepository(model, [&](auto const&, kprC_StepAwareRepository const& family) { attributes += family.Size(); });
-  std::size_t const total = attributes * 3;
+  std::size_t const total = attributes * 2;
   auto const part = [&](std::size_t before) -> Progress {
     if (!progress) { return {}; }
     return [&progress, before, total](std::size_t done, std::size_t) { return progress(std::min(before + done, total), total); };
@@ -177,9 +159,10 @@ void WriteHtmlReport(std::ostream& out, ddr_Model const& model, Progress const& 
       << "<title>" << title << "</title>\n<style>" << kPageStyle << "</style>\n<script>" << kPageScript
       << "</script></head>\n<body>\n<header id=\"top\"><h1>" << title << "</h1><p>" << Counted(attributes, "attribute") << ", "
       << Counted(steps.Size(), "step") << ", "
-      << (model.Space() == ddr_Model::THREE_D ? "three dimensions" : LoweredLabel(omu_PrimEnum<ddr_Model::SpaceEnm>(model.Space()).View()))
+      << (model.Space() == ddr_Model::THREE_D ? "three dimensions"
+                                              : ProcedureWords(omu_PrimEnum<ddr_Model::SpaceEnm>(model.Space()).View()))
       << ", " << (findings.empty() ? "no findings" : Counted(findings.size(), "finding")) << "</p></header>\n<main>\n";
-  WriteSigns(out, model, tick);
+  WriteSigns(out, model);
   WriteSteps(out, steps);
   WriteFindings(out, findings);
   out << "</main>\n<script type=\"application/json\" id=\"data\">";

@@ -5,9 +5,11 @@
 #include <cmath>
 #include <map>
 #include <ostream>
+#include <span>
 #include <unordered_map>
 #include <utility>
 
+#include "command/AtTime.h"
 #include "command/Command.h"
 #include "command/Origins.h"
 #include "command/Words.h"
@@ -72,7 +74,8 @@ constexpr long long kFreed = -1, kNoValue = -2;
 /// Points through which straight lines follow a curve, closely enough for the eye: [part of the step's time, factor, ...].
 std::string LineOf(ampC_Curve const& curve, double start, double period) {
   constexpr int kParts = 16, kHalvings = 6;
-  constexpr double kNear = 1e-3;  // of the height
+  constexpr double kNear = 1e-3;    // of the height
+  constexpr double kInside = 0.43;  // not the middle: a swing that fits the parts would be zero at all of them
   std::vector<std::pair<double, double>> points;
   auto const add = [&](double part) { points.emplace_back(part, curve.ValueAt(start + part * period)); };
   for (int i = 0; i <= kParts; ++i) { add(static_cast<double>(i) / kParts); }
@@ -89,9 +92,9 @@ std::string LineOf(ampC_Curve const& curve, double start, double period) {
   for (int i = 0; i < kHalvings; ++i) {
     std::size_t const known = points.size();
     for (std::size_t k = 1; k < known; ++k) {
-      double const middle = (points[k - 1].first + points[k].first) / 2.0;
-      double const value = curve.ValueAt(start + middle * period);
-      if (std::abs(value - (points[k - 1].second + points[k].second) / 2.0) > near) { points.emplace_back(middle, value); }
+      double const inside = std::lerp(points[k - 1].first, points[k].first, kInside);
+      double const value = curve.ValueAt(start + inside * period);
+      if (std::abs(value - std::lerp(points[k - 1].second, points[k].second, kInside)) > near) { points.emplace_back(inside, value); }
     }
     if (points.size() == known) { break; }
     std::ranges::sort(points);
@@ -131,6 +134,7 @@ public:
     out_ << "],\n\"attributes\":[";
     char const* separator = "\n";
     ForEachRepository(model_, [&](auto const&, kprC_StepAwareRepository const& family) {
+      if (family.Size() == 0) { return; }
       std::size_t const kind = KindOf(family);
       family.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
         out_ << std::exchange(separator, ",\n") << '[' << TextOf(name.View()) << ',' << TypeOf(kind, item) << ','
@@ -142,7 +146,7 @@ public:
     for (std::size_t i = 0; i < steps_.Size(); ++i) {
       kprC_Step const& step = steps_.Step(i);
       out_ << (i == 0 ? "\n[" : ",\n[") << TextOf(steps_.Name(i).View()) << ','
-           << TextOf(LoweredLabel(ProcedureText(steps_.Table().ProcedureType(i)))) << ',' << (i == 0 ? "0" : JsonText(step.TimePeriod()))
+           << TextOf(ProcedureWords(ProcedureText(steps_.Table().ProcedureType(i)))) << ',' << (i == 0 ? "0" : JsonText(step.TimePeriod()))
            << ']';
     }
     out_ << "\n]";
@@ -194,14 +198,15 @@ private:
     return runs;
   }
 
-  /// [name, meaning, unit, whether it names an amplitude]
-  std::size_t MemberOf(cls_MemberRow const& row) {
-    auto const [place, isNew] = memberOf_.try_emplace(&row);
-    if (isNew) {
-      place->second = members_("[" + TextOf(ArgumentName(row)) + "," + TextOf(row.text.meaning) + "," + TextOf(row.text.unit) + "," +
-                               (row.text.refers == cls_Reference::Amplitude ? "1]" : "0]"));
-    }
-    return place->second;
+  /// [name, meaning, unit, the number of the member that names the amplitude by which it varies, or -1]
+  std::size_t MemberOf(Origin const& origin, std::span<Origin const> members) {
+    if (auto const known = memberOf_.find(origin.row); known != memberOf_.end()) { return known->second; }
+    auto const by = std::ranges::find_if(members, [&](Origin const& other) { return Varies(other, origin); });
+    std::string const amplitude = by == members.end() ? "-1" : std::to_string(MemberOf(*by, members));
+    cls_MemberText const& text = origin.row->text;
+    std::size_t const number =
+        members_("[" + TextOf(origin.Member()) + "," + TextOf(text.meaning) + "," + TextOf(text.unit) + "," + amplitude + "]");
+    return memberOf_.emplace(origin.row, number).first->second;
   }
   long long Value(cls_Value const& value) { return static_cast<long long>(values_(ValueJson(value))); }
   std::size_t Say(std::string pairs) { return says_("[" + std::move(pairs) + "]"); }
@@ -211,7 +216,7 @@ private:
     std::string pairs;
     for (Origin const& origin : OwnMembers(item)) {
       if (origin.standing != Standing::Set) { continue; }
-      AppendNumber(pairs, static_cast<long long>(MemberOf(*origin.row)));
+      AppendNumber(pairs, static_cast<long long>(MemberOf(origin, {})));
       AppendNumber(pairs, Value(origin.Value()));
     }
     return Say(std::move(pairs));
@@ -235,7 +240,7 @@ private:
         if (then == now[place] || (then.second == kNoValue && now[place].second == kNoValue)) { continue; }
         now[place] = then;
         std::string& pairs = news[step];
-        AppendNumber(pairs, static_cast<long long>(MemberOf(*origin.row)));
+        AppendNumber(pairs, static_cast<long long>(MemberOf(origin, run.members)));
         AppendNumber(pairs, then.second);
       }
       for (auto& [step, pairs] : news) {
@@ -258,10 +263,13 @@ private:
       auto const* const curve = dynamic_cast<ampC_Curve const*>(amplitudes.ConstObject(name.View()));
       if (curve == nullptr || RefusalBy([&] { curve->AssertValid(); })) { continue; }
       std::string lines = "[";
+      std::map<std::pair<double, double>, long long> known;  // by start and period
       for (std::size_t step = 0; step < steps_.Size(); ++step) {
         double const period = times.Period(step);
-        bool const total = curve->timeSpan == ampC_TimeSpanEnm::TOTAL;
-        AppendNumber(lines, period > 0.0 ? static_cast<long long>(lines_(LineOf(*curve, total ? times.Start(step) : 0.0, period))) : -1);
+        double const start = curve->timeSpan == ampC_TimeSpanEnm::TOTAL ? times.Start(step) : 0.0;
+        auto const [line, isNew] = known.try_emplace({start, period}, -1);
+        if (isNew && period > 0.0) { line->second = static_cast<long long>(lines_(LineOf(*curve, start, period))); }
+        AppendNumber(lines, line->second);
       }
       out_ << std::exchange(separator, ",\n") << '[' << TextOf(name.View()) << ',' << lines << "]]";
     }
@@ -304,12 +312,6 @@ std::string SpacedWord(std::string_view word) {
     spaced += static_cast<char>(capital ? c - 'A' + 'a' : c);
   }
   return spaced;
-}
-
-std::string LoweredLabel(std::string_view label) {
-  std::string text(label);
-  for (char& c : text) { c = c == '_' ? ' ' : c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-  return text;
 }
 
 void WriteReportData(std::ostream& out, ddr_Model const& model, Ticker& tick) { Data(out, model).Write(tick); }

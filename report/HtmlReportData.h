@@ -18,7 +18,5 @@ void WriteReportData(std::ostream& out, ddr_Model const& model, Ticker& tick);
 std::string ReadableValue(cls_Value const& value);
 /// "boundary condition" of "boundaryCondition".
 std::string SpacedWord(std::string_view word);
-/// "static general" of "STATIC_GENERAL".
-std::string LoweredLabel(std::string_view label);
 
 }  // namespace gattr

@@ -189,7 +189,11 @@ void RenderCsv(std::ostream& out, HistoryTable const& table) {
   for (auto const& row : table.rows) {
     out << CsvField(row.name) << ',' << CsvField(row.kind) << ',' << CsvField(row.type) << ',' << (row.suppressed ? "true" : "false");
     for (std::size_t i = 0; i < row.statuses.size(); ++i) {
-      out << ',' << (table.members.empty() ? std::string(CsvWord(row.Status(i))) : CsvField(ValuesText(table, row.At(i), "; ", "")));
+      HistoryTable::Held const* const held = table.members.empty() ? nullptr : &row.At(i);
+      out << ','
+          << (held == nullptr             ? std::string(CsvWord(row.Status(i)))
+              : table.members.size() == 1 ? CsvValue(held->values.front())
+                                          : CsvField(ValuesText(table, *held, "; ", "")));
     }
     out << "\r\n";
   }

@@ -107,12 +107,10 @@ void RenderMembersCsv(std::ostream& out, FoundAttribute const& attribute, AtTime
     for (std::size_t step = run.begin; step < run.end; ++step) {
       for (Origin const& origin : run.members) {
         if (origin.standing == Standing::Unset && !origin.own) { continue; }
-        std::string const value = origin.HasValue() ? ValueText(ValueAt(origin, run.members, step, at)) : std::string();
-        // a number is no text that a spreadsheet could take for a formula
-        bool const isNumber = origin.Value().As<double>() != nullptr || origin.Value().As<long long>() != nullptr;
         out << CsvField(NameOf(steps, step)) << ',' << WordOf(run.status).word << ',' << CsvField(origin.Member()) << ','
-            << (isNumber ? value : CsvField(value)) << ',' << StandingText(origin.standing) << ',' << (origin.own ? "true" : "false") << ','
-            << (origin.step == kNoStep ? std::string() : CsvField(NameOf(steps, origin.step))) << "\r\n";
+            << CsvValue(ValueAt(origin, run.members, step, at)) << ',' << StandingText(origin.standing) << ','
+            << (origin.own ? "true" : "false") << ',' << (origin.step == kNoStep ? std::string() : CsvField(NameOf(steps, origin.step)))
+            << "\r\n";
       }
     }
   });

@@ -14,8 +14,12 @@ public:
     for (std::size_t i = 0; i < grid.steps.size(); ++i) {
       Column column{Shown(grid.steps[i].name), Shown(grid.steps[i].procedure), 0};
       column.width = std::max(std::min(Width(column.name), kLongestStepName), std::min(Width(column.procedure), kLongestProcedure));
+      std::string last;
       for (std::size_t r = 0; r < grid.rows.size(); ++r) {
-        column.width = std::max(column.width, std::min(Width(Shown(grid.cell(r, i).text)), kLongestCell));
+        std::string text = grid.cell(r, i).text;
+        if (text == last) { continue; }
+        column.width = std::max(column.width, std::min(Width(Shown(text)), kLongestCell));
+        last = std::move(text);
       }
       columns_.push_back(std::move(column));
     }

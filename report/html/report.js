@@ -13,6 +13,7 @@ document.addEventListener("DOMContentLoaded", () => {
   const FREED = -1;
   const NO_VALUE = -2;
 
+  document.getElementById("signs").remove(); // the table shows it
   const data = JSON.parse(document.getElementById("data").textContent);
   const steps = data.steps.map(([name, procedure, period]) => ({ name, procedure, period }));
   const words = data.words.map(([word, meaning, sign, style]) => ({ word, meaning, sign, style }));
@@ -237,7 +238,7 @@ document.addEventListener("DOMContentLoaded", () => {
     return { select, label: make("label", {}, label, select) };
   }
   const bar = make("div", { id: "filters", role: "search", "aria-label": "Filters" });
-  const search = make("input", { type: "search", placeholder: "name or pattern", title: "part of a name, or a pattern with * and ?", "aria-label": "name", id: "name-filter" });
+  const search = make("input", { type: "search", title: "part of a name, or a pattern with * and ?", id: "name-filter" });
   search.addEventListener("input", () => {
     filter.text = search.value;
     applyFilters();
@@ -263,7 +264,7 @@ document.addEventListener("DOMContentLoaded", () => {
     wordy = value === "" ? null : value === "words";
   });
   const count = make("span", { id: "count", role: "status", "aria-live": "polite" });
-  bar.append(search, kindChoice.label, typeChoice.label, fromChoice.label, toChoice.label);
+  bar.append(make("label", {}, "name", search), kindChoice.label, typeChoice.label, fromChoice.label, toChoice.label);
   bar.append(make("label", { for: "changes", title: "only steps and attributes in which something is said" }, changes, "changes only"));
   bar.append(layout.label);
 
@@ -613,7 +614,9 @@ document.addEventListener("DOMContentLoaded", () => {
     const button = make("button", { type: "button", class: "link" }, steps[step].name);
     button.addEventListener("click", () => {
       const column = columns.indexOf(step);
-      if (column >= 0) moveTo(active.row, column);
+      if (column < 0) return;
+      moveTo(active.row, column);
+      grid.focus();
     });
     return button;
   }
@@ -688,7 +691,7 @@ document.addEventListener("DOMContentLoaded", () => {
   }
 
   function findingParts(attribute) {
-    const own = findingRows.filter((row) => Number(row.dataset.index) === attribute.index);
+    const own = findingsOf.get(attribute.index) ?? [];
     if (own.length === 0) return [];
     const parts = own.map((row) => {
       const [id, severity, , , step, member, , code] = [...row.cells].map((cell) => cell.textContent);
@@ -758,6 +761,7 @@ document.addEventListener("DOMContentLoaded", () => {
         plotted = new Set(chosen);
         if (!plotted.delete(name)) plotted.add(name);
         fillPanel();
+        [...panel.querySelectorAll(".choices button")].find((other) => other.textContent === name)?.focus();
       });
       choices.append(button);
     });
@@ -766,7 +770,7 @@ document.addEventListener("DOMContentLoaded", () => {
 
   function plot(attribute, pieces, members, chosen, step) {
     const box = { left: 52, right: 392, top: 8, bottom: 152 };
-    const amplitudes = [...piecesOf(attribute, (member) => data.members[member][3] === 1).values()].flat();
+    const named = piecesOf(attribute, (_, value) => curves.has(value)); // by the member that names the amplitude
     /** A part of a piece in which one status holds, and its points. */
     const parts = [];
     let low = 0;
@@ -781,7 +785,7 @@ document.addEventListener("DOMContentLoaded", () => {
           const points = [];
           let curved = false;
           for (let at = begin; at < end; ++at) {
-            const curve = idle ? null : curveIn(amplitudes, at, piece.value);
+            const curve = idle ? null : curveIn(named.get(data.members[member][3]) ?? [], at, piece.value);
             if (curve) points.push(...curve);
             else points.push(at, piece.value, at + 1, piece.value);
             curved ||= curve !== null;
@@ -831,11 +835,14 @@ document.addEventListener("DOMContentLoaded", () => {
 
   const byName = new Map();
   for (const attribute of attributes) byName.set(`${attribute.kind.label} ${attribute.name}`, attribute.index);
+  /** By the attribute's place. */
+  const findingsOf = new Map();
   for (const row of findingRows) {
     const [, , kind, name, step] = [...row.cells].map((cell) => cell.textContent);
     const index = byName.get(`${kind.replace(" (suppressed)", "")} ${name}`);
     if (index === undefined) continue;
     row.dataset.index = String(index);
+    findingsOf.set(index, [...(findingsOf.get(index) ?? []), row]);
     row.tabIndex = 0;
     row.title = "show in the table";
     const go = () => {
