@@ -471,6 +471,11 @@ void FindMoved(std::vector<RecordDifference>& records) {
   });
 }
 
+std::string_view SaysText(Says says) {
+  constexpr std::string_view kTexts[] = {"nothing", "values", "creation", "creation off", "off"};
+  return kTexts[static_cast<std::size_t>(says)];
+}
+
 std::vector<ObjectDifference> Compare(ddr_Model const& before, ddr_Model const& now, std::span<Rename const> renames, Depth depth) {
   return Comparison(ModelPair(before, now, renames), depth).Run();
 }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "command/Changes.h"
@@ -30,6 +31,9 @@ enum class Says : std::uint8_t {
   CreationOff,  ///< begins switched off
   Off,          ///< is switched off
 };
+
+/// "nothing", "values", "creation", "creation off", "off".
+DDB_API std::string_view SaysText(Says says);
 
 /// In what both sides differ in one step.
 struct RecordDifference {

@@ -24,10 +24,6 @@ using Object = std::pair<std::string, std::string>;      // kind and name
 using Differences = std::map<Object, ObjectDifference>;  // what a side has made of the base
 constexpr std::string_view kType = "type", kPrevious = "previous";
 
-std::string_view SaysText(Says says) {
-  constexpr std::string_view kTexts[] = {"", "values", "created", "created, switched off", "switched off"};
-  return kTexts[static_cast<std::size_t>(says)];
-}
 cls_Value SaysValue(Says says) { return says == Says::Nothing ? cls_Value() : cls_Value(SaysText(says)); }
 bool IsGone(ObjectDifference const& one) { return one.change == ChangeKind::Deleted; }
 bool IsNew(ObjectDifference const& one) { return one.change == ChangeKind::Created; }

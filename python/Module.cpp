@@ -240,6 +240,38 @@ void BindModel(py::module_& m) {
       .def("_begin", &Model::Begin)
       .def("_commit", &Model::Commit)
       .def("_rollback", &Model::Rollback)
+      .def("_branch",
+           [](Model& self, std::string const& name) {
+             Model::Use const use(self);
+             self.Commands().Branch(name);
+           })
+      .def("_switch",
+           [](Model& self, std::string const& name) {
+             Model::Use const use(self);
+             self.Commands().Switch(name);
+           })
+      .def("_delete_branch",
+           [](Model& self, std::string const& name) {
+             Model::Use const use(self);
+             self.Commands().DeleteBranch(name);
+           })
+      .def("_branches",
+           [](Model& self) {
+             Model::Use const use(self);
+             py::list names;
+             for (std::string const& name : self.Commands().Branches()) { names.append(Text(name)); }
+             return py::make_tuple(names, Text(self.Commands().CurrentBranch()));
+           })
+      .def("_compare",
+           [](Model& self, std::string const& name, std::string const& other) {
+             Model::Use const use(self);
+             return Told(self.Commands().Compare(name, other));
+           })
+      .def("_differences",
+           [](Model& self, Model& other) {
+             Model::Use const use(self), also(other);
+             return Told(DifferencesBetween(self.Data(), other.Data()));
+           })
       .def("_on_change", &Model::OnChange)
       .def_property_readonly(
           "path", [](Model const& self) { return self.Path().empty() ? py::object(py::none()) : FileText(self.Path()); },

@@ -163,7 +163,7 @@ py::object Told(std::optional<mdl_PropagationStatusEnm> status) {
 }  // namespace
 
 py::object Told(ChangeEvent const& event) {
-  constexpr char const* kCauses[] = {"command", "undo", "redo"};
+  constexpr char const* kCauses[] = {"command", "undo", "redo", "switch"};
   return Defined().change(kCauses[static_cast<std::size_t>(event.cause)], Text(event.label), Told(event.objects));
 }
 
@@ -174,6 +174,26 @@ py::object Told(Effects const& effects) {
                                            Told(change.before), Told(change.after)));
   }
   return py::make_tuple(Told(effects.objects), statuses);
+}
+
+py::list Told(std::vector<ObjectDifference> const& differences) {
+  auto const optional = [](std::string const& text) { return text.empty() ? py::object(py::none()) : py::object(Text(text)); };
+  auto const members = [](std::vector<MemberDifference> const& all) {
+    py::list told;
+    for (MemberDifference const& one : all) { told.append(py::make_tuple(Text(one.member), ToPython(one.was), ToPython(one.is))); }
+    return told;
+  };
+  py::list told;
+  for (ObjectDifference const& one : differences) {
+    py::list steps;
+    for (RecordDifference const& record : one.records) {
+      steps.append(py::make_tuple(Text(record.step), Text(SaysText(record.was)), Text(SaysText(record.is)), optional(record.movedFrom),
+                                  members(record.members)));
+    }
+    told.append(py::make_tuple(Text(ChangeText(one.change)), Text(one.kind), Text(one.name), optional(one.before), optional(one.typeBefore),
+                               optional(one.type), optional(one.previous), members(one.members), steps));
+  }
+  return told;
 }
 
 void Raise(py::handle type, std::string const& text) {

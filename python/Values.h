@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "command/Difference.h"
 #include "command/Session.h"
 #include "platform/BasicUtils/cls_Members.h"
 #include "platform/BasicUtils/cls_Value.h"
@@ -38,6 +39,8 @@ cls_MemberRow const* FindRow(cls_Object const& object, std::string_view name);
 py::object Told(ChangeEvent const& event);
 /// The objects and the statuses.
 py::object Told(Effects const& effects);
+/// What two models differ in, as tuples.
+py::list Told(std::vector<ObjectDifference> const& differences);
 
 /// Raises what the outcome tells.
 [[noreturn]] void Raise(Outcome const& outcome);

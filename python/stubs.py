@@ -84,7 +84,8 @@ def annotated(kind):
 def tuples():
     """The tuples that the module gives, as their classes declare them."""
     lines = []
-    for told in (_model.Outcome, _model.Finding, _words.ObjectChange, _words.StatusChange, _words.Change, *_seen.TUPLES):
+    for told in (_model.Outcome, _model.Finding, _words.ObjectChange, _words.StatusChange, _words.Change, _words.MemberDifference, _words.StepDifference,
+                 _words.Difference, *_seen.TUPLES):
         lines.append(f"class {told.__name__}(NamedTuple):")
         lines += [f"    {name}: {annotated(kind)}" for name, kind in told.__annotations__.items()]
         lines.append("")

@@ -17,13 +17,7 @@ std::string_view ChangeClass(ChangeKind change) {
   return kClasses[static_cast<std::size_t>(change)];
 }
 
-/// What is said in a step, in a word of a program.
-std::string_view TokenOf(Says says) {
-  constexpr std::string_view kTokens[] = {"nothing", "values", "creation", "creation off", "off"};
-  return kTokens[static_cast<std::size_t>(says)];
-}
-
-/// The same for a person: "created", "deactivate".
+/// What is said in a step, for a person: "created", "deactivate".
 std::string WordsOf(Says says, ObjectDifference const& object) {
   std::string const off = object.switchOff.empty() ? "off" : object.switchOff;
   switch (says) {
@@ -100,7 +94,7 @@ Json ToJson(ObjectDifference const& object) {
   json["members"] = MembersJson(object.members);
   Json steps = Json::array();
   for (RecordDifference const& record : object.records) {
-    Json step = {{"step", record.step}, {"before", TokenOf(record.was)}, {"now", TokenOf(record.is)}};
+    Json step = {{"step", record.step}, {"before", SaysText(record.was)}, {"now", SaysText(record.is)}};
     if (!record.movedFrom.empty()) { step["movedFrom"] = record.movedFrom; }
     step["members"] = MembersJson(record.members);
     steps.push_back(std::move(step));

@@ -13,7 +13,7 @@ from types import TracebackType
 
 from . import _gattr, _objects, _seen
 from ._gattr import State
-from ._words import ObjectChange, Status, StatusChange
+from ._words import Difference, MemberDifference, ObjectChange, Status, StatusChange, StepDifference
 
 
 class Outcome(typing.NamedTuple):
@@ -308,6 +308,35 @@ class Model(_gattr.Model):
         self._subscriptions.add(subscription)
         return subscription
 
+    def branch(self, name: str) -> None:
+        """Begins another version of the model and goes on in it, with its own undo and journal; the first one is called "main"."""
+        self._branch(name)
+
+    def switch(self, name: str) -> None:
+        """Goes on in another branch."""
+        self._switch(name)
+
+    def delete_branch(self, name: str) -> None:
+        """Forgets a branch, which is not the one that is worked in."""
+        self._delete_branch(name)
+
+    def branches(self) -> list[str]:
+        """The names of all branches."""
+        return self._branches()[0]
+
+    @property
+    def current_branch(self) -> str:
+        """The branch that is worked in."""
+        return self._branches()[1]
+
+    def compare(self, name: str, other: str | None = None) -> list[Difference]:
+        """What a branch says that another one does not; with one name what the present branch says that this one does not."""
+        return _differences(self._compare(self.current_branch, name) if other is None else self._compare(name, other))
+
+    def differences(self, other: Model) -> list[Difference]:
+        """What another model says that this one does not, by object, step and member."""
+        return _differences(self._differences(other))
+
     def copy(self) -> Model:
         """Another model, equal to this one. Costs next to nothing; has no undo and no journal of its own yet."""
         copied = type(self)()
@@ -333,6 +362,15 @@ class Model(_gattr.Model):
 
     def __repr__(self):
         return f"<Model {self.name!r} of {len(self.steps)} steps>"
+
+
+def _differences(told):
+    def members(of):
+        return [MemberDifference(*one) for one in of]
+
+    return [
+        Difference(*whole, members(own), [StepDifference(*step, members(said)) for *step, said in steps]) for *whole, own, steps in told
+    ]
 
 
 def _path(path):

@@ -56,8 +56,40 @@ class StatusChange(typing.NamedTuple):
 
 
 class Change(typing.NamedTuple):
-    """What one whole edit has changed; its cause is "command", "undo" or "redo"."""
+    """What one whole edit has changed; its cause is "command", "undo", "redo", or "switch" to another branch."""
 
-    cause: 'Literal["command", "undo", "redo"]'
+    cause: 'Literal["command", "undo", "redo", "switch"]'
     label: str
     objects: "list[ObjectChange]"
+
+
+class MemberDifference(typing.NamedTuple):
+    """A member in which two models differ; None where one says nothing."""
+
+    member: str
+    before: "_Json"
+    now: "_Json"
+
+
+class StepDifference(typing.NamedTuple):
+    """In what two models differ in a step of an attribute; movedFrom is the step that said all this before."""
+
+    step: str
+    before: 'Literal["nothing", "values", "creation", "creation off", "off"]'
+    now: 'Literal["nothing", "values", "creation", "creation off", "off"]'
+    movedFrom: "str | None"
+    members: "list[MemberDifference]"
+
+
+class Difference(typing.NamedTuple):
+    """In what two models differ in an object."""
+
+    change: 'Literal["created", "changed", "renamed", "deleted"]'
+    kind: str
+    name: str
+    nameBefore: "str | None"
+    typeBefore: "str | None"
+    type: "str | None"
+    previous: "str | None"
+    members: "list[MemberDifference]"
+    steps: "list[StepDifference]"

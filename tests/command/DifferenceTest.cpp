@@ -239,7 +239,7 @@ TEST_F(Differences, ThatBothCannotHaveAreNamed) {
       {remove, in("Fix", "S2", R"("u1": 3)"),
        R"(boundaryCondition "Fix": "DisplacementBC" in base, nothing in ours, "DisplacementBC" in theirs: deleted in ours, edited in theirs)"},
       {deactivate, in("Fix", "S3", R"("u1": 3)"),
-       R"(boundaryCondition "Fix" in step "S3", "u1": nothing in base, "switched off" in ours, 3.0 in theirs)"},
+       R"(boundaryCondition "Fix" in step "S3", "u1": nothing in base, "off" in ours, 3.0 in theirs)"},
       {R"({"command": "remove", "boundaryCondition": "Fix", "stepName": "S3"})", in("Fix", "S3", R"("u2": 3)"),
        R"(boundaryCondition "Fix" in step "S3", "u2": 1.0 in base, nothing in ours, 3.0 in theirs)"},
       {R"({"command": "deactivate", "boundaryCondition": "Fix", "stepName": "S4"})", in("Fix", "S5", R"("u1": 3)"), ""},
