@@ -1,7 +1,8 @@
 #include <CLI/App.hpp>
-#include <filesystem>
+#include <exception>
 #include <iostream>
 #include <memory>
+#include <new>
 
 #include "cli/Console.h"
 #include "cli/ModelArgument.h"
@@ -59,7 +60,11 @@ int CompareForGit(DiffOptions const& options) {
   if (words.size() < 7) { throw BadInput("--git takes what git gives to a diff command: a path, then file, hash and mode of both sides"); }
   bool const color = UseColor(options.color);
   std::cout << Styled("gattr diff " + Shown(words[0]), Style::Strong, color) << '\n';
-  RenderText(std::cout, DifferencesBetween(OpenModel(words[1], Empty::NewModel), OpenModel(words[4], Empty::NewModel)), {0, color});
+  try {
+    RenderText(std::cout, DifferencesBetween(OpenModel(words[1], Empty::NewModel), OpenModel(words[4], Empty::NewModel)), {0, color});
+  } catch (std::bad_alloc const&) { throw; } catch (std::exception const& error) {  // a status would end git's command, other files too
+    std::cout << "cannot be compared: " << Shown(error.what()) << '\n';
+  }
   return kDone;
 }
 

@@ -2,7 +2,9 @@
 #include <sys/wait.h>
 
 #include <CLI/App.hpp>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -22,7 +24,8 @@ namespace {
 
 /// \p text as one word of the shell.
 std::string ShellWord(std::string_view text) {
-  bool const isPlain = text.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-+./%=:@,") == text.npos;
+  bool const isPlain =
+      text.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-+./%=:@,") == std::string_view::npos;
   if (isPlain && !text.empty()) { return std::string(text); }
   std::string word = "'";
   for (char const c : text) { word += c == '\'' ? "'\\''" : std::string(1, c); }
@@ -67,14 +70,19 @@ std::string ProgramWord() {
 }
 
 struct Setting {
-  std::string key, value;
+  std::string key, before, tail;  // of the value; the program's word stands between
+
+  std::string Value(std::string const& program) const { return tail.empty() ? before : before + program + tail; }
+  /// Whether it is what this program sets, be it installed elsewhere.
+  bool IsOurs(std::string const& present) const {
+    return tail.empty() ? present == before : present.starts_with(before) && present.ends_with(tail);
+  }
 };
-std::vector<Setting> Settings(std::string const& program) {
-  return {{"diff.gattr.command", program + " diff --git"},
-          {"diff.gattr.textconv", program + " dump"},
-          {"merge.gattr.name", "models, by object, step and member"},
-          {"merge.gattr.driver", program + " merge %O %A %B --name %P"}};
-}
+// A text that cannot be read as a model, as one with git's marks in it, is shown as it is: a failure would end all that git shows.
+Setting const kSettings[] = {{"diff.gattr.command", "", " diff --git"},
+                             {"diff.gattr.textconv", "f() { ", R"( dump "$1" 2>/dev/null || cat "$1"; }; f)"},
+                             {"merge.gattr.name", "models, by object, step and member", ""},
+                             {"merge.gattr.driver", "", " merge %O %A %B --name %P"}};
 constexpr std::string_view kAttributes = "*.gadb -text diff=gattr merge=gattr\n*.gattr.json diff=gattr merge=gattr\n";
 constexpr char const* kBefore = "gattr.setup.attributes";  // what .gitattributes was: "none", "open" without the last line's end, "whole"
 
@@ -109,16 +117,19 @@ void Say(std::string_view what, std::string const& where, std::string const& tex
 int SetUp() {
   std::filesystem::path const path = AttributesPath();
   int status = kDone;
-  for (Setting const& setting : Settings(ProgramWord())) {
+  std::string const program = ProgramWord();
+  for (Setting const& setting : kSettings) {
     std::optional<std::string> const present = Get(setting.key);
-    if (present && *present != setting.value) {
+    std::string const value = setting.Value(program);
+    if (present && !setting.IsOurs(*present)) {
       Say("left", ".git/config", setting.key + " = " + *present);
       Tell(fmt::format("gattr: {} is set to something else already: it is left so\n", setting.key));
       status = kRefused;
       continue;
     }
-    if (!present) { Set(setting.key, setting.value); }
-    Say(present ? "is" : "set", ".git/config", setting.key + " = " + setting.value);
+    bool const isSet = present && *present == value;
+    if (!isSet) { Set(setting.key, value); }
+    Say(isSet ? "is" : "set", ".git/config", setting.key + " = " + value);
   }
   bool const exists = std::filesystem::exists(path);
   std::string const before = ReadWhole(path);
@@ -138,10 +149,10 @@ int SetUp() {
 
 int TakeBack() {
   std::filesystem::path const path = AttributesPath();
-  for (Setting const& setting : Settings(ProgramWord())) {
+  for (Setting const& setting : kSettings) {
     std::optional<std::string> const present = Get(setting.key);
     if (!present) { continue; }
-    bool const isOurs = *present == setting.value;
+    bool const isOurs = setting.IsOurs(*present);
     if (isOurs) { Unset(setting.key); }
     Say(isOurs ? "unset" : "left", ".git/config", setting.key + " = " + *present);
   }
@@ -165,7 +176,8 @@ int TakeBack() {
 constexpr char const* kGitSetupFooter =
     R"(Models are then compared and merged by object, step and member: `git diff` shows what `gattr diff` tells, `git log -p` and `git show`
 the text of the model (`gattr dump`), and `git merge`, `rebase` and `cherry-pick` merge as `gattr merge` does. On a conflict your own
-version stays in the working tree and the file is marked as not merged. The settings stand in .git/config, which is each clone's own,
+version stays in the working tree and the file is marked as not merged. Where the merge brings a warning that neither side had, the merged
+model is in the working tree, and the file is marked too. The settings stand in .git/config, which is each clone's own,
 the patterns in .gitattributes, which is to be committed. What others have set is left as it is, with the exit status 1.
 
 Example: gattr git-setup)";

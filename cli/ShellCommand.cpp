@@ -30,9 +30,12 @@ struct ShellOptions {
 class Shell {
 public:
   explicit Shell(std::string const& path)
-      : path_(path), file_(path), session_(Opened()), saved_(session_.Model()), lines_([this](std::string const& typed) {
-          return Completions(typed);
-        }) {}
+      : path_(path),
+        file_(path),
+        session_(Opened()),
+        opened_(session_.Model()),
+        saved_(session_.Model()),
+        lines_([this](std::string const& typed) { return Completions(typed); }) {}
 
   int Run() {
     while (!done_) {
@@ -131,7 +134,7 @@ private:
       }
     } else if (words.size() == 3 && words[1] == "--delete") {
       session_.DeleteBranch(words[2]);
-    } else if (words.size() == 2) {
+    } else if (words.size() == 2 && !words[1].starts_with('-')) {
       session_.Branch(words[1]);
     } else {
       throw BadInput("branch takes a name, or --delete and a name, or nothing");
@@ -171,6 +174,11 @@ private:
   /// Ends, unless the person thinks better of it. Without one, what is not saved is told.
   void Quit() {
     done_ = true;
+    for (std::string const& name : session_.Branches()) {
+      ddr_Model const& model = session_.ModelOf(name);
+      if (name == session_.CurrentBranch() || model.Equals(saved_) || model.Equals(opened_)) { continue; }
+      gattr::cli::Tell(fmt::format("gattr: the branch {} was not saved\n", Shown(Quoted(name))));
+    }
     if (IsSaved()) { return; }
     if (!lines_.IsTerminal()) { return Refuse("changes of " + path_ + " were not saved: \"save\" does that", kRefused); }
     for (;;) {
@@ -212,6 +220,7 @@ private:
   std::string path_;
   ModelPath file_;
   Session session_;
+  ddr_Model const opened_;
   ddr_Model saved_;
   CommandWords words_;
   LineReader lines_;
@@ -224,7 +233,8 @@ constexpr char const* kShellFooter =
 --dry-run behind it a command tells what it would change, create and delete, and changes nothing.
 "help" lists them, and save, history, check, journal, branch, switch, compare and quit. At a terminal, the tabulator key completes
 commands, arguments, steps and names, and what was typed is kept for the next time in gattr/history below $XDG_STATE_HOME
-(~/.local/state). Nothing is written before "save"; at a terminal, quitting asks. From a pipe, the exit status is 1 where something was refused or not saved.
+(~/.local/state). Nothing is written before "save"; at a terminal, quitting asks.
+From a pipe, the exit status is 1 where something was refused or not saved.
 
 Example: gattr shell forming.gadb)";
 

@@ -10,6 +10,7 @@
 
 #include "command/Command.h"
 #include "command/Difference.h"
+#include "command/Lookup.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
 #include "text/JsonText.h"
@@ -125,18 +126,21 @@ private:
     all.insert(all.end(), onlyTheirs.begin(), onlyTheirs.end());
     if (!conflicts_.empty()) { return; }
     auto const tell = [this](bool isOurs) {
-      return [this, isOurs](Rename const& one, Outcome const& outcome) {
+      return [this, isOurs](Rename const& one, Outcome const& outcome, ddr_Model const& model) {
         MergeConflict& conflict = Add({one.kind, one.from}, "", std::string(kName));
         conflict.base = one.from;
         (isOurs ? conflict.ours : conflict.theirs) = one.to;
-        bool const isThere = !outcome.badInput || outcome.refused.message.find("exists") != std::string::npos;
-        if (isThere) { (isOurs ? conflict.theirs : conflict.ours) = one.from; }
         conflict.refusal = outcome.refused;
+        std::vector<KindInfo> const kinds = Session::Kinds();
+        auto const kind = std::ranges::find(kinds, one.kind, &KindInfo::kind);
+        if (kind == kinds.end() || FindObject(model, kind->member, one.from) == nullptr) { return; }
+        (isOurs ? conflict.theirs : conflict.ours) = one.from;
+        if (FindObject(model, kind->member, one.to) != nullptr) { conflict.detail = "The other side has another one of that name."; }
       };
     };
     Follow(theirs_, onlyOurs, tell(true));
     Follow(ours_, onlyTheirs, tell(false));
-    Follow(base_, all, [](Rename const&, Outcome const&) {});
+    Follow(base_, all, [](Rename const&, Outcome const&, ddr_Model const&) {});
   }
   template <class Tell> static void Follow(ddr_Model& model, std::vector<Rename> const& renames, Tell&& refused) {
     if (renames.empty()) { return; }
@@ -144,7 +148,7 @@ private:
     session.ForgetPast();
     for (Rename const& one : renames) {
       Outcome const outcome = session.Execute(Fields{{"command", "rename"}, {one.kind, one.from}, {std::string(kNewName), one.to}});
-      if (!outcome.ok) { refused(one, outcome); }
+      if (!outcome.ok) { refused(one, outcome, session.Model()); }
     }
     model = session.Model();
   }
@@ -213,6 +217,8 @@ private:
           if (where.first != place.first || same || told.contains(place.first)) { continue; }
           add(where.first, where.second, isOurs ? nullptr : &other, isOurs ? &other : nullptr);
           (isOurs ? conflicts_.back().ours : conflicts_.back().theirs) = edit.is;
+          conflicts_.back().detail =
+              isOurs ? "ours takes away or replaces the whole, theirs edits it" : "theirs takes away or replaces the whole, ours edits it";
         }
       }
     };
@@ -262,6 +268,27 @@ private:
       conflict.ours = name;
       conflict.theirs = other->second;
       conflict.detail = "both insert a step behind it: which one comes first?";
+    }
+    // steps that both bring must stand behind the same one of those that both have
+    auto const placed = [&](kprC_StepContainer const& steps, kprC_StepContainer const& others) {
+      std::map<std::string, std::string> places;
+      std::string last;
+      for (std::size_t i = 0; i < steps.Size(); ++i) {
+        std::string const name(steps.Name(i).View());
+        if (!others.IsMember(name)) { continue; }
+        if (!base.IsMember(name)) { places.emplace(name, last); }
+        last = name;
+      }
+      return places;
+    };
+    auto const byOurs = placed(ours, theirs), byTheirs = placed(theirs, ours);
+    for (auto const& [name, place] : byOurs) {
+      std::string const& other = byTheirs.at(name);
+      if (place == other) { continue; }
+      MergeConflict& conflict = Add({kind, name}, "", std::string(kPrevious));
+      conflict.ours = place;
+      conflict.theirs = other;
+      conflict.detail = "both insert it, in different places";
     }
   }
 
@@ -512,7 +539,9 @@ private:
       if (isOff(one.was) && !isOff(one.is) && one.movedFrom.empty()) { run(operation(kprC_Effect::TakeBack), step(one.step)); }
     }
     for (RecordDifference const& one : edits.records) {
-      if (!one.movedFrom.empty()) { run(operation(kprC_Effect::Move), {{"fromStepName", one.movedFrom}, {"toStepName", one.step}}); }
+      if (!one.movedFrom.empty()) {
+        run(operation(kprC_Effect::Move), {{std::string(kFromStep), one.movedFrom}, {std::string(kToStep), one.step}});
+      }
     }
     for (RecordDifference const& one : edits.records) {
       bool const isTaken = one.is == Says::Nothing && !isOff(one.was);

@@ -603,19 +603,18 @@ void Session::Impl::Switch(std::string_view name) {
   AssertNoTransaction();
   if (name == branch_) { return; }
   auto const found = Other(name);
-  std::string to = found->first;
-  Parked parked = std::move(found->second);
-  others_.erase(found);
-  Told const told{ChangeEvent::Cause::Switch, "switch " + Quoted(to), RenamesBetween(undo_, parked.undo)};
+  Told const told{ChangeEvent::Cause::Switch, "switch " + Quoted(name), RenamesBetween(undo_, found->second.undo)};
   ddr_Model const before = model_;
-  others_.emplace(std::exchange(branch_, std::move(to)),
-                  Parked{std::move(model_), std::move(changes_), std::move(undo_), std::move(redo_), undoWeight_, std::move(journal_)});
-  model_ = std::move(parked.model);
-  changes_ = std::move(parked.changes);
-  undo_ = std::move(parked.undo);
-  redo_ = std::move(parked.redo);
-  undoWeight_ = parked.undoWeight;
-  journal_ = std::move(parked.journal);
+  auto node = others_.extract(found);
+  Parked& other = node.mapped();
+  std::swap(model_, other.model);
+  std::swap(changes_, other.changes);
+  undo_.swap(other.undo);
+  redo_.swap(other.redo);
+  std::swap(undoWeight_, other.undoWeight);
+  std::swap(journal_, other.journal);
+  std::swap(branch_, node.key());
+  others_.insert(std::move(node));
   Tell(told, before);
 }
 

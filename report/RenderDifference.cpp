@@ -19,7 +19,7 @@ std::string_view ChangeClass(ChangeKind change) {
 
 /// What is said in a step, for a person: "created", "deactivate".
 std::string WordsOf(Says says, ObjectDifference const& object) {
-  std::string const off = object.switchOff.empty() ? "off" : object.switchOff;
+  std::string off = object.switchOff.empty() ? "off" : object.switchOff;
   switch (says) {
     case Says::Nothing: return "nothing";
     case Says::Values: return "says";

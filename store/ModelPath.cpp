@@ -23,6 +23,7 @@ std::optional<ModelPath> ModelPath::ByContent(std::string const& path) {
   if (!in) { throw StoreError(path + ": cannot be read: " + std::generic_category().message(errno)); }
   std::string begin(kDatabase.size(), '\0');
   in.read(begin.data(), static_cast<std::streamsize>(begin.size()));
+  if (in.bad()) { throw StoreError(path + ": cannot be read: " + std::generic_category().message(errno)); }
   if (in.gcount() == 0) { return std::nullopt; }
   if (begin == kDatabase) { return ModelPath(ModelFile(path)); }
   return ModelPath(TextFile(path));
