@@ -294,7 +294,7 @@ private:
 
   // ---- what attributes say in steps
 
-  void CompareRecords(std::vector<Said> was, std::vector<Said> is, std::vector<RecordDifference>& records) const {
+  void CompareRecords(std::vector<Said> was, std::vector<Said> const& is, std::vector<RecordDifference>& records) const {
     std::string_view const kind = kprC_Step::stepCmd();
     std::map<std::string_view, std::size_t> places;
     for (Said& said : was) { said.step = pair_.KeyNow(kind, said.step); }

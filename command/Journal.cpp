@@ -341,7 +341,7 @@ private:
     return value;
   }
   std::size_t Size() {
-    unsigned char const brief = Plain<unsigned char>();
+    auto const brief = Plain<unsigned char>();
     return brief == 0xFF ? Plain<std::size_t>() : brief;
   }
   std::string Text() {

@@ -91,7 +91,7 @@ public:
     if (conflicts_.empty()) { AssertMade(); }
     std::vector<Finding> findings;
     if (conflicts_.empty()) { findings = Check(); }
-    return {conflicts_.empty() ? std::move(made_) : ours, std::move(conflicts_), std::move(findings)};
+    return {conflicts_.empty() ? made_ : ours, std::move(conflicts_), std::move(findings)};
   }
 
 private:
@@ -363,7 +363,7 @@ private:
     kprC_StepContainer const& yours = kprC_Steps(*yours_);
     for (auto const& [object, one] : *ofYours_) {
       if (object.first != kind || !IsGone(one) || !kprC_Steps(model).IsMember(object.second)) { continue; }
-      edit([&](kprC_StepContainer& steps) { steps.Remove(object.second); });
+      edit([&name = object.second](kprC_StepContainer& steps) { steps.Remove(name); });
     }
     for (auto const& [object, one] : *ofYours_) {
       std::size_t const at = yours.Index(object.second);
@@ -378,7 +378,7 @@ private:
           for (MemberDifference const& member : one.members) { own.SetMember(member.member, member.is); }
         }
       }
-      edit([&](kprC_StepContainer& steps) { steps.Replace(object.second, step); });
+      edit([&name = object.second, &step](kprC_StepContainer& steps) { steps.Replace(name, step); });
     }
     for (std::size_t i = 1; i < yours.Size(); ++i) {
       cow_String const name = yours.Name(i);
@@ -571,8 +571,9 @@ private:
       }
       if (values.size() > 1) { run("setValuesInStep", values); }
     }
-    for (auto one = edits.records.rbegin(); one != edits.records.rend(); ++one) {
-      if (isOff(one->is) && !isOff(one->was)) { run(operation(kprC_Effect::SwitchOff), step(one->step)); }
+    for (std::size_t i = edits.records.size(); i-- > 0;) {
+      RecordDifference const& one = edits.records[i];
+      if (isOff(one.is) && !isOff(one.was)) { run(operation(kprC_Effect::SwitchOff), step(one.step)); }
     }
     if (suppressed) { run("suppress", {}); }
     return outcome;

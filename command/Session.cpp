@@ -203,7 +203,8 @@ void Touched::Add(Touched const& other) {
 }
 
 /// What a session keeps, and how it edits.
-struct Session::Impl {
+class Session::Impl {
+public:
   explicit Impl(ddr_Model model);
 
   Outcome Execute(cls_Value const& command);
@@ -211,6 +212,9 @@ struct Session::Impl {
   void Commit();
   void Rollback();
   void ForgetPast();
+
+private:
+  friend class Session;
 
   /// One undoable edit: the model on its other side, and what it added to the change history.
   struct Edit {

@@ -211,7 +211,7 @@ public:
   static std::vector<KindInfo> Kinds();
 
 private:
-  struct DDB_LOCAL Impl;
+  class DDB_LOCAL Impl;
   std::unique_ptr<Impl> impl_;
 };
 

@@ -132,7 +132,7 @@ void RenderJunit(std::ostream& out, std::span<Finding const> findings, FindingsS
   std::size_t failures = 0;
   for (std::size_t i = 0; i < byRow.size(); ++i) { failures += !byRow[i].empty() && Fails(FindingRows()[i], style.warningsFail) ? 1U : 0U; }
   std::string const checked = !style.journal.empty() ? style.journal : !style.model.empty() ? style.model : "model";
-  std::string const counts = "tests=\"" + std::to_string(byRow.size()) + "\" failures=\"" + std::to_string(failures) + "\" errors=\"0\"";
+  std::string const counts = "tests=\"" + std::to_string(byRow.size()) + "\" failures=\"" + std::to_string(failures) + R"(" errors="0")";
   out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites name=\"gattr check\" " << counts << ">\n";
   out << "  <testsuite name=\"" << HtmlText(checked) << "\" " << counts << " skipped=\"0\">\n";
   for (std::size_t i = 0; i < byRow.size(); ++i) {
