@@ -10,17 +10,6 @@ namespace gattr {
 
 namespace {
 
-/// "boundary conditions" of "boundaryConditions".
-std::string InWords(std::string_view member) {
-  std::string words;
-  for (char const c : member) {
-    bool const begins = c >= 'A' && c <= 'Z';
-    if (begins) { words += ' '; }
-    words += begins ? static_cast<char>(c - 'A' + 'a') : c;
-  }
-  return words;
-}
-
 /// Members of a command, those of the attribute apart from those of a state.
 struct Members {
   kprC_Arguments own, state;
@@ -298,7 +287,7 @@ std::vector<CommandInfo> AttributeConstructions() {
       std::unique_ptr<kprC_StepDependent> const item = repository.Construct(construction.command);
       item->Begin(cow_String(kprC_Step::initialCmd().View()), kprC_ProcedureType::Initial);
       std::string_view const label = construction.label.empty() ? construction.command : construction.label;
-      CommandInfo info{std::string(construction.command), InWords(extension), "creates: " + std::string(label), {}};
+      CommandInfo info{std::string(construction.command), SplitWords(extension), "creates: " + std::string(label), {}};
       info.makes = repository.ItemCmd();
       info.className = ClassOf(*item).name;
       info.arguments.push_back(Required(kName, "the new object's name"));
@@ -308,7 +297,7 @@ std::vector<CommandInfo> AttributeConstructions() {
       infos.push_back(std::move(info));
     }
     if (!repository.CopyCmd().empty()) {
-      infos.push_back(CopyConstruction(repository.CopyCmd(), InWords(extension), repository.ItemCmd()));
+      infos.push_back(CopyConstruction(repository.CopyCmd(), SplitWords(extension), repository.ItemCmd()));
     }
   });
   return infos;

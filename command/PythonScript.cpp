@@ -4,21 +4,11 @@
 
 #include "command/CommandWords.h"
 #include "text/JsonText.h"
+#include "text/Text.h"
 
 namespace gattr {
 
 namespace {
-
-/// "boundary_conditions" of "boundaryConditions".
-std::string Snake(std::string_view member) {
-  std::string name;
-  for (char const c : member) {
-    bool const begins = c >= 'A' && c <= 'Z';
-    if (begins) { name += '_'; }
-    name += begins ? static_cast<char>(c - 'A' + 'a') : c;
-  }
-  return name;
-}
 
 bool IsWordOfTheLanguage(std::string_view name) {
   static constexpr std::string_view kWords[] = {"False", "None",     "True",  "and",    "as",   "assert", "async",  "await",    "break",
@@ -58,7 +48,7 @@ std::string Literal(cls_Value const& value, bool words) {
 }  // namespace
 
 PythonScript::PythonScript() : commands_(Session::Commands()) {
-  for (KindInfo const& kind : Session::Kinds()) { mappings_.emplace_back(kind.kind, Snake(kind.member)); }
+  for (KindInfo const& kind : Session::Kinds()) { mappings_.emplace_back(kind.kind, SplitWords(kind.member, '_')); }
 }
 
 std::string PythonScript::Head() { return "import gattr\n\nm = gattr.Model()\n"; }

@@ -111,7 +111,7 @@ void WriteFindings(std::ostream& out, std::vector<Finding> const& findings) {
     std::string message = OneLine(finding.refusal.message);
     for (std::string const& more : {finding.detail, finding.hint}) { message += (more.empty() ? "" : " ") + OneLine(more); }
     out << "<tr class=" << SeverityText(row.severity) << "><td>" << row.id << "<td><b>" << SeverityText(row.severity) << "</b><td>"
-        << HtmlText(SpacedWord(finding.kind)) << (finding.suppressed ? " (suppressed)" : "") << "<th>" << Content(finding.name) << "<td>"
+        << HtmlText(SplitWords(finding.kind)) << (finding.suppressed ? " (suppressed)" : "") << "<th>" << Content(finding.name) << "<td>"
         << HtmlText(finding.step) << "<td>" << HtmlText(finding.member) << "<td>"
         << (message == above ? "<small>the same</small>" : Content(message)) << "<td>";
     above = std::move(message);

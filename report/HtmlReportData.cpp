@@ -169,7 +169,7 @@ private:
       own |= (traits & kprC_Changed) != 0 ? 1U << status : 0;
       active |= (traits & kprC_Active) != 0 ? 1U << status : 0;
     }
-    return kinds_("[" + TextOf(SpacedWord(family.ItemCmd())) + "," + std::to_string(own) + "," + std::to_string(active) + "," +
+    return kinds_("[" + TextOf(SplitWords(family.ItemCmd())) + "," + std::to_string(own) + "," + std::to_string(active) + "," +
                   TextOf(family.ItemCmd()) + "]");
   }
 
@@ -302,16 +302,6 @@ std::string ReadableValue(cls_Value const& value) {
     return text;
   }
   return value.IsNull() ? "unset" : ValueText(value);
-}
-
-std::string SpacedWord(std::string_view word) {
-  std::string spaced;
-  for (char const c : word) {
-    bool const capital = c >= 'A' && c <= 'Z';
-    if (capital) { spaced += ' '; }
-    spaced += static_cast<char>(capital ? c - 'A' + 'a' : c);
-  }
-  return spaced;
 }
 
 void WriteReportData(std::ostream& out, ddr_Model const& model, Ticker& tick) { Data(out, model).Write(tick); }

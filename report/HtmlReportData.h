@@ -16,7 +16,5 @@ void WriteReportData(std::ostream& out, ddr_Model const& model, Ticker& tick);
 
 /// A value as a person reads it: lists and objects without brackets, "definition THINNING, scaleFactor 0.9".
 std::string ReadableValue(cls_Value const& value);
-/// "boundary condition" of "boundaryCondition".
-std::string SpacedWord(std::string_view word);
 
 }  // namespace gattr

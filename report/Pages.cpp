@@ -18,6 +18,7 @@
 #include "platform/BasicUtils/nex_ErrorTable.h"
 #include "platform/CoreUtils/thr_Singleton.h"
 #include "text/JsonText.h"
+#include "text/Text.h"
 
 namespace gattr {
 
@@ -382,17 +383,6 @@ constexpr FamilyPage kFamilyPages[] = {
     {korC_HistoryOutput::repositoryCmd(), "output", true},
 };
 
-/// "boundary-conditions" of "boundaryConditions".
-std::string PageName(std::string_view member) {
-  std::string name;
-  for (char const c : member) {
-    bool const begins = c >= 'A' && c <= 'Z';
-    if (begins) { name += '-'; }
-    name += begins ? static_cast<char>(c - 'A' + 'a') : c;
-  }
-  return name;
-}
-
 }  // namespace
 
 std::vector<PagePart> PageParts() {
@@ -411,7 +401,7 @@ std::vector<PagePart> PageParts() {
     if (family == nullptr) { continue; }
     auto const* const own = std::ranges::find(kFamilyPages, std::string_view(member), &FamilyPage::member);
     bool const isNamed = own != std::end(kFamilyPages);
-    std::string const page = "docs/" + (isNamed ? std::string(own->page) : PageName(member)) + ".md";
+    std::string const page = "docs/" + (isNamed ? std::string(own->page) : SplitWords(member, '-')) + ".md";
     std::string const of = isNamed && own->isShared ? " of " + member : "";
     parts.push_back({page, "types" + of, TypesOf(*family)});
     parts.push_back({page, "procedures" + of, AdmissionOf(*family)});

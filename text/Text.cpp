@@ -146,6 +146,16 @@ std::string Quoted(std::string_view text) {
   return quoted + "\"";
 }
 
+std::string SplitWords(std::string_view name, char between) {
+  std::string words;
+  for (char const c : name) {
+    bool const begins = c >= 'A' && c <= 'Z';
+    if (begins) { words += between; }
+    words += begins ? static_cast<char>(c - 'A' + 'a') : c;
+  }
+  return words;
+}
+
 std::string OneLine(std::string_view text) {
   std::string line;
   for (char const c : text) {

@@ -11,6 +11,9 @@ namespace gattr {
 /// nor steer a terminal, and a long one cut after 80 bytes.
 std::string Quoted(std::string_view text);
 
+/// The words of a name in small letters: "boundary conditions" of "boundaryConditions".
+std::string SplitWords(std::string_view name, char between = ' ');
+
 /// \p text with every line break and run of blanks as one blank.
 std::string OneLine(std::string_view text);
 
