@@ -120,6 +120,7 @@ public:
         CompareNamed(member, *mdl_ExtensionAs<mdl_NamedObjects>(&was), *named);
       }
     });
+    if (found_.empty() && depth_ == Depth::Values) { CompareDangling(); }
     return std::move(found_);
   }
 
@@ -161,16 +162,19 @@ private:
       std::string_view const space = ddr_Model::spaceCmd();
       members.push_back({std::string(space), before.Member(space), now.Member(space)});
     }
-    if (depth_ == Depth::Values) {  // and the regions that nobody owns any more, which the attributes do not tell
-      pair_.ForEachExtension([&](cow_String const& member, mdl_Extension const& was, mdl_Extension const& is) {
-        if (mdl_ExtensionAs<kprC_StepAwareRepository>(&is) == nullptr) { return; }
-        for (cls_MemberRow const& row : is.MemberRows()) {
-          if (row.name != "danglingRegions" || row.ops->equal(In(row, was), In(row, is))) { continue; }
-          members.push_back({std::string(member.View()) + "." + std::string(row.name), row.ToValue(&was), row.ToValue(&is)});
-        }
-      });
-    }
     if (!members.empty()) { Add(ChangeKind::Changed, "model", now.Name().View()).members = std::move(members); }
+  }
+  /// The regions that nobody owns any more follow from what went with a step; where nothing else differs they are what does.
+  void CompareDangling() {
+    std::vector<MemberDifference> members;
+    pair_.ForEachExtension([&](cow_String const& member, mdl_Extension const& was, mdl_Extension const& is) {
+      if (mdl_ExtensionAs<kprC_StepAwareRepository>(&is) == nullptr) { return; }
+      for (cls_MemberRow const& row : is.MemberRows()) {
+        if (row.name != "danglingRegions" || row.ops->equal(In(row, was), In(row, is))) { continue; }
+        members.push_back({std::string(member.View()) + "." + std::string(row.name), row.ToValue(&was), row.ToValue(&is)});
+      }
+    });
+    if (!members.empty()) { Add(ChangeKind::Changed, "model", pair_.Now().Name().View()).members = std::move(members); }
   }
 
   // ---- steps

@@ -80,7 +80,7 @@ struct InForce::Walk {
   }
 
   InForceAttribute const* Next() {
-    for (; step <= options.last; ++step, at = 0, next = still.end(), isTelling = false) {
+    for (; step <= options.last; ++step, at = 0, from = 0, changed.clear()) {
       bool const isAsked = step >= options.first;
       while (at < changes[step].size()) {
         Place const place = changes[step][at++];
@@ -88,19 +88,13 @@ struct InForce::Walk {
         changed.insert(place);
         if (isAsked) { return &told; }
       }
-      if (!isAsked || !options.still) {
-        changed.clear();
-        continue;
-      }
-      if (!isTelling) { next = still.begin(); }
-      isTelling = true;
-      while (next != still.end()) {
-        Place const place = *next++;
-        if (changed.contains(place)) { continue; }
-        TellStill(place);
+      if (!isAsked || !options.still) { continue; }
+      for (auto place = still.lower_bound(from); place != still.end(); ++place) {
+        from = *place + 1;
+        if (changed.contains(*place)) { continue; }
+        TellStill(*place);
         return &told;
       }
-      changed.clear();
     }
     return nullptr;
   }
@@ -111,8 +105,7 @@ struct InForce::Walk {
   std::vector<std::vector<Place>> changes;  // by steps: those that may differ from the step before
   std::set<Place> still, changed;           // in force; what was told of the step
   std::size_t step = 0, at = 0;
-  std::set<Place>::const_iterator next = still.end();
-  bool isTelling = false;
+  Place from = 0;  // of those that are as before, the first that may be told next
   InForceAttribute told{};
 };
 
