@@ -8,6 +8,7 @@
 #include "command/HistoryTable.h"
 #include "command/InForce.h"
 #include "command/Journal.h"
+#include "command/Merge.h"
 #include "command/Words.h"
 #include "module/DDB_GeometricAttributes.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -78,6 +79,34 @@ py::object Make(py::object const& self, std::string_view command, int kind, py::
   return MakeHandle(self, kind, std::get<std::string>(ToValue(name).data));  // which the command has taken
 }
 
+py::list Rows(std::vector<Finding> const& found) {
+  py::list findings;
+  for (Finding const& finding : found) {
+    FindingRow const& row = finding.Row();
+    findings.append(py::make_tuple(Text(row.id), Text(SeverityText(row.severity)), Text(finding.kind), Text(finding.name),
+                                   Text(finding.step), Text(finding.member), Text(finding.refusal.module), finding.refusal.code,
+                                   Text(finding.refusal.message), Text(finding.detail), Text(finding.hint), finding.suppressed));
+  }
+  return findings;
+}
+
+/// Has a model become what two others have made of one; gives the conflicts and the findings.
+py::tuple MergeInto(Model& model, Model& base, Model& ours, Model& theirs) {
+  auto const dataOf = [](Model& one) {
+    Model::Use const use(one);
+    return one.Data();
+  };
+  Merged merged = Merge(dataOf(base), dataOf(ours), dataOf(theirs));
+  py::list conflicts;
+  for (MergeConflict const& conflict : merged.conflicts) {
+    conflicts.append(py::make_tuple(Text(conflict.kind), Text(conflict.name), Text(conflict.step), Text(conflict.member),
+                                    ToPython(conflict.base), ToPython(conflict.ours), ToPython(conflict.theirs), Text(conflict.Text())));
+  }
+  Model::Use const use(model, true);
+  model.Commands() = Session(std::move(merged.model));
+  return py::make_tuple(conflicts, Rows(merged.findings));
+}
+
 py::list Findings(Model& model, py::handle progress, py::handle disable, py::handle only) {
   FindingChoice choice;
   for (py::handle const id : disable) { choice.disable.emplace_back(TextOf(id)); }
@@ -88,14 +117,7 @@ py::list Findings(Model& model, py::handle progress, py::handle disable, py::han
   Watch watch(progress);
   watch.Run([&](Progress const& told) { found = Check(model.Data(), choice, told); });
   watch.Raise();
-  py::list findings;
-  for (Finding const& finding : found) {
-    FindingRow const& row = finding.Row();
-    findings.append(py::make_tuple(Text(row.id), Text(SeverityText(row.severity)), Text(finding.kind), Text(finding.name),
-                                   Text(finding.step), Text(finding.member), Text(finding.refusal.module), finding.refusal.code,
-                                   Text(finding.refusal.message), Text(finding.detail), Text(finding.hint), finding.suppressed));
-  }
-  return findings;
+  return Rows(found);
 }
 
 void Report(Model& model, std::string const& path, py::handle progress) {
@@ -272,6 +294,7 @@ void BindModel(py::module_& m) {
              Model::Use const use(self), also(other);
              return Told(DifferencesBetween(self.Data(), other.Data()));
            })
+      .def("_merge", &MergeInto)
       .def("_on_change", &Model::OnChange)
       .def_property_readonly(
           "path", [](Model const& self) { return self.Path().empty() ? py::object(py::none()) : FileText(self.Path()); },

@@ -84,7 +84,7 @@ def annotated(kind):
 def tuples():
     """The tuples that the module gives, as their classes declare them."""
     lines = []
-    for told in (_model.Outcome, _model.Finding, _words.ObjectChange, _words.StatusChange, _words.Change, _words.MemberDifference, _words.StepDifference,
+    for told in (_model.Outcome, _model.Finding, _model.Conflict, _model.Merged, _words.ObjectChange, _words.StatusChange, _words.Change, _words.MemberDifference, _words.StepDifference,
                  _words.Difference, *_seen.TUPLES):
         lines.append(f"class {told.__name__}(NamedTuple):")
         lines += [f"    {name}: {annotated(kind)}" for name, kind in told.__annotations__.items()]
@@ -136,7 +136,7 @@ def plain_classes():
         lines += [f"class {of.__name__}{bases.get(of.__name__, '')}:", *declared_members(of), ""]
     lines += ["class Handle:", *declared_members(_objects.Handle, True), ""]
     lines += ["class _Attribute(Handle):", *declared_members(_objects.Attribute, True), ""]
-    return [*lines, *declared(_model.open), *declared(_model.load), *declared(_model.replay), ""]
+    return [*lines, *declared(_model.open), *declared(_model.load), *declared(_model.merge), *declared(_model.replay), ""]
 
 
 def base(argument, given):

@@ -12,14 +12,15 @@ Everything is edited by commands, so everything is checked, journaled and can be
 
 from ._words import FREED, UNSET, Change, Difference, Freed, MemberDifference, ObjectChange, Status, StatusChange, StepDifference, Unset
 from ._errors import Busy, Error, Gone, Refused, RefusedKey, RefusedValue, Unreadable
-from ._model import DryRun, Finding, History, Model, Objects, Outcome, State, Steps, Subscription, load, open, replay
+from ._model import Conflict, DryRun, Finding, History, Merged, Model, Objects, Outcome, State, Steps, Subscription, load, merge, open, replay
 from ._objects import Handle, handles as _handles
 from ._seen import Explanation, InForce, Link, MemberInForce, StepValues, Value
 
 globals().update({_class.__name__: _class for _class in _handles})
 
 __all__ = [
-    "Busy", "Change", "Difference", "DryRun", "Error", "Explanation", "FREED", "Finding", "Freed", "Gone", "Handle", "History", "InForce", "Link", "MemberDifference", "MemberInForce", "Model", "ObjectChange", "Objects",
-    "Outcome", "Refused", "RefusedKey", "RefusedValue", "State", "Status", "StatusChange", "StepDifference", "StepValues", "Steps", "Subscription", "UNSET", "Unreadable", "Unset", "Value", "load",
-    "open", "replay",
+    "Busy", "Change", "Conflict", "Difference", "DryRun", "Error", "Explanation", "FREED", "Finding", "Freed", "Gone", "Handle",
+    "History", "InForce", "Link", "MemberDifference", "MemberInForce", "Merged", "Model", "ObjectChange", "Objects", "Outcome", "Refused",
+    "RefusedKey", "RefusedValue", "State", "Status", "StatusChange", "StepDifference", "StepValues", "Steps", "Subscription", "UNSET",
+    "Unreadable", "Unset", "Value", "load", "merge", "open", "replay",
 ] + [_class.__name__ for _class in _handles]

@@ -44,6 +44,27 @@ class Finding(typing.NamedTuple):
     suppressed: bool
 
 
+class Conflict(typing.NamedTuple):
+    """What two people have made of a model and cannot both have; its text tells all of it."""
+
+    kind: str
+    name: str
+    step: str
+    member: str
+    base: _Json
+    ours: _Json
+    theirs: _Json
+    text: str
+
+
+class Merged(typing.NamedTuple):
+    """What two people have made of a model: where there are conflicts the model is ours; findings are warnings that neither had."""
+
+    model: Model
+    conflicts: list[Conflict]
+    findings: list[Finding]
+
+
 class Objects(collections.abc.Mapping):
     """The objects of a kind by name."""
 
@@ -389,6 +410,13 @@ def load(text: str) -> Model:
     model = Model()
     model._load(text)
     return model
+
+
+def merge(base: Model, ours: Model, theirs: Model) -> Merged:
+    """Makes of base what ours and theirs have both made of it: of each object, step and member what one of them says."""
+    model = Model()
+    conflicts, findings = model._merge(base, ours, theirs)
+    return Merged(model, [Conflict(*told) for told in conflicts], [Finding(*told) for told in findings])
 
 
 def replay(path: _Path, *, progress: _Progress | None = None) -> Model:
