@@ -85,7 +85,8 @@ void Warnings::Add(FindingKind found, kprC_StepDependent const& item, std::strin
 
 void Warnings::LookAt(kprC_StepDependent const& item) {
   NoteNames(item);
-  if (item.IsSuppressed() || item.CreateStepName().IsEmpty()) { return; }
+  bool const isOfModel = item.Steps().Size() == kprC_Steps(model_).Size();  // an error tells of one that is not
+  if (item.IsSuppressed() || item.CreateStepName().IsEmpty() || !isOfModel) { return; }
   LookAtRegion(item);
   LookAtValues(item);
 }

@@ -105,7 +105,7 @@ void WriteFindings(std::ostream& out, std::vector<Finding> const& findings) {
   }
   out << "<table>\n<thead><tr><th>id</th><th>severity</th><th>object</th><th>name</th><th>step</th><th>member</th><th>what it is</th>"
          "<th>code</th></tr></thead>\n<tbody>\n";
-  std::string above;
+  std::map<FindingKind, std::string> above;  // what the last one of its kind has said
   for (Finding const& finding : findings) {
     FindingRow const& row = finding.Row();
     std::string message = OneLine(finding.refusal.message);
@@ -113,8 +113,8 @@ void WriteFindings(std::ostream& out, std::vector<Finding> const& findings) {
     out << "<tr class=" << SeverityText(row.severity) << "><td>" << row.id << "<td><b>" << SeverityText(row.severity) << "</b><td>"
         << HtmlText(SplitWords(finding.kind)) << (finding.suppressed ? " (suppressed)" : "") << "<th>" << Content(finding.name) << "<td>"
         << HtmlText(finding.step) << "<td>" << HtmlText(finding.member) << "<td>"
-        << (message == above ? "<small>the same</small>" : Content(message)) << "<td>";
-    above = std::move(message);
+        << (message == above[finding.found] ? "<small>the same</small>" : Content(message)) << "<td>";
+    above[finding.found] = std::move(message);
     if (finding.refusal.code >= 0) { out << HtmlText(finding.refusal.module) << ' ' << finding.refusal.code; }
     out << "</tr>\n";
   }

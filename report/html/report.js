@@ -192,11 +192,13 @@ document.addEventListener("DOMContentLoaded", () => {
   const tabs = make("div", { role: "tablist", "aria-label": "Views" });
   document.getElementById("top").append(tabs);
   const findingRows = [...document.querySelectorAll("#findings tbody tr")];
-  /** What each finding is, where the table says that it is what the one above is, too. */
-  const findingTexts = [];
+  /** What each finding is, where the table says that it is what the one of its identifier above is, too. */
+  const findingTexts = new Map();
+  const lastTexts = new Map();
   for (const row of findingRows) {
-    const cell = row.cells[6];
-    findingTexts.push(cell.querySelector("small") ? findingTexts[findingTexts.length - 1] : cell.textContent);
+    const [id, cell] = [row.cells[0].textContent, row.cells[6]];
+    if (!cell.querySelector("small")) lastTexts.set(id, cell.textContent);
+    findingTexts.set(row, lastTexts.get(id));
   }
   for (const [title, section] of views) {
     const number = section.id === "findings" ? ` (${findingRows.length})` : "";
@@ -695,7 +697,7 @@ document.addEventListener("DOMContentLoaded", () => {
     if (own.length === 0) return [];
     const parts = own.map((row) => {
       const [id, severity, , , step, member, , code] = [...row.cells].map((cell) => cell.textContent);
-      const what = findingTexts[findingRows.indexOf(row)];
+      const what = findingTexts.get(row);
       const where = [step && `in ${step}`, member].filter(Boolean).join(", ");
       const about = `${id} ${where ? `${where}: ` : ""}${what}${code ? ` [${code}]` : ""}`;
       return make("p", { class: row.className }, make("b", {}, severity), ` ${about}`);

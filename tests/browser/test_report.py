@@ -302,9 +302,10 @@ class Report(unittest.TestCase):
         page = self.page(wide)
         told = json.loads(subprocess.run([GATTR, "check", wide.path, "--format", "json"], capture_output=True, text=True).stdout)
         said = [f"{one['message']} {one['detail']} {one['hint']}".split() for one in told]
-        place = next(i for i in range(1, len(said)) if said[i] == said[i - 1])  # of which the table says that it is the same
+        place = next(i for i in range(1, len(said)) if (told[i]["id"], said[i]) in [(told[k]["id"], said[k]) for k in range(i)])  # "the same"
         page.click("#tab-findings")
-        for i in (0, place, len(told) - 1):
+        last = max(i for i, one in enumerate(told) if one["kind"] != "step")
+        for i in (0, place, last):
             page.run(f"document.querySelectorAll('#findings tbody tr')[{i}].click()")
             panel = page.run(PANEL)
             self.assertEqual(panel.split("\n")[0], told[i]["name"])
@@ -363,6 +364,7 @@ class Report(unittest.TestCase):
 
     def test_tells_a_screen_reader_what_is_where(self):
         page = self.page(wide)
+        findings = len(json.loads(subprocess.run([GATTR, "check", wide.path, "--format", "json"], capture_output=True, text=True).stdout))
         page.press("ArrowDown", "ArrowRight")
         page.call("Accessibility.enable")
         nodes = page.call("Accessibility.getFullAXTree")["nodes"]
@@ -374,7 +376,7 @@ class Report(unittest.TestCase):
         self.assertEqual(page.run("[grid.ariaRowCount, grid.ariaColCount]"), [str(len(wide.names) + 1), str(len(wide.steps) + 2)])
         self.assertIn(wide.names[1], {node["name"]["value"] for node in by_role["rowheader"]})
         self.assertTrue({"created", "not yet created"} <= {node["name"]["value"] for node in by_role["gridcell"]})
-        self.assertEqual({node["name"]["value"] for node in by_role["tab"]}, {"Histories", "Steps", "Findings (500)"})
+        self.assertEqual({node["name"]["value"] for node in by_role["tab"]}, {"Histories", "Steps", f"Findings ({findings})"})
         for role in ("combobox", "searchbox", "checkbox", "button"):
             for node in by_role[role]:
                 self.assertTrue(node["name"]["value"], f"a {role} has no name")
