@@ -1,7 +1,7 @@
 #include "command/JournalCheck.h"
 
-#include <algorithm>
 #include <optional>
+#include <tuple>
 
 #include "command/Command.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
@@ -76,8 +76,12 @@ void JournalCheck::Note(std::size_t line, cls_Value const& command, Outcome cons
 
 void JournalCheck::Follow(ObjectChange const& change, std::size_t line) {
   ObjectKey const key(change.kind, change.name);
+  bool const isStep = change.kind == kprC_Step::stepCmd().View();
   if (change.change == ChangeKind::Deleted) {
     objects_.erase(key);
+    for (auto& [object, lines] : objects_) {
+      if (isStep) { lines.inStep.erase(change.name); }
+    }
     return;
   }
   if (change.change == ChangeKind::Renamed) {
@@ -85,7 +89,7 @@ void JournalCheck::Follow(ObjectChange const& change, std::size_t line) {
       moved.key() = key;
       objects_.insert(std::move(moved));
     }
-    if (change.kind == kprC_Step::stepCmd().View()) {
+    if (isStep) {
       for (auto& [object, lines] : objects_) {
         if (auto moved = lines.inStep.extract(change.before); !moved.empty()) {
           moved.key() = change.name;
@@ -96,7 +100,10 @@ void JournalCheck::Follow(ObjectChange const& change, std::size_t line) {
   }
   Lines& lines = objects_[key];
   if (lines.created == 0) { lines.created = line; }
-  for (std::string const& step : change.steps) { lines.inStep[step] = line; }
+  kprC_StepContainer const& steps = kprC_Steps(session_.Model());
+  for (std::string const& step : change.steps) {
+    if (steps.IsMember(step)) { lines.inStep[step] = line; }  // what went with its step is said nowhere any more
+  }
 }
 
 std::size_t JournalCheck::LineOf(Finding const& finding) const {

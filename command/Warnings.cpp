@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <set>
+#include <tuple>
 
 #include "command/Command.h"
-#include "command/Words.h"
 #include "module/kbc/kbcC_BC.h"
 #include "module/kin/kinC_ContactExp.h"
 #include "module/kin/kinC_ContactPairs.h"
@@ -194,6 +195,7 @@ void Warnings::LookAtSpans(Target const& target, std::vector<Span>& spans) {
   std::ranges::stable_sort(spans, {}, &Span::begin);
   std::array<Span const*, 32> last{};  // by component, the one that lasts longest
   std::set<std::pair<kprC_StepDependent const*, bool>> told;
+  std::set<std::tuple<kprC_StepDependent const*, kprC_StepDependent const*, bool>> pairs;  // from either side once
   for (Span const& span : spans) {
     Met met[2];  // with another value, and with the same
     for (unsigned component = 1; component < last.size(); ++component) {
@@ -208,7 +210,8 @@ void Warnings::LookAtSpans(Target const& target, std::vector<Span>& spans) {
     }
     for (bool const alike : {false, true}) {
       auto const& [other, shared] = met[alike ? 1 : 0];
-      if (other == nullptr || !told.emplace(span.item, alike).second) { continue; }
+      if (other == nullptr || pairs.contains({other, span.item, alike}) || !told.emplace(span.item, alike).second) { continue; }
+      pairs.emplace(span.item, other, alike);
       std::string const step(span.item->Steps().Name(span.begin).View());
       Add(alike ? FindingKind::PrescribedAlike : FindingKind::PrescribedTwice, *span.item, step, {},
           "It prescribes the " + ComponentsText(shared) + " of " + Quoted(target.name) + ", and so does " +

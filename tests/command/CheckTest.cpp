@@ -241,6 +241,13 @@ TEST_F(Checking, NamesTheLineOfAJournalThatMadeWhatIsAtFault) {
                 R"({"command": "Amplitude", "name": "R"})"},
                {"GA017 amplitude R, line 9"}},
            Row{{R"({"command": "Amplitude", "name": "R"})", R"({"command": "undo"})"}, {}},
+           // what went with a step is not what made it so
+           Row{{R"({"command": "Set", "name": "Top"})",
+                R"({"command": "DisplacementBC", "name": "Late", "createStepName": "A", "region": "Top", "u1": 0})",
+                R"({"command": "setValuesInStep", "boundaryCondition": "Late", "stepName": "B", "u1": 1})",
+                R"({"command": "delete", "step": "B"})", R"({"command": "StaticStep", "name": "B", "previous": "A", "initialInc": 0.1})",
+                R"({"command": "DisplacementBC", "name": "Aaa", "createStepName": "B", "region": "Top", "u1": 5})"},
+               {"GA011 boundaryCondition Late in B, line 8"}},
            // what leaves no trace
            Row{{off + R"("A"})", off + R"("C"})", off + R"("C"})"},
                {"GA021 boundaryCondition Fix in A, line 7", "GA022 boundaryCondition Fix in C, line 9"}},
