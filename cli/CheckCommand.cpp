@@ -11,18 +11,7 @@
 namespace gattr::cli {
 
 void AddFindings(CLI::App& command, FindingsOptions& options, CLI::Option* needs) {
-  static constexpr std::pair<char const*, FindingsFormat> kFormats[] = {{"text", FindingsFormat::AsText},
-                                                                        {"json", FindingsFormat::AsJson},
-                                                                        {"sarif", FindingsFormat::AsSarif},
-                                                                        {"junit", FindingsFormat::AsJunit}};
-  auto const takeFormat = [&options](std::string const& text) {
-    for (auto const& [name, format] : kFormats) {
-      if (text == name) { options.format = format; }
-    }
-  };
-  CLI::Option* const format =
-      command.add_option_function<std::string>("--format", takeFormat, "text, json, sarif, junit (default: text)")->type_name("FORMAT");
-  AddChoice(*format, {"text", "json", "sarif", "junit"});
+  CLI::Option* const format = &AddFormat(command, options.format, {"text", "json", "sarif", "junit"});
   CLI::Option* const failOn = command.add_option_function<std::string>(
       "--fail-on", [&options](std::string const& text) { options.warningsFail = text == "warning"; },
       "exit status 1 for error, or for warning too (default: error)");
@@ -43,7 +32,12 @@ void AssertChoice(FindingChoice const& choice) {
 
 int PrintFindings(std::span<Finding const> findings, FindingsOptions const& options, std::string const& model, std::string const& journal) {
   FindingsStyle const style{GATTR_VERSION, model, journal, options.warningsFail, TerminalWidth(), UseColor(options.color)};
-  RenderFindings(std::cout, findings, options.format, style);
+  switch (options.format) {
+    case Format::Json: RenderJson(std::cout, findings); break;
+    case Format::Sarif: RenderSarif(std::cout, findings, style); break;
+    case Format::Junit: RenderJunit(std::cout, findings, style); break;
+    default: RenderText(std::cout, findings, style);
+  }
   return AnyFails(findings, options.warningsFail) ? kRefused : kDone;
 }
 

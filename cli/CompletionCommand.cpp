@@ -235,8 +235,9 @@ int Complete(CLI::App const& program, CompletionOptions const& options) {
 void AddCompletion(CLI::App& program, Action& action) {
   auto const options = std::make_shared<CompletionOptions>();
   CLI::App& command = *program.add_subcommand("completion", "Have a shell complete subcommands, options, steps and names of a model");
-  AddChoice(*command.add_option("SHELL", options->shell, "print the script for it: bash, zsh, fish")->type_name(""),
-            {"bash", "zsh", "fish"});
+  std::vector<std::string> shells;
+  for (ShellScript const& one : kShells) { shells.emplace_back(one.name); }
+  AddChoice(*command.add_option("SHELL", options->shell, "print the script for it: bash, zsh, fish")->type_name(""), shells);
   command.add_option("--line", options->line, "tell instead what may come next in this beginning of a line")->type_name("TEXT");
   command.footer(
       R"(Installing the program installs the scripts where these shells look. By hand: a line in ~/.bashrc or, behind compinit, in ~/.zshrc

@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 
+#include "cli/Program.h"
 #include "command/Check.h"
 #include "report/RenderFindings.h"
 
@@ -15,7 +16,7 @@ namespace gattr::cli {
 
 /// How findings are told, and which: the options that `check` and `replay --check` share.
 struct FindingsOptions {
-  FindingsFormat format = FindingsFormat::AsText;
+  Format format = Format::Text;
   FindingChoice choice;
   bool warningsFail = false;
   std::string color = "auto";

@@ -40,7 +40,7 @@ std::vector<mdl_PropagationStatusEnm> StatusesOf(std::vector<std::string> const&
   std::vector<std::string> known;
   for (std::size_t status = 0; status < kStatusCount; ++status) {
     StatusWord const& word = WordOf(static_cast<mdl_PropagationStatusEnm>(status));
-    known.emplace_back(status == 0 ? word.meaning : word.word);
+    known.emplace_back(word.Text());
   }
   std::vector<mdl_PropagationStatusEnm> statuses;
   for (std::string const& word : words) {
@@ -57,7 +57,7 @@ void Write(std::ostream& out, HistoryTable const& table, HistoryOptions const& o
     case Format::Csv: return RenderCsv(out, table);
     case Format::Json: return RenderJson(out, table);
     case Format::Html: return RenderHtml(out, table);
-    case Format::Text: break;
+    default: break;
   }
   switch (options.layout) {
     case Layout::Table: return RenderText(out, table, layout);

@@ -12,12 +12,12 @@ namespace gattr::cli {
 /// sessions; or from anything else as they come. One at a time: the editing package keeps one line.
 class LineReader {
 public:
-  /// Takes what was typed up to the cursor, gives what its last word may go on to be.
   /// Words that may stand in the place of what was typed from a position on.
   struct Completion {
     std::size_t at = 0;
     std::vector<std::string> words = {};
   };
+  /// Takes what was typed up to the cursor, gives what its last word may go on to be.
   using Completer = std::function<Completion(std::string const& typed)>;
 
   explicit LineReader(Completer completer);

@@ -9,7 +9,9 @@
 #include "cli/ModelArgument.h"
 #include "cli/Program.h"
 #include "command/Merge.h"
+#include "command/Words.h"
 #include "report/RenderDifference.h"
+#include "report/RenderFindings.h"
 #include "report/TextTable.h"
 #include "store/ModelPath.h"
 #include "text/Text.h"
@@ -28,8 +30,7 @@ void PrintConflicts(std::vector<MergeConflict> const& conflicts, std::string con
   for (MergeConflict const& one : conflicts) {
     bool const hasValues = !(one.base.IsNull() && one.ours.IsNull() && one.theirs.IsNull());
     auto const value = [&](cls_Value const& of) { return hasValues ? SideText(of) : std::string(); };
-    std::string why = OneLine(one.refusal.message);
-    if (one.refusal.code >= 0) { why += " [" + one.refusal.module + " " + std::to_string(one.refusal.code) + "]"; }
+    std::string why = RefusalText(one.refusal);
     if (!one.detail.empty()) { why += (why.empty() ? "" : " ") + OneLine(one.detail); }
     table.Add({{one.kind, Style::Faint},
                {one.name, Style::Strong},
@@ -58,15 +59,7 @@ void PrintJson(Merged const& merged) {
                          {"message", one.refusal.message},
                          {"detail", one.detail}});
   }
-  for (Finding const& one : merged.findings) {
-    findings.push_back({{"id", one.Row().id},
-                        {"kind", one.kind},
-                        {"name", one.name},
-                        {"step", one.step},
-                        {"member", one.member},
-                        {"message", one.refusal.message},
-                        {"detail", one.detail}});
-  }
+  for (Finding const& one : merged.findings) { findings.push_back(gattr::ToJson(one)); }
   std::cout << JsonPage({{"conflicts", conflicts}, {"findings", findings}}) << '\n';
 }
 
@@ -95,15 +88,10 @@ int Run(MergeOptions const& options) {
   std::cout.flush();
   std::string const name = options.name.empty() ? options.ours : options.name;
   if (!merged.IsWhole()) {
-    Tell(fmt::format("gattr: {}: {}, nothing is written\n", Shown(name),
-                     merged.conflicts.size() == 1 ? std::string("1 conflict") : fmt::format("{} conflicts", merged.conflicts.size())));
+    Tell(fmt::format("gattr: {}: {}, nothing is written\n", Shown(name), Counted(merged.conflicts.size(), "conflict")));
   }
   for (Finding const& one : merged.findings) {
-    std::string const step = one.step.empty() ? "" : " in step " + Quoted(one.step);
-    std::string text = OneLine(one.refusal.message);
-    if (!one.detail.empty()) { text += " " + OneLine(one.detail); }
-    Tell(fmt::format("gattr: {}: merged, but neither side had this: {} {} {}{}: {}\n", Shown(name), one.Row().id, one.kind,
-                     Shown(Quoted(one.name)), Shown(step), Shown(text)));
+    Tell(fmt::format("gattr: {}: merged, but neither side had this: {} {}\n", Shown(name), one.Row().id, Shown(FindingText(one))));
   }
   return merged.IsWhole() && merged.findings.empty() ? kDone : kRefused;
 }

@@ -32,9 +32,9 @@ std::vector<std::string> ChoicesOf(CLI::Option const& option) {
   return choices;
 }
 
-void AddFormat(CLI::App& command, Format& format, std::vector<std::string> const& offered) {
-  static constexpr std::pair<char const*, Format> kFormats[] = {
-      {"text", Format::Text}, {"csv", Format::Csv}, {"json", Format::Json}, {"html", Format::Html}};
+CLI::Option& AddFormat(CLI::App& command, Format& format, std::vector<std::string> const& offered) {
+  static constexpr std::pair<char const*, Format> kFormats[] = {{"text", Format::Text}, {"csv", Format::Csv},     {"json", Format::Json},
+                                                                {"html", Format::Html}, {"sarif", Format::Sarif}, {"junit", Format::Junit}};
   auto const take = [&format](std::string const& text) {
     for (auto const& [name, value] : kFormats) {
       if (text == name) { format = value; }
@@ -42,7 +42,9 @@ void AddFormat(CLI::App& command, Format& format, std::vector<std::string> const
   };
   std::string texts;
   for (std::string const& text : offered) { texts += (texts.empty() ? "" : ", ") + text; }
-  AddChoice(*command.add_option_function<std::string>("--format", take, texts + " (default: text)")->type_name("FORMAT"), offered);
+  CLI::Option& option = *command.add_option_function<std::string>("--format", take, texts + " (default: text)")->type_name("FORMAT");
+  AddChoice(option, offered);
+  return option;
 }
 
 void AddColor(CLI::App& command, std::string& choice) {

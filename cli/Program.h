@@ -55,14 +55,16 @@ void AddGitSetup(CLI::App& program, Action& action);
 
 inline constexpr char const* kModelHelp = "model file: .gadb, or .gattr.json for the text form";
 
-enum class Format { Text, Csv, Json, Html };
+/// A form of output.
+enum class Format { Text, Csv, Json, Html, Sarif, Junit };
+/// All subcommands, in the order of help.
 std::vector<CLI::App const*> Subcommands(CLI::App const& program);
 /// Has an option take one of \p choices alone, which completion then offers.
 void AddChoice(CLI::Option& option, std::vector<std::string> const& choices);
 /// The choices of an option; none where it takes others too.
 std::vector<std::string> ChoicesOf(CLI::Option const& option);
 /// Adds --format with the texts of \p offered.
-void AddFormat(CLI::App& command, Format& format, std::vector<std::string> const& offered);
+CLI::Option& AddFormat(CLI::App& command, Format& format, std::vector<std::string> const& offered);
 inline constexpr char const* kDryRunHelp =
     "tell what would be refused, created, changed and deleted, with statuses before and after; write nothing";
 

@@ -157,10 +157,6 @@ public:
   std::size_t Refused() const { return refused_; }
 
 private:
-  static bool IsDryRun(cls_Value const& command) {
-    cls_Value const* const flag = command.Find("dryRun");
-    return flag != nullptr && *flag == cls_Value(true);
-  }
   void Trace(std::size_t line, Json const& command, Outcome const& outcome) const {
     if (!trace_) {
       if (check_ != nullptr) { return; }  // what is told of is what was found
@@ -182,8 +178,6 @@ private:
   bool trace_;
   std::size_t done_ = 0, refused_ = 0;
 };
-
-std::string Counted(std::size_t count, std::string_view what) { return fmt::format("{} {}{}", count, what, count == 1 ? "" : "s"); }
 
 void PrintEffects(Effects const& effects, bool asJson) {
   if (asJson) {

@@ -53,20 +53,24 @@ private:
   struct Own {
     std::string_view name, meaning;
     void (Shell::*run)(std::vector<std::string> const& words);
+    std::vector<std::string> (Shell::*names)() const = nullptr;  // that its arguments may be
   };
   static std::vector<Own> const& OwnCommands() {
     static std::vector<Own> const commands = {
         {"save", "writes the model", &Shell::Save},
-        {"history", "what attributes do in every step: of all, or of those named", &Shell::History},
+        {"history", "what attributes do in every step: of all, or of those named", &Shell::History, &Shell::Attributes},
         {"check", "finds what is wrong in the model", &Shell::Check},
         {"journal", "prints the commands of this session", &Shell::Journal},
-        {"branch", "begins a branch: another version of the model; lists them, or --delete NAME", &Shell::Branch},
-        {"switch", "goes on in another branch", &Shell::Switch},
-        {"compare", "tells what this branch says that another does not", &Shell::Compare},
+        {"branch", "begins a branch: another version of the model; lists them, or --delete NAME", &Shell::Branch, &Shell::Branches},
+        {"switch", "goes on in another branch", &Shell::Switch, &Shell::Branches},
+        {"compare", "tells what this branch says that another does not", &Shell::Compare, &Shell::Branches},
         {"help", "lists the commands, or the arguments of one", &Shell::Help},
         {"quit", "ends; so does the end of input", &Shell::QuitCommand}};
     return commands;
   }
+
+  std::vector<std::string> Attributes() const { return AttributeNames(session_.Model()); }
+  std::vector<std::string> Branches() const { return session_.Branches(); }
 
   ddr_Model Opened() {
     if (std::filesystem::exists(path_)) { return file_.Open(); }
@@ -199,18 +203,10 @@ private:
     if (completion.at == typed.size()) { words.emplace_back(); }
     std::vector<std::string>& found = completion.words;
     found = words_.Completions(session_.Model(), words);
-    bool const isName = words.size() == 1, isOfHistory = words.size() > 1 && words[0] == "history";
-    bool const isOfBranches = words.size() > 1 && (words[0] == "switch" || words[0] == "compare" || words[0] == "branch");
-    if (isOfBranches) {
-      for (std::string const& name : session_.Branches()) {
-        if (name.starts_with(words.back())) { found.push_back(InWord(name)); }
-      }
-    }
     for (Own const& own : OwnCommands()) {
-      if (isName && own.name.starts_with(words[0])) { found.emplace_back(own.name); }
-    }
-    if (isOfHistory) {
-      for (std::string const& name : AttributeNames(session_.Model())) {
+      if (words.size() == 1 && own.name.starts_with(words[0])) { found.emplace_back(own.name); }
+      if (words.size() == 1 || own.name != words[0] || own.names == nullptr) { continue; }
+      for (std::string const& name : (this->*own.names)()) {
         if (name.starts_with(words.back())) { found.push_back(InWord(name)); }
       }
     }

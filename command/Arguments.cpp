@@ -129,4 +129,9 @@ void Arguments::AssertNoRest(std::initializer_list<std::string_view> known) cons
   RefuseUnknown(subject_, "There is no argument " + Quoted(*unknown) + ".", Suggestion(*unknown, names, "Its arguments"));
 }
 
+bool IsDryRun(cls_Value const& command) {
+  cls_Value const* const flag = command.Find(kDryRun);
+  return flag != nullptr && *flag == cls_Value(true);
+}
+
 }  // namespace gattr

@@ -241,8 +241,7 @@ void Repeat(Call& call, AttributeTarget const& target, cow_String const& from, c
     repository.RecordModify(own);
   };
   if ((traits & kprC_Active) == 0) {  // switched off
-    auto const operations = target.repository.Operations();
-    auto const off = std::ranges::find(operations, kprC_Effect::SwitchOff, &kprC_Operation::effect);
+    kprC_Operation const* const off = FindOperation(target.repository, kprC_Effect::SwitchOff);
     if (item.IsActiveIn(to)) {
       edit([&](kprC_StepDependent& own) { own.Perform(*off, to, to); });
     }
@@ -393,6 +392,12 @@ void SetAttributeValuesInStep(Call& call, AttributeTarget const& target) {
 kprC_Operation const* FindOperation(kprC_StepAwareRepository const& repository, std::string_view command) {
   auto const operations = repository.Operations();
   auto const found = std::ranges::find(operations, command, &kprC_Operation::command);
+  return found == operations.end() ? nullptr : &*found;
+}
+
+kprC_Operation const* FindOperation(kprC_StepAwareRepository const& repository, kprC_Effect effect) {
+  auto const operations = repository.Operations();
+  auto const found = std::ranges::find(operations, effect, &kprC_Operation::effect);
   return found == operations.end() ? nullptr : &*found;
 }
 

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <functional>
-#include <optional>
 #include <utility>
 
 #include "command/Command.h"
@@ -179,19 +177,6 @@ private:
   std::string kind_, name_;
   cow_String extension_;
   bool suppressed_ = false;
-};
-
-/// Lets no change be recorded of models that nobody keeps.
-class Unrecorded {
-public:
-  Unrecorded() = default;
-  ~Unrecorded() { changes_.TruncateTo(before_); }
-  Unrecorded(Unrecorded const&) = delete;
-  Unrecorded& operator=(Unrecorded const&) = delete;
-
-private:
-  omu_ChangeHistory& changes_ = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
-  std::size_t before_ = changes_.Size();
 };
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "framework/mdl_MapString2ObjCow.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "module/kpr/steps/kprC_Step.h"
+#include "platform/CaeUtils/omu_ChangeHistory.h"
 
 /// What the command tables share: one command on its way, and the kinds of objects that it may name.
 namespace gattr {
@@ -40,6 +41,19 @@ struct Call {
   std::string& report;  ///< what a command tells that changes nothing
   /// The attribute before and after, where the command has edited one and done nothing else.
   kprC_StepDependent const *was = nullptr, *is = nullptr;
+};
+
+/// Lets no change be recorded of models that nobody keeps.
+class Unrecorded {
+public:
+  Unrecorded() = default;
+  ~Unrecorded() { changes_.TruncateTo(before_); }
+  Unrecorded(Unrecorded const&) = delete;
+  Unrecorded& operator=(Unrecorded const&) = delete;
+
+private:
+  omu_ChangeHistory& changes_ = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
+  std::size_t before_ = changes_.Size();
 };
 
 /// The attribute that a command names. Repository and item are those before the command, kept by the session's snapshot.
@@ -120,6 +134,8 @@ void SetAttributeValues(Call& call, AttributeTarget const& target);
 void SetAttributeValuesInStep(Call& call, AttributeTarget const& target);
 /// The operation that a command is in a family; null where it is none.
 kprC_Operation const* FindOperation(kprC_StepAwareRepository const& repository, std::string_view command);
+/// The family's operation with that effect; null where it has none.
+kprC_Operation const* FindOperation(kprC_StepAwareRepository const& repository, kprC_Effect effect);
 void PerformOnAttribute(Call& call, AttributeTarget const& target);
 /// An edit that the attribute's type knows beside its family's operations.
 void EditByType(Call& call, AttributeTarget const& target);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
 #include <utility>
 
 #include "command/Command.h"
@@ -56,18 +55,7 @@ bool IsSaid(cls_MemberRow const& row, Said const* said) {
   return row.ops->isModified == nullptr ? said->says != Says::Values : row.ops->isModified(In(row, *said->values));
 }
 
-/// In what two objects of one class differ. What both give as the same value is held whole by both and differs where it is declared.
-std::vector<MemberDifference> Differing(cls_Object const& was, cls_Object const& is, std::string_view const besides = {}) {
-  std::vector<MemberDifference> members;
-  for (cls_MemberRow const& row : is.MemberRows()) {
-    if (row.again || row.name == kName || row.name == besides || row.ops->equal(In(row, was), In(row, is))) { continue; }
-    cls_Value before = row.ToValue(&was), now = row.ToValue(&is);
-    if (before != now || before.IsNull()) { members.push_back({std::string(ArgumentName(row)), std::move(before), std::move(now)}); }
-  }
-  return members;
-}
-
-/// The same of objects of two classes: what one of them does not have is taken as in a new object.
+/// In what objects of two classes differ: what one of them does not have is taken as in a new object.
 std::vector<MemberDifference> DifferingClasses(cls_Object const& was, cls_Object const& is) {
   std::unique_ptr<cls_Object> const freshWas = ClassOf(was).make(), freshIs = ClassOf(is).make();
   std::vector<MemberDifference> members;
@@ -88,6 +76,18 @@ std::vector<MemberDifference> DifferingClasses(cls_Object const& was, cls_Object
   for (cls_MemberRow const& row : is.MemberRows()) { add(row, is); }
   for (cls_MemberRow const& row : was.MemberRows()) {
     if (!find(is, row.name)) { add(row, was); }
+  }
+  return members;
+}
+
+/// In what two objects differ. What both give as the same value is held whole by both and differs where it is declared.
+std::vector<MemberDifference> Differing(cls_Object const& was, cls_Object const& is, std::string_view const besides = {}) {
+  if (was.DynTypeId() != is.DynTypeId()) { return DifferingClasses(was, is); }
+  std::vector<MemberDifference> members;
+  for (cls_MemberRow const& row : is.MemberRows()) {
+    if (row.again || row.name == kName || row.name == besides || row.ops->equal(In(row, was), In(row, is))) { continue; }
+    cls_Value before = row.ToValue(&was), now = row.ToValue(&is);
+    if (before != now || before.IsNull()) { members.push_back({std::string(ArgumentName(row)), std::move(before), std::move(now)}); }
   }
   return members;
 }
@@ -135,17 +135,12 @@ public:
     if (!isWhole && depth_ == Depth::Steps) { return one; }
     if (was != nullptr) { one.typeBefore = was->ConstructionName(); }
     if (is != nullptr) { one.type = is->ConstructionName(); }
-    if (isWhole) {
-      one.members = was->DynTypeId() == is->DynTypeId() ? Differing(*was, *is, kStates) : DifferingClasses(*was, *is);
-    } else {
-      one.members = NotAsNew(was, is, kStates);
-    }
+    one.members = isWhole ? Differing(*was, *is, kStates) : NotAsNew(was, is, kStates);
     CompareRecords(was == nullptr ? std::vector<Said>() : SaidVisitor(*was).Take(),
                    is == nullptr ? std::vector<Said>() : SaidVisitor(*is).Take(), one.records);
     if (depth_ == Depth::Values) {
-      auto const operations = family.Operations();
-      auto const off = std::ranges::find(operations, kprC_Effect::SwitchOff, &kprC_Operation::effect);
-      if (off != operations.end()) { one.switchOff = off->command; }
+      kprC_Operation const* const off = FindOperation(family, kprC_Effect::SwitchOff);
+      if (off != nullptr) { one.switchOff = off->command; }
     }
     return one;
   }
@@ -203,9 +198,7 @@ private:
       if (one == nullptr || depth_ == Depth::Steps) { continue; }
       one->typeBefore = TypeOf(*old);
       one->type = TypeOf(*step);
-      one->members = isSame                                  ? std::vector<MemberDifference>()
-                     : old->DynTypeId() == step->DynTypeId() ? Differing(*old, *step)
-                                                             : DifferingClasses(*old, *step);
+      one->members = Differing(*old, *step);
       if (moved[i]) { one->previous = is.Name(i - 1).View(); }
     }
     for (std::size_t i = 0; i < was.Size(); ++i) {
@@ -265,7 +258,7 @@ private:
       if (old != nullptr && object != nullptr) {
         one = AddCompared(kind->kind, name.View(), old->Equals(*object));
         if (one == nullptr || depth_ == Depth::Steps) { return; }
-        one->members = old->DynTypeId() == object->DynTypeId() ? Differing(*old, *object) : DifferingClasses(*old, *object);
+        one->members = Differing(*old, *object);
       } else {
         one = &Add(old == nullptr ? ChangeKind::Created : ChangeKind::Deleted, kind->kind, name.View());
         if (depth_ == Depth::Steps) { return; }
@@ -341,13 +334,12 @@ private:
       bool const isAsNew = row.ops->isModified == nullptr && fresh != nullptr && one.DynTypeId() == fresh->DynTypeId() &&
                            row.ops->equal(In(row, one), In(row, *fresh));
       if (!both && isAsNew) { return; }
-      members.push_back({std::string(ArgumentName(row)), saidBefore ? row.ToValue(before->values) : cls_Value(),
-                         saidAfter ? row.ToValue(after->values) : cls_Value()});
-      if (members.back().was == members.back().is && both && !members.back().is.IsNull()) { members.pop_back(); }
+      cls_Value valueBefore = saidBefore ? row.ToValue(before->values) : cls_Value();
+      cls_Value valueAfter = saidAfter ? row.ToValue(after->values) : cls_Value();
+      if (both && valueBefore == valueAfter && !valueAfter.IsNull()) { return; }
+      members.push_back({std::string(ArgumentName(row)), std::move(valueBefore), std::move(valueAfter)});
     };
-    for (cls_MemberRow const& row : there->MemberRows()) {
-      add(row, sameClass ? was : nullptr, is == nullptr || now == nullptr ? nullptr : is);
-    }
+    for (cls_MemberRow const& row : there->MemberRows()) { add(row, sameClass ? was : nullptr, is); }
     if (!sameClass) {
       for (cls_MemberRow const& row : old->MemberRows()) { add(row, was, nullptr); }
     }
@@ -444,6 +436,7 @@ void FindRenamedAttributes(ddr_Model const& before, ddr_Model const& now, std::v
 }  // namespace
 
 void FindMoved(std::vector<RecordDifference>& records) {
+  if (std::ranges::none_of(records, [](RecordDifference const& one) { return one.is == Says::Nothing; })) { return; }
   auto const isMirrored = [](RecordDifference const& gone, RecordDifference const& come) {
     return std::ranges::equal(gone.members, come.members,
                               [](MemberDifference const& a, MemberDifference const& b) { return a.member == b.member && a.was == b.is; });
@@ -496,17 +489,24 @@ std::vector<Rename> RenamesBetween(ddr_Model const& before, ddr_Model const& now
   return renames;
 }
 
+void Follow(ddr_Model& model, std::vector<Rename>& renames,
+            std::function<void(Rename const&, Outcome const&, ddr_Model const&)> const& refused) {
+  if (renames.empty()) { return; }
+  Session session(std::move(model));
+  session.ForgetPast();
+  std::erase_if(renames, [&](Rename const& one) {
+    Outcome const outcome =
+        session.Execute(cls_Value::Fields{{"command", "rename"}, {one.kind, one.from}, {std::string(kNewName), one.to}});
+    if (!outcome.ok && refused) { refused(one, outcome, session.Model()); }
+    return !outcome.ok;
+  });
+  model = session.Model();
+}
+
 std::vector<ObjectDifference> DifferencesBetween(ddr_Model const& before, ddr_Model const& now) {
   std::vector<Rename> renames = RenamesBetween(before, now);
-  ddr_Model renamed = before;  // so that what names them follows
-  if (!renames.empty()) {
-    Session session(before);
-    session.ForgetPast();
-    std::erase_if(renames, [&](Rename const& rename) {
-      return !session.Execute(cls_Value::Fields{{"command", "rename"}, {rename.kind, rename.from}, {std::string(kNewName), rename.to}}).ok;
-    });
-    renamed = session.Model();
-  }
+  ddr_Model renamed = before;
+  Follow(renamed, renames);
   std::vector<ObjectDifference> differences = Comparison(ModelPair(renamed, now, renames, true), Depth::Values).Run();
   for (ObjectDifference& one : differences) { FindMoved(one.records); }
   return differences;

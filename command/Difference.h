@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,6 +15,8 @@ class kprC_StepDependent;
 
 /// In what two models differ: by object, step and member, as a person edits them.
 namespace gattr {
+
+struct Outcome;
 
 /// A member in which both sides differ, by what commands call it. Null: that side says nothing of it, or that it has no value.
 struct MemberDifference {
@@ -64,11 +67,16 @@ struct ObjectDifference {
 /// edited, not what follows: neither statuses nor carried values, nor that what is declared elsewhere is another one. A step or an
 /// attribute under another name is told as renamed where nothing else can be meant: it alone has gone, another one that says the very same
 /// has come, of steps in the same place, and what attributes said in it they say in that one. In the order of ChangeEvent::objects. Costs
-/// what differs where the models share the rest; where not, or where the steps differ, it is linear in what each attribute says of its own.
+/// what differs where the models share the rest; where not, or where the steps differ, it is linear in what each attribute says of its own,
+/// but for what has moved or gone: there it is quadratic in the records of the attribute.
 DDB_API std::vector<ObjectDifference> DifferencesBetween(ddr_Model const& before, ddr_Model const& now);
 
 /// The steps and attributes that have another name, as DifferencesBetween tells them.
 std::vector<Rename> RenamesBetween(ddr_Model const& before, ddr_Model const& now);
+/// Gives what \p model holds the names that \p renames say, so that what names it follows. Those that are refused are taken out of
+/// \p renames and told to \p refused, with the model as it is then.
+void Follow(ddr_Model& model, std::vector<Rename>& renames,
+            std::function<void(Rename const&, Outcome const&, ddr_Model const&)> const& refused = {});
 
 /// How much a comparison tells.
 enum class Depth {

@@ -53,9 +53,7 @@ JournalCheck::JournalCheck(Session& session)
 void JournalCheck::Note(std::size_t line, cls_Value const& command, Outcome const& outcome) {
   for (ObjectChange const& change : changes_) { Follow(change, line); }
   changes_.clear();
-  cls_Value const* const dryRun = command.Find("dryRun");
-  bool const tried = dryRun != nullptr && *dryRun == cls_Value(true);
-  if (outcome.ok && (outcome.changed || tried || !outcome.report.empty())) { return; }
+  if (outcome.ok && (outcome.changed || IsDryRun(command) || !outcome.report.empty())) { return; }
   Finding finding;
   std::tie(finding.kind, finding.name) = SubjectOf(command);
   finding.step = TextOf(command, kStepName);

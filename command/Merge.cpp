@@ -11,6 +11,7 @@
 #include "command/Command.h"
 #include "command/Difference.h"
 #include "command/Lookup.h"
+#include "command/Words.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "platform/CaeUtils/omu_ChangeHistory.h"
 #include "text/JsonText.h"
@@ -54,9 +55,16 @@ Edits Together(Edits edits, Edits const& others) {
   edits.insert(others.begin(), others.end());
   return edits;
 }
-Edits EditsIn(Differences const& differences, Object const& object) {
-  auto const found = differences.find(object);
-  return found == differences.end() ? Edits() : EditsOf(found->second);
+ObjectDifference const* Find(Object const& object, Differences const& in) {
+  auto const found = in.find(object);
+  return found == in.end() ? nullptr : &found->second;
+}
+Edits EditsIn(Differences const& in, Object const& object) {
+  ObjectDifference const* const found = Find(object, in);
+  return found == nullptr ? Edits() : EditsOf(*found);
+}
+bool EditsSteps(Differences const& differences) {
+  return std::ranges::any_of(differences, [](auto const& one) { return one.first.first == kprC_Step::stepCmd().View(); });
 }
 /// The first edit that only one of both has, or has otherwise; null where there is none.
 std::pair<std::string, std::string> const* Other(Edits const& a, Edits const& b) {
@@ -98,7 +106,12 @@ private:
   MergeConflict& Add(Object const& object, std::string const& step, std::string const& member) {
     return conflicts_.emplace_back(MergeConflict{object.first, object.second, step, member, {}, {}, {}});
   }
-  void AddRefusal(Object const& object, std::exception const& error) { Add(object, "", "").refusal = RefusalOf(error); }
+  /// Runs \p edit; what it refuses is a conflict of the object. Whether it went well.
+  template <class Edit> bool Attempt(Object const& object, Edit&& edit) {
+    std::optional<Refusal> const refusal = RefusalBy(edit);
+    if (refusal) { Add(object, "", "").refusal = *refusal; }
+    return !refusal;
+  }
 
   // ---- names
 
@@ -140,17 +153,7 @@ private:
     };
     Follow(theirs_, onlyOurs, tell(true));
     Follow(ours_, onlyTheirs, tell(false));
-    Follow(base_, all, [](Rename const&, Outcome const&, ddr_Model const&) {});
-  }
-  template <class Tell> static void Follow(ddr_Model& model, std::vector<Rename> const& renames, Tell&& refused) {
-    if (renames.empty()) { return; }
-    Session session(model);
-    session.ForgetPast();
-    for (Rename const& one : renames) {
-      Outcome const outcome = session.Execute(Fields{{"command", "rename"}, {one.kind, one.from}, {std::string(kNewName), one.to}});
-      if (!outcome.ok) { refused(one, outcome, session.Model()); }
-    }
-    model = session.Model();
+    Follow(base_, all);
   }
 
   Differences DifferencesFrom(ddr_Model const& side) const {
@@ -229,10 +232,7 @@ private:
   /// Steps that both sides put behind the same one.
   void FindConflictsOfPlaces() {
     std::string const kind(kprC_Step::stepCmd().View());
-    auto const edits = [&](Differences const& differences) {
-      return std::ranges::any_of(differences, [&](auto const& one) { return one.first.first == kind; });
-    };
-    if (!edits(ofOurs_) || !edits(ofTheirs_)) { return; }
+    if (!EditsSteps(ofOurs_) || !EditsSteps(ofTheirs_)) { return; }
     auto const &base = kprC_Steps(base_), &ours = kprC_Steps(ours_), &theirs = kprC_Steps(theirs_);
     auto const collect = [&](kprC_StepContainer const& steps, kprC_StepContainer const& others, Differences const& differences) {
       std::map<std::string, std::string> come;  // by the step before that all have
@@ -295,26 +295,20 @@ private:
   // ---- making it
 
   void Make() {
-    std::string const step(kprC_Step::stepCmd().View());
-    auto const edits = [&](Differences const& differences) {
-      return std::ranges::any_of(differences, [&](auto const& one) { return one.first.first == step; });
-    };
     // it begins with the side that has edited the sequence
-    bool const fromTheirs = edits(ofTheirs_) && !edits(ofOurs_);
+    bool const fromTheirs = EditsSteps(ofTheirs_) && !EditsSteps(ofOurs_);
     mine_ = fromTheirs ? &theirs_ : &ours_;
     yours_ = fromTheirs ? &ours_ : &theirs_;
     ofMine_ = fromTheirs ? &ofTheirs_ : &ofOurs_;
     ofYours_ = fromTheirs ? &ofOurs_ : &ofTheirs_;
     made_ = *mine_;
-    omu_ChangeHistory& history = thr_ThreadSingleton<omu_ChangeHistory>::Instance();
-    std::size_t const mark = history.Size();
+    Unrecorded const trials;
     MakeModel();
     MakeReferences(false);
-    if (edits(*ofYours_)) { MakeSteps(); }
+    if (EditsSteps(*ofYours_)) { MakeSteps(); }
     MakeAttributes();
     MakeReferences(true);
     RefreshRegions();
-    history.TruncateTo(mark);
   }
 
   void MakeModel() {
@@ -333,7 +327,9 @@ private:
 
   /// Those that have come or changed; at the end those that have gone, which nobody names any more.
   void MakeReferences(bool gone) {
-    for (auto const& [object, yours] : *ofYours_) {
+    for (auto const& entry : *ofYours_) {
+      Object const& object = entry.first;
+      ObjectDifference const& yours = entry.second;
       auto const kind = std::ranges::find(ReferenceKinds(), object.first, &ReferenceKind::kind);
       if (kind == ReferenceKinds().end() || IsGone(yours) != gone) { continue; }
       cow_String const name(object.second);
@@ -341,12 +337,12 @@ private:
         kind->In(made_).Remove(name);
         continue;
       }
-      auto const mine = ofMine_->find(object);
-      try {
+      ObjectDifference const* const mine = Find(object, *ofMine_);
+      Attempt(object, [&] {
         cls_Object const& theirs = *kind->In(*yours_).ConstObject(name);
-        bool const isBoth = mine != ofMine_->end() && !IsNew(yours) && yours.type == mine->second.type;
+        bool const isBoth = mine != nullptr && !IsNew(yours) && yours.type == mine->type;
         kind->In(made_).Put(name, isBoth ? *WithMembers(*kind->In(std::as_const(made_)).ConstObject(name), yours) : theirs);
-      } catch (std::exception const& error) { AddRefusal(object, error); }
+      });
     }
   }
 
@@ -390,12 +386,10 @@ private:
   }
 
   void MakeSteps() {
-    try {
-      ddr_Model model = made_;
-      EditSteps(model);
+    ddr_Model model = made_;
+    if (!RefusalBy([&] { EditSteps(model); })) {
       made_ = std::move(model);
       return;
-    } catch (std::bad_alloc const&) { throw; } catch (std::exception const&) {
     }
     // an attribute does not follow as it is on this side: all are put back when the steps are there
     auto const extensions = made_.Extensions();
@@ -405,11 +399,7 @@ private:
       auto& own = made_.Get<kprC_StepAwareRepository>(member);
       for (cow_String const& name : repository->Keys()) { own.Remove(name); }
     }
-    try {
-      EditSteps(made_);
-    } catch (std::bad_alloc const&) { throw; } catch (std::exception const& error) {
-      return AddRefusal({std::string(kprC_Step::stepCmd().View()), ""}, error);
-    }
+    if (!Attempt({std::string(kprC_Step::stepCmd().View()), ""}, [&] { EditSteps(made_); })) { return; }
     ForEachRepository(*mine_, [&](cow_String const& extension, kprC_StepAwareRepository const& mine) {
       mine.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
         if (Find({std::string(mine.ItemCmd()), std::string(name.View())}, *ofYours_) == nullptr) { Put(extension, mine, name, item); }
@@ -419,17 +409,9 @@ private:
 
   // ---- attributes
 
-  static ObjectDifference const* Find(Object const& object, Differences const& in) {
-    auto const found = in.find(object);
-    return found == in.end() ? nullptr : &found->second;
-  }
-
   void Put(cow_String const& extension, kprC_StepAwareRepository const& family, cow_String const& name, kprC_StepDependent const& item) {
-    try {
-      made_.Get<kprC_StepAwareRepository>(extension).InsertItem(name, item);
-    } catch (std::bad_alloc const&) { throw; } catch (std::exception const& error) {
-      AddRefusal({std::string(family.ItemCmd()), std::string(name.View())}, error);
-    }
+    Attempt({std::string(family.ItemCmd()), std::string(name.View())},
+            [&] { made_.Get<kprC_StepAwareRepository>(extension).InsertItem(name, item); });
   }
 
   void MakeAttributes() {
@@ -466,15 +448,13 @@ private:
     std::pair<std::string, std::string> place;
     auto const make = [&](kprC_StepDependent const& begin, kprC_StepDependent const& end, ObjectDifference const& edits) {
       ddr_Model model = made_;
-      try {
-        model.Get<kprC_StepAwareRepository>(extension).InsertItem(name, begin);
-      } catch (std::bad_alloc const&) { throw; } catch (std::exception const& error) {
-        if (!refused) { refused.emplace().refused = RefusalOf(error); }
+      if (auto const refusal = RefusalBy([&] { model.Get<kprC_StepAwareRepository>(extension).InsertItem(name, begin); })) {
+        if (!refused) { refused.emplace().refused = *refusal; }
         return false;
       }
       Session session(std::move(model));
       session.ForgetPast();
-      if (Outcome outcome = Run(session, family, name, edits, end); !outcome.ok) {
+      if (Outcome outcome = Run(session, extension, family, name, edits, end); !outcome.ok) {
         if (!refused) { refused = std::move(outcome); }
         return false;
       }
@@ -498,8 +478,8 @@ private:
   }
 
   /// Runs the commands that give an attribute \p edits; \p end is one that has them.
-  static Outcome Run(Session& session, kprC_StepAwareRepository const& family, cow_String const& name, ObjectDifference edits,
-                     kprC_StepDependent const& end) {
+  static Outcome Run(Session& session, cow_String const& extension, kprC_StepAwareRepository const& family, cow_String const& name,
+                     ObjectDifference edits, kprC_StepDependent const& end) {
     std::string const kind(family.ItemCmd()), own(name.View());
     Outcome outcome;
     outcome.ok = true;
@@ -510,17 +490,10 @@ private:
       outcome = session.Execute(fields);
     };
     auto const operation = [&](kprC_Effect effect) -> std::string_view {
-      auto const found = std::ranges::find(family.Operations(), effect, &kprC_Operation::effect);
-      return found == family.Operations().end() ? "" : found->command;
+      kprC_Operation const* const found = FindOperation(family, effect);
+      return found == nullptr ? std::string_view() : found->command;
     };
-    auto const item = [&] {
-      kprC_StepDependent const* found = nullptr;
-      FindRepository(session.Model(), [&](auto const&, kprC_StepAwareRepository const& one) {
-        if (one.ItemCmd() == family.ItemCmd()) { found = one.ConstItem(own); }
-        return found != nullptr;
-      });
-      return found;
-    };
+    auto const item = [&] { return session.Model().ConstGet<kprC_StepAwareRepository>(extension).ConstItem(own); };
     auto const step = [](std::string const& at) { return Fields{{std::string(kStepName), at}}; };
     FindMoved(edits.records);
     bool suppressed = item()->IsSuppressed();
@@ -593,12 +566,10 @@ private:
           if (declared != nullptr && whole != nullptr && !whole->Equals(*declared)) { others.emplace(region); }
         });
         for (std::string const& region : others) {
-          try {
+          Attempt({std::string(family.ItemCmd()), std::string(name.View())}, [&] {
             made_.Get<kprC_StepAwareRepository>(extension).Item(name)->Redirect(
                 {cls_Reference::Region, region, region, regions.ConstObject(region)});
-          } catch (std::bad_alloc const&) { throw; } catch (std::exception const& error) {
-            AddRefusal({std::string(family.ItemCmd()), std::string(name.View())}, error);
-          }
+          });
         }
       });
     });
@@ -671,10 +642,7 @@ std::string MergeConflict::Text() const {
   bool const hasValues = !(base.IsNull() && ours.IsNull() && theirs.IsNull());
   auto const value = [](cls_Value const& one) { return one.IsNull() ? std::string("nothing") : JsonText(one); };
   if (hasValues) { text += ": " + value(base) + " in base, " + value(ours) + " in ours, " + value(theirs) + " in theirs"; }
-  if (!refusal.message.empty()) {
-    text += ": " + OneLine(refusal.message);
-    if (refusal.code >= 0) { text += " [" + refusal.module + " " + std::to_string(refusal.code) + "]"; }
-  }
+  if (!refusal.message.empty()) { text += ": " + RefusalText(refusal); }
   return detail.empty() ? text : text + (refusal.message.empty() ? ": " : " ") + OneLine(detail);
 }
 

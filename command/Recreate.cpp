@@ -312,13 +312,12 @@ private:
   };
   Records RecordsOf(kprC_StepAwareRepository const& repository, kprC_StepDependent const& item, std::size_t create) const {
     Records records;
-    auto const operations = repository.Operations();
-    auto const off = std::ranges::find(operations, kprC_Effect::SwitchOff, &kprC_Operation::effect);
+    kprC_Operation const* const off = FindOperation(repository, kprC_Effect::SwitchOff);
     item.ForEachRecord([&](std::size_t index, mdl_PropagationStatusEnm status, cls_Object const* state) {
       if (state == nullptr || !kprC_StepAwareRepository::SaysSomething(item, index)) { return; }
       bool const isOff = index == create ? status != mdl_PropagationStatusEnm::Created : !Says(*state);
       if (index == create && !isOff) { return; }
-      Fields command = Begin(isOff && off != operations.end() ? off->command : std::string_view("setValuesInStep"));
+      Fields command = Begin(isOff && off != nullptr ? off->command : std::string_view("setValuesInStep"));
       Add(command, repository.ItemCmd(), item.Name().View());
       Add(command, kStepName, item.Steps().Name(index).View());
       if (!isOff) {
@@ -380,7 +379,7 @@ private:
     if (trial.IsDone()) { return Keep(std::move(trial)); }
     bool const mayBeOfSteps = trial.refused.ok || !trial.refused.badInput;  // a name that the model does not have is not had on others
     if (mayBeOfSteps && std::ranges::find(hard_, User{extension, name}) == hard_.end()) { hard_.push_back({extension, name}); }
-    MissAttribute(object, repository, item, trial);
+    MissAttribute(object, extension, item, trial);
     made_.Get<kprC_StepAwareRepository>(extension).InsertItem(name, item);
   }
 
@@ -537,10 +536,9 @@ private:
   Trial TryMoved(ddr_Model const& on, kprC_StepAwareRepository const& repository, kprC_StepDependent const& item,
                  Accept const& accept) const {
     std::size_t const create = item.Steps().Find(item.CreateStepName().View());
-    auto const operations = repository.Operations();
-    auto const move = std::ranges::find(operations, kprC_Effect::Move, &kprC_Operation::effect);
+    kprC_Operation const* const move = FindOperation(repository, kprC_Effect::Move);
     Trial trial{on, {}, {}};
-    if (move == operations.end()) { return trial; }
+    if (move == nullptr) { return trial; }
     for (std::size_t at = 0; at < item.Steps().Size() && !trial.IsDone(); ++at) {
       if (at == create) { continue; }
       Fields moving = Begin(move->command);
@@ -682,9 +680,8 @@ private:
     return command;
   }
 
-  void MissAttribute(std::string const& object, kprC_StepAwareRepository const& repository, kprC_StepDependent const& item,
-                     Trial const& trial) {
-    auto const* const made = trial.model.ConstGet<kprC_StepAwareRepository>(ExtensionOf(repository)).ConstItem(item.Name().View());
+  void MissAttribute(std::string const& object, cow_String const& extension, kprC_StepDependent const& item, Trial const& trial) {
+    auto const* const made = trial.model.ConstGet<kprC_StepAwareRepository>(extension).ConstItem(item.Name().View());
     if (!trial.refused.ok || made == nullptr) { return Miss(object, trial, std::string(item.CreateStepName().View())); }
     std::string step, member(DifferingMember(*made, item, true));
     for (std::size_t i = 0; member.empty() && step.empty() && i < item.Steps().Size(); ++i) {
@@ -695,14 +692,6 @@ private:
       if (is != nullptr && was != nullptr && is->DynTypeId() == was->DynTypeId()) { member = DifferingMember(*is, *was); }
     }
     Miss(object, trial, std::move(step), std::move(member));
-  }
-  cow_String ExtensionOf(kprC_StepAwareRepository const& repository) const {
-    cow_String found;
-    FindRepository(model_, [&](cow_String const& extension, kprC_StepAwareRepository const& one) {
-      found = extension;
-      return &one == &repository;
-    });
-    return found;
   }
 
   // ---- the rest

@@ -14,6 +14,7 @@
 #include "command/Journal.h"
 #include "command/Listeners.h"
 #include "command/Members.h"
+#include "command/Words.h"
 #include "framework/mdl_MapString2ObjCow.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "platform/BasicUtils/cls_Weight.h"
@@ -160,8 +161,7 @@ std::string MessageOf(Subject const& subject, Refusal const& told) {
   if (std::string const object = subject.Object(); !object.empty()) { message += " " + object; }
   if (!subject.step.empty()) { message += " in step " + Quoted(subject.step); }
   if (!subject.member.empty()) { message += ", " + Quoted(subject.member); }
-  message += ": " + OneLine(told.message);
-  if (told.code >= 0) { message += " [" + told.module + " " + std::to_string(told.code) + "]"; }
+  message += ": " + RefusalText(told);
   return subject.hint.empty() ? message : message + " " + subject.hint;
 }
 
@@ -254,16 +254,21 @@ private:
   void RedoEdit();
   std::vector<NamedHistory> Histories(Touched const& touched) const;
 
-  ddr_Model model_;
-  omu_ChangeHistory changes_;
   /// One that branches may share.
   struct KeptEdit : mem_Counted, Edit {
     explicit KeptEdit(Edit edit) : Edit(std::move(edit)) {}
   };
   using Edits = std::deque<cow_Handle<KeptEdit>>;
-  Edits undo_, redo_;  // the next one last
-  std::size_t undoWeight_ = 0, undoMemory_ = std::size_t{512} << 20;
-  KeptJournal journal_;
+  /// A branch: the model, and how it came about.
+  struct Version {
+    ddr_Model model;
+    omu_ChangeHistory changes = {};
+    Edits undo = {}, redo = {};  // the next one last
+    std::size_t undoWeight = 0;
+    KeptJournal journal = {};
+  };
+  Version now_;  // the branch that is worked in
+  std::size_t undoMemory_ = std::size_t{512} << 20;
   /// What was done since Begin.
   struct Open {
     ddr_Model before;
@@ -274,26 +279,18 @@ private:
   std::unique_ptr<Open> End();
   std::unique_ptr<Open> open_;
 
-  /// A branch that is not worked in.
-  struct Parked {
-    ddr_Model model;
-    omu_ChangeHistory changes;
-    Edits undo, redo;
-    std::size_t undoWeight;
-    KeptJournal journal;
-  };
   void Branch(std::string_view name);
   void Switch(std::string_view name);
   void DeleteBranch(std::string_view name);
   void AssertNoTransaction() const;
   std::vector<std::string> Branches() const;
   /// Refuses a name that is none of the other branches.
-  std::map<std::string, Parked, std::less<>>::iterator Other(std::string_view name);
+  std::map<std::string, Version, std::less<>>::iterator Other(std::string_view name);
   /// The renames that lead from what \p from has done to what \p to has, as far as both are known.
   static std::vector<Rename> RenamesBetween(Edits const& from, Edits const& to);
 
   std::string branch_ = "main";
-  std::map<std::string, Parked, std::less<>> others_;
+  std::map<std::string, Version, std::less<>> others_;
   Listeners listeners_;
   ObjectNames names_;
   bool trace_ = false, keepsPast_ = true;
@@ -305,8 +302,8 @@ Session::Session(Session&& other) noexcept = default;
 Session& Session::operator=(Session&& other) noexcept = default;
 Session::~Session() = default;
 
-ddr_Model const& Session::Model() const { return impl_->model_; }
-omu_ChangeHistory const& Session::Changes() const { return impl_->changes_; }
+ddr_Model const& Session::Model() const { return impl_->now_.model; }
+omu_ChangeHistory const& Session::Changes() const { return impl_->now_.changes; }
 Outcome Session::Execute(cls_Value const& command) { return impl_->Execute(command); }
 void Session::Begin() { impl_->Begin(); }
 void Session::Commit() { impl_->Commit(); }
@@ -314,42 +311,42 @@ void Session::Rollback() { impl_->Rollback(); }
 bool Session::IsInTransaction() const { return impl_->open_ != nullptr; }
 Effects Session::EffectsSinceBegin() const {
   auto const* const open = impl_->open_.get();
-  return open == nullptr ? Effects() : EffectsBetween(open->before, impl_->model_, open->touched.renames);
+  return open == nullptr ? Effects() : EffectsBetween(open->before, impl_->now_.model, open->touched.renames);
 }
 Subscription Session::Subscribe(Listener listener) { return impl_->listeners_.Add(std::move(listener)); }
 std::shared_ptr<ObjectName const> Session::Follow(std::string_view kind, std::string_view name) { return impl_->names_.Follow(kind, name); }
-std::vector<cls_Value> Session::Journal() const { return impl_->journal_.Commands(); }
+std::vector<cls_Value> Session::Journal() const { return impl_->now_.journal.Commands(); }
 void Session::SetTrace(bool on) { impl_->trace_ = on; }
 void Session::SetUndoMemory(std::size_t bytes) { impl_->undoMemory_ = bytes; }
 void Session::ForgetPast() { impl_->ForgetPast(); }
 
-bool Session::CanUndo() const { return !impl_->undo_.empty(); }
-bool Session::CanRedo() const { return !impl_->redo_.empty(); }
+bool Session::CanUndo() const { return !impl_->now_.undo.empty(); }
+bool Session::CanRedo() const { return !impl_->now_.redo.empty(); }
 bool Session::Undo() { return Execute(cls_Value::Fields{{"command", kUndo}}).ok; }
 bool Session::Redo() { return Execute(cls_Value::Fields{{"command", kRedo}}).ok; }
-std::string Session::UndoLabel() const { return CanUndo() ? impl_->undo_.back()->label.Text() : ""; }
-std::string Session::RedoLabel() const { return CanRedo() ? impl_->redo_.back()->label.Text() : ""; }
+std::string Session::UndoLabel() const { return CanUndo() ? impl_->now_.undo.back()->label.Text() : ""; }
+std::string Session::RedoLabel() const { return CanRedo() ? impl_->now_.redo.back()->label.Text() : ""; }
 
 // The repositories of a new model are empty and do not know its steps yet; that they learn them is no change.
-Session::Impl::Impl(ddr_Model model) : model_(std::move(model)) {
+Session::Impl::Impl(ddr_Model model) : now_{std::move(model)} {
   omu_ChangeHistory unrecorded;
   CurrentHistory const current(unrecorded);
-  ddr_Model const before = model_;
+  ddr_Model const before = now_.model;
   ForEachRepository(before, [&](cow_String const& extension, kprC_StepAwareRepository const& repository) {
     if (repository.Size() != 0 || repository.Steps().Size() != 0) { return; }
-    model_.Get<kprC_StepAwareRepository>(extension).UpdateSteps(kprC_Steps(model_).Table());
+    now_.model.Get<kprC_StepAwareRepository>(extension).UpdateSteps(kprC_Steps(now_.model).Table());
   });
 }
 
 Outcome Session::Impl::Execute(cls_Value const& command) {
-  ddr_Model const before = model_;
-  std::size_t const changes = changes_.Size();
+  ddr_Model const before = now_.model;
+  std::size_t const changes = now_.changes.Size();
   Subject subject;
   Outcome outcome;
   std::optional<Told> told;
   auto const putBack = [&] {
-    model_ = before;
-    changes_.TruncateTo(changes);
+    now_.model = before;
+    now_.changes.TruncateTo(changes);
   };
   try {
     Arguments arguments(command, subject);
@@ -370,12 +367,12 @@ Outcome Session::Impl::Execute(cls_Value const& command) {
 }
 
 std::optional<Session::Impl::Told> Session::Impl::Do(cls_Value const& command, Arguments& arguments, Subject& subject, Outcome& outcome) {
-  ddr_Model const before = model_;
-  std::size_t const changes = changes_.Size();
+  ddr_Model const before = now_.model;
+  std::size_t const changes = now_.changes.Size();
   Touched touched;
-  Call call{model_, arguments, subject, touched, outcome.report};
+  Call call{now_.model, arguments, subject, touched, outcome.report};
   {
-    CurrentHistory const current(changes_);
+    CurrentHistory const current(now_.changes);
     Run(call);
   }
   Effect effect{!outcome.report.empty(), kEditWeight};
@@ -387,12 +384,12 @@ std::optional<Session::Impl::Told> Session::Impl::Do(cls_Value const& command, A
   if (!effect.changed) {
     kprC_StepDependent const* const item =
         touched.extension.IsEmpty() ? nullptr
-                                    : model_.ConstGet<kprC_StepAwareRepository>(touched.extension).ConstItem(touched.names.front());
+                                    : now_.model.ConstGet<kprC_StepAwareRepository>(touched.extension).ConstItem(touched.names.front());
     if (item != nullptr) { subject.hint = StatusHint(*item, cow_String(subject.step)); }
     gattr::Tell(outcome, subject, {"", -1, "", "Nothing has changed."});
   }
   if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
-  if (arguments.DryRun()) { outcome.effects = EffectsBetween(before, model_, touched.renames); }
+  if (arguments.DryRun()) { outcome.effects = EffectsBetween(before, now_.model, touched.renames); }
   if (!outcome.report.empty() || arguments.DryRun()) { return {}; }
   std::optional<Told> told;
   bool const isHeard = !touched.renames.empty() || !listeners_.IsEmpty();
@@ -408,7 +405,7 @@ std::optional<Session::Impl::Told> Session::Impl::Do(cls_Value const& command, A
 
 void Session::Impl::Begin() {
   if (open_ != nullptr) { throw std::logic_error("a transaction has begun already"); }
-  open_ = std::make_unique<Open>(Open{model_, changes_.Size(), {}, {}});
+  open_ = std::make_unique<Open>(Open{now_.model, now_.changes.Size(), {}, {}});
 }
 
 std::unique_ptr<Session::Impl::Open> Session::Impl::End() {
@@ -428,8 +425,8 @@ void Session::Impl::Commit() {
 
 void Session::Impl::Rollback() {
   std::unique_ptr<Open> const open = End();
-  model_ = open->before;
-  changes_.TruncateTo(open->changes);
+  now_.model = open->before;
+  now_.changes.TruncateTo(open->changes);
   for (Rename const& rename : Reversed(open->touched.renames)) { names_.Renamed(rename); }
 }
 
@@ -440,14 +437,14 @@ void Session::Impl::Tell(Told const& told, ddr_Model const& before) {
 
 void Session::Impl::TellListeners(Told const& told, ddr_Model const& before) {
   if (listeners_.IsEmpty()) { return; }
-  std::vector<ObjectChange> changes = ChangesBetween(before, model_, told.renames);
+  std::vector<ObjectChange> changes = ChangesBetween(before, now_.model, told.renames);
   if (!changes.empty()) { listeners_.Tell({told.cause, told.label, std::move(changes)}); }  // what changed nothing can be undone too
 }
 
 Session::Impl::Effect Session::Impl::EffectSince(ddr_Model const& before, Touched const& touched) const {
   if (touched.extension.IsEmpty()) { return {Differs(before), Weight(before)}; }
   auto const& was = before.ConstGet<kprC_StepAwareRepository>(touched.extension);
-  auto const& is = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
+  auto const& is = now_.model.ConstGet<kprC_StepAwareRepository>(touched.extension);
   Effect effect{false, kEditWeight};
   for (cow_String const& name : touched.names) { Add(effect, was.ConstItem(name), is.ConstItem(name)); }
   return effect;
@@ -460,13 +457,13 @@ void Session::Impl::Add(Effect& effect, kprC_StepDependent const* was, kprC_Step
 }
 
 bool Session::Impl::Differs(ddr_Model const& before) const {
-  if (model_.Name() != before.Name() || model_.Space() != before.Space()) { return true; }
+  if (now_.model.Name() != before.Name() || now_.model.Space() != before.Space()) { return true; }
   auto const differs = [&](std::string_view member) {
-    mdl_Extension const *const was = before.ConstExtension(member), *const is = model_.ConstExtension(member);
+    mdl_Extension const *const was = before.ConstExtension(member), *const is = now_.model.ConstExtension(member);
     return was != is && (was == nullptr || !was->Equals(*is));
   };
   if (differs(ddr_Model::stepsCmd())) { return true; }  // first: whatever follows from it differs too
-  for (auto const& [member, extension] : model_.Extensions()) {
+  for (auto const& [member, extension] : now_.model.Extensions()) {
     if (differs(member)) { return true; }
   }
   return false;
@@ -477,48 +474,44 @@ std::optional<Session::Impl::Told> Session::Impl::UndoOrRedo(cls_Value const& co
   arguments.AssertNoRest({});
   bool const undo = arguments.Command() == kUndo;
   if (open_ != nullptr) { RefuseEdit(subject, "A transaction has begun: commit it or roll it back first."); }
-  Edits const& edits = undo ? undo_ : redo_;
+  Edits const& edits = undo ? now_.undo : now_.redo;
   if (edits.empty()) { RefuseEdit(subject, undo ? "There is nothing to undo." : "There is nothing to redo."); }
   Edit const& edit = *edits.back();
   Touched const touched = edit.touched;
   Told told{undo ? ChangeEvent::Cause::Undo : ChangeEvent::Cause::Redo, listeners_.IsEmpty() ? std::string() : edit.label.Text(),
             undo ? Reversed(touched.renames) : touched.renames};
-  ddr_Model const before = model_;
+  ddr_Model const before = now_.model;
   undo ? UndoEdit() : RedoEdit();
   if (trace_ || arguments.DryRun()) { outcome.history = Histories(touched); }
   if (arguments.DryRun()) {
-    outcome.effects = EffectsBetween(before, model_, told.renames);
+    outcome.effects = EffectsBetween(before, now_.model, told.renames);
     undo ? RedoEdit() : UndoEdit();
     return {};
   }
-  journal_.Append(command);
+  now_.journal.Append(command);
   return told;
 }
 
 void Session::Impl::ForgetPast() {
   keepsPast_ = false;
-  undo_.clear();
-  redo_.clear();
-  undoWeight_ = 0;
-  journal_.Clear();
-  changes_.TruncateTo(0);
-  for (auto& [name, parked] : others_) { parked = Parked{std::move(parked.model), {}, {}, {}, 0, {}}; }
+  now_ = Version{std::move(now_.model)};
+  for (auto& [name, version] : others_) { version = Version{std::move(version.model)}; }
 }
 
 void Session::Impl::Keep(cls_Value const& command, Edit edit) {
-  if (!keepsPast_) { return changes_.TruncateTo(0); }
-  redo_.clear();
-  journal_.Append(command);
-  undoWeight_ += edit.weight;
-  undo_.push_back(cow_Handle<KeptEdit>::Make(std::move(edit)));
-  for (; undoWeight_ > undoMemory_ && undo_.size() > 1; undo_.pop_front()) { undoWeight_ -= undo_.front()->weight; }
+  if (!keepsPast_) { return now_.changes.TruncateTo(0); }
+  now_.redo.clear();
+  now_.journal.Append(command);
+  now_.undoWeight += edit.weight;
+  now_.undo.push_back(cow_Handle<KeptEdit>::Make(std::move(edit)));
+  for (; now_.undoWeight > undoMemory_ && now_.undo.size() > 1; now_.undo.pop_front()) { now_.undoWeight -= now_.undo.front()->weight; }
 }
 
 std::size_t Session::Impl::Weight(ddr_Model const& before) const {
   std::size_t weight = kEditWeight;
-  kprC_StepTable const &steps = kprC_Steps(model_).Table(), &stepsBefore = kprC_Steps(before).Table();
+  kprC_StepTable const &steps = kprC_Steps(now_.model).Table(), &stepsBefore = kprC_Steps(before).Table();
   bool const grown = !steps.Same(stepsBefore) && steps.Continues(stepsBefore) && steps.Disturbed() == 0;  // no record has changed
-  for (auto const& [member, now] : model_.Extensions()) {
+  for (auto const& [member, now] : now_.model.Extensions()) {
     mdl_Extension const* const was = before.ConstExtension(member);
     if (was == now.ConstGet() || was == nullptr) { continue; }
     auto const* const attributes = mdl_ExtensionAs<kprC_StepAwareRepository>(was);
@@ -542,25 +535,25 @@ std::size_t Session::Impl::Weight(ddr_Model const& before) const {
 }
 
 void Session::Impl::UndoEdit() {
-  cow_Handle<KeptEdit> edit = std::move(undo_.back());
-  undo_.pop_back();
+  cow_Handle<KeptEdit> edit = std::move(now_.undo.back());
+  now_.undo.pop_back();
   Edit& own = edit.Get();
-  undoWeight_ -= own.weight;
-  own.records.AppendFrom(changes_, own.changes);
-  changes_.TruncateTo(own.changes);
-  std::swap(model_, own.model);
-  redo_.push_back(std::move(edit));
+  now_.undoWeight -= own.weight;
+  own.records.AppendFrom(now_.changes, own.changes);
+  now_.changes.TruncateTo(own.changes);
+  std::swap(now_.model, own.model);
+  now_.redo.push_back(std::move(edit));
 }
 
 void Session::Impl::RedoEdit() {
-  cow_Handle<KeptEdit> edit = std::move(redo_.back());
-  redo_.pop_back();
+  cow_Handle<KeptEdit> edit = std::move(now_.redo.back());
+  now_.redo.pop_back();
   Edit& own = edit.Get();
-  changes_.AppendFrom(own.records);
+  now_.changes.AppendFrom(own.records);
   own.records.TruncateTo(0);
-  std::swap(model_, own.model);
-  undoWeight_ += own.weight;
-  undo_.push_back(std::move(edit));
+  std::swap(now_.model, own.model);
+  now_.undoWeight += own.weight;
+  now_.undo.push_back(std::move(edit));
 }
 
 // ---- branches
@@ -576,7 +569,7 @@ std::vector<std::string> Session::Impl::Branches() const {
   return names;
 }
 
-std::map<std::string, Session::Impl::Parked, std::less<>>::iterator Session::Impl::Other(std::string_view name) {
+std::map<std::string, Session::Impl::Version, std::less<>>::iterator Session::Impl::Other(std::string_view name) {
   auto const found = others_.find(name);
   if (found != others_.end()) { return found; }
   throw std::invalid_argument("There is no branch " + Quoted(name) + ". " + Suggestion(name, Branches(), "Branches"));
@@ -586,7 +579,7 @@ void Session::Impl::Branch(std::string_view name) {
   AssertNoTransaction();
   if (name.empty() || !IsUtf8(name)) { throw std::invalid_argument("A branch needs a name in UTF-8."); }
   if (name == branch_ || others_.contains(name)) { throw std::invalid_argument("There is a branch " + Quoted(name) + " already."); }
-  others_.emplace(branch_, Parked{model_, changes_, undo_, redo_, undoWeight_, journal_});
+  others_.emplace(branch_, now_);
   branch_ = name;
 }
 
@@ -607,16 +600,10 @@ void Session::Impl::Switch(std::string_view name) {
   AssertNoTransaction();
   if (name == branch_) { return; }
   auto const found = Other(name);
-  Told const told{ChangeEvent::Cause::Switch, "switch " + Quoted(name), RenamesBetween(undo_, found->second.undo)};
-  ddr_Model const before = model_;
+  Told const told{ChangeEvent::Cause::Switch, "switch " + Quoted(name), RenamesBetween(now_.undo, found->second.undo)};
+  ddr_Model const before = now_.model;
   auto node = others_.extract(found);
-  Parked& other = node.mapped();
-  std::swap(model_, other.model);
-  std::swap(changes_, other.changes);
-  undo_.swap(other.undo);
-  redo_.swap(other.redo);
-  std::swap(undoWeight_, other.undoWeight);
-  std::swap(journal_, other.journal);
+  std::swap(now_, node.mapped());
   std::swap(branch_, node.key());
   others_.insert(std::move(node));
   Tell(told, before);
@@ -633,7 +620,7 @@ void Session::DeleteBranch(std::string_view name) { impl_->DeleteBranch(name); }
 std::vector<std::string> Session::Branches() const { return impl_->Branches(); }
 std::string const& Session::CurrentBranch() const { return impl_->branch_; }
 ddr_Model const& Session::ModelOf(std::string_view branch) const {
-  return branch == impl_->branch_ ? impl_->model_ : impl_->Other(branch)->second.model;
+  return branch == impl_->branch_ ? impl_->now_.model : impl_->Other(branch)->second.model;
 }
 std::vector<ObjectDifference> Session::Compare(std::string_view name, std::string_view other) const {
   return DifferencesBetween(ModelOf(other), ModelOf(name));
@@ -649,18 +636,18 @@ std::vector<NamedHistory> Session::Impl::Histories(Touched const& touched) const
   if (touched.all) {
     auto const isShared = [&](cow_String const& name) {
       int families = 0;
-      ForEachRepository(model_, [&](auto const&, kprC_StepAwareRepository const& repository) {
+      ForEachRepository(now_.model, [&](auto const&, kprC_StepAwareRepository const& repository) {
         families += repository.ConstItem(name) != nullptr ? 1 : 0;
       });
       return families > 1;
     };
-    ForEachRepository(model_, [&](auto const&, kprC_StepAwareRepository const& repository) {
+    ForEachRepository(now_.model, [&](auto const&, kprC_StepAwareRepository const& repository) {
       repository.ForEach([&](cow_String const& name, kprC_StepDependent const& item) {
         tell(isShared(name) ? ObjectText(repository.ItemCmd(), name) : std::string(name.View()), item);
       });
     });
   } else if (!touched.extension.IsEmpty()) {
-    auto const& repository = model_.ConstGet<kprC_StepAwareRepository>(touched.extension);
+    auto const& repository = now_.model.ConstGet<kprC_StepAwareRepository>(touched.extension);
     for (cow_String const& name : touched.names) {
       if (kprC_StepDependent const* item = repository.ConstItem(name)) { tell(std::string(name.View()), *item); }
     }

@@ -108,6 +108,9 @@ struct KindInfo {
 
 struct ObjectDifference;
 
+/// Whether a command is only tried: "dryRun": true.
+DDB_API bool IsDryRun(cls_Value const& command);
+
 /// A model under edit. Commands are the only way to change it: each either succeeds whole or leaves the model, its change
 /// history and the undo stack as they were, also where a call of the library would leave a partial change. The library
 /// must have been started (DDB_GeometricAttributes_initialize).

@@ -4,6 +4,7 @@
 
 #include "module/kpr/procedures/kprC_ProcedureTypeLabelMap.h"
 #include "platform/CoreUtils/thr_Singleton.h"
+#include "text/Text.h"
 
 namespace gattr {
 
@@ -51,6 +52,11 @@ StatusWord const& WordOf(mdl_PropagationStatusEnm status) {
     return made;
   }();
   return words[static_cast<std::size_t>(status) % kStatusCount];
+}
+
+std::string RefusalText(Refusal const& refusal) {
+  std::string const text = OneLine(refusal.message);
+  return refusal.code < 0 ? text : text + " [" + refusal.module + " " + std::to_string(refusal.code) + "]";
 }
 
 std::string ProcedureText(unsigned procedureType) {

@@ -1,5 +1,6 @@
 #include "python/Handles.h"
 
+#include "command/Command.h"
 #include "module/kpr/engine/kprC_StepAwareRepository.h"
 #include "platform/BasicUtils/cls_ClassRegistrar.h"
 #include "python/Values.h"
@@ -83,7 +84,7 @@ std::vector<std::string> Handle::MemberNames(bool ofState) const {
   std::vector<std::string> names;
   if (object == nullptr) { return names; }
   for (cls_MemberRow const& row : object->MemberRows()) {
-    if (row.text.settable) { names.emplace_back(row.text.command.empty() ? row.name : row.text.command); }
+    if (row.text.settable) { names.emplace_back(ArgumentName(row)); }
   }
   return names;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "command/Command.h"
 #include "python/Handles.h"
 
 namespace gattr::python {
@@ -137,9 +138,8 @@ py::object Read(cls_MemberRow const& row, cls_Object const& object) {
 
 cls_MemberRow const* FindRow(cls_Object const& object, std::string_view name) {
   auto const rows = object.MemberRows();
-  auto const row = std::ranges::find_if(rows, [&](cls_MemberRow const& known) {
-    return known.text.settable && (known.text.command.empty() ? known.name : known.text.command) == name;
-  });
+  auto const row =
+      std::ranges::find_if(rows, [&](cls_MemberRow const& known) { return known.text.settable && ArgumentName(known) == name; });
   return row == rows.end() ? nullptr : &*row;
 }
 

@@ -218,18 +218,22 @@ std::string CsvValue(cls_Value const& value) {
   return isNumber ? ValueText(value) : CsvField(value.IsNull() ? "" : ValueText(value));
 }
 
-std::string HtmlText(std::string_view text) {
+std::string HtmlContent(std::string_view text) {
   std::string html;
   for (char const c : Shown(text)) {
     switch (c) {
       case '&': html += "&amp;"; break;
       case '<': html += "&lt;"; break;
       case '>': html += "&gt;"; break;
-      case '"': html += "&quot;"; break;
-      case '\'': html += "&#39;"; break;
       default: html += c;
     }
   }
+  return html;
+}
+
+std::string HtmlText(std::string_view text) {
+  std::string html;
+  for (char const c : HtmlContent(text)) { c == '"' ? html += "&quot;" : c == '\'' ? html += "&#39;" : html += c; }
   return html;
 }
 

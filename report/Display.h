@@ -40,6 +40,8 @@ std::string CsvValue(cls_Value const& value);
 
 /// \p text inside HTML, as content or as a quoted attribute value.
 std::string HtmlText(std::string_view text);
+/// The same as content alone, where quotes stay as they are.
+std::string HtmlContent(std::string_view text);
 
 /// JSON that was written already, the same way: what acts is escaped as \u001b; its line breaks stay.
 std::string JsonEscaped(std::string_view written);

@@ -44,16 +44,6 @@ std::string Base64(std::string_view hex) {
   return text.append((4 - text.size() % 4) % 4, '=');
 }
 
-/// The same between tags, where quotes are plain.
-std::string Content(std::string_view text) {
-  std::string html = HtmlText(text);
-  for (auto const& [written, plain] : {std::pair("&quot;", "\""), std::pair("&#39;", "'")}) {
-    std::size_t const size = std::string_view(written).size();
-    for (std::size_t at = 0; (at = html.find(written, at)) != std::string::npos; ++at) { html.replace(at, size, plain); }
-  }
-  return html;
-}
-
 // ---- what is there without a script, too
 
 /// A step's parameters: those that are not what a new step of the procedure has, then the others, or in which of the steps in \p known
@@ -74,7 +64,7 @@ void WriteParameters(std::ostream& out, kprC_Step const& step, std::string_view 
   if (others.empty()) { return; }
   auto const [same, isNew] = known.try_emplace(others, name);
   if (!isNew) {
-    out << "<small>the others as in " << Content(same->second) << "</small>";
+    out << "<small>the others as in " << HtmlContent(same->second) << "</small>";
   } else {
     out << "<details><summary>the others, as a new step has them</summary>" << others << "</details>";
   }
@@ -111,9 +101,9 @@ void WriteFindings(std::ostream& out, std::vector<Finding> const& findings) {
     std::string message = OneLine(finding.refusal.message);
     for (std::string const& more : {finding.detail, finding.hint}) { message += (more.empty() ? "" : " ") + OneLine(more); }
     out << "<tr class=" << SeverityText(row.severity) << "><td>" << row.id << "<td><b>" << SeverityText(row.severity) << "</b><td>"
-        << HtmlText(SplitWords(finding.kind)) << (finding.suppressed ? " (suppressed)" : "") << "<th>" << Content(finding.name) << "<td>"
-        << HtmlText(finding.step) << "<td>" << HtmlText(finding.member) << "<td>"
-        << (message == above[finding.found] ? "<small>the same</small>" : Content(message)) << "<td>";
+        << HtmlText(SplitWords(finding.kind)) << (finding.suppressed ? " (suppressed)" : "") << "<th>" << HtmlContent(finding.name)
+        << "<td>" << HtmlText(finding.step) << "<td>" << HtmlText(finding.member) << "<td>"
+        << (message == above[finding.found] ? "<small>the same</small>" : HtmlContent(message)) << "<td>";
     above[finding.found] = std::move(message);
     if (finding.refusal.code >= 0) { out << HtmlText(finding.refusal.module) << ' ' << finding.refusal.code; }
     out << "</tr>\n";
@@ -132,10 +122,6 @@ void WriteSigns(std::ostream& out, ddr_Model const& model) {
     rest.remove_prefix(end + 1);
   }
   out << "</pre></section>\n";
-}
-
-std::string Counted(std::size_t count, std::string_view one) {
-  return std::to_string(count) + " " + std::string(one) + (count == 1 ? "" : "s");
 }
 
 }  // namespace

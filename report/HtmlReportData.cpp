@@ -128,8 +128,8 @@ public:
     out_ << "{\"model\":" << TextOf(model_.Name().View()) << ",\n\"words\":[";
     for (std::size_t i = 0; i < kStatusCount; ++i) {
       StatusWord const& word = WordOf(static_cast<mdl_PropagationStatusEnm>(i));
-      out_ << (i == 0 ? "[" : ",[") << TextOf(i == 0 ? word.meaning : word.word) << ',' << TextOf(word.meaning) << ','
-           << TextOf(std::string_view(&word.sign, 1)) << ",\"" << CssClass(StyleOf(static_cast<mdl_PropagationStatusEnm>(i))) << "\"]";
+      out_ << (i == 0 ? "[" : ",[") << TextOf(word.Text()) << ',' << TextOf(word.meaning) << ',' << TextOf(std::string_view(&word.sign, 1))
+           << ",\"" << CssClass(StyleOf(static_cast<mdl_PropagationStatusEnm>(i))) << "\"]";
     }
     out_ << "],\n\"attributes\":[";
     char const* separator = "\n";

@@ -12,11 +12,6 @@ namespace gattr {
 
 namespace {
 
-std::string_view ChangeClass(ChangeKind change) {
-  constexpr std::string_view kClasses[] = {"new", "changed", "held", "off"};
-  return kClasses[static_cast<std::size_t>(change)];
-}
-
 /// What is said in a step, for a person: "created", "deactivate".
 std::string WordsOf(Says says, ObjectDifference const& object) {
   std::string off = object.switchOff.empty() ? "off" : object.switchOff;
@@ -146,7 +141,7 @@ body { font: 14px/1.5 system-ui, sans-serif; margin: 2em; color: #222 }
 table { border-collapse: collapse }
 th, td { padding: .2em .8em; text-align: left; vertical-align: top; border-bottom: 1px solid #e4e4e4 }
 small { color: #999 } del { color: #a33 } ins { color: #263; text-decoration: none; font-weight: 600 }
-.new { background: #c9efd2 } .changed { background: #ffe9b8 } .off { background: #ffd6d1 } .held { background: #dff1fa }
+.new { background: #c9efd2 } .changed { background: #ffe9b8 } .off { background: #ffd6d1 }
 </style></head><body>
 <h1>)" << title
       << "</h1>\n";
@@ -156,8 +151,9 @@ small { color: #999 } del { color: #a33 } ins { color: #263; text-decoration: no
   }
   out << "<table>\n<tr><th>change</th><th>object</th><th>step</th><th>member</th><th>before</th><th>now</th></tr>\n";
   for (ObjectDifference const& object : differences) {
-    std::string const who = "<tr><td class=\"" + std::string(ChangeClass(object.change)) + "\">" + std::string(ChangeText(object.change)) +
-                            "</td><td><small>" + HtmlText(object.kind) + "</small> " + HtmlText(object.name) + "</td>";
+    std::string const who = "<tr><td class=\"" + std::string(CssClass(StyleOf(object.change))) + "\">" +
+                            std::string(ChangeText(object.change)) + "</td><td><small>" + HtmlText(object.kind) + "</small> " +
+                            HtmlText(object.name) + "</td>";
     bool first = true;
     auto const add = [&](std::string const& step, std::string const& head, std::vector<MemberDifference> const& members) {
       auto const begin = [&] {

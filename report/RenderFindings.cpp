@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "command/Command.h"
+#include "command/Words.h"
 #include "report/Display.h"
 #include "report/TextTable.h"
 #include "text/Text.h"
@@ -17,16 +18,32 @@ bool Fails(FindingRow const& row, bool warningsFail) {
   return row.severity == Severity::Error || (warningsFail && row.severity == Severity::Warning);
 }
 
+/// A path as a reference to a file: what a URI does not take escaped.
+std::string UriOf(std::string const& path) {
+  constexpr char const* kDigits = "0123456789ABCDEF";
+  std::string uri = path.starts_with('/') ? "file://" : "";
+  for (char const letter : path) {
+    auto const byte = static_cast<unsigned char>(letter);
+    if (std::isalnum(byte) != 0 || std::string_view("-._~/").find(letter) != std::string_view::npos) {
+      uri += letter;
+    } else {
+      (uri += '%') += kDigits[byte >> 4];
+      uri += kDigits[byte & 15U];
+    }
+  }
+  return uri;
+}
+
 /// What is wrong, with the member and the number, and what would do.
 std::string MessageText(Finding const& finding) {
   std::string text = finding.member.empty() ? "" : Quoted(finding.member) + ": ";
-  text += OneLine(finding.refusal.message);
-  if (finding.refusal.code >= 0) { text += " [" + finding.refusal.module + " " + std::to_string(finding.refusal.code) + "]"; }
+  text += RefusalText(finding.refusal);
   for (std::string const& more : {finding.detail, finding.hint}) { text += (more.empty() ? "" : " ") + OneLine(more); }
   return finding.suppressed ? text + " (suppressed)" : text;
 }
-/// The same with its object and step before it.
-std::string WholeText(Finding const& finding) {
+}  // namespace
+
+std::string FindingText(Finding const& finding) {
   std::string const step = finding.step.empty() || finding.kind == "step" ? "" : " in step " + Quoted(finding.step);
   return ObjectText(finding.kind, finding.name) + step + ": " + MessageText(finding);
 }
@@ -72,22 +89,6 @@ void RenderText(std::ostream& out, std::span<Finding const> findings, FindingsSt
   table.Print(out, style.width, style.color);
 }
 
-/// A path as a reference to a file: what a URI does not take escaped.
-std::string UriOf(std::string const& path) {
-  constexpr char const* kDigits = "0123456789ABCDEF";
-  std::string uri = path.starts_with('/') ? "file://" : "";
-  for (char const letter : path) {
-    auto const byte = static_cast<unsigned char>(letter);
-    if (std::isalnum(byte) != 0 || std::string_view("-._~/").find(letter) != std::string_view::npos) {
-      uri += letter;
-    } else {
-      (uri += '%') += kDigits[byte >> 4];
-      uri += kDigits[byte & 15U];
-    }
-  }
-  return uri;
-}
-
 void RenderSarif(std::ostream& out, std::span<Finding const> findings, FindingsStyle const& style) {
   Json rules = Json::array(), results = Json::array();
   std::vector<std::string> ids;
@@ -115,7 +116,7 @@ void RenderSarif(std::ostream& out, std::span<Finding const> findings, FindingsS
     Json result = {{"ruleId", row.id},
                    {"ruleIndex", index},
                    {"level", SeverityText(row.severity)},
-                   {"message", {{"text", WholeText(finding)}}},
+                   {"message", {{"text", FindingText(finding)}}},
                    {"locations", Json::array({std::move(location)})}};
     if (finding.refusal.code >= 0) { result["properties"] = {{"refusal", finding.refusal.module + std::to_string(finding.refusal.code)}}; }
     results.push_back(std::move(result));
@@ -146,7 +147,7 @@ void RenderJunit(std::ostream& out, std::span<Finding const> findings, FindingsS
     std::string told, lines;
     for (Finding const* const finding : byRow[i]) {
       if (finding->line > 0) { lines += style.journal + ":" + std::to_string(finding->line) + ": "; }
-      lines += WholeText(*finding);
+      lines += FindingText(*finding);
       told += (told.empty() ? "" : "\n") + HtmlText(lines);
       lines.clear();
     }
@@ -161,20 +162,10 @@ void RenderJunit(std::ostream& out, std::span<Finding const> findings, FindingsS
   out << "  </testsuite>\n</testsuites>\n";
 }
 
-}  // namespace
-
-void RenderFindings(std::ostream& out, std::span<Finding const> findings, FindingsFormat format, FindingsStyle const& style) {
-  switch (format) {
-    case FindingsFormat::AsText: return RenderText(out, findings, style);
-    case FindingsFormat::AsJson: {
-      Json list = Json::array();
-      for (Finding const& finding : findings) { list.push_back(ToJson(finding)); }
-      out << JsonPage(list) << '\n';
-      return;
-    }
-    case FindingsFormat::AsSarif: return RenderSarif(out, findings, style);
-    case FindingsFormat::AsJunit: return RenderJunit(out, findings, style);
-  }
+void RenderJson(std::ostream& out, std::span<Finding const> findings) {
+  Json list = Json::array();
+  for (Finding const& finding : findings) { list.push_back(ToJson(finding)); }
+  out << JsonPage(list) << '\n';
 }
 
 bool AnyFails(std::span<Finding const> findings, bool warningsFail) {

@@ -6,17 +6,12 @@
 #include <string>
 
 #include "command/Check.h"
+#include "text/Json.h"
 
 /// Findings in the forms that people and programs read.
 namespace gattr {
 
-enum class FindingsFormat {
-  AsText,   ///< a table, "nothing found" where there is nothing
-  AsJson,   ///< a list of objects
-  AsSarif,  ///< SARIF 2.1.0: one run, a rule for each identifier that is there, a result for each finding
-  AsJunit,  ///< JUnit XML: a case for each identifier, failed by its findings where they count
-};
-
+/// How findings are told.
 struct FindingsStyle {
   std::string version = {};   ///< of the program, for SARIF
   std::string model = {};     ///< the file that was checked; empty where there is none
@@ -26,7 +21,18 @@ struct FindingsStyle {
   bool color = false;
 };
 
-void RenderFindings(std::ostream& out, std::span<Finding const> findings, FindingsFormat format, FindingsStyle const& style);
+/// 'boundaryCondition "Two" in step "A": It prescribes ...', with what would do.
+std::string FindingText(Finding const& finding);
+Json ToJson(Finding const& finding);
+
+/// A table; "nothing found" where there is nothing.
+void RenderText(std::ostream& out, std::span<Finding const> findings, FindingsStyle const& style);
+/// A list of objects.
+void RenderJson(std::ostream& out, std::span<Finding const> findings);
+/// SARIF 2.1.0: one run, a rule for each identifier that is there, a result for each finding.
+void RenderSarif(std::ostream& out, std::span<Finding const> findings, FindingsStyle const& style);
+/// JUnit XML: a case for each identifier, failed by its findings where they count.
+void RenderJunit(std::ostream& out, std::span<Finding const> findings, FindingsStyle const& style);
 
 /// Whether one of them is an error, or a warning where those count.
 bool AnyFails(std::span<Finding const> findings, bool warningsFail);

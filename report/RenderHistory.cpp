@@ -98,8 +98,7 @@ private:
     for (std::size_t status = 0; status < kStatusCount; ++status) {
       if ((used >> status & 1U) == 0) { continue; }
       StatusWord const& word = WordOf(static_cast<mdl_PropagationStatusEnm>(status));
-      legend += (legend.empty() ? "" : ", ") + std::string(1, word.sign) + " " +
-                std::string(status == 0 ? word.meaning : word.word);  // the word for what is not yet created is a sign itself
+      legend += (legend.empty() ? "" : ", ") + std::string(1, word.sign) + " " + std::string(word.Text());
     }
     if (legend.empty()) { return; }
     out_ << '\n';
@@ -128,10 +127,6 @@ void PrintLines(std::ostream& out, std::vector<std::string> header, HistoryTable
     });
   }
   lines.Print(out, layout.width, layout.color);
-}
-
-std::string_view CsvWord(mdl_PropagationStatusEnm status) {
-  return status == mdl_PropagationStatusEnm::NotYetCreated ? WordOf(status).meaning : WordOf(status).word;
 }
 
 }  // namespace
@@ -191,7 +186,7 @@ void RenderCsv(std::ostream& out, HistoryTable const& table) {
     for (std::size_t i = 0; i < row.statuses.size(); ++i) {
       HistoryTable::Held const* const held = table.members.empty() ? nullptr : &row.At(i);
       out << ','
-          << (held == nullptr             ? std::string(CsvWord(row.Status(i)))
+          << (held == nullptr             ? std::string(WordOf(row.Status(i)).Text())
               : table.members.size() == 1 ? CsvValue(held->values.front())
                                           : CsvField(ValuesText(table, *held, "; ", "")));
     }

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <span>
 
+#include "command/Command.h"
 #include "command/Words.h"
 #include "module/kpr/model/kprC_ModelSteps.h"
 #include "report/RenderHistory.h"
@@ -49,8 +50,6 @@ std::string RegionText(kprC_StepDependent const& item) {
   return text;
 }
 
-std::string Titled(std::string_view kind, std::string_view name) { return std::string(kind) + " " + Quoted(name); }
-
 constexpr std::string_view kMarks = "* said in that step; (...) the step that said it";
 
 }  // namespace
@@ -76,7 +75,7 @@ void RenderMembers(std::ostream& out, FoundAttribute const& attribute, TextLayou
               runs.size() - 1);
   });
   std::ranges::sort(members);
-  out << Styled(Shown(Titled(attribute.family->ItemCmd(), item.Name().View())), Style::Strong, layout.color) << ": "
+  out << Styled(Shown(ObjectText(attribute.family->ItemCmd(), item.Name().View())), Style::Strong, layout.color) << ": "
       << Shown(item.ConstructionName()) << (item.IsSuppressed() ? ", suppressed" : "") << '\n';
   if (std::string const given = GivenText(item); !given.empty()) {
     for (std::string const& line : WrappedLines("in all steps: " + Shown(given), layout.width)) { out << line << '\n'; }
@@ -118,12 +117,9 @@ void RenderMembersCsv(std::ostream& out, FoundAttribute const& attribute, AtTime
 
 void RenderExplanation(std::ostream& out, Explanation const& explanation, kprC_StepTable const& steps, TextLayout const& layout) {
   std::string const member = explanation.member.empty() ? "" : ", " + Shown(explanation.member) + ",";
-  out << Styled(Shown(Titled(explanation.kind, explanation.name)) + member, Style::Strong, layout.color) << " in "
+  out << Styled(Shown(ObjectText(explanation.kind, explanation.name)) + member, Style::Strong, layout.color) << " in "
       << Shown(Quoted(steps.Name(explanation.step).View())) << ": "
-      << Styled(explanation.status == mdl_PropagationStatusEnm::NotYetCreated ? WordOf(explanation.status).meaning
-                                                                              : WordOf(explanation.status).word,
-                StyleOf(explanation.status), layout.color)
-      << '\n';
+      << Styled(std::string(WordOf(explanation.status).Text()), StyleOf(explanation.status), layout.color) << '\n';
   for (std::string const& line : WrappedLines(Shown(SentenceOf(explanation, steps)), layout.width)) { out << line << '\n'; }
   if (explanation.members.empty()) { return; }
   out << '\n';

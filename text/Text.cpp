@@ -156,6 +156,10 @@ std::string SplitWords(std::string_view name, char between) {
   return words;
 }
 
+std::string Counted(std::size_t count, std::string_view one) {
+  return std::to_string(count).append(" ").append(one).append(count == 1 ? "" : "s");
+}
+
 std::string OneLine(std::string_view text) {
   std::string line;
   for (char const c : text) {

@@ -17,6 +17,9 @@ std::string SplitWords(std::string_view name, char between = ' ');
 /// \p text with every line break and run of blanks as one blank.
 std::string OneLine(std::string_view text);
 
+/// "1 step", "7 steps".
+std::string Counted(std::size_t count, std::string_view one);
+
 /// "a load", "an interaction".
 std::string WithArticle(std::string_view noun);
 
